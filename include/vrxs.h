@@ -1,0 +1,319 @@
+/*
+ * vrxs.h - public interface of the vrx signal-processing primitives library
+ * (libvrxsn0.so.9.0, the AVX-512 build).
+ *
+ * Every exported function is declared below on one line of the form
+ *     VRXAPI(return-type, name, (arguments))
+ * The build reads these lines: they are the library's export table, from
+ * which the export stubs, their slots and the linker version script are
+ * generated. Keep one declaration per line.
+ *
+ * The header compiles as C99 and as C++.
+ */
+#ifndef VRXS_H
+#define VRXS_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---------------------------------------------------------------- types */
+
+typedef uint8_t  Vrx8u;
+typedef int8_t   Vrx8s;
+typedef uint16_t Vrx16u;
+typedef int16_t  Vrx16s;
+typedef uint32_t Vrx32u;
+typedef int32_t  Vrx32s;
+typedef uint64_t Vrx64u;
+typedef int64_t  Vrx64s;
+typedef uint16_t Vrx16f;   /* IEEE binary16 bit pattern; read and written only by Convert */
+typedef float    Vrx32f;
+typedef double   Vrx64f;
+
+typedef struct { Vrx8s  re; Vrx8s  im; } Vrx8sc;
+typedef struct { Vrx16s re; Vrx16s im; } Vrx16sc;
+typedef struct { Vrx32s re; Vrx32s im; } Vrx32sc;
+typedef struct { Vrx64s re; Vrx64s im; } Vrx64sc;
+typedef struct { Vrx32f re; Vrx32f im; } Vrx32fc;
+typedef struct { Vrx64f re; Vrx64f im; } Vrx64fc;
+
+/* ------------------------------------------------------------- statuses */
+
+typedef int VrxStatus;
+
+enum {
+    /* warnings: the operation ran over the whole vector */
+    vrxWarnNanArg          = 9,
+    vrxWarnLnNegArg        = 8,
+    vrxWarnLnZeroArg       = 7,
+    vrxWarnDivByZero       = 6,
+    vrxWarnEvenMedianMask  = 5,
+    vrxWarnInvZero         = 4,
+    vrxWarnSqrtNegArg      = 3,
+
+    vrxOk                  = 0,
+
+    /* errors: nothing was written */
+    vrxErrBadArg           = -5,
+    vrxErrBadLength        = -6,
+    vrxErrRange            = -7,
+    vrxErrNullPtr          = -8,
+    vrxErrNoMemory         = -9,
+    vrxErrDivByZero        = -10,
+    vrxErrDataType         = -12,
+    vrxErrFftOrder         = -15,
+    vrxErrFftFlag          = -16,
+    vrxErrBadSpec          = -17,
+    vrxErrThreshOrder      = -18,
+    vrxErrThreshNeg        = -19,
+    vrxErrIirOrder         = -25,
+    vrxErrFirLen           = -26,
+    vrxErrRelFreq          = -27,
+    vrxErrFirMrPhase       = -28,
+    vrxErrFirMrFactor      = -29,
+    vrxErrSamplePhase      = -30,
+    vrxErrSampleFactor     = -31,
+    vrxErrShift            = -32,
+    vrxErrMaskSize         = -33,
+    vrxErrWtOffset         = -35,
+    vrxErrJaehneMagn       = -38,
+    vrxErrKaiserAlpha      = -39,
+    vrxErrTrnglAsym        = -40,
+    vrxErrTrnglPhase       = -41,
+    vrxErrTrnglFreq        = -42,
+    vrxErrTrnglMagn        = -43,
+    vrxErrTonePhase        = -44,
+    vrxErrToneFreq         = -45,
+    vrxErrToneMagn         = -46,
+    vrxErrChannels         = -47,
+    vrxErrChannelCount     = -53,
+    vrxErrIirGenSingular   = -182,  /* matrix inversion of the IIR design failed */
+    vrxErrSparseTaps       = -194,
+    vrxErrIirGenPivot      = -195,  /* matrix inversion of the IIR design failed */
+    vrxErrIirGenOrder      = -206,
+    vrxErrIirGenFreq       = -208,
+    vrxErrIirGenPassband   = -209,
+    vrxErrRounding         = -213,
+    vrxErrAlgType          = -228,
+    vrxErrIirIirLength     = -234
+};
+
+/* --------------------------------------------------- small enumerations */
+
+typedef int VrxRounding;
+enum { vrxRndZero = 0, vrxRndNear = 1, vrxRndFinancial = 2 };
+
+/* Any value other than vrxAlgHintFast selects the accurate path. */
+typedef int VrxAlgHint;
+enum { vrxAlgHintAccurate = 0, vrxAlgHintFast = 1 };
+
+typedef int VrxCmpOp;
+enum { vrxCmpLess = 0, vrxCmpGreater = 4 };
+
+/* Low byte: algorithm; second byte (correlation only): normalisation. */
+typedef int VrxAlgType;
+enum {
+    vrxAlgAuto = 0, vrxAlgDirect = 1, vrxAlgFFT = 2, vrxAlgMask = 0xFF,
+    vrxNormNone = 0, vrxNormBiased = 0x100, vrxNormUnbiased = 0x200, vrxNormMask = 0xFF00
+};
+
+/* Data-type selectors of the buffer-size queries. */
+typedef int VrxDataType;
+enum {
+    vrx8u = 1, vrx16u = 5, vrx16s = 7, vrx32f = 13, vrx32fc = 14, vrx64f = 19, vrx64fc = 20
+};
+
+typedef int VrxWinType;
+enum { vrxWinBartlett = 0, vrxWinBlackman = 1, vrxWinHamming = 2, vrxWinHann = 3 };
+
+/* FFT normalisation flags, compared by value. */
+enum {
+    vrxFftScaleFwd = 1, vrxFftScaleInv = 2, vrxFftScaleSqrt = 4, vrxFftScaleNone = 8
+};
+
+/* ------------------------------------------------------ version record */
+
+typedef struct {
+    int major;
+    int minor;
+    int majorBuild;
+    int build;
+    char targetCpu[4];
+    const char* Name;
+    const char* Version;
+    const char* BuildDate;
+} VrxLibraryVersion;
+
+/* ------------------------------------------- persistent objects (opaque) */
+
+typedef struct VrxsFftPlan_C_32fc VrxsFftPlan_C_32fc;
+typedef struct VrxsFftPlan_C_32f  VrxsFftPlan_C_32f;
+typedef struct VrxsFftPlan_R_32f  VrxsFftPlan_R_32f;
+typedef struct VrxsFftPlan_C_64fc VrxsFftPlan_C_64fc;
+typedef struct VrxsFftPlan_C_64f  VrxsFftPlan_C_64f;
+typedef struct VrxsFftPlan_R_64f  VrxsFftPlan_R_64f;
+
+typedef struct VrxsDftPlan_C_32fc VrxsDftPlan_C_32fc;
+typedef struct VrxsDftPlan_C_32f  VrxsDftPlan_C_32f;
+typedef struct VrxsDftPlan_R_32f  VrxsDftPlan_R_32f;
+typedef struct VrxsDftPlan_C_64fc VrxsDftPlan_C_64fc;
+typedef struct VrxsDftPlan_C_64f  VrxsDftPlan_C_64f;
+typedef struct VrxsDftPlan_R_64f  VrxsDftPlan_R_64f;
+
+typedef struct VrxsDctPlan_Fwd_32f VrxsDctPlan_Fwd_32f;
+typedef struct VrxsDctPlan_Inv_32f VrxsDctPlan_Inv_32f;
+typedef struct VrxsDctPlan_Fwd_64f VrxsDctPlan_Fwd_64f;
+typedef struct VrxsDctPlan_Inv_64f VrxsDctPlan_Inv_64f;
+
+typedef struct VrxsHilbertPlan VrxsHilbertPlan;
+
+typedef struct VrxsWtFwdState_32f    VrxsWtFwdState_32f;
+typedef struct VrxsWtFwdState_8u32f  VrxsWtFwdState_8u32f;
+typedef struct VrxsWtFwdState_16u32f VrxsWtFwdState_16u32f;
+typedef struct VrxsWtFwdState_16s32f VrxsWtFwdState_16s32f;
+typedef struct VrxsWtInvState_32f    VrxsWtInvState_32f;
+typedef struct VrxsWtInvState_32f8u  VrxsWtInvState_32f8u;
+typedef struct VrxsWtInvState_32f16u VrxsWtInvState_32f16u;
+typedef struct VrxsWtInvState_32f16s VrxsWtInvState_32f16s;
+
+typedef struct VrxsRandUniformState VrxsRandUniformState;
+typedef struct VrxsRandGaussState   VrxsRandGaussState;
+
+typedef struct VrxsIirState   VrxsIirState;
+typedef struct VrxsFirMrState VrxsFirMrState;
+
+typedef struct VrxsFirState_32f  VrxsFirState_32f;
+typedef struct VrxsFirState_32fc VrxsFirState_32fc;
+typedef struct VrxsFirState_64f  VrxsFirState_64f;
+typedef struct VrxsFirState_64fc VrxsFirState_64fc;
+
+/* ------------------------------------------------- declaration machinery */
+
+/* Inside the library the same lines declare the local implementations;
+ * users of the header see the exported functions. */
+#ifndef VRXAPI
+#define VRXAPI(ret, name, args) extern ret name args;
+#endif
+
+/* ----------------------------------------------------- library frame */
+
+VRXAPI(const VrxLibraryVersion*, vrxsGetLibVersion, (void))
+
+/* aligned allocation: 64-byte aligned, null for len < 1 or above 2^31-1 bytes */
+VRXAPI(Vrx8u*,   vrxsMalloc_8u,   (int len))
+VRXAPI(Vrx8s*,   vrxsMalloc_8s,   (int len))
+VRXAPI(Vrx16u*,  vrxsMalloc_16u,  (int len))
+VRXAPI(Vrx16s*,  vrxsMalloc_16s,  (int len))
+VRXAPI(Vrx8sc*,  vrxsMalloc_8sc,  (int len))
+VRXAPI(Vrx32u*,  vrxsMalloc_32u,  (int len))
+VRXAPI(Vrx32s*,  vrxsMalloc_32s,  (int len))
+VRXAPI(Vrx32f*,  vrxsMalloc_32f,  (int len))
+VRXAPI(Vrx16sc*, vrxsMalloc_16sc, (int len))
+VRXAPI(Vrx64s*,  vrxsMalloc_64s,  (int len))
+VRXAPI(Vrx64f*,  vrxsMalloc_64f,  (int len))
+VRXAPI(Vrx32sc*, vrxsMalloc_32sc, (int len))
+VRXAPI(Vrx32fc*, vrxsMalloc_32fc, (int len))
+VRXAPI(Vrx64sc*, vrxsMalloc_64sc, (int len))
+VRXAPI(Vrx64fc*, vrxsMalloc_64fc, (int len))
+VRXAPI(void,     vrxsFree,        (void* ptr))
+
+/* block moves; Copy requires non-overlapping vectors, Move allows overlap */
+VRXAPI(VrxStatus, vrxsCopy_8u,   (const Vrx8u* pSrc, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_16s,  (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_32s,  (const Vrx32s* pSrc, Vrx32s* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_32f,  (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_64s,  (const Vrx64s* pSrc, Vrx64s* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_64f,  (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_32sc, (const Vrx32sc* pSrc, Vrx32sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_64sc, (const Vrx64sc* pSrc, Vrx64sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsCopy_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+
+VRXAPI(VrxStatus, vrxsMove_8u,   (const Vrx8u* pSrc, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_16s,  (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_32s,  (const Vrx32s* pSrc, Vrx32s* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_32f,  (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_64s,  (const Vrx64s* pSrc, Vrx64s* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_64f,  (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_32sc, (const Vrx32sc* pSrc, Vrx32sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_64sc, (const Vrx64sc* pSrc, Vrx64sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsMove_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+
+VRXAPI(VrxStatus, vrxsZero_8u,   (Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_16s,  (Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_32s,  (Vrx32s* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_32f,  (Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_16sc, (Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_64s,  (Vrx64s* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_64f,  (Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_32sc, (Vrx32sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_32fc, (Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_64sc, (Vrx64sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsZero_64fc, (Vrx64fc* pDst, int len))
+
+VRXAPI(VrxStatus, vrxsSet_8u,   (Vrx8u val, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_16s,  (Vrx16s val, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_32s,  (Vrx32s val, Vrx32s* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_32f,  (Vrx32f val, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_16sc, (Vrx16sc val, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_64s,  (Vrx64s val, Vrx64s* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_64f,  (Vrx64f val, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_32sc, (Vrx32sc val, Vrx32sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_32fc, (Vrx32fc val, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_64sc, (Vrx64sc val, Vrx64sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsSet_64fc, (Vrx64fc val, Vrx64fc* pDst, int len))
+
+/* bit strings: only the low three bits of an offset count; len is in bits.
+ * LE: string bit 0 is the byte's most significant bit; BE: its least. */
+VRXAPI(VrxStatus, vrxsCopyLE_1u, (const Vrx8u* pSrc, int srcBitOffset, Vrx8u* pDst, int dstBitOffset, int len))
+VRXAPI(VrxStatus, vrxsCopyBE_1u, (const Vrx8u* pSrc, int srcBitOffset, Vrx8u* pDst, int dstBitOffset, int len))
+
+/* reversal: dst[i] = src[len-1-i]; src == dst forwards to the _I form */
+VRXAPI(VrxStatus, vrxsFlip_8u,     (const Vrx8u* pSrc, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_16u,    (const Vrx16u* pSrc, Vrx16u* pDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_32f,    (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_64f,    (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_32fc,   (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_64fc,   (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_8u_I,   (Vrx8u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_16u_I,  (Vrx16u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_32f_I,  (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_64f_I,  (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_32fc_I, (Vrx32fc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsFlip_64fc_I, (Vrx64fc* pSrcDst, int len))
+
+/* byte reversal of each element; 24u is three bytes a sample, len in samples */
+VRXAPI(VrxStatus, vrxsSwapBytes_16u,   (const Vrx16u* pSrc, Vrx16u* pDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_24u,   (const Vrx8u* pSrc, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_32u,   (const Vrx32u* pSrc, Vrx32u* pDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_64u,   (const Vrx64u* pSrc, Vrx64u* pDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_16u_I, (Vrx16u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_24u_I, (Vrx8u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_32u_I, (Vrx32u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSwapBytes_64u_I, (Vrx64u* pSrcDst, int len))
+
+/* ===================================================== element-wise arithmetic */
+/* (add, subtract, multiply, divide) */
+
+/* ================================================================= vector math */
+/* (powers, roots, elementary functions, complex forms) */
+
+/* ======================================================= logic and conversion */
+/* (logic, shifts, conversion, thresholds) */
+
+/* ================================================================ transforms */
+/* (FFT plans, complex and real transforms, packed spectra) */
+
+#undef VRXAPI
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* VRXS_H */

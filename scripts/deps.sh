@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Installs the Debian packages the build needs, when they are missing.
+#   scripts/deps.sh          compiler, CMake, GoogleTest, pkg-config
+#   scripts/deps.sh --bench  also Google Benchmark and the comparison libraries
+set -euo pipefail
+pkgs=(g++ cmake make libgtest-dev pkg-config)
+if [[ "${1:-}" == "--bench" ]]; then
+  pkgs+=(libbenchmark-dev libfftw3-dev libvolk2-dev libsleef-dev)
+fi
+missing=()
+for p in "${pkgs[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if ((${#missing[@]})); then
+  export DEBIAN_FRONTEND=noninteractive
+  apt-get update -qq
+  apt-get install -y -qq "${missing[@]}"
+fi

@@ -1,0 +1,125 @@
+// Flip: dst[i] = src[len-1-i]. One kernel per element size; a complex
+// element moves whole, its parts keep their order.
+#include "vrx_memops.h"
+
+using namespace n0;
+
+namespace {
+
+// Reversal of the elements of one vector register, per element size.
+template <size_t ES> struct Rev;
+
+template <> struct Rev<1> {  // 32 bytes: byte shuffle within halves, then swap halves
+    using V = __m256i;
+    static constexpr size_t kLanes = 32;
+    static VRX_INLINE V load(const void* p) { return _mm256_loadu_si256(static_cast<const V*>(p)); }
+    static VRX_INLINE void store(void* p, V v) { _mm256_storeu_si256(static_cast<V*>(p), v); }
+    static VRX_INLINE V rev(V v) {
+        const V idx = _mm256_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0,
+                                       15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
+        return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(v, idx), 0x4E);
+    }
+};
+
+template <> struct Rev<2> {
+    using V = __m256i;
+    static constexpr size_t kLanes = 16;
+    static VRX_INLINE V load(const void* p) { return _mm256_loadu_si256(static_cast<const V*>(p)); }
+    static VRX_INLINE void store(void* p, V v) { _mm256_storeu_si256(static_cast<V*>(p), v); }
+    static VRX_INLINE V rev(V v) {
+        const V idx = _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1,
+                                       14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1);
+        return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(v, idx), 0x4E);
+    }
+};
+
+template <> struct Rev<4> {
+    using V = __m512i;
+    static constexpr size_t kLanes = 16;
+    static VRX_INLINE V load(const void* p) { return _mm512_loadu_si512(p); }
+    static VRX_INLINE void store(void* p, V v) { _mm512_storeu_si512(p, v); }
+    static VRX_INLINE V rev(V v) {
+        return _mm512_permutexvar_epi32(_mm512_setr_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0), v);
+    }
+};
+
+template <> struct Rev<8> {
+    using V = __m512i;
+    static constexpr size_t kLanes = 8;
+    static VRX_INLINE V load(const void* p) { return _mm512_loadu_si512(p); }
+    static VRX_INLINE void store(void* p, V v) { _mm512_storeu_si512(p, v); }
+    static VRX_INLINE V rev(V v) { return _mm512_permutexvar_epi64(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), v); }
+};
+
+template <> struct Rev<16> {
+    using V = __m512i;
+    static constexpr size_t kLanes = 4;
+    static VRX_INLINE V load(const void* p) { return _mm512_loadu_si512(p); }
+    static VRX_INLINE void store(void* p, V v) { _mm512_storeu_si512(p, v); }
+    static VRX_INLINE V rev(V v) { return _mm512_shuffle_i64x2(v, v, 0x1B); }
+};
+
+template <size_t ES>
+struct Elem { Vrx8u b[ES]; };
+
+template <size_t ES>
+void flipOut(const Vrx8u* s, Vrx8u* d, size_t n) {
+    using R = Rev<ES>;
+    constexpr size_t L = R::kLanes;
+    size_t i = 0;
+    for (; i + L <= n; i += L) R::store(d + i * ES, R::rev(R::load(s + (n - i - L) * ES)));
+    const Elem<ES>* se = reinterpret_cast<const Elem<ES>*>(s);
+    Elem<ES>* de = reinterpret_cast<Elem<ES>*>(d);
+    for (; i < n; ++i) de[i] = se[n - 1 - i];
+}
+
+template <size_t ES>
+void flipIn(Vrx8u* p, size_t n) {
+    using R = Rev<ES>;
+    constexpr size_t L = R::kLanes;
+    size_t i = 0, j = n;
+    for (; j - i >= 2 * L; i += L, j -= L) {
+        auto a = R::load(p + i * ES), b = R::load(p + (j - L) * ES);
+        R::store(p + i * ES, R::rev(b));
+        R::store(p + (j - L) * ES, R::rev(a));
+    }
+    Elem<ES>* e = reinterpret_cast<Elem<ES>*>(p);
+    for (; i + 1 < j; ++i, --j) {
+        Elem<ES> t = e[i];
+        e[i] = e[j - 1];
+        e[j - 1] = t;
+    }
+}
+
+template <class T>
+VrxStatus flipInPlace(T* pSrcDst, int len) {
+    if (VrxStatus st = checkArgs(len, pSrcDst)) return st;
+    flipIn<sizeof(T)>(reinterpret_cast<Vrx8u*>(pSrcDst), static_cast<size_t>(len));
+    return vrxOk;
+}
+
+template <class T>
+VrxStatus flipOutOfPlace(const T* pSrc, T* pDst, int len) {
+    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
+    flipOut<sizeof(T)>(reinterpret_cast<const Vrx8u*>(pSrc), reinterpret_cast<Vrx8u*>(pDst), static_cast<size_t>(len));
+    return vrxOk;
+}
+
+}  // namespace
+
+// Equal pointers go to the in-place form before any check.
+#define VRX_FLIP(suffix, T)                                                         \
+    VrxStatus N0(vrxsFlip_##suffix##_I)(T* pSrcDst, int len) {                     \
+        return flipInPlace(pSrcDst, len);                                           \
+    }                                                                               \
+    VrxStatus N0(vrxsFlip_##suffix)(const T* pSrc, T* pDst, int len) {              \
+        if (pSrc == pDst) return N0(vrxsFlip_##suffix##_I)(pDst, len);              \
+        return flipOutOfPlace(pSrc, pDst, len);                                     \
+    }
+
+VRX_FLIP(8u, Vrx8u)
+VRX_FLIP(16u, Vrx16u)
+VRX_FLIP(32f, Vrx32f)
+VRX_FLIP(64f, Vrx64f)
+VRX_FLIP(32fc, Vrx32fc)
+VRX_FLIP(64fc, Vrx64fc)
