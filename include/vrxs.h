@@ -299,16 +299,28 @@ VRXAPI(VrxStatus, vrxsSwapBytes_32u_I, (Vrx32u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSwapBytes_64u_I, (Vrx64u* pSrcDst, int len))
 
 /* ===================================================== element-wise arithmetic */
-/* (add, subtract, multiply, divide) */
+/* add, subtract, multiply, divide */
 
-/* ================================================================= vector math */
-/* (powers, roots, elementary functions, complex forms) */
+/* ------------------------------------------ end of element-wise arithmetic */
 
-/* ======================================================= logic and conversion */
-/* (logic, shifts, conversion, thresholds) */
+
+/* ================================================================ vector math */
+/* powers, roots, elementary functions, complex forms */
+
+/* ------------------------------------------------------ end of vector math */
+
+
+/* ============================================ logic, shifts and conversion */
+/* logic, shifts, conversion, thresholds */
+
+/* ----------------------------------------------- end of logic and conversion */
+
 
 /* ================================================================ transforms */
-/* (FFT plans, complex and real transforms, packed spectra) */
+/* FFT plans, complex and real transforms, packed spectra */
+
+/* ------------------------------------------------------- end of transforms */
+
 
 #undef VRXAPI
 
