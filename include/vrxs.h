@@ -319,6 +319,92 @@ VRXAPI(VrxStatus, vrxsSwapBytes_64u_I, (Vrx64u* pSrcDst, int len))
 /* ================================================================ transforms */
 /* FFT plans, complex and real transforms, packed spectra */
 
+/* plans: sizes in bytes, then the plan built in the caller's memory */
+VRXAPI(VrxStatus, vrxsFFTGetSize_C_32fc, (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+VRXAPI(VrxStatus, vrxsFFTGetSize_C_32f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+VRXAPI(VrxStatus, vrxsFFTGetSize_R_32f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+VRXAPI(VrxStatus, vrxsFFTGetSize_C_64fc, (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+VRXAPI(VrxStatus, vrxsFFTGetSize_C_64f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+VRXAPI(VrxStatus, vrxsFFTGetSize_R_64f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+VRXAPI(VrxStatus, vrxsFFTInit_C_32fc, (VrxsFftPlan_C_32fc** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+VRXAPI(VrxStatus, vrxsFFTInit_C_32f,  (VrxsFftPlan_C_32f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+VRXAPI(VrxStatus, vrxsFFTInit_R_32f,  (VrxsFftPlan_R_32f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+VRXAPI(VrxStatus, vrxsFFTInit_C_64fc, (VrxsFftPlan_C_64fc** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+VRXAPI(VrxStatus, vrxsFFTInit_C_64f,  (VrxsFftPlan_C_64f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+VRXAPI(VrxStatus, vrxsFFTInit_R_64f,  (VrxsFftPlan_R_64f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+
+/* complex transforms, interleaved data */
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32fc,   (const Vrx32fc* pSrc, Vrx32fc* pDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_32fc,   (const Vrx32fc* pSrc, Vrx32fc* pDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32fc_I, (Vrx32fc* pSrcDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_32fc_I, (Vrx32fc* pSrcDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_64fc,   (const Vrx64fc* pSrc, Vrx64fc* pDst, const VrxsFftPlan_C_64fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_64fc,   (const Vrx64fc* pSrc, Vrx64fc* pDst, const VrxsFftPlan_C_64fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_64fc_I, (Vrx64fc* pSrcDst, const VrxsFftPlan_C_64fc* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_64fc_I, (Vrx64fc* pSrcDst, const VrxsFftPlan_C_64fc* plan, Vrx8u* pBuf))
+
+/* complex transforms, separate real and imaginary arrays */
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32f,   (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstRe, Vrx32f* pDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_32f,   (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstRe, Vrx32f* pDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32f_I, (Vrx32f* pSrcDstRe, Vrx32f* pSrcDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_32f_I, (Vrx32f* pSrcDstRe, Vrx32f* pSrcDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_64f,   (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDstRe, Vrx64f* pDstIm, const VrxsFftPlan_C_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_64f,   (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDstRe, Vrx64f* pDstIm, const VrxsFftPlan_C_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_CToC_64f_I, (Vrx64f* pSrcDstRe, Vrx64f* pSrcDstIm, const VrxsFftPlan_C_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CToC_64f_I, (Vrx64f* pSrcDstRe, Vrx64f* pSrcDstIm, const VrxsFftPlan_C_64f* plan, Vrx8u* pBuf))
+
+/* real transforms to and from the packed spectra CCS, Pack and Perm */
+VRXAPI(VrxStatus, vrxsFFTFwd_RToCCS_32f,    (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPack_32f,   (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPerm_32f,   (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToCCS_32f_I,  (Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPack_32f_I, (Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPerm_32f_I, (Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CCSToR_32f,    (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PackToR_32f,   (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PermToR_32f,   (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CCSToR_32f_I,  (Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PackToR_32f_I, (Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PermToR_32f_I, (Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToCCS_64f,    (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPack_64f,   (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPerm_64f,   (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToCCS_64f_I,  (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPack_64f_I, (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTFwd_RToPerm_64f_I, (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CCSToR_64f,    (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PackToR_64f,   (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PermToR_64f,   (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_CCSToR_64f_I,  (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PackToR_64f_I, (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+VRXAPI(VrxStatus, vrxsFFTInv_PermToR_64f_I, (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
+
+/* packed spectra: expansion to the full conjugate-symmetric complex vector */
+VRXAPI(VrxStatus, vrxsConjCcs_32fc,    (const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPack_32fc,   (const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPerm_32fc,   (const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjCcs_32fc_I,  (Vrx32fc* pSrcDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPack_32fc_I, (Vrx32fc* pSrcDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPerm_32fc_I, (Vrx32fc* pSrcDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjCcs_64fc,    (const Vrx64f* pSrc, Vrx64fc* pDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPack_64fc,   (const Vrx64f* pSrc, Vrx64fc* pDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPerm_64fc,   (const Vrx64f* pSrc, Vrx64fc* pDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjCcs_64fc_I,  (Vrx64fc* pSrcDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPack_64fc_I, (Vrx64fc* pSrcDst, int lenDst))
+VRXAPI(VrxStatus, vrxsConjPerm_64fc_I, (Vrx64fc* pSrcDst, int lenDst))
+
+/* packed spectra: products; MulPackConj multiplies pSrc by the conjugate of pSrcDst */
+VRXAPI(VrxStatus, vrxsMulPack_32f,       (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMulPerm_32f,       (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMulPack_32f_I,     (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMulPerm_32f_I,     (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMulPackConj_32f_I, (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMulPack_64f,       (const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMulPerm_64f,       (const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMulPack_64f_I,     (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMulPerm_64f_I,     (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMulPackConj_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
+
 /* ------------------------------------------------------- end of transforms */
 
 

@@ -1,0 +1,541 @@
+// The complex FFT engine: straight-line kernels up to length 64, the
+// radix-4/8 pass engine with the input permuted in its first pass, and the
+// blocked large path with tile bit reversal. Also the builders of the tables
+// that the engine reads, so that the layout lives in one place.
+#include "vrx_fft.h"
+#include "vrx_fft_simd.h"
+#include "vrx_fft_sintab.h"
+
+namespace n0::fft {
+
+namespace {
+
+template <class T> VRX_INLINE const T* fixTab();
+template <> VRX_INLINE const float* fixTab<float>() { return fft_fix_twiddle_table_32f; }
+template <> VRX_INLINE const double* fixTab<double>() { return fft_fix_twiddle_table_64f; }
+
+VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
+    if (bits <= 0) return 0;
+    x = ((x >> 1) & 0x55555555u) | ((x & 0x55555555u) << 1);
+    x = ((x >> 2) & 0x33333333u) | ((x & 0x33333333u) << 2);
+    x = ((x >> 4) & 0x0F0F0F0Fu) | ((x & 0x0F0F0F0Fu) << 4);
+    x = __builtin_bswap32(x);
+    return x >> (32 - bits);
+}
+
+// ------------------------------------------------------------ small kernels
+
+// W_L^k (forward sign) from the constant sine table, for k < L/2, L <= 1024.
+template <class T, int L> VRX_INLINE Cx<T> fixTw(int k) {
+    const T* t = fixTab<T>();
+    int j = k * (1024 / L);
+    T s = j <= 256 ? t[j] : t[512 - j];
+    T c = j <= 256 ? t[256 - j] : -t[j - 256];
+    return {c, -s};
+}
+
+template <class T, int LOG, bool Inv, bool Scale>
+VRX_INLINE void smallFft(const Cx<T>* src, Cx<T>* dst, T scale) {
+    constexpr int N = 1 << LOG;
+    Cx<T> a[N];
+#pragma GCC unroll 64
+    for (int i = 0; i < N; ++i) a[revBits(static_cast<uint32_t>(i), LOG)] = src[i];
+    if constexpr (LOG >= 1) {
+#pragma GCC unroll 64
+        for (int b = 0; b < N; b += 2) {
+            Cx<T> x = a[b], y = a[b + 1];
+            a[b] = cadd(x, y);
+            a[b + 1] = csub(x, y);
+        }
+    }
+    if constexpr (LOG >= 2) {
+#pragma GCC unroll 64
+        for (int b = 0; b < N; b += 4) {
+            Cx<T> x0 = a[b], x1 = a[b + 1], y0 = a[b + 2], y1 = crot<Inv>(a[b + 3]);
+            a[b] = cadd(x0, y0);
+            a[b + 2] = csub(x0, y0);
+            a[b + 1] = cadd(x1, y1);
+            a[b + 3] = csub(x1, y1);
+        }
+    }
+#pragma GCC unroll 8
+    for (int L = 8; L <= N; L *= 2) {
+#pragma GCC unroll 64
+        for (int b = 0; b < N; b += L) {
+#pragma GCC unroll 64
+            for (int k = 0; k < L / 2; ++k) {
+                Cx<T> y = a[b + k + L / 2];
+                if (k == L / 4) y = crot<Inv>(y);
+                else if (k != 0) {
+                    Cx<T> w;
+                    if (L == 8) w = fixTw<T, 8>(k);
+                    else if (L == 16) w = fixTw<T, 16>(k);
+                    else if (L == 32) w = fixTw<T, 32>(k);
+                    else w = fixTw<T, 64>(k);
+                    y = cmulw<Inv>(y, w);
+                }
+                Cx<T> x = a[b + k];
+                a[b + k] = cadd(x, y);
+                a[b + k + L / 2] = csub(x, y);
+            }
+        }
+    }
+#pragma GCC unroll 64
+    for (int i = 0; i < N; ++i) {
+        if constexpr (Scale) dst[i] = {a[i].re * scale, a[i].im * scale};
+        else dst[i] = a[i];
+    }
+}
+
+template <class T, bool Inv, bool Scale>
+void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    switch (m) {
+        case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
+        case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
+        case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
+        case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
+        case 4: smallFft<T, 4, Inv, Scale>(src, dst, scale); break;
+        case 5: smallFft<T, 5, Inv, Scale>(src, dst, scale); break;
+        default: smallFft<T, 6, Inv, Scale>(src, dst, scale); break;
+    }
+}
+
+// ------------------------------------------------------------ radix engine
+
+template <class T, bool Inv> VRX_INLINE void bfly4(Cx<T> a0, Cx<T> a1, Cx<T> a2, Cx<T> a3, Cx<T>* o) {
+    Cx<T> t0 = cadd(a0, a2), t1 = csub(a0, a2), t2 = cadd(a1, a3), t3 = crot<Inv>(csub(a1, a3));
+    o[0] = cadd(t0, t2);
+    o[1] = cadd(t1, t3);
+    o[2] = csub(t0, t2);
+    o[3] = csub(t1, t3);
+}
+
+template <class T, bool Inv> VRX_INLINE Cx<T> mulW8(Cx<T> o) {
+    const T c = fixTab<T>()[128];  // sin(pi/4)
+    if constexpr (!Inv) return {(o.re + o.im) * c, (o.im - o.re) * c};
+    else return {(o.re - o.im) * c, (o.im + o.re) * c};
+}
+
+template <class T, bool Inv> VRX_INLINE void bfly8(const Cx<T>* a, Cx<T>* o) {
+    Cx<T> e[4], d[4];
+    bfly4<T, Inv>(a[0], a[2], a[4], a[6], e);
+    bfly4<T, Inv>(a[1], a[3], a[5], a[7], d);
+    d[1] = mulW8<T, Inv>(d[1]);
+    d[2] = crot<Inv>(d[2]);
+    d[3] = crot<Inv>(mulW8<T, Inv>(d[3]));
+    for (int q = 0; q < 4; ++q) {
+        o[q] = cadd(e[q], d[q]);
+        o[q + 4] = csub(e[q], d[q]);
+    }
+}
+
+// Source of the first pass: bit-reversed reads from interleaved or split
+// data, or blocks already in bit-reversed order (large-path rows).
+enum class First { Interleaved, Split, Sequential };
+
+template <class T, bool Inv, First F>
+void firstPass(int m, const int32_t* brev, const Cx<T>* src, const T* sRe, const T* sIm,
+               Cx<T>* W, int64_t i0, int64_t i1) {
+    const int64_t N = int64_t(1) << m;
+    auto ld = [&](int64_t idx) -> Cx<T> {
+        if constexpr (F == First::Split) return {sRe[idx], sIm[idx]};
+        else return src[idx];
+    };
+    if ((m & 1) == 0) {
+        const int64_t Q = N >> 2;
+        for (int64_t i = i0; i < i1; ++i) {
+            Cx<T> a0, a1, a2, a3;
+            if constexpr (F == First::Sequential) {
+                const Cx<T>* p = W + 4 * i;
+                a0 = p[0]; a1 = p[2]; a2 = p[1]; a3 = p[3];
+            } else {
+                int64_t r = brev[i] >> 1;
+                a0 = ld(r); a1 = ld(r + Q); a2 = ld(r + 2 * Q); a3 = ld(r + 3 * Q);
+            }
+            bfly4<T, Inv>(a0, a1, a2, a3, W + 4 * i);
+        }
+    } else {
+        const int64_t E = N >> 3;
+        for (int64_t i = i0; i < i1; ++i) {
+            Cx<T> a[8];
+            if constexpr (F == First::Sequential) {
+                const Cx<T>* p = W + 8 * i;
+                a[0] = p[0]; a[1] = p[4]; a[2] = p[2]; a[3] = p[6];
+                a[4] = p[1]; a[5] = p[5]; a[6] = p[3]; a[7] = p[7];
+            } else {
+                int64_t r = brev[2 * i] >> 1;
+                for (int j = 0; j < 8; ++j) a[j] = ld(r + j * E);
+            }
+            bfly8<T, Inv>(a, W + 8 * i);
+        }
+    }
+}
+
+// One radix-4 pass: blocks of 4S, each from four sub-blocks of S.
+template <class T, bool Inv, int V>
+void pass4(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
+    using CV = CVec<T, V>;
+    for (int64_t b = 0; b < nBlocks; ++b) {
+        const Cx<T>* p = in + b * 4 * S;
+        Cx<T>* q = out + b * 4 * S;
+        const Cx<T>* t = tw;
+        for (int64_t k = 0; k < S; k += V, t += 3 * V) {
+            CV b0 = CV::load(p + k), b1 = CV::load(p + k + S), b2 = CV::load(p + k + 2 * S), b3 = CV::load(p + k + 3 * S);
+            CV w1 = CV::load(t), w2 = CV::load(t + V), w3 = CV::load(t + 2 * V);
+            CV c1 = CV::template mul<Inv>(b1, w2);
+            CV c2 = CV::template mul<Inv>(b2, w1);
+            CV c3 = CV::template mul<Inv>(b3, w3);
+            CV u0 = b0 + c1, u1 = b0 - c1, v0 = c2 + c3, v1 = CV::template rot<Inv>(c2 - c3);
+            (u0 + v0).store(q + k);
+            (u1 + v1).store(q + k + S);
+            (u0 - v0).store(q + k + 2 * S);
+            (u1 - v1).store(q + k + 3 * S);
+        }
+    }
+}
+
+template <class T, bool Inv>
+VRX_INLINE void runPass(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
+    if constexpr (sizeof(T) == 4) {
+        if (S >= 8) pass4<T, Inv, 8>(in, out, S, nBlocks, tw);
+        else pass4<T, Inv, 4>(in, out, S, nBlocks, tw);
+    } else {
+        pass4<T, Inv, 4>(in, out, S, nBlocks, tw);
+    }
+}
+
+// The radix engine for order m >= 4: the first pass into W, then the passes,
+// chunk by chunk while the blocks fit a chunk, the last pass into out.
+template <class T, bool Inv, First F>
+void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, const T* sRe, const T* sIm,
+              Cx<T>* W, Cx<T>* out) {
+    const int64_t N = int64_t(1) << m;
+    const int s0 = (m & 1) ? 3 : 2;
+    const int64_t R0 = int64_t(1) << s0;
+    const int64_t C = N < Limits<T>::kChunk ? N : Limits<T>::kChunk;
+    const int logC = __builtin_ctzll(static_cast<unsigned long long>(C));
+    const int sLast = m - 2;
+    int64_t off = 0;
+    int sOuter = s0;
+    while (sOuter + 2 <= logC && sOuter <= sLast) sOuter += 2;
+    for (int64_t base = 0; base < N; base += C) {
+        firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+        off = 0;
+        for (int s = s0; s < sOuter; s += 2) {
+            int64_t S = int64_t(1) << s;
+            runPass<T, Inv>(W + base, (s == sLast ? out : W) + base, S, C / (4 * S), tw + off);
+            off += 3 * S;
+        }
+    }
+    for (int s = sOuter; s <= sLast; s += 2) {
+        int64_t S = int64_t(1) << s;
+        runPass<T, Inv>(W, s == sLast ? out : W, S, N / (4 * S), tw + off);
+        off += 3 * S;
+    }
+}
+
+template <class T> void scaleCx(Cx<T>* p, int64_t n, T s) {
+    T* f = reinterpret_cast<T*>(p);
+    for (int64_t i = 0; i < 2 * n; ++i) f[i] *= s;
+}
+
+// ------------------------------------------------------------ large path
+
+// Where the data of the large path lives: interleaved, or split arrays.
+template <class T> struct Store {
+    Cx<T>* cx;
+    T* re;
+    T* im;
+    VRX_INLINE void gather(int64_t idx, int64_t n, Cx<T>* d) const {
+        if (cx) memcpy(d, cx + idx, static_cast<size_t>(n) * sizeof(Cx<T>));
+        else for (int64_t i = 0; i < n; ++i) d[i] = {re[idx + i], im[idx + i]};
+    }
+    VRX_INLINE void scatter(int64_t idx, int64_t n, const Cx<T>* s) const {
+        if (cx) memcpy(cx + idx, s, static_cast<size_t>(n) * sizeof(Cx<T>));
+        else for (int64_t i = 0; i < n; ++i) { re[idx + i] = s[i].re; im[idx + i] = s[i].im; }
+    }
+};
+
+// Bit reversal of 2^m elements of type E through tiles of 2^k x 2^k: the
+// index (hi, mid, lo) goes to (rev lo, rev mid, rev hi). tileTab[i] holds
+// rev(i) << k for the middle bits.
+template <class E>
+void bitRevTiles(const E* src, E* dst, int m, int k, const int32_t* tileTab, E* buf) {
+    const int64_t K = int64_t(1) << k;
+    const int64_t rowStride = int64_t(1) << (m - k);
+    const int64_t nTiles = int64_t(1) << (m - 2 * k);
+    uint8_t rk[64];
+    for (int i = 0; i < K; ++i) rk[i] = static_cast<uint8_t>(revBits(static_cast<uint32_t>(i), k));
+    E* A = buf;
+    E* B = buf + K * K;
+    auto gatherTile = [&](const E* base, int64_t tileOff, E* t) {
+        for (int64_t h = 0; h < K; ++h) memcpy(t + h * K, base + h * rowStride + tileOff, static_cast<size_t>(K) * sizeof(E));
+    };
+    auto writeTile = [&](E* base, int64_t tileOff, const E* t) {
+        for (int64_t h = 0; h < K; ++h) {
+            E* row = base + h * rowStride + tileOff;
+            const E* col = t + rk[h];
+            for (int64_t l = 0; l < K; ++l) row[l] = col[rk[l] * K];
+        }
+    };
+    for (int64_t i = 0; i < nTiles; ++i) {
+        int64_t a = i << k, b = tileTab[i];
+        if (src != dst) {
+            gatherTile(src, b, A);
+            writeTile(dst, a, A);
+        } else if (b > a) {
+            gatherTile(dst, a, A);
+            gatherTile(dst, b, B);
+            writeTile(dst, a, B);
+            writeTile(dst, b, A);
+        } else if (b == a) {
+            gatherTile(dst, a, A);
+            writeTile(dst, a, A);
+        }
+    }
+}
+
+// Layout of a level's step table: for each stage t < blk, W_{2^(sub+t+1)}^c
+// for c < 2^sub; then W_{2^blk}^j for j < 2^(blk-1).
+template <class T> int64_t stepCount(int blk, int sub) { return int64_t(blk) * (int64_t(1) << sub) + (int64_t(1) << (blk - 1)); }
+
+template <class T, bool Inv>
+void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t base, Cx<T>* work, T scale) {
+    const int blk = blockOrder<T>(m);
+    const int sub = m - blk;
+    const int64_t rows = int64_t(1) << blk, rowLen = int64_t(1) << sub;
+    const Cx<T>* tw = static_cast<const Cx<T>*>(plan->twiddleTab);
+    // rows
+    for (int64_t r = 0; r < rows; ++r) {
+        int64_t at = base + r * rowLen;
+        if (sub > Limits<T>::kRadixLast) {
+            largeLevel<T, Inv>(plan, sub, level + 1, st, at, work, scale);
+            continue;
+        }
+        Cx<T>* row;
+        if (st.cx) row = st.cx + at;
+        else { row = work; st.gather(at, rowLen, row); }
+        radixRun<T, Inv, First::Sequential>(sub, tw, nullptr, nullptr, nullptr, nullptr, row, row);
+        if (scale != T(0)) scaleCx(row, rowLen, scale);
+        if (!st.cx) st.scatter(at, rowLen, row);
+    }
+    // outer passes over groups of columns
+    const Cx<T>* step = static_cast<const Cx<T>*>(plan->stepTab[level]);
+    const Cx<T>* small = step + int64_t(blk) * rowLen;
+    constexpr int V = sizeof(T) == 4 ? 8 : 4;
+    using CV = CVec<T, V>;
+    const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
+    for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
+        for (int64_t r = 0; r < rows; ++r) st.gather(base + r * rowLen + c0, w, work + r * w);
+        for (int t = 0; t < blk; ++t) {
+            const int64_t half = int64_t(1) << t;
+            const Cx<T>* stg = step + int64_t(t) * rowLen + c0;
+            for (int64_t rp = 0; rp < half; ++rp) {
+                Cx<T> f = small[rp << (blk - t - 1)];
+                Cx<T> fv[V];
+                for (int i = 0; i < V; ++i) fv[i] = f;
+                CV F = CV::load(fv);
+                for (int64_t g = 0; g < rows; g += 2 * half) {
+                    Cx<T>* pa = work + (g + rp) * w;
+                    Cx<T>* pb = work + (g + rp + half) * w;
+                    for (int64_t cc = 0; cc < w; cc += V) {
+                        CV tv = CV::template mul<false>(CV::load(stg + cc), F);
+                        CV a = CV::load(pa + cc);
+                        CV bt = CV::template mul<Inv>(CV::load(pb + cc), tv);
+                        (a + bt).store(pa + cc);
+                        (a - bt).store(pb + cc);
+                    }
+                }
+            }
+        }
+        for (int64_t r = 0; r < rows; ++r) st.scatter(base + r * rowLen + c0, w, work + r * w);
+    }
+}
+
+template <class T, bool Inv>
+void largeRun(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm, bool split,
+              T scale, uint8_t* work) {
+    const int k = Limits<T>::kTileOrder;
+    const int32_t* tiles = plan->bitRevTab;
+    if (!split) {
+        using E = Cx<T>;
+        bitRevTiles<E>(reinterpret_cast<const E*>(srcRe), reinterpret_cast<E*>(dstRe), m, k, tiles,
+                       reinterpret_cast<E*>(work));
+        Store<T> st{reinterpret_cast<Cx<T>*>(dstRe), nullptr, nullptr};
+        largeLevel<T, Inv>(plan, m, 0, st, 0, reinterpret_cast<Cx<T>*>(work), scale);
+    } else {
+        bitRevTiles<T>(srcRe, dstRe, m, k, tiles, reinterpret_cast<T*>(work));
+        bitRevTiles<T>(srcIm, dstIm, m, k, tiles, reinterpret_cast<T*>(work));
+        Store<T> st{nullptr, dstRe, dstIm};
+        largeLevel<T, Inv>(plan, m, 0, st, 0, reinterpret_cast<Cx<T>*>(work), scale);
+    }
+}
+
+template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int ord) {
+    T c, s;
+    st.cosSin(j, ord, c, s);
+    return {c, -s};
+}
+
+template <class T> uint8_t* buildStep(Plan* plan, int m, int level, const SineTab<T>& st, uint8_t* p) {
+    const int blk = blockOrder<T>(m);
+    const int sub = m - blk;
+    if (sub > Limits<T>::kRadixLast) {
+        p = buildStep<T>(plan, sub, level + 1, st, p);
+    } else {
+        p = align64(p);
+        plan->twiddleTab = p;
+        initTabTwdL1<T>(sub, st, reinterpret_cast<Cx<T>*>(p));
+        p += radixTwiddleCount<T>(sub) * int64_t(sizeof(Cx<T>));
+    }
+    p = align64(p);
+    plan->stepTab[level] = p;
+    Cx<T>* d = reinterpret_cast<Cx<T>*>(p);
+    const int64_t rowLen = int64_t(1) << sub;
+    for (int t = 0; t < blk; ++t)
+        for (int64_t c = 0; c < rowLen; ++c) *d++ = twAt<T>(st, c, sub + t + 1);
+    for (int64_t j = 0; j < (int64_t(1) << (blk - 1)); ++j) *d++ = twAt<T>(st, j, blk);
+    return reinterpret_cast<uint8_t*>(d);
+}
+
+}  // namespace
+
+// ------------------------------------------------------------ table builders
+
+template <class T> int64_t radixTwiddleCount(int m) {
+    int64_t n = 0;
+    for (int s = (m & 1) ? 3 : 2; s <= m - 2; s += 2) n += 3 * (int64_t(1) << s);
+    return n;
+}
+
+uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
+    if (m < 2) return align64(reinterpret_cast<uint8_t*>(tab));
+    const int bits = m - 2;
+    const int64_t n = int64_t(1) << bits;
+    for (int64_t i = 0; i < n; ++i) tab[i] = static_cast<int32_t>(2 * revBits(static_cast<uint32_t>(i), bits));
+    tab[n] = 0;
+    return align64(reinterpret_cast<uint8_t*>(tab + n + 1));
+}
+
+template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
+    for (int s = (m & 1) ? 3 : 2; s <= m - 2; s += 2) {
+        const int64_t S = int64_t(1) << s;
+        const int G = passWidth<T>(S);
+        for (int64_t k0 = 0; k0 < S; k0 += G)
+            for (int j = 1; j <= 3; ++j)
+                for (int kk = 0; kk < G; ++kk) *d++ = twAt<T>(st, j * (k0 + kk), s + 2);
+    }
+}
+
+template <class T> uint8_t* initTabTwdLarge(Plan* plan, int m, const SineTab<T>& st, uint8_t* p) {
+    const int k = Limits<T>::kTileOrder;
+    int32_t* tab = reinterpret_cast<int32_t*>(p);
+    plan->bitRevTab = tab;
+    const int bits = m - 2 * k;
+    const int64_t nT = int64_t(1) << bits;
+    for (int64_t i = 0; i < nT; ++i) tab[i] = static_cast<int32_t>(revBits(static_cast<uint32_t>(i), bits) << k);
+    // the in-tile list: pairs (4i, 4r) of the middle 2k-2 bits with i < r at
+    // the front closed by 0, self-reversed singles from the back
+    int32_t* list = tab + nT;
+    const int nb = 2 * k - 2;
+    const int64_t n = int64_t(1) << nb;
+    int64_t front = 0, back = n - 1;
+    for (int64_t i = 1; i < n; ++i) {
+        int64_t r = revBits(static_cast<uint32_t>(i), nb);
+        if (i < r) { list[front++] = static_cast<int32_t>(4 * i); list[front++] = static_cast<int32_t>(4 * r); }
+        else if (i == r) list[back--] = static_cast<int32_t>(4 * i);
+    }
+    list[front] = 0;
+    list[n] = 0;
+    p = reinterpret_cast<uint8_t*>(list + n + 1);
+    return buildStep<T>(plan, m, 0, st, p);
+}
+
+template <class T> int32_t complexWorkSize(int m) {
+    if (m <= 6) return 0;
+    if (m <= Limits<T>::kRadixLast) return a64(int64_t(sizeof(Cx<T>)) << m);
+    return static_cast<int32_t>(largeWorkSize<T>(m));
+}
+
+namespace {
+template <class T> void largeSizes(int m, bool top, int64_t& s, int64_t& w) {
+    const int64_t e = sizeof(Cx<T>);
+    const int blk = blockOrder<T>(m), buf = bufferOrder<T>(m);
+    if (m - blk <= Limits<T>::kRadixLast) {
+        s = a64(e * (int64_t(1) << (m - blk)) + e);
+        w = a64(e * (int64_t(1) << (m - blk)));
+    } else {
+        largeSizes<T>(m - blk, false, s, w);
+    }
+    s += e * (int64_t(1) << (m - 1));
+    if (w < (e << buf)) w = e << buf;
+    if (top) {
+        if (sizeof(T) == 4) { s += 4 * (int64_t(1) << (m - 12)) + 4160; if (w < 65536) w = 65536; }
+        else { s += 4 * (int64_t(1) << (m - 10)) + 1088; if (w < 32768) w = 32768; }
+    }
+}
+}  // namespace
+
+template <class T> int64_t largeSpecSize(int m) { int64_t s, w; largeSizes<T>(m, true, s, w); return s; }
+template <class T> int64_t largeWorkSize(int m) { int64_t s, w; largeSizes<T>(m, true, s, w); return w; }
+
+// ------------------------------------------------------------ transform
+
+template <class T, bool Inv>
+void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
+                      bool split, T scale, uint8_t* work) {
+    using C = Cx<T>;
+    if (m <= 6) {
+        if (!split) {
+            const C* s = reinterpret_cast<const C*>(srcRe);
+            C* d = reinterpret_cast<C*>(dstRe);
+            if (scale != T(0)) smallDispatch<T, Inv, true>(m, s, d, scale);
+            else smallDispatch<T, Inv, false>(m, s, d, scale);
+        } else {
+            C tmp[64];
+            const int n = 1 << m;
+            for (int i = 0; i < n; ++i) tmp[i] = {srcRe[i], srcIm[i]};
+            if (scale != T(0)) smallDispatch<T, Inv, true>(m, tmp, tmp, scale);
+            else smallDispatch<T, Inv, false>(m, tmp, tmp, scale);
+            for (int i = 0; i < n; ++i) { dstRe[i] = tmp[i].re; dstIm[i] = tmp[i].im; }
+        }
+        return;
+    }
+    if (m > Limits<T>::kRadixLast) {
+        largeRun<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
+        return;
+    }
+    const C* tw = static_cast<const C*>(plan->twiddleTab);
+    const int32_t* brev = plan->bitRevTab;
+    const int64_t N = int64_t(1) << m;
+    if (!split) {
+        const C* s = reinterpret_cast<const C*>(srcRe);
+        C* d = reinterpret_cast<C*>(dstRe);
+        C* W = (static_cast<const void*>(s) == static_cast<const void*>(d)) ? reinterpret_cast<C*>(work) : d;
+        radixRun<T, Inv, First::Interleaved>(m, tw, brev, s, nullptr, nullptr, W, d);
+        if (scale != T(0)) scaleCx(d, N, scale);
+    } else {
+        C* W = reinterpret_cast<C*>(work);
+        radixRun<T, Inv, First::Split>(m, tw, brev, nullptr, srcRe, srcIm, W, W);
+        if (scale != T(0)) {
+            for (int64_t i = 0; i < N; ++i) { dstRe[i] = W[i].re * scale; dstIm[i] = W[i].im * scale; }
+        } else {
+            for (int64_t i = 0; i < N; ++i) { dstRe[i] = W[i].re; dstIm[i] = W[i].im; }
+        }
+    }
+}
+
+#define VRX_FFT_INSTANTIATE(T)                                                                          \
+    template int64_t radixTwiddleCount<T>(int);                                                        \
+    template void initTabTwdL1<T>(int, const SineTab<T>&, Cx<T>*);                                     \
+    template uint8_t* initTabTwdLarge<T>(Plan*, int, const SineTab<T>&, uint8_t*);                     \
+    template int32_t complexWorkSize<T>(int);                                                          \
+    template int64_t largeSpecSize<T>(int);                                                            \
+    template int64_t largeWorkSize<T>(int);                                                            \
+    template void complexTransform<T, false>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*); \
+    template void complexTransform<T, true>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*);
+
+VRX_FFT_INSTANTIATE(float)
+VRX_FFT_INSTANTIATE(double)
+
+}  // namespace n0::fft

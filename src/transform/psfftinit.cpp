@@ -1,0 +1,280 @@
+// FFT plans: size queries and initialisation of the six plan kinds.
+#include "vrx_fft.h"
+#include "vrx_fft_sintab.h"
+#include "vrx_tiers.h"
+#include "vrx_fft_own.h"
+
+#include <math.h>
+
+namespace n0::fft {
+
+namespace {
+
+struct Kind {
+    int32_t id;
+    int maxOrder;
+    bool real;
+    bool dbl;
+};
+constexpr Kind kC32fc{kIdC32fc, 28, false, false};
+constexpr Kind kR32f{kIdR32f, 29, true, false};
+constexpr Kind kC64fc{kIdC64fc, 27, false, true};
+constexpr Kind kR64f{kIdR64f, 28, true, true};
+
+VRX_INLINE bool flagKnown(int flag) { return flag == 8 || flag == 4 || flag == 1 || flag == 2; }
+
+// Size of one recombination table of a real plan.
+int64_t recombSize(const Kind& k, int order) {
+    const int64_t N = int64_t(1) << order;
+    if (!k.dbl) return order <= 18 ? a64(2 * N) : a64(8 * (int64_t(1) << (order - 12)) + 8192);
+    return order <= 16 ? a64(4 * N) : a64(16 * (int64_t(1) << (order - 11)) + 8192);
+}
+
+void sizes(const Kind& k, int order, int32_t& spec, int32_t& init, int32_t& work) {
+    const int64_t N = int64_t(1) << order;
+    const int64_t initBig = k.dbl ? a64(2 * N + 8) + 64 : a64(N + 4) + 64;
+    if (!k.real) {
+        const int64_t e = k.dbl ? 16 : 8;
+        const int radixLast = k.dbl ? Limits<double>::kRadixLast : Limits<float>::kRadixLast;
+        if (order <= 6) { spec = 208; init = 0; work = 0; return; }
+        if (order <= radixLast) {
+            spec = static_cast<int32_t>(a64(e * N + e) + a64(N + 4) + 256);
+            init = static_cast<int32_t>(order < 11 ? 0 : initBig);
+            work = static_cast<int32_t>(a64(e * N) + 64);
+            return;
+        }
+        spec = static_cast<int32_t>((k.dbl ? largeSpecSize<double>(order) : largeSpecSize<float>(order)) + 256);
+        init = static_cast<int32_t>(initBig);
+        work = static_cast<int32_t>((k.dbl ? largeWorkSize<double>(order) : largeWorkSize<float>(order)) + 64);
+        return;
+    }
+    const int64_t M = N / 2;
+    const int64_t e = k.dbl ? 16 : 8;
+    const int64_t Q = recombSize(k, order);
+    const int radixLast = k.dbl ? Limits<double>::kRadixLast : Limits<float>::kRadixLast;
+    if (order <= 4) { spec = 208; init = 0; work = 0; return; }
+    if (order <= 7) { spec = static_cast<int32_t>(2 * a64((k.dbl ? 4 : 2) * N) + 256); init = 0; work = 0; return; }
+    if (order - 1 <= radixLast) {
+        spec = static_cast<int32_t>(a64(e * M + e) + a64(M + 4) + 2 * Q + 256);
+        init = static_cast<int32_t>(order < 11 ? 0 : initBig);
+        work = static_cast<int32_t>(a64(e * M) + 64);
+        return;
+    }
+    spec = static_cast<int32_t>((k.dbl ? largeSpecSize<double>(order - 1) : largeSpecSize<float>(order - 1)) + 2 * Q + 256);
+    init = static_cast<int32_t>(initBig);
+    work = static_cast<int32_t>((k.dbl ? largeWorkSize<double>(order - 1) : largeWorkSize<float>(order - 1)) + 64);
+}
+
+VrxStatus getSize(const Kind& k, int order, int flag, int* pSpec, int* pInit, int* pWork) {
+    if (static_cast<unsigned>(order) > 30u) return vrxErrFftOrder;
+    if (anyNull(pSpec, pInit, pWork)) return vrxErrNullPtr;
+    if (!flagKnown(flag)) return vrxErrFftFlag;
+    if (order > k.maxOrder) return vrxErrFftOrder;
+    int32_t s, i, w;
+    sizes(k, order, s, i, w);
+    *pSpec = s;
+    *pInit = i;
+    *pWork = w;
+    return vrxOk;
+}
+
+// The sine table of resolution 2^order in the init buffer: the first octant
+// by sines, the second by cosines of the complement, so that every argument
+// stays at or below pi/4.
+void owns_initTabTwdBase_64f(int order, double* tab) {
+    const int64_t N = int64_t(1) << order;
+    const double step = 6.283185307179586476925286766559 / static_cast<double>(N);
+    const int64_t e = N / 8, q = N / 4;
+    for (int64_t j = 0; j <= e; ++j) tab[j] = static_cast<double>(j) * step;
+    for (int64_t j = e + 1; j <= q; ++j) tab[j] = static_cast<double>(q - j) * step;
+    N0(vrxsSin_64f_A53)(tab, tab, static_cast<int>(e + 1));
+    N0(vrxsCos_64f_A53)(tab + e + 1, tab + e + 1, static_cast<int>(q - e));
+}
+
+void owns_initTabTwdBase_32f(int order, float* tab) {
+    const int64_t N = int64_t(1) << order;
+    const double step = 6.283185307179586476925286766559 / static_cast<double>(N);
+    const int64_t e = N / 8, q = N / 4;
+    for (int64_t j = 0; j <= e; ++j) tab[j] = static_cast<float>(static_cast<double>(j) * step);
+    for (int64_t j = e + 1; j <= q; ++j) tab[j] = static_cast<float>(static_cast<double>(q - j) * step);
+    N0(vrxsSin_32f_A24)(tab, tab, static_cast<int>(e + 1));
+    N0(vrxsCos_32f_A24)(tab + e + 1, tab + e + 1, static_cast<int>(q - e));
+}
+
+// Recombination tables of a real plan of order n (see the real transforms).
+// Single level: for k = 1 .. N/4 in pairs (k, k+1): two first values then
+// two second values. Two levels: a fine part of F entries in the same
+// pairing, then the coarse factors for k = F*j.
+template <class T> constexpr int kFine = sizeof(T) == 4 ? 1024 : 512;
+template <class T> bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
+
+template <class T> uint8_t* buildRecomb(int order, const SineTab<T>& st, T* d, bool fwd) {
+    const int64_t N = int64_t(1) << order;
+    const int64_t q = N / 4;
+    const bool two = recombTwoLevel<T>(order);
+    const int64_t nFine = two ? kFine<T> : q;
+    for (int64_t k = 1; k <= nFine; ++k) {
+        T c, s;
+        st.cosSin(k, order, c, s);
+        T first, second;
+        if (fwd && !two) { first = T(0.5) * c; second = T(0.5) - T(0.5) * s; }
+        else { first = c; second = -s; }
+        int64_t p = (k - 1) >> 1, w = (k - 1) & 1;
+        d[4 * p + w] = first;
+        d[4 * p + 2 + w] = second;
+    }
+    T* e = d + 2 * nFine;
+    if (two) {
+        for (int64_t j = 0; j < N / (4 * kFine<T>); ++j) {
+            T c, s;
+            st.cosSin(j * kFine<T>, order, c, s);
+            *e++ = c;
+            *e++ = -s;
+        }
+    }
+    return reinterpret_cast<uint8_t*>(e);
+}
+
+template <class T>
+VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint8_t* pSpecMem, uint8_t* pInitBuf) {
+    if (!ppPlan) return vrxErrNullPtr;
+    if (order < 0 || order > k.maxOrder) return vrxErrFftOrder;
+    if (!pSpecMem) return vrxErrNullPtr;
+    Plan* plan = reinterpret_cast<Plan*>(align64(pSpecMem));
+    memset(plan, 0, sizeof(Plan));
+    plan->order = order;
+    plan->algHint = hint;
+    plan->cleared = 0;
+    const int64_t N = int64_t(1) << order;
+    T scale;
+    switch (flag) {
+        case 1: plan->fwdNorm = 1; scale = T(1) / static_cast<T>(N); break;
+        case 2: plan->invNorm = 1; scale = T(1) / static_cast<T>(N); break;
+        case 4: plan->fwdNorm = plan->invNorm = 1; scale = static_cast<T>(1.0 / sqrt(static_cast<double>(N))); break;
+        case 8: scale = T(0); break;
+        default: plan->idWord = 0; return vrxErrFftFlag;
+    }
+    if (sizeof(T) == 4) plan->normScale.f = static_cast<float>(scale);
+    else plan->normScale.d = static_cast<double>(scale);
+    plan->idWord = k.id;
+    const int smallEnd = k.real ? 4 : 6;
+    if (order <= smallEnd) {
+        plan->workSize = 0;
+        *ppPlan = plan;
+        return vrxOk;
+    }
+    SineTab<T> st;
+    if (order < 11) {
+        st.tab = sizeof(T) == 4 ? reinterpret_cast<const T*>(fft_fix_twiddle_table_32f)
+                                : reinterpret_cast<const T*>(fft_fix_twiddle_table_64f);
+        st.tabOrder = 10;
+    } else {
+        if (!pInitBuf) return vrxErrNullPtr;
+        T* tab = reinterpret_cast<T*>(align64(pInitBuf));
+        if constexpr (sizeof(T) == 4) owns_initTabTwdBase_32f(order, tab);
+        else owns_initTabTwdBase_64f(order, tab);
+        st.tab = tab;
+        st.tabOrder = order;
+    }
+    uint8_t* p = reinterpret_cast<uint8_t*>(plan) + sizeof(Plan);
+    const int m = k.real ? order - 1 : order;
+    if (!k.real || order >= 8) {
+        if (m <= Limits<T>::kRadixLast) {
+            plan->bitRevTab = reinterpret_cast<int32_t*>(p);
+            p = initTabBitRevNorm(m, plan->bitRevTab);
+            plan->twiddleTab = p;
+            initTabTwdL1<T>(m, st, reinterpret_cast<Cx<T>*>(p));
+            p += radixTwiddleCount<T>(m) * int64_t(sizeof(Cx<T>));
+        } else {
+            p = initTabTwdLarge<T>(plan, m, st, p);
+        }
+        plan->workSize = complexWorkSize<T>(m);
+    } else {
+        plan->workSize = 0;
+    }
+    if (k.real) {
+        p = align64(p);
+        plan->recombFwdTab = p;
+        p = buildRecomb<T>(order, st, reinterpret_cast<T*>(p), true);
+        p = align64(p);
+        plan->recombInvTab = p;
+        p = buildRecomb<T>(order, st, reinterpret_cast<T*>(p), false);
+    }
+    *ppPlan = plan;
+    return vrxOk;
+}
+
+VRX_INLINE const Plan* asPlan(const void* p) { return static_cast<const Plan*>(p); }
+
+}  // namespace
+
+}  // namespace n0::fft
+
+using namespace n0::fft;
+
+namespace {
+VrxStatus bufSize(const void* plan, int* pSize, int32_t id) {
+    if (!plan || !pSize) return vrxErrNullPtr;
+    const Plan* p = asPlan(plan);
+    if (p->idWord != id) return vrxErrBadSpec;
+    *pSize = p->workSize > 0 ? p->workSize + 64 : 0;
+    return vrxOk;
+}
+}  // namespace
+
+VrxStatus N0(ownsFFTGetBufSize_C_32fc)(const VrxsFftPlan_C_32fc* plan, int* pSize) { return bufSize(plan, pSize, kIdC32fc); }
+VrxStatus N0(ownsFFTGetBufSize_C_32f)(const VrxsFftPlan_C_32f* plan, int* pSize) { return bufSize(plan, pSize, kIdC32f); }
+VrxStatus N0(ownsFFTGetBufSize_R_32f)(const VrxsFftPlan_R_32f* plan, int* pSize) { return bufSize(plan, pSize, kIdR32f); }
+VrxStatus N0(ownsFFTGetBufSize_C_64fc)(const VrxsFftPlan_C_64fc* plan, int* pSize) { return bufSize(plan, pSize, kIdC64fc); }
+VrxStatus N0(ownsFFTGetBufSize_C_64f)(const VrxsFftPlan_C_64f* plan, int* pSize) { return bufSize(plan, pSize, kIdC64f); }
+VrxStatus N0(ownsFFTGetBufSize_R_64f)(const VrxsFftPlan_R_64f* plan, int* pSize) { return bufSize(plan, pSize, kIdR64f); }
+
+VrxStatus N0(vrxsFFTGetSize_C_32fc)(int order, int flag, VrxAlgHint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
+    return getSize(kC32fc, order, flag, pSpecSize, pInitSize, pWorkSize);
+}
+VrxStatus N0(vrxsFFTGetSize_C_32f)(int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
+    return N0(vrxsFFTGetSize_C_32fc)(order, flag, hint, pSpecSize, pInitSize, pWorkSize);
+}
+VrxStatus N0(vrxsFFTGetSize_R_32f)(int order, int flag, VrxAlgHint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
+    return getSize(kR32f, order, flag, pSpecSize, pInitSize, pWorkSize);
+}
+VrxStatus N0(vrxsFFTGetSize_C_64fc)(int order, int flag, VrxAlgHint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
+    return getSize(kC64fc, order, flag, pSpecSize, pInitSize, pWorkSize);
+}
+VrxStatus N0(vrxsFFTGetSize_C_64f)(int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
+    return N0(vrxsFFTGetSize_C_64fc)(order, flag, hint, pSpecSize, pInitSize, pWorkSize);
+}
+VrxStatus N0(vrxsFFTGetSize_R_64f)(int order, int flag, VrxAlgHint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
+    return getSize(kR64f, order, flag, pSpecSize, pInitSize, pWorkSize);
+}
+
+VrxStatus N0(vrxsFFTInit_C_32fc)(VrxsFftPlan_C_32fc** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+    return init<float>(kC32fc, reinterpret_cast<void**>(ppPlan), order, flag, hint, pSpecMem, pInitBuf);
+}
+VrxStatus N0(vrxsFFTInit_C_64fc)(VrxsFftPlan_C_64fc** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+    return init<double>(kC64fc, reinterpret_cast<void**>(ppPlan), order, flag, hint, pSpecMem, pInitBuf);
+}
+VrxStatus N0(vrxsFFTInit_R_32f)(VrxsFftPlan_R_32f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+    return init<float>(kR32f, reinterpret_cast<void**>(ppPlan), order, flag, hint, pSpecMem, pInitBuf);
+}
+VrxStatus N0(vrxsFFTInit_R_64f)(VrxsFftPlan_R_64f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+    return init<double>(kR64f, reinterpret_cast<void**>(ppPlan), order, flag, hint, pSpecMem, pInitBuf);
+}
+
+// The split-data plans are the interleaved ones under their own identity word.
+VrxStatus N0(vrxsFFTInit_C_32f)(VrxsFftPlan_C_32f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+    VrxsFftPlan_C_32fc* p = nullptr;
+    VrxStatus st = N0(vrxsFFTInit_C_32fc)(ppPlan ? &p : nullptr, order, flag, hint, pSpecMem, pInitBuf);
+    if (st != vrxOk) return st;
+    reinterpret_cast<Plan*>(p)->idWord = kIdC32f;
+    *ppPlan = reinterpret_cast<VrxsFftPlan_C_32f*>(p);
+    return vrxOk;
+}
+VrxStatus N0(vrxsFFTInit_C_64f)(VrxsFftPlan_C_64f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+    VrxsFftPlan_C_64fc* p = nullptr;
+    VrxStatus st = N0(vrxsFFTInit_C_64fc)(ppPlan ? &p : nullptr, order, flag, hint, pSpecMem, pInitBuf);
+    if (st != vrxOk) return st;
+    reinterpret_cast<Plan*>(p)->idWord = kIdC64f;
+    *ppPlan = reinterpret_cast<VrxsFftPlan_C_64f*>(p);
+    return vrxOk;
+}

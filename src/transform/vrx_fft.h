@@ -1,0 +1,113 @@
+// Internals of the FFT: the plan record, its kinds and limits, the size
+// rules, and the engine entries shared by the complex and real transforms.
+#pragma once
+
+#include "vrx_base.h"
+
+#include <stdint.h>
+#include <string.h>
+
+namespace n0::fft {
+
+// Identity words of the six plan kinds.
+constexpr int32_t kIdC32fc = 4, kIdC32f = 5, kIdR32f = 6, kIdC64fc = 7, kIdC64f = 8, kIdR64f = 9;
+
+// The plan header. It sits on a 64-byte boundary of the caller's block; the
+// tables follow it in the same block.
+struct Plan {
+    int32_t idWord;
+    int32_t order;
+    int32_t fwdNorm;
+    int32_t invNorm;
+    union { float f; double d; } normScale;
+    int32_t algHint;
+    int32_t workSize;      // bytes of work buffer, without the 64 bytes of slack
+    int32_t cleared;
+    int32_t reserved;
+    int32_t* bitRevTab;
+    void* twiddleTab;
+    void* recombFwdTab;
+    void* recombInvTab;
+    void* stepTab[3];
+};
+static_assert(sizeof(Plan) == 96, "plan header must stay within the fixed slack of the size rules");
+
+VRX_INLINE uintptr_t align64(uintptr_t a) { return (a + 63) & ~uintptr_t(63); }
+template <class T> VRX_INLINE T* align64(T* p) { return reinterpret_cast<T*>(align64(reinterpret_cast<uintptr_t>(p))); }
+VRX_INLINE int32_t a64(int64_t x) { return static_cast<int32_t>((x + 63) & ~int64_t(63)); }
+
+// Per-width constants of the engine.
+template <class T> struct Limits;
+template <> struct Limits<float> {
+    static constexpr int kRadixLast = 18;      // highest order of the radix engine alone
+    static constexpr int kTileOrder = 6;       // large path: 64 x 64 tiles
+    static constexpr int kMinWork = 65536;     // two tiles
+    static constexpr int kChunk = 2048;        // complex elements of a cache chunk
+    static constexpr int kLargeFirst = 19;
+};
+template <> struct Limits<double> {
+    static constexpr int kRadixLast = 17;
+    static constexpr int kTileOrder = 5;       // 32 x 32 tiles
+    static constexpr int kMinWork = 32768;
+    static constexpr int kChunk = 1024;
+    static constexpr int kLargeFirst = 18;
+};
+
+// Large-path order tables: block order and buffer order by complex order.
+template <class T> VRX_INLINE int blockOrder(int m) {
+    return (m < Limits<T>::kLargeFirst) ? 0 : (m <= Limits<T>::kLargeFirst + 3 ? 4 : 8);
+}
+template <class T> VRX_INLINE int bufferOrder(int m) {
+    int b = blockOrder<T>(m);
+    if (b == 0) return 0;
+    return (sizeof(T) == 4 ? 10 : 9) + (b == 8 ? 4 : 0);
+}
+
+// Table builders and the engine (templates instantiated for float and
+// double in the engine modules).
+template <class T> struct Cx { T re, im; };
+
+// sin(2*pi*j/R) for j = 0 .. R/4 with R = 2^tabOrder.
+template <class T> struct SineTab {
+    const T* tab;
+    int tabOrder;
+    // cos and sin of 2*pi*j/2^ord for any j (ord <= tabOrder).
+    VRX_INLINE void cosSin(int64_t j, int ord, T& c, T& s) const {
+        int64_t R = int64_t(1) << tabOrder;
+        int64_t q = (j << (tabOrder - ord)) & (R - 1);
+        int64_t Q = R >> 2;
+        int quad = static_cast<int>(q / Q);
+        int64_t r = q - quad * Q;
+        T sv = tab[r], cv = tab[Q - r];
+        switch (quad) {
+            case 0: c = cv; s = sv; break;
+            case 1: c = -sv; s = cv; break;
+            case 2: c = -cv; s = -sv; break;
+            default: c = sv; s = -cv; break;
+        }
+    }
+};
+
+// Bytes of the radix engine's twiddle table for complex order m.
+template <class T> int64_t radixTwiddleCount(int m);
+// Builds the bit-reversal table; returns the next 64-byte boundary.
+uint8_t* initTabBitRevNorm(int m, int32_t* tab);
+// Builds the radix engine's per-pass twiddle table for order m.
+template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* dst);
+// Builds the large path's tables at pBase; returns the end; fills the plan's
+// bitRevTab, twiddleTab and stepTab.
+template <class T> uint8_t* initTabTwdLarge(Plan* plan, int m, const SineTab<T>& st, uint8_t* pBase);
+// Work bytes of a complex transform of order m (without slack).
+template <class T> int32_t complexWorkSize(int m);
+// Size of the table part of a complex plan of order m (S of the size rules for large orders).
+template <class T> int64_t largeSpecSize(int m);
+template <class T> int64_t largeWorkSize(int m);
+
+// Complex transform of order m over the plan's tables. Data layouts: the
+// interleaved form (re pointer only, im null) or split arrays. The scale is
+// applied when scale != 0.
+template <class T, bool Inv>
+void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
+                      bool split, T scale, uint8_t* work);
+
+}  // namespace n0::fft

@@ -1,0 +1,132 @@
+// FFT as a user sees it: plan sizes and checks, complex and real transforms
+// against a long-double reference, the packed forms and their operations.
+#include "test_fft_common.h"
+
+using namespace ft;
+
+namespace {
+
+constexpr int kFlags[] = {vrxFftScaleFwd, vrxFftScaleInv, vrxFftScaleSqrt, vrxFftScaleNone};
+
+// ------------------------------------------------------------ complex accuracy
+
+template <class T> void complexAccuracy(int maxOrder) {
+    for (int order = 0; order <= maxOrder; ++order) {
+        const size_t n = size_t(1) << order;
+        auto x = roundTo<T>(randomSignal(n, 1000 + order));
+        auto fwdRef = refDft(x, false);
+        auto invRef = refDft(x, true);
+        int combo = 0;
+        for (Layout lay : {Layout::Interleaved, Layout::Split})
+            for (bool inverse : {false, true})
+                for (bool inPlace : {false, true}) {
+                    int flag = kFlags[(order + combo++) % 4];
+                    size_t mis = (combo & 1) ? 4 : 0;
+                    auto y = runComplex<T>(lay, order, flag, inverse, inPlace, mis, x);
+                    LD s = flagScale(flag, inverse, order);
+                    auto ref = inverse ? invRef : fwdRef;
+                    for (auto& v : ref) v *= s;
+                    LD err = relRms(y, ref);
+                    if (getenv("FFT_SHOW")) printf("%d %d %d %d %d %Le\n", order, (int)(lay == Layout::Split), inverse, inPlace, flag, err);
+                    EXPECT_LE(err, bound<T>(order)) << "order " << order << " split " << (lay == Layout::Split)
+                                                    << " inv " << inverse << " inplace " << inPlace << " flag " << flag;
+                }
+    }
+}
+
+TEST(FftComplex, AccuracySingleEveryOrderTo16) { complexAccuracy<float>(16); }
+TEST(FftComplex, AccuracyDoubleEveryOrderTo16) { complexAccuracy<double>(16); }
+
+}  // namespace
+
+namespace {
+
+// ------------------------------------------------------------ real accuracy
+
+enum class Packed { CCS, Pack, Perm };
+
+// Packs a reference spectrum X[0..N/2] into a form.
+template <class T> std::vector<T> packRef(const std::vector<CLD>& X, int order, Packed f, LD s) {
+    const size_t n = size_t(1) << order;
+    std::vector<T> p(f == Packed::CCS ? n + 2 : n);
+    auto R = [&](size_t k) { return static_cast<T>(X[k].real() * s); };
+    auto I = [&](size_t k) { return static_cast<T>(X[k].imag() * s); };
+    if (n == 1) { p[0] = R(0); if (f == Packed::CCS) p[1] = 0; return p; }
+    if (f == Packed::CCS) {
+        for (size_t k = 0; k <= n / 2; ++k) { p[2 * k] = R(k); p[2 * k + 1] = I(k); }
+        p[1] = 0; p[n + 1] = 0;
+    } else if (f == Packed::Pack) {
+        p[0] = R(0);
+        for (size_t k = 1; k < n / 2; ++k) { p[2 * k - 1] = R(k); p[2 * k] = I(k); }
+        p[n - 1] = R(n / 2);
+    } else {
+        p[0] = R(0); p[1] = R(n / 2);
+        for (size_t k = 1; k < n / 2; ++k) { p[2 * k] = R(k); p[2 * k + 1] = I(k); }
+    }
+    return p;
+}
+
+template <class T> LD relRmsReal(const T* y, const std::vector<T>& ref) {
+    LD num = 0, den = 0;
+    for (size_t i = 0; i < ref.size(); ++i) {
+        LD d = static_cast<LD>(y[i]) - ref[i];
+        num += d * d;
+        den += static_cast<LD>(ref[i]) * ref[i];
+    }
+    return den == 0 ? sqrtl(num) : sqrtl(num / den);
+}
+
+template <class T> void realAccuracy(int minOrder, int maxOrder) {
+    using A = Api<T>;
+    for (int order = minOrder; order <= maxOrder; ++order) {
+        const size_t n = size_t(1) << order;
+        vt::Rng rng(77 + order);
+        std::vector<CLD> x(n);
+        for (auto& v : x) v = CLD(static_cast<T>(rng.uniform() * 2 - 1), 0);
+        auto X = refDft(x, false);
+        int combo = 0;
+        for (Packed f : {Packed::CCS, Packed::Pack, Packed::Perm})
+            for (bool inPlace : {false, true}) {
+                int flag = kFlags[(order + combo++) % 4];
+                PlanMem mem;
+                auto* plan = makePlan(A::kr(), order, flag, mem, (combo & 1) * 8);
+                ASSERT_NE(plan, nullptr);
+                const size_t len = (f == Packed::CCS) ? n + 2 : n;
+                vt::Buffer src(len * sizeof(T), 4), dst(len * sizeof(T), (combo & 2) ? 0 : 12);
+                for (size_t i = 0; i < n; ++i) src.as<T>()[i] = static_cast<T>(x[i].real());
+                T* s = src.as<T>();
+                T* d = inPlace ? s : dst.as<T>();
+                Vrx8u* w = mem.workPtr();
+                VrxStatus st;
+                if (f == Packed::CCS) st = inPlace ? A::fwdCCSI(s, plan, w) : A::fwdCCS(s, d, plan, w);
+                else if (f == Packed::Pack) st = inPlace ? A::fwdPackI(s, plan, w) : A::fwdPack(s, d, plan, w);
+                else st = inPlace ? A::fwdPermI(s, plan, w) : A::fwdPerm(s, d, plan, w);
+                ASSERT_EQ(st, vrxOk);
+                auto ref = packRef<T>(X, order, f, flagScale(flag, false, order));
+                LD err = relRmsReal(d, ref);
+                if (getenv("FFT_SHOW")) printf("R %d %d %d %d %Le\n", order, (int)f, inPlace, flag, err);
+                EXPECT_LE(err, bound<T>(order)) << "order " << order << " form " << int(f) << " inplace " << inPlace;
+                // back again: the round trip restores the input times the flags' product
+                vt::Buffer back(n * sizeof(T), 20);
+                T* b = inPlace ? d : back.as<T>();
+                if (f == Packed::CCS) st = inPlace ? A::invCCSI(d, plan, w) : A::invCCS(d, b, plan, w);
+                else if (f == Packed::Pack) st = inPlace ? A::invPackI(d, plan, w) : A::invPack(d, b, plan, w);
+                else st = inPlace ? A::invPermI(d, plan, w) : A::invPerm(d, b, plan, w);
+                ASSERT_EQ(st, vrxOk);
+                LD s2 = flagScale(flag, false, order) * flagScale(flag, true, order);
+                std::vector<T> xr(n);
+                for (size_t i = 0; i < n; ++i) xr[i] = static_cast<T>(x[i].real() * s2 * static_cast<LD>(n));
+                LD err2 = relRmsReal(b, xr);
+                EXPECT_LE(err2, bound<T>(order)) << "round trip order " << order << " form " << int(f);
+                EXPECT_TRUE(src.guardsIntact() && dst.guardsIntact() && back.guardsIntact());
+                if (mem.work) {
+                    EXPECT_TRUE(mem.work->guardsIntact());
+                }
+            }
+    }
+}
+
+TEST(FftReal, AccuracySingleEveryOrderTo17) { realAccuracy<float>(0, 17); }
+TEST(FftReal, AccuracyDoubleEveryOrderTo17) { realAccuracy<double>(0, 17); }
+
+}  // namespace

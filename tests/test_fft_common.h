@@ -1,0 +1,242 @@
+// Shared pieces of the FFT tests: plans held in guarded memory, reference
+// transforms in long double, error measures.
+#pragma once
+
+#include <math.h>
+
+#include <complex>
+#include <memory>
+#include <vector>
+
+#include "vrx_test.h"
+
+namespace ft {
+
+using LD = long double;
+using CLD = std::complex<LD>;
+
+// Naive DFT for short lengths, a long-double radix-2 FFT with exactly
+// computed twiddles above.
+inline std::vector<CLD> refDft(const std::vector<CLD>& x, bool inverse) {
+    const size_t n = x.size();
+    const LD sgn = inverse ? 1.0L : -1.0L;
+    const LD twoPi = 6.283185307179586476925286766559005768L;
+    if (n <= 256) {
+        std::vector<CLD> y(n);
+        for (size_t k = 0; k < n; ++k) {
+            CLD acc = 0;
+            for (size_t j = 0; j < n; ++j) {
+                LD a = twoPi * static_cast<LD>((j * k) % n) / static_cast<LD>(n);
+                acc += x[j] * CLD(cosl(a), sgn * sinl(a));
+            }
+            y[k] = acc;
+        }
+        return y;
+    }
+    std::vector<CLD> a(x);
+    for (size_t i = 1, j = 0; i < n; ++i) {
+        size_t bit = n >> 1;
+        for (; j & bit; bit >>= 1) j ^= bit;
+        j ^= bit;
+        if (i < j) std::swap(a[i], a[j]);
+    }
+    std::vector<CLD> w(n / 2);
+    for (size_t k = 0; k < n / 2; ++k) {
+        LD ang = twoPi * static_cast<LD>(k) / static_cast<LD>(n);
+        w[k] = CLD(cosl(ang), sgn * sinl(ang));
+    }
+    for (size_t len = 2; len <= n; len <<= 1) {
+        size_t step = n / len;
+        for (size_t i = 0; i < n; i += len)
+            for (size_t k = 0; k < len / 2; ++k) {
+                CLD u = a[i + k], v = a[i + k + len / 2] * w[k * step];
+                a[i + k] = u + v;
+                a[i + k + len / 2] = u - v;
+            }
+    }
+    return a;
+}
+
+inline LD relRms(const std::vector<CLD>& y, const std::vector<CLD>& ref) {
+    LD num = 0, den = 0;
+    for (size_t i = 0; i < y.size(); ++i) {
+        num += std::norm(y[i] - ref[i]);
+        den += std::norm(ref[i]);
+    }
+    return den == 0 ? sqrtl(num) : sqrtl(num / den);
+}
+
+// The accuracy bound: 2e-7 log2 N single, 4e-16 log2 N double (order 0
+// counts as 1).
+template <class T> LD bound(int order) {
+    LD l = order < 1 ? 1 : order;
+    return (sizeof(T) == 4 ? 2e-7L : 4e-16L) * l;
+}
+
+// Memory for a plan: spec block at a chosen misalignment, init buffer and a
+// work buffer, each from the sizes the library reports.
+struct PlanMem {
+    std::unique_ptr<vt::Buffer> spec, init, work;
+    int specSize = 0, initSize = 0, workSize = 0;
+    Vrx8u* workPtr() { return work ? work->data() : nullptr; }
+};
+
+template <class P>
+struct PlanKind {
+    VrxStatus (*getSize)(int, int, VrxAlgHint, int*, int*, int*);
+    VrxStatus (*init)(P**, int, int, VrxAlgHint, Vrx8u*, Vrx8u*);
+};
+
+template <class P>
+P* makePlan(const PlanKind<P>& k, int order, int flag, PlanMem& mem, size_t misalign = 0) {
+    if (k.getSize(order, flag, 0, &mem.specSize, &mem.initSize, &mem.workSize) != vrxOk) return nullptr;
+    mem.spec = std::make_unique<vt::Buffer>(mem.specSize, misalign);
+    if (mem.initSize > 0) mem.init = std::make_unique<vt::Buffer>(mem.initSize, misalign);
+    if (mem.workSize > 0) mem.work = std::make_unique<vt::Buffer>(mem.workSize, misalign ? 64 - misalign % 64 : 0);
+    P* plan = nullptr;
+    if (k.init(&plan, order, flag, 0, mem.spec->data(), mem.init ? mem.init->data() : nullptr) != vrxOk) return nullptr;
+    return plan;
+}
+
+inline const PlanKind<VrxsFftPlan_C_32fc> kC32fc{vrxsFFTGetSize_C_32fc, vrxsFFTInit_C_32fc};
+inline const PlanKind<VrxsFftPlan_C_32f> kC32f{vrxsFFTGetSize_C_32f, vrxsFFTInit_C_32f};
+inline const PlanKind<VrxsFftPlan_R_32f> kR32f{vrxsFFTGetSize_R_32f, vrxsFFTInit_R_32f};
+inline const PlanKind<VrxsFftPlan_C_64fc> kC64fc{vrxsFFTGetSize_C_64fc, vrxsFFTInit_C_64fc};
+inline const PlanKind<VrxsFftPlan_C_64f> kC64f{vrxsFFTGetSize_C_64f, vrxsFFTInit_C_64f};
+inline const PlanKind<VrxsFftPlan_R_64f> kR64f{vrxsFFTGetSize_R_64f, vrxsFFTInit_R_64f};
+
+// Per-width access to the complex and real transforms.
+template <class T> struct Api;
+template <> struct Api<float> {
+    using C = Vrx32fc;
+    using PC = VrxsFftPlan_C_32fc;
+    using PS = VrxsFftPlan_C_32f;
+    using PR = VrxsFftPlan_R_32f;
+    static const PlanKind<PC>& kc() { return kC32fc; }
+    static const PlanKind<PS>& ks() { return kC32f; }
+    static const PlanKind<PR>& kr() { return kR32f; }
+    static constexpr auto fwdC = vrxsFFTFwd_CToC_32fc;
+    static constexpr auto invC = vrxsFFTInv_CToC_32fc;
+    static constexpr auto fwdCI = vrxsFFTFwd_CToC_32fc_I;
+    static constexpr auto invCI = vrxsFFTInv_CToC_32fc_I;
+    static constexpr auto fwdS = vrxsFFTFwd_CToC_32f;
+    static constexpr auto invS = vrxsFFTInv_CToC_32f;
+    static constexpr auto fwdSI = vrxsFFTFwd_CToC_32f_I;
+    static constexpr auto invSI = vrxsFFTInv_CToC_32f_I;
+    static constexpr auto fwdCCS = vrxsFFTFwd_RToCCS_32f;
+    static constexpr auto fwdPack = vrxsFFTFwd_RToPack_32f;
+    static constexpr auto fwdPerm = vrxsFFTFwd_RToPerm_32f;
+    static constexpr auto invCCS = vrxsFFTInv_CCSToR_32f;
+    static constexpr auto invPack = vrxsFFTInv_PackToR_32f;
+    static constexpr auto invPerm = vrxsFFTInv_PermToR_32f;
+    static constexpr auto fwdCCSI = vrxsFFTFwd_RToCCS_32f_I;
+    static constexpr auto fwdPackI = vrxsFFTFwd_RToPack_32f_I;
+    static constexpr auto fwdPermI = vrxsFFTFwd_RToPerm_32f_I;
+    static constexpr auto invCCSI = vrxsFFTInv_CCSToR_32f_I;
+    static constexpr auto invPackI = vrxsFFTInv_PackToR_32f_I;
+    static constexpr auto invPermI = vrxsFFTInv_PermToR_32f_I;
+    static constexpr int maxC = 28, maxR = 29;
+};
+template <> struct Api<double> {
+    using C = Vrx64fc;
+    using PC = VrxsFftPlan_C_64fc;
+    using PS = VrxsFftPlan_C_64f;
+    using PR = VrxsFftPlan_R_64f;
+    static const PlanKind<PC>& kc() { return kC64fc; }
+    static const PlanKind<PS>& ks() { return kC64f; }
+    static const PlanKind<PR>& kr() { return kR64f; }
+    static constexpr auto fwdC = vrxsFFTFwd_CToC_64fc;
+    static constexpr auto invC = vrxsFFTInv_CToC_64fc;
+    static constexpr auto fwdCI = vrxsFFTFwd_CToC_64fc_I;
+    static constexpr auto invCI = vrxsFFTInv_CToC_64fc_I;
+    static constexpr auto fwdS = vrxsFFTFwd_CToC_64f;
+    static constexpr auto invS = vrxsFFTInv_CToC_64f;
+    static constexpr auto fwdSI = vrxsFFTFwd_CToC_64f_I;
+    static constexpr auto invSI = vrxsFFTInv_CToC_64f_I;
+    static constexpr auto fwdCCS = vrxsFFTFwd_RToCCS_64f;
+    static constexpr auto fwdPack = vrxsFFTFwd_RToPack_64f;
+    static constexpr auto fwdPerm = vrxsFFTFwd_RToPerm_64f;
+    static constexpr auto invCCS = vrxsFFTInv_CCSToR_64f;
+    static constexpr auto invPack = vrxsFFTInv_PackToR_64f;
+    static constexpr auto invPerm = vrxsFFTInv_PermToR_64f;
+    static constexpr auto fwdCCSI = vrxsFFTFwd_RToCCS_64f_I;
+    static constexpr auto fwdPackI = vrxsFFTFwd_RToPack_64f_I;
+    static constexpr auto fwdPermI = vrxsFFTFwd_RToPerm_64f_I;
+    static constexpr auto invCCSI = vrxsFFTInv_CCSToR_64f_I;
+    static constexpr auto invPackI = vrxsFFTInv_PackToR_64f_I;
+    static constexpr auto invPermI = vrxsFFTInv_PermToR_64f_I;
+    static constexpr int maxC = 27, maxR = 28;
+};
+
+enum class Layout { Interleaved, Split };
+
+// Runs one complex transform through the chosen entry and returns the
+// result; the input stays untouched for out-of-place calls.
+template <class T>
+std::vector<CLD> runComplex(Layout lay, int order, int flag, bool inverse, bool inPlace, size_t misalign,
+                            const std::vector<CLD>& x, VrxStatus* pst = nullptr) {
+    using A = Api<T>;
+    const size_t n = size_t(1) << order;
+    PlanMem mem;
+    std::vector<CLD> out(n);
+    VrxStatus st;
+    if (lay == Layout::Interleaved) {
+        auto* plan = makePlan(A::kc(), order, flag, mem, misalign);
+        EXPECT_NE(plan, nullptr);
+        vt::Buffer src(n * sizeof(typename A::C), misalign), dst(n * sizeof(typename A::C), misalign ? 0 : 8);
+        T* s = src.as<T>();
+        for (size_t i = 0; i < n; ++i) { s[2 * i] = static_cast<T>(x[i].real()); s[2 * i + 1] = static_cast<T>(x[i].imag()); }
+        auto* sc = src.as<typename A::C>();
+        auto* dc = dst.as<typename A::C>();
+        if (inPlace) st = inverse ? A::invCI(sc, plan, mem.workPtr()) : A::fwdCI(sc, plan, mem.workPtr());
+        else st = inverse ? A::invC(sc, dc, plan, mem.workPtr()) : A::fwdC(sc, dc, plan, mem.workPtr());
+        const T* r = inPlace ? s : dst.as<T>();
+        for (size_t i = 0; i < n; ++i) out[i] = CLD(r[2 * i], r[2 * i + 1]);
+        EXPECT_TRUE(src.guardsIntact() && dst.guardsIntact());
+    } else {
+        auto* plan = makePlan(A::ks(), order, flag, mem, misalign);
+        EXPECT_NE(plan, nullptr);
+        vt::Buffer sr(n * sizeof(T), misalign), si(n * sizeof(T), 4), dr(n * sizeof(T), 12), di(n * sizeof(T), misalign);
+        for (size_t i = 0; i < n; ++i) { sr.as<T>()[i] = static_cast<T>(x[i].real()); si.as<T>()[i] = static_cast<T>(x[i].imag()); }
+        if (inPlace) st = inverse ? A::invSI(sr.as<T>(), si.as<T>(), plan, mem.workPtr()) : A::fwdSI(sr.as<T>(), si.as<T>(), plan, mem.workPtr());
+        else st = inverse ? A::invS(sr.as<T>(), si.as<T>(), dr.as<T>(), di.as<T>(), plan, mem.workPtr())
+                          : A::fwdS(sr.as<T>(), si.as<T>(), dr.as<T>(), di.as<T>(), plan, mem.workPtr());
+        const T* rr = inPlace ? sr.as<T>() : dr.as<T>();
+        const T* ri = inPlace ? si.as<T>() : di.as<T>();
+        for (size_t i = 0; i < n; ++i) out[i] = CLD(rr[i], ri[i]);
+        EXPECT_TRUE(sr.guardsIntact() && si.guardsIntact() && dr.guardsIntact() && di.guardsIntact());
+    }
+    if (mem.work) {
+        EXPECT_TRUE(mem.work->guardsIntact());
+    }
+    EXPECT_TRUE(mem.spec->guardsIntact());
+    if (pst) {
+        *pst = st;
+    } else {
+        EXPECT_EQ(st, vrxOk);
+    }
+    return out;
+}
+
+// Scale that a flag applies in a direction.
+inline LD flagScale(int flag, bool inverse, int order) {
+    LD n = ldexpl(1.0L, order);
+    if (flag == vrxFftScaleSqrt) return 1.0L / sqrtl(n);
+    if ((flag == vrxFftScaleFwd && !inverse) || (flag == vrxFftScaleInv && inverse)) return 1.0L / n;
+    return 1.0L;
+}
+
+inline std::vector<CLD> randomSignal(size_t n, uint64_t seed) {
+    vt::Rng rng(seed);
+    std::vector<CLD> x(n);
+    for (auto& v : x) v = CLD(rng.uniform() * 2 - 1, rng.uniform() * 2 - 1);
+    return x;
+}
+
+// Rounds a signal to the element width, so the reference sees the same input.
+template <class T> std::vector<CLD> roundTo(std::vector<CLD> x) {
+    for (auto& v : x) v = CLD(static_cast<T>(v.real()), static_cast<T>(v.imag()));
+    return x;
+}
+
+}  // namespace ft
