@@ -1,0 +1,143 @@
+// FFT against FFTW 3 (plans made with FFTW_MEASURE, only the execute call
+// timed): complex single and double, in place and out of place, and the real
+// forward transform to CCS against r2c, at orders 4 to 22.
+//
+//   bench_fft --benchmark_min_time=0.05s [--benchmark_filter=c32]
+// Names: <series>/<impl>/<order>, series c32ip c32op c64ip c64op r32 r64,
+// impl vrx or fftw.
+#include <benchmark/benchmark.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include <string>
+
+#include "vrxs.h"
+#ifdef VRX_HAVE_FFTW
+#include <fftw3.h>
+#endif
+
+namespace {
+
+constexpr int kMinOrder = 4, kMaxOrder = 22;
+
+void* allocBytes(size_t n) { return aligned_alloc(64, (n + 63) & ~size_t(63)); }
+
+template <class T> void fillRandom(T* p, size_t n) {
+    uint64_t s = 12345;
+    for (size_t i = 0; i < n; ++i) {
+        s = s * 6364136223846793005ull + 1442695040888963407ull;
+        p[i] = static_cast<T>(static_cast<double>(s >> 11) * 0x1.0p-53 - 0.5);
+    }
+}
+
+// Our side: a plan of the kind, then one transform per iteration.
+template <class T, bool Real>
+void benchVrx(benchmark::State& state, int order, bool inPlace) {
+    const size_t n = size_t(1) << order;
+    int specSize, initSize, workSize;
+    VrxStatus st;
+    if constexpr (Real) st = sizeof(T) == 4 ? vrxsFFTGetSize_R_32f(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize)
+                                            : vrxsFFTGetSize_R_64f(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize);
+    else st = sizeof(T) == 4 ? vrxsFFTGetSize_C_32fc(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize)
+                             : vrxsFFTGetSize_C_64fc(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize);
+    if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
+    Vrx8u* spec = static_cast<Vrx8u*>(allocBytes(specSize));
+    Vrx8u* init = initSize ? static_cast<Vrx8u*>(allocBytes(initSize)) : nullptr;
+    Vrx8u* work = workSize ? static_cast<Vrx8u*>(allocBytes(workSize)) : nullptr;
+    const size_t reals = Real ? n + 2 : 2 * n;
+    T* src = static_cast<T*>(allocBytes(reals * sizeof(T)));
+    T* dst = static_cast<T*>(allocBytes(reals * sizeof(T)));
+    fillRandom(src, reals);
+    memcpy(dst, src, reals * sizeof(T));
+    void* plan = nullptr;
+    if constexpr (Real) {
+        if constexpr (sizeof(T) == 4) st = vrxsFFTInit_R_32f(reinterpret_cast<VrxsFftPlan_R_32f**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+        else st = vrxsFFTInit_R_64f(reinterpret_cast<VrxsFftPlan_R_64f**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+    } else {
+        if constexpr (sizeof(T) == 4) st = vrxsFFTInit_C_32fc(reinterpret_cast<VrxsFftPlan_C_32fc**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+        else st = vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+    }
+    if (st != vrxOk) { state.SkipWithError("Init"); return; }
+    T* out = inPlace ? src : dst;
+    for (auto _ : state) {
+        if constexpr (Real) {
+            if constexpr (sizeof(T) == 4) vrxsFFTFwd_RToCCS_32f(src, out, static_cast<VrxsFftPlan_R_32f*>(plan), work);
+            else vrxsFFTFwd_RToCCS_64f(src, out, static_cast<VrxsFftPlan_R_64f*>(plan), work);
+        } else {
+            if constexpr (sizeof(T) == 4)
+                vrxsFFTFwd_CToC_32fc(reinterpret_cast<Vrx32fc*>(src), reinterpret_cast<Vrx32fc*>(out), static_cast<VrxsFftPlan_C_32fc*>(plan), work);
+            else
+                vrxsFFTFwd_CToC_64fc(reinterpret_cast<Vrx64fc*>(src), reinterpret_cast<Vrx64fc*>(out), static_cast<VrxsFftPlan_C_64fc*>(plan), work);
+        }
+        benchmark::DoNotOptimize(out);
+        benchmark::ClobberMemory();
+    }
+    state.counters["ns_per_fft"] = benchmark::Counter(static_cast<double>(state.iterations()),
+                                                      benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    free(spec); free(init); free(work); free(src); free(dst);
+}
+
+#ifdef VRX_HAVE_FFTW
+template <class T, bool Real>
+void benchFftw(benchmark::State& state, int order, bool inPlace) {
+    const int n = 1 << order;
+    const size_t reals = Real ? size_t(n) + 2 : 2 * size_t(n);
+    T* src = static_cast<T*>(allocBytes(reals * sizeof(T)));
+    T* dst = static_cast<T*>(allocBytes(reals * sizeof(T)));
+    T* out = inPlace ? src : dst;
+    if constexpr (sizeof(T) == 4) {
+        fftwf_plan p = Real ? fftwf_plan_dft_r2c_1d(n, src, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE)
+                            : fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(src), reinterpret_cast<fftwf_complex*>(out),
+                                                FFTW_FORWARD, FFTW_MEASURE);
+        fillRandom(src, reals);
+        for (auto _ : state) {
+            fftwf_execute(p);
+            benchmark::ClobberMemory();
+        }
+        fftwf_destroy_plan(p);
+    } else {
+        fftw_plan p = Real ? fftw_plan_dft_r2c_1d(n, src, reinterpret_cast<fftw_complex*>(out), FFTW_MEASURE)
+                           : fftw_plan_dft_1d(n, reinterpret_cast<fftw_complex*>(src), reinterpret_cast<fftw_complex*>(out),
+                                              FFTW_FORWARD, FFTW_MEASURE);
+        fillRandom(src, reals);
+        for (auto _ : state) {
+            fftw_execute(p);
+            benchmark::ClobberMemory();
+        }
+        fftw_destroy_plan(p);
+    }
+    state.counters["ns_per_fft"] = benchmark::Counter(static_cast<double>(state.iterations()),
+                                                      benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    free(src); free(dst);
+}
+#endif
+
+template <class T, bool Real>
+void addSeries(const char* name, bool inPlace) {
+    for (int order = kMinOrder; order <= kMaxOrder; ++order) {
+        std::string base = std::string(name) + "/";
+        benchmark::RegisterBenchmark((base + "vrx/" + std::to_string(order)).c_str(),
+                                     [order, inPlace](benchmark::State& s) { benchVrx<T, Real>(s, order, inPlace); })
+            ->Unit(benchmark::kNanosecond);
+#ifdef VRX_HAVE_FFTW
+        benchmark::RegisterBenchmark((base + "fftw/" + std::to_string(order)).c_str(),
+                                     [order, inPlace](benchmark::State& s) { benchFftw<T, Real>(s, order, inPlace); })
+            ->Unit(benchmark::kNanosecond);
+#endif
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    addSeries<float, false>("c32ip", true);
+    addSeries<float, false>("c32op", false);
+    addSeries<double, false>("c64ip", true);
+    addSeries<double, false>("c64op", false);
+    addSeries<float, true>("r32", false);
+    addSeries<double, true>("r64", false);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
