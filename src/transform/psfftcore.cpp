@@ -2,6 +2,11 @@
 // radix-4/8 pass engine with the input permuted in its first pass, and the
 // blocked large path with tile bit reversal. Also the builders of the tables
 // that the engine reads, so that the layout lives in one place.
+// The vectorisers of g++ 12 turn complex products into fused
+// multiply-add-subtract instructions whatever the contraction setting; they
+// stay off here, and the vector code is written out by hand.
+#pragma GCC optimize("no-tree-vectorize")
+
 #include "vrx_fft.h"
 #include "vrx_fft_simd.h"
 #include "vrx_fft_sintab.h"
