@@ -2,14 +2,17 @@
 // radix-4/8 pass engine with the input permuted in its first pass, and the
 // blocked large path with tile bit reversal. Also the builders of the tables
 // that the engine reads, so that the layout lives in one place.
+#include "vrx_fft.h"
+#include "vrx_fft_simd.h"
+#include "vrx_fft_sintab.h"
+
 // The vectorisers of g++ 12 turn complex products into fused
 // multiply-add-subtract instructions whatever the contraction setting; they
 // stay off here, and the vector code is written out by hand.
 #pragma GCC optimize("no-tree-vectorize")
-
-#include "vrx_fft.h"
-#include "vrx_fft_simd.h"
-#include "vrx_fft_sintab.h"
+// The shuffle intrinsics of g++ 12 start from an undefined register, which
+// its uninitialised-value analysis reports once they are inlined.
+#pragma GCC diagnostic ignored "-Wuninitialized"
 
 namespace n0::fft {
 
@@ -92,6 +95,112 @@ VRX_INLINE void smallFft(const Cx<T>* src, Cx<T>* dst, T scale) {
     }
 }
 
+// W_N^j (forward sign) for any j, N <= 1024, from the constant sine table.
+template <class T> constexpr Cx<T> fixW(int j, int N) {
+    const T* t = nullptr;
+    if constexpr (sizeof(T) == 4) t = fft_fix_twiddle_table_32f;
+    else t = fft_fix_twiddle_table_64f;
+    int q = (j % N) * (1024 / N);
+    int quad = q / 256, r = q % 256;
+    T sv = t[r], cv = t[256 - r], c = 0, s = 0;
+    switch (quad) {
+        case 0: c = cv; s = sv; break;
+        case 1: c = -sv; s = cv; break;
+        case 2: c = -cv; s = -sv; break;
+        default: c = sv; s = -cv; break;
+    }
+    return {c, -s};
+}
+
+// Lane factors of the in-register kernels: entry k1*V + c is W_N^(c*k1).
+template <class T, int R, int V> struct LaneTw {
+    Cx<T> w[R * V];
+    constexpr LaneTw() : w{} {
+        for (int k = 0; k < R; ++k)
+            for (int c = 0; c < V; ++c) w[k * V + c] = fixW<T>(k * c, R * V);
+    }
+};
+template <class T, int R, int V> inline constexpr LaneTw<T, R, V> kLaneTw{};
+
+VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
+    __m256d a0 = _mm256_castps_pd(r[0]), a1 = _mm256_castps_pd(r[1]), a2 = _mm256_castps_pd(r[2]), a3 = _mm256_castps_pd(r[3]);
+    __m256d t0 = _mm256_unpacklo_pd(a0, a1), t1 = _mm256_unpackhi_pd(a0, a1);
+    __m256d t2 = _mm256_unpacklo_pd(a2, a3), t3 = _mm256_unpackhi_pd(a2, a3);
+    o[0] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x20));
+    o[1] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x20));
+    o[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
+    o[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
+}
+void transpose8x8(const __m512* r, __m512* o);
+void transpose4x4(const __m512d* r, __m512d* o);
+
+template <class CV> VRX_INLINE void transposeV(CV* a);
+template <> VRX_INLINE void transposeV<CVec<float, 4>>(CVec<float, 4>* a) {
+    __m256 r[4] = {a[0].v, a[1].v, a[2].v, a[3].v}, o[4];
+    transpose4x4(r, o);
+    for (int i = 0; i < 4; ++i) a[i].v = o[i];
+}
+template <> VRX_INLINE void transposeV<CVec<float, 8>>(CVec<float, 8>* a) {
+    __m512 r[8], o[8];
+    for (int i = 0; i < 8; ++i) r[i] = a[i].v;
+    transpose8x8(r, o);
+    for (int i = 0; i < 8; ++i) a[i].v = o[i];
+}
+template <> VRX_INLINE void transposeV<CVec<double, 4>>(CVec<double, 4>* a) {
+    __m512d r[4] = {a[0].v, a[1].v, a[2].v, a[3].v}, o[4];
+    transpose4x4(r, o);
+    for (int i = 0; i < 4; ++i) a[i].v = o[i];
+}
+
+template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
+template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o);
+
+// Vertical transform of R = 4, 8 or 16 registers, natural order in and out.
+template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
+    if constexpr (R == 4) {
+        CV o[4];
+        vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
+        for (int i = 0; i < 4; ++i) a[i] = o[i];
+    } else if constexpr (R == 8) {
+        CV o[8];
+        vbfly8<T, CV, Inv>(a, o);
+        for (int i = 0; i < 8; ++i) a[i] = o[i];
+    } else {
+        CV y[4][4];
+        for (int n2 = 0; n2 < 4; ++n2) {
+            vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
+            for (int k1 = 1; k1 < 4; ++k1)
+                if (n2 != 0) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], CV::bcast(fixW<T>(n2 * k1, 16)));
+        }
+        for (int k1 = 0; k1 < 4; ++k1) {
+            CV o[4];
+            vbfly4<CV, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+            for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
+        }
+    }
+}
+
+// In-register kernel of N = R*V: columns of the R x V matrix, lane factors,
+// transposes of V x V blocks, rows; output stored in natural order.
+template <class T, int V, int R, bool Inv, bool Scale>
+VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
+    using CV = CVec<T, V>;
+    CV a[R];
+    for (int r = 0; r < R; ++r) a[r] = CV::load(src + r * V);
+    vdft<T, CV, R, Inv>(a);
+    for (int k = 1; k < R; ++k) a[k] = CV::template mul<Inv>(a[k], CV::load(&kLaneTw<T, R, V>.w[k * V]));
+    for (int b = 0; b < R / V; ++b) {
+        transposeV<CV>(a + b * V);
+        vdft<T, CV, V, Inv>(a + b * V);
+    }
+    for (int b = 0; b < R / V; ++b)
+        for (int k2 = 0; k2 < V; ++k2) {
+            CV v = a[b * V + k2];
+            if constexpr (Scale) v = CV::scale(v, scale);
+            v.store(dst + R * k2 + b * V);
+        }
+}
+
 template <class T, bool Inv, bool Scale>
 void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
     switch (m) {
@@ -99,9 +208,9 @@ void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
         case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
         case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
         case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
-        case 4: smallFft<T, 4, Inv, Scale>(src, dst, scale); break;
-        case 5: smallFft<T, 5, Inv, Scale>(src, dst, scale); break;
-        default: smallFft<T, 6, Inv, Scale>(src, dst, scale); break;
+        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
+        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
+        default: smallVec<T, sizeof(T) == 4 ? 8 : 4, sizeof(T) == 4 ? 8 : 16, Inv, Scale>(src, dst, scale); break;
     }
 }
 
@@ -176,6 +285,126 @@ void firstPass(int m, const int32_t* brev, const Cx<T>* src, const T* sRe, const
     }
 }
 
+// Vertical butterflies: each lane of the registers is its own transform.
+template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
+    CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
+    o[0] = t0 + t2;
+    o[1] = t1 + t3;
+    o[2] = t0 - t2;
+    o[3] = t1 - t3;
+}
+
+template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o) {
+    const T c = fixTab<T>()[128];
+    CV e[4], d[4];
+    vbfly4<CV, Inv>(a[0], a[2], a[4], a[6], e);
+    vbfly4<CV, Inv>(a[1], a[3], a[5], a[7], d);
+    d[1] = CV::scale(d[1] + CV::template rot<Inv>(d[1]), c);
+    d[2] = CV::template rot<Inv>(d[2]);
+    d[3] = CV::template rot<Inv>(CV::scale(d[3] + CV::template rot<Inv>(d[3]), c));
+    for (int q = 0; q < 4; ++q) {
+        o[q] = e[q] + d[q];
+        o[q + 4] = e[q] - d[q];
+    }
+}
+
+VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
+VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
+
+// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j.
+void transpose8x8(const __m512* r, __m512* o) {
+    __m512d t[8];
+    for (int k = 0; k < 4; ++k) {
+        t[2 * k] = _mm512_unpacklo_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
+        t[2 * k + 1] = _mm512_unpackhi_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
+    }
+    // t[2k] block i = (r2k[2i], r2k+1[2i]); t[2k+1] block i = (r2k[2i+1], r2k+1[2i+1])
+    for (int odd = 0; odd < 2; ++odd) {
+        __m512d p01 = _mm512_shuffle_f64x2(t[odd], t[2 + odd], 0x88);
+        __m512d q01 = _mm512_shuffle_f64x2(t[odd], t[2 + odd], 0xDD);
+        __m512d p45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0x88);
+        __m512d q45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0xDD);
+        o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
+        o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
+        o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
+        o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
+    }
+}
+
+// Transpose of 4 x 4 complex doubles (128-bit elements).
+void transpose4x4(const __m512d* r, __m512d* o) {
+    __m512d t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44), t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
+    __m512d t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44), t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
+    o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+    o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+    o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+    o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+}
+
+// The first pass with bit-reversed reads, vectorised: the blocks i + t*G
+// (t < V) read V adjacent elements, since rev(i + t*G) = rev(i) + rev(t).
+template <class T, bool Inv>
+void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
+    constexpr int V = sizeof(T) == 4 ? 8 : 4;
+    constexpr int LV = sizeof(T) == 4 ? 3 : 2;
+    using CV = CVec<T, V>;
+    const int64_t N = int64_t(1) << m;
+    uint8_t rv[8];
+    for (int t = 0; t < V; ++t) rv[t] = static_cast<uint8_t>(revBits(static_cast<uint32_t>(t), LV));
+    if ((m & 1) == 0) {
+        const int64_t Q = N >> 2;
+        const int64_t G = int64_t(1) << (m - 2 - LV);   // blocks per lane step
+        for (int64_t i = 0; i < G; ++i) {
+            const Cx<T>* p = src + (brev[i] >> 1);
+            CV o[4];
+            vbfly4<CV, Inv>(CV::load(p), CV::load(p + Q), CV::load(p + 2 * Q), CV::load(p + 3 * Q), o);
+            if constexpr (sizeof(T) == 4) {
+                __m512d t0 = _mm512_unpacklo_pd(asPd(o[0].v), asPd(o[1].v)), t1 = _mm512_unpackhi_pd(asPd(o[0].v), asPd(o[1].v));
+                __m512d t2 = _mm512_unpacklo_pd(asPd(o[2].v), asPd(o[3].v)), t3 = _mm512_unpackhi_pd(asPd(o[2].v), asPd(o[3].v));
+                const __m512i lo = _mm512_set_epi64(11, 10, 3, 2, 9, 8, 1, 0), hi = _mm512_set_epi64(15, 14, 7, 6, 13, 12, 5, 4);
+                __m512d w[4] = {_mm512_permutex2var_pd(t0, lo, t2), _mm512_permutex2var_pd(t0, hi, t2),
+                                _mm512_permutex2var_pd(t1, lo, t3), _mm512_permutex2var_pd(t1, hi, t3)};
+                // w[0]: lanes 0, 2; w[1]: lanes 4, 6; w[2]: lanes 1, 3; w[3]: lanes 5, 7
+                const int lane[8] = {0, 2, 4, 6, 1, 3, 5, 7};
+                for (int k = 0; k < 4; ++k) {
+                    double* d0 = reinterpret_cast<double*>(W + 4 * (i + rv[lane[2 * k]] * G));
+                    double* d1 = reinterpret_cast<double*>(W + 4 * (i + rv[lane[2 * k + 1]] * G));
+                    _mm256_storeu_pd(d0, _mm512_castpd512_pd256(w[k]));
+                    _mm256_storeu_pd(d1, _mm512_extractf64x4_pd(w[k], 1));
+                }
+            } else {
+                __m512d r[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, t[4];
+                transpose4x4(r, t);
+                for (int l = 0; l < 4; ++l) _mm512_storeu_pd(reinterpret_cast<double*>(W + 4 * (i + rv[l] * G)), t[l]);
+            }
+        }
+    } else {
+        const int64_t E = N >> 3;
+        const int64_t G = int64_t(1) << (m - 3 - LV);
+        for (int64_t i = 0; i < G; ++i) {
+            const Cx<T>* p = src + (brev[2 * i] >> 1);
+            CV a[8], o[8];
+            for (int j = 0; j < 8; ++j) a[j] = CV::load(p + j * E);
+            vbfly8<T, CV, Inv>(a, o);
+            if constexpr (sizeof(T) == 4) {
+                __m512 r[8], t[8];
+                for (int q = 0; q < 8; ++q) r[q] = o[q].v;
+                transpose8x8(r, t);
+                for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), t[l]);
+            } else {
+                __m512d r0[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, r1[4] = {o[4].v, o[5].v, o[6].v, o[7].v}, t0[4], t1[4];
+                transpose4x4(r0, t0);
+                transpose4x4(r1, t1);
+                for (int l = 0; l < 4; ++l) {
+                    double* d = reinterpret_cast<double*>(W + 8 * (i + rv[l] * G));
+                    _mm512_storeu_pd(d, t0[l]);
+                    _mm512_storeu_pd(d + 8, t1[l]);
+                }
+            }
+        }
+    }
+}
+
 // One radix-4 pass: blocks of 4S, each from four sub-blocks of S.
 template <class T, bool Inv, int V>
 void pass4(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
@@ -223,8 +452,10 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, con
     int64_t off = 0;
     int sOuter = s0;
     while (sOuter + 2 <= logC && sOuter <= sLast) sOuter += 2;
+    constexpr bool kVecFirst = (F == First::Interleaved);
+    if constexpr (kVecFirst) firstPassVec<T, Inv>(m, brev, src, W);
     for (int64_t base = 0; base < N; base += C) {
-        firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+        if constexpr (!kVecFirst) firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
         off = 0;
         for (int s = s0; s < sOuter; s += 2) {
             int64_t S = int64_t(1) << s;

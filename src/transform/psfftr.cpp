@@ -1,12 +1,12 @@
 // Real FFT: a complex transform of half length plus one recombination pass,
 // with the three packed spectrum forms CCS, Pack and Perm.
+#include "vrx_fft.h"
+#include "vrx_fft_simd.h"
+
 // The vectorisers of g++ 12 turn complex products into fused
 // multiply-add-subtract instructions whatever the contraction setting; they
 // stay off here, and the vector code is written out by hand.
 #pragma GCC optimize("no-tree-vectorize")
-
-#include "vrx_fft.h"
-#include "vrx_fft_simd.h"
 
 using namespace n0::fft;
 

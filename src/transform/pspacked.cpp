@@ -1,16 +1,16 @@
 // Operations on packed real spectra: expansion to the full complex
 // spectrum (ConjCcs, ConjPack, ConjPerm) and products (MulPack, MulPerm,
 // MulPackConj).
-// The vectorisers of g++ 12 turn complex products into fused
-// multiply-add-subtract instructions whatever the contraction setting; they
-// stay off here, and the vector code is written out by hand.
-#pragma GCC optimize("no-tree-vectorize")
-
 #include "vrx_base.h"
 #include "vrx_fft_own.h"
 #include "vrx_fft_simd.h"
 
 #include <immintrin.h>
+
+// The vectorisers of g++ 12 turn complex products into fused
+// multiply-add-subtract instructions whatever the contraction setting; they
+// stay off here, and the vector code is written out by hand.
+#pragma GCC optimize("no-tree-vectorize")
 
 namespace {
 

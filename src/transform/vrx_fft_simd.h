@@ -65,6 +65,7 @@ template <> struct CVec<float, 8> {
         else return {negEven(s)};
     }
     static VRX_INLINE CVec scale(CVec a, float s) { return {_mm512_mul_ps(a.v, _mm512_set1_ps(s))}; }
+    static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm512_broadcast_f32x4(_mm_setr_ps(w.re, w.im, w.re, w.im))}; }
 };
 
 // 4 complex floats in a ymm register.
@@ -90,6 +91,7 @@ template <> struct CVec<float, 4> {
         else return {_mm256_xor_ps(s, evenSign)};
     }
     static VRX_INLINE CVec scale(CVec a, float s) { return {_mm256_mul_ps(a.v, _mm256_set1_ps(s))}; }
+    static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm256_setr_ps(w.re, w.im, w.re, w.im, w.re, w.im, w.re, w.im)}; }
 };
 
 // 4 complex doubles in a zmm register.
@@ -119,6 +121,7 @@ template <> struct CVec<double, 4> {
         else return {negEven(s)};
     }
     static VRX_INLINE CVec scale(CVec a, double s) { return {_mm512_mul_pd(a.v, _mm512_set1_pd(s))}; }
+    static VRX_INLINE CVec bcast(Cx<double> w) { return {_mm512_broadcast_f64x4(_mm256_setr_pd(w.re, w.im, w.re, w.im))}; }
 };
 
 // Vector width (in complex values) of a pass whose half-span is S.
