@@ -761,7 +761,14 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
     }
 }
 
+template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    if (scale != T(0)) smallDispatch<T, Inv, true>(m, src, dst, scale);
+    else smallDispatch<T, Inv, false>(m, src, dst, scale);
+}
+
 #define VRX_FFT_INSTANTIATE(T)                                                                          \
+    template void smallComplex<T, false>(int, const Cx<T>*, Cx<T>*, T);                                \
+    template void smallComplex<T, true>(int, const Cx<T>*, Cx<T>*, T);                                 \
     template int64_t radixTwiddleCount<T>(int);                                                        \
     template void initTabTwdL1<T>(int, const SineTab<T>&, Cx<T>*);                                     \
     template uint8_t* initTabTwdLarge<T>(Plan*, int, const SineTab<T>&, uint8_t*);                     \

@@ -102,9 +102,9 @@ void owns_initTabTwdBase_32f(int order, float* tab) {
 }
 
 // Recombination tables of a real plan of order n (see the real transforms).
-// Single level: for k = 1 .. N/4 in pairs (k, k+1): two first values then
-// two second values. Two levels: a fine part of F entries in the same
-// pairing, then the coarse factors for k = F*j.
+// Single level: for k = 1 .. N/4 the pair of factors of k, adjacent, so
+// that a vector of pairs lines up with a vector of complex values. Two
+// levels: a fine part of F pairs, then the coarse factors for k = F*j.
 template <class T> constexpr int kFine = sizeof(T) == 4 ? 1024 : 512;
 template <class T> bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
 
@@ -119,9 +119,8 @@ template <class T> uint8_t* buildRecomb(int order, const SineTab<T>& st, T* d, b
         T first, second;
         if (fwd && !two) { first = T(0.5) * c; second = T(0.5) - T(0.5) * s; }
         else { first = c; second = -s; }
-        int64_t p = (k - 1) >> 1, w = (k - 1) & 1;
-        d[4 * p + w] = first;
-        d[4 * p + 2 + w] = second;
+        d[2 * (k - 1)] = first;
+        d[2 * (k - 1) + 1] = second;
     }
     T* e = d + 2 * nFine;
     if (two) {

@@ -61,75 +61,90 @@ template <class T> void formToPerm(const T* s, T* d, int64_t N, Form f) {
     }
 }
 
-// Small real transforms (N <= 16) through a direct complex product form.
+// Small real transforms (N <= 16) through the straight-line complex kernels.
 template <class T, bool Inv> void smallReal(T* d, int order, T scale) {
     const int64_t N = int64_t(1) << order;
+    Cx<T> z[16];
     if (!Inv) {
-        // d holds N reals in, Perm out
-        if (N == 1) { if (scale != T(0)) d[0] *= scale; return; }
-        T x[16];
-        memcpy(x, d, static_cast<size_t>(N) * sizeof(T));
-        // DFT of a real sequence at k = 0 .. N/2, straightforward radix-2 via complex transform
-        Cx<T> z[16];
-        for (int64_t i = 0; i < N; ++i) z[i] = {x[i], T(0)};
-        for (int64_t i = 0, j = 0; i < N; ++i) {
-            if (i < j) { Cx<T> t = z[i]; z[i] = z[j]; z[j] = t; }
-            int64_t b = N >> 1;
-            while (j & b) { j ^= b; b >>= 1; }
-            j |= b;
-        }
-        for (int64_t L = 2; L <= N; L <<= 1) {
-            for (int64_t b = 0; b < N; b += L)
-                for (int64_t k = 0; k < L / 2; ++k) {
-                    Cx<T> w = fixTwiddle<T>(k, L);
-                    Cx<T> y = n0::fft::cmulw<false>(z[b + k + L / 2], w);
-                    Cx<T> a = z[b + k];
-                    z[b + k] = cadd(a, y);
-                    z[b + k + L / 2] = csub(a, y);
-                }
-        }
+        // N reals in, Perm out
+        for (int64_t i = 0; i < N; ++i) z[i] = {d[i], T(0)};
+        smallComplex<T, false>(order, z, z, scale);
         d[0] = z[0].re;
+        if (N == 1) return;
         d[1] = z[N / 2].re;
         for (int64_t k = 1; k < N / 2; ++k) { d[2 * k] = z[k].re; d[2 * k + 1] = z[k].im; }
-        if (scale != T(0)) for (int64_t i = 0; i < N; ++i) d[i] *= scale;
     } else {
-        // d holds Perm in, N reals out
-        if (N == 1) { if (scale != T(0)) d[0] *= scale; return; }
-        Cx<T> z[16];
+        // Perm in, N reals out
         z[0] = {d[0], T(0)};
-        z[N / 2] = {d[1], T(0)};
+        if (N > 1) z[N / 2] = {d[1], T(0)};
         for (int64_t k = 1; k < N / 2; ++k) {
             z[k] = {d[2 * k], d[2 * k + 1]};
             z[N - k] = {d[2 * k], -d[2 * k + 1]};
         }
-        for (int64_t i = 0, j = 0; i < N; ++i) {
-            if (i < j) { Cx<T> t = z[i]; z[i] = z[j]; z[j] = t; }
-            int64_t b = N >> 1;
-            while (j & b) { j ^= b; b >>= 1; }
-            j |= b;
-        }
-        for (int64_t L = 2; L <= N; L <<= 1) {
-            for (int64_t b = 0; b < N; b += L)
-                for (int64_t k = 0; k < L / 2; ++k) {
-                    Cx<T> w = fixTwiddle<T>(k, L);
-                    Cx<T> y = n0::fft::cmulw<true>(z[b + k + L / 2], w);
-                    Cx<T> a = z[b + k];
-                    z[b + k] = cadd(a, y);
-                    z[b + k + L / 2] = csub(a, y);
-                }
-        }
-        for (int64_t i = 0; i < N; ++i) d[i] = scale != T(0) ? z[i].re * scale : z[i].re;
+        smallComplex<T, true>(order, z, z, scale);
+        for (int64_t i = 0; i < N; ++i) d[i] = z[i].re;
     }
 }
+
+// Vector helpers of the recombination: lanes reversed, real and imaginary
+// parts of a vector of factor pairs spread over both halves of each lane.
+VRX_INLINE __m512 revLanes(__m512 v) {
+    return _mm512_castpd_ps(_mm512_permutexvar_pd(_mm512_set_epi64(0, 1, 2, 3, 4, 5, 6, 7), _mm512_castps_pd(v)));
+}
+VRX_INLINE __m512d revLanes(__m512d v) { return _mm512_shuffle_f64x2(v, v, 0x1B); }
+VRX_INLINE __m512 dupFirst(__m512 v) { return _mm512_moveldup_ps(v); }
+VRX_INLINE __m512 dupSecond(__m512 v) { return _mm512_movehdup_ps(v); }
+VRX_INLINE __m512d dupFirst(__m512d v) { return _mm512_movedup_pd(v); }
+VRX_INLINE __m512d dupSecond(__m512d v) { return _mm512_permute_pd(v, 0xFF); }
+VRX_INLINE __m512 swapRI(__m512 v) { return _mm512_permute_ps(v, 0xB1); }
+VRX_INLINE __m512d swapRI(__m512d v) { return _mm512_permute_pd(v, 0x55); }
+VRX_INLINE __m512 vadd(__m512 a, __m512 b) { return _mm512_add_ps(a, b); }
+VRX_INLINE __m512d vadd(__m512d a, __m512d b) { return _mm512_add_pd(a, b); }
+VRX_INLINE __m512 vsub(__m512 a, __m512 b) { return _mm512_sub_ps(a, b); }
+VRX_INLINE __m512d vsub(__m512d a, __m512d b) { return _mm512_sub_pd(a, b); }
+VRX_INLINE __m512 vmul(__m512 a, __m512 b) { return _mm512_mul_ps(a, b); }
+VRX_INLINE __m512d vmul(__m512d a, __m512d b) { return _mm512_mul_pd(a, b); }
+template <class T> struct RV;
+template <> struct RV<float> {
+    using V = __m512;
+    static constexpr int n = 8;
+    static VRX_INLINE V ld(const void* p) { return _mm512_loadu_ps(static_cast<const float*>(p)); }
+    static VRX_INLINE void st(void* p, V v) { _mm512_storeu_ps(static_cast<float*>(p), v); }
+    static VRX_INLINE V negOdd(V v) { return CVec<float, 8>::negOdd(v); }
+    static VRX_INLINE V negEven(V v) { return CVec<float, 8>::negEven(v); }
+};
+template <> struct RV<double> {
+    using V = __m512d;
+    static constexpr int n = 4;
+    static VRX_INLINE V ld(const void* p) { return _mm512_loadu_pd(static_cast<const double*>(p)); }
+    static VRX_INLINE void st(void* p, V v) { _mm512_storeu_pd(static_cast<double*>(p), v); }
+    static VRX_INLINE V negOdd(V v) { return CVec<double, 4>::negOdd(v); }
+    static VRX_INLINE V negEven(V v) { return CVec<double, 4>::negEven(v); }
+};
 
 // Forward recombination of the half-length spectrum z (M values) into Perm.
 template <class T> void realRecombine(Cx<T>* z, int64_t M, const T* tab, int order) {
     const Cx<T> z0 = z[0];
     z[0] = {z0.re + z0.im, z0.re - z0.im};
     if (!twoLevel<T>(order)) {
-        for (int64_t k = 1; k <= M / 2; ++k) {
-            int64_t p = (k - 1) >> 1, w = (k - 1) & 1;
-            const T c = tab[4 * p + w], s = tab[4 * p + 2 + w];
+        using R = RV<T>;
+        constexpr int L = R::n;
+        int64_t k = 1;
+        // front lanes k .. k+L-1 against back lanes M-k .. M-k-L+1, the same
+        // arithmetic as the scalar loop below
+        for (; k + L <= M / 2; k += L) {
+            auto x = R::ld(z + k);
+            auto y = revLanes(R::ld(z + M - k - L + 1));
+            auto f = R::ld(tab + 2 * (k - 1));
+            auto c = dupFirst(f), s = dupSecond(f);
+            auto yc = R::negOdd(y), xc = R::negOdd(x);
+            auto d = vsub(x, yc);
+            auto pq = vadd(vmul(d, s), R::negOdd(vmul(swapRI(d), c)));
+            R::st(z + k, vadd(pq, yc));
+            R::st(z + M - k - L + 1, revLanes(vadd(R::negEven(pq), xc)));
+        }
+        for (; k <= M / 2; ++k) {
+            const T c = tab[2 * (k - 1)], s = tab[2 * (k - 1) + 1];
             const Cx<T> x = z[k], y = z[M - k];
             const T dr = x.re - y.re, di = x.im + y.im;
             const T P = dr * s + c * di;
@@ -144,8 +159,7 @@ template <class T> void realRecombine(Cx<T>* z, int64_t M, const T* tab, int ord
     const T h = T(0.5);
     for (int64_t k = 1; k <= M / 2; ++k) {
         int64_t j = (k - 1) / F, kf = k - j * F;
-        int64_t p = (kf - 1) >> 1, w = (kf - 1) & 1;
-        const Cx<T> f = {tab[4 * p + w], tab[4 * p + 2 + w]};
+        const Cx<T> f = {tab[2 * (kf - 1)], tab[2 * (kf - 1) + 1]};
         const Cx<T> g = {coarse[2 * j], coarse[2 * j + 1]};
         const Cx<T> W = {f.re * g.re - f.im * g.im, f.re * g.im + f.im * g.re};
         const Cx<T> x = z[k], y = z[M - k];
@@ -166,16 +180,31 @@ template <class T> void ccsRecombine(Cx<T>* z, int64_t M, const T* tab, int orde
     const bool two = twoLevel<T>(order);
     const int F = kFine<T>;
     const T* coarse = tab + 2 * F;
-    for (int64_t k = 1; k <= M / 2; ++k) {
+    int64_t k = 1;
+    if (!two) {
+        using R = RV<T>;
+        constexpr int L = R::n;
+        for (; k + L <= M / 2; k += L) {
+            auto x = R::ld(z + k);
+            auto y = revLanes(R::ld(z + M - k - L + 1));
+            auto f = R::ld(tab + 2 * (k - 1));
+            auto a = dupFirst(f), b = dupSecond(f);
+            auto yc = R::negOdd(y);
+            auto d = vsub(x, yc);
+            auto S = vadd(x, yc);
+            auto ut = vadd(vmul(d, b), R::negEven(vmul(swapRI(d), a)));
+            R::st(z + k, vadd(S, ut));
+            R::st(z + M - k - L + 1, revLanes(R::negOdd(vsub(S, ut))));
+        }
+    }
+    for (; k <= M / 2; ++k) {
         T a, b;
         if (!two) {
-            int64_t p = (k - 1) >> 1, w = (k - 1) & 1;
-            a = tab[4 * p + w];
-            b = tab[4 * p + 2 + w];
+            a = tab[2 * (k - 1)];
+            b = tab[2 * (k - 1) + 1];
         } else {
             int64_t j = (k - 1) / F, kf = k - j * F;
-            int64_t p = (kf - 1) >> 1, w = (kf - 1) & 1;
-            const T fr = tab[4 * p + w], fi = tab[4 * p + 2 + w];
+            const T fr = tab[2 * (kf - 1)], fi = tab[2 * (kf - 1) + 1];
             const T gr = coarse[2 * j], gi = coarse[2 * j + 1];
             a = fr * gr - fi * gi;
             b = fr * gi + fi * gr;

@@ -103,6 +103,9 @@ template <class T> int32_t complexWorkSize(int m);
 template <class T> int64_t largeSpecSize(int m);
 template <class T> int64_t largeWorkSize(int m);
 
+// Straight-line complex kernels of order m <= 6 (scale applied when nonzero).
+template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* dst, T scale);
+
 // Complex transform of order m over the plan's tables. Data layouts: the
 // interleaved form (re pointer only, im null) or split arrays. The scale is
 // applied when scale != 0.
