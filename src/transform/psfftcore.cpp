@@ -243,6 +243,23 @@ template <class T, bool Inv> VRX_INLINE void bfly8(const Cx<T>* a, Cx<T>* o) {
     }
 }
 
+template <class T> constexpr Cx<T> fixW(int j, int N);
+
+// 16-point transform, natural order in and out, as 4 x 4.
+template <class T, bool Inv> VRX_INLINE void dft16(const Cx<T>* a, Cx<T>* o) {
+    Cx<T> y[4][4];
+    for (int n2 = 0; n2 < 4; ++n2) {
+        bfly4<T, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
+        if (n2 != 0)
+            for (int k1 = 1; k1 < 4; ++k1) y[n2][k1] = cmulw<Inv>(y[n2][k1], fixW<T>(n2 * k1, 16));
+    }
+    for (int k1 = 0; k1 < 4; ++k1) {
+        Cx<T> t[4];
+        bfly4<T, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], t);
+        for (int k2 = 0; k2 < 4; ++k2) o[k1 + 4 * k2] = t[k2];
+    }
+}
+
 // Source of the first pass: bit-reversed reads from interleaved or split
 // data, or blocks already in bit-reversed order (large-path rows).
 enum class First { Interleaved, Split, Sequential };
@@ -256,17 +273,18 @@ void firstPass(int m, const int32_t* brev, const Cx<T>* src, const T* sRe, const
         else return src[idx];
     };
     if ((m & 1) == 0) {
-        const int64_t Q = N >> 2;
+        const int64_t Q = N >> 4;
+        static constexpr uint8_t r4[16] = {0, 8, 4, 12, 2, 10, 6, 14, 1, 9, 5, 13, 3, 11, 7, 15};
         for (int64_t i = i0; i < i1; ++i) {
-            Cx<T> a0, a1, a2, a3;
+            Cx<T> a[16];
             if constexpr (F == First::Sequential) {
-                const Cx<T>* p = W + 4 * i;
-                a0 = p[0]; a1 = p[2]; a2 = p[1]; a3 = p[3];
+                const Cx<T>* p = W + 16 * i;
+                for (int j = 0; j < 16; ++j) a[j] = p[r4[j]];
             } else {
-                int64_t r = brev[i] >> 1;
-                a0 = ld(r); a1 = ld(r + Q); a2 = ld(r + 2 * Q); a3 = ld(r + 3 * Q);
+                int64_t r = brev[4 * i] >> 1;
+                for (int j = 0; j < 16; ++j) a[j] = ld(r + j * Q);
             }
-            bfly4<T, Inv>(a0, a1, a2, a3, W + 4 * i);
+            dft16<T, Inv>(a, W + 16 * i);
         }
     } else {
         const int64_t E = N >> 3;
@@ -352,30 +370,33 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
     uint8_t rv[8];
     for (int t = 0; t < V; ++t) rv[t] = static_cast<uint8_t>(revBits(static_cast<uint32_t>(t), LV));
     if ((m & 1) == 0) {
-        const int64_t Q = N >> 2;
-        const int64_t G = int64_t(1) << (m - 2 - LV);   // blocks per lane step
+        const int64_t Q = N >> 4;
+        const int64_t G = int64_t(1) << (m - 4 - LV);   // blocks per lane step
         for (int64_t i = 0; i < G; ++i) {
-            const Cx<T>* p = src + (brev[i] >> 1);
-            CV o[4];
-            vbfly4<CV, Inv>(CV::load(p), CV::load(p + Q), CV::load(p + 2 * Q), CV::load(p + 3 * Q), o);
+            const Cx<T>* p = src + (brev[4 * i] >> 1);
+            CV a[16];
+            for (int j = 0; j < 16; ++j) a[j] = CV::load(p + j * Q);
+            vdft<T, CV, 16, Inv>(a);
             if constexpr (sizeof(T) == 4) {
-                __m512d t0 = _mm512_unpacklo_pd(asPd(o[0].v), asPd(o[1].v)), t1 = _mm512_unpackhi_pd(asPd(o[0].v), asPd(o[1].v));
-                __m512d t2 = _mm512_unpacklo_pd(asPd(o[2].v), asPd(o[3].v)), t3 = _mm512_unpackhi_pd(asPd(o[2].v), asPd(o[3].v));
-                const __m512i lo = _mm512_set_epi64(11, 10, 3, 2, 9, 8, 1, 0), hi = _mm512_set_epi64(15, 14, 7, 6, 13, 12, 5, 4);
-                __m512d w[4] = {_mm512_permutex2var_pd(t0, lo, t2), _mm512_permutex2var_pd(t0, hi, t2),
-                                _mm512_permutex2var_pd(t1, lo, t3), _mm512_permutex2var_pd(t1, hi, t3)};
-                // w[0]: lanes 0, 2; w[1]: lanes 4, 6; w[2]: lanes 1, 3; w[3]: lanes 5, 7
-                const int lane[8] = {0, 2, 4, 6, 1, 3, 5, 7};
-                for (int k = 0; k < 4; ++k) {
-                    double* d0 = reinterpret_cast<double*>(W + 4 * (i + rv[lane[2 * k]] * G));
-                    double* d1 = reinterpret_cast<double*>(W + 4 * (i + rv[lane[2 * k + 1]] * G));
-                    _mm256_storeu_pd(d0, _mm512_castpd512_pd256(w[k]));
-                    _mm256_storeu_pd(d1, _mm512_extractf64x4_pd(w[k], 1));
+                __m512 r0[8], r1[8], t0[8], t1[8];
+                for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
+                transpose8x8(r0, t0);
+                transpose8x8(r1, t1);
+                for (int l = 0; l < 8; ++l) {
+                    float* d = reinterpret_cast<float*>(W + 16 * (i + rv[l] * G));
+                    _mm512_storeu_ps(d, t0[l]);
+                    _mm512_storeu_ps(d + 16, t1[l]);
                 }
             } else {
-                __m512d r[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, t[4];
-                transpose4x4(r, t);
-                for (int l = 0; l < 4; ++l) _mm512_storeu_pd(reinterpret_cast<double*>(W + 4 * (i + rv[l] * G)), t[l]);
+                __m512d t[4][4];
+                for (int h = 0; h < 4; ++h) {
+                    __m512d r[4] = {a[4 * h].v, a[4 * h + 1].v, a[4 * h + 2].v, a[4 * h + 3].v};
+                    transpose4x4(r, t[h]);
+                }
+                for (int l = 0; l < 4; ++l) {
+                    double* d = reinterpret_cast<double*>(W + 16 * (i + rv[l] * G));
+                    for (int h = 0; h < 4; ++h) _mm512_storeu_pd(d + 8 * h, t[h][l]);
+                }
             }
         }
     } else {
@@ -444,7 +465,7 @@ template <class T, bool Inv, First F>
 void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, const T* sRe, const T* sIm,
               Cx<T>* W, Cx<T>* out) {
     const int64_t N = int64_t(1) << m;
-    const int s0 = (m & 1) ? 3 : 2;
+    const int s0 = (m & 1) ? 3 : 4;
     const int64_t R0 = int64_t(1) << s0;
     const int64_t C = N < Limits<T>::kChunk ? N : Limits<T>::kChunk;
     const int logC = __builtin_ctzll(static_cast<unsigned long long>(C));
@@ -640,7 +661,7 @@ template <class T> uint8_t* buildStep(Plan* plan, int m, int level, const SineTa
 
 template <class T> int64_t radixTwiddleCount(int m) {
     int64_t n = 0;
-    for (int s = (m & 1) ? 3 : 2; s <= m - 2; s += 2) n += 3 * (int64_t(1) << s);
+    for (int s = (m & 1) ? 3 : 4; s <= m - 2; s += 2) n += 3 * (int64_t(1) << s);
     return n;
 }
 
@@ -654,7 +675,7 @@ uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
 }
 
 template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
-    for (int s = (m & 1) ? 3 : 2; s <= m - 2; s += 2) {
+    for (int s = (m & 1) ? 3 : 4; s <= m - 2; s += 2) {
         const int64_t S = int64_t(1) << s;
         const int G = passWidth<T>(S);
         for (int64_t k0 = 0; k0 < S; k0 += G)
@@ -740,6 +761,16 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
     if (m > Limits<T>::kRadixLast) {
         largeRun<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
         return;
+    }
+    if constexpr (sizeof(T) == 4) {
+        // 128 single-precision points fit the registers: one in-register kernel
+        if (m == 7 && !split) {
+            const C* s = reinterpret_cast<const C*>(srcRe);
+            C* d = reinterpret_cast<C*>(dstRe);
+            if (scale != T(0)) smallVec<T, 8, 16, Inv, true>(s, d, scale);
+            else smallVec<T, 8, 16, Inv, false>(s, d, scale);
+            return;
+        }
     }
     const C* tw = static_cast<const C*>(plan->twiddleTab);
     const int32_t* brev = plan->bitRevTab;
