@@ -426,6 +426,60 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
     }
 }
 
+// The first pass over blocks already in bit-reversed order (rows of the
+// large path), vectorised across V blocks: transpose in, butterflies with
+// lanes as blocks, transpose out.
+template <class T, bool Inv>
+void firstPassSeqVec(int m, Cx<T>* W, int64_t i0, int64_t i1) {
+    constexpr int V = sizeof(T) == 4 ? 8 : 4;
+    using CV = CVec<T, V>;
+    const int R = (m & 1) ? 8 : 16;
+    static constexpr uint8_t r4[16] = {0, 8, 4, 12, 2, 10, 6, 14, 1, 9, 5, 13, 3, 11, 7, 15};
+    static constexpr uint8_t r3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
+    for (int64_t i = i0; i < i1; i += V) {
+        Cx<T>* p = W + R * i;
+        CV e[16], a[16];
+        // e[j] lane b = element j of block i + b
+        if constexpr (sizeof(T) == 4) {
+            for (int h = 0; h < R / 8; ++h) {
+                __m512 r[8], t[8];
+                for (int b = 0; b < 8; ++b) r[b] = CV::load(p + R * b + 8 * h).v;
+                transpose8x8(r, t);
+                for (int j = 0; j < 8; ++j) e[8 * h + j].v = t[j];
+            }
+        } else {
+            for (int h = 0; h < R / 4; ++h) {
+                __m512d r[4], t[4];
+                for (int b = 0; b < 4; ++b) r[b] = CV::load(p + R * b + 4 * h).v;
+                transpose4x4(r, t);
+                for (int j = 0; j < 4; ++j) e[4 * h + j].v = t[j];
+            }
+        }
+        if (R == 16) {
+            for (int j = 0; j < 16; ++j) a[j] = e[r4[j]];
+            vdft<T, CV, 16, Inv>(a);
+        } else {
+            for (int j = 0; j < 8; ++j) a[j] = e[r3[j]];
+            vdft<T, CV, 8, Inv>(a);
+        }
+        if constexpr (sizeof(T) == 4) {
+            for (int h = 0; h < R / 8; ++h) {
+                __m512 r[8], t[8];
+                for (int q = 0; q < 8; ++q) r[q] = a[8 * h + q].v;
+                transpose8x8(r, t);
+                for (int b = 0; b < 8; ++b) CV{t[b]}.store(p + R * b + 8 * h);
+            }
+        } else {
+            for (int h = 0; h < R / 4; ++h) {
+                __m512d r[4], t[4];
+                for (int q = 0; q < 4; ++q) r[q] = a[4 * h + q].v;
+                transpose4x4(r, t);
+                for (int b = 0; b < 4; ++b) CV{t[b]}.store(p + R * b + 4 * h);
+            }
+        }
+    }
+}
+
 // One radix-4 pass: blocks of 4S, each from four sub-blocks of S.
 template <class T, bool Inv, int V>
 void pass4(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
@@ -476,7 +530,8 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, con
     constexpr bool kVecFirst = (F == First::Interleaved);
     if constexpr (kVecFirst) firstPassVec<T, Inv>(m, brev, src, W);
     for (int64_t base = 0; base < N; base += C) {
-        if constexpr (!kVecFirst) firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+        if constexpr (F == First::Sequential) firstPassSeqVec<T, Inv>(m, W, base / R0, (base + C) / R0);
+        else if constexpr (!kVecFirst) firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
         off = 0;
         for (int s = s0; s < sOuter; s += 2) {
             int64_t S = int64_t(1) << s;
