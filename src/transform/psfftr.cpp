@@ -112,6 +112,7 @@ template <> struct RV<float> {
     static VRX_INLINE void st(void* p, V v) { _mm512_storeu_ps(static_cast<float*>(p), v); }
     static VRX_INLINE V negOdd(V v) { return CVec<float, 8>::negOdd(v); }
     static VRX_INLINE V negEven(V v) { return CVec<float, 8>::negEven(v); }
+    static VRX_INLINE V bc(float x) { return _mm512_set1_ps(x); }
 };
 template <> struct RV<double> {
     using V = __m512d;
@@ -120,6 +121,7 @@ template <> struct RV<double> {
     static VRX_INLINE void st(void* p, V v) { _mm512_storeu_pd(static_cast<double*>(p), v); }
     static VRX_INLINE V negOdd(V v) { return CVec<double, 4>::negOdd(v); }
     static VRX_INLINE V negEven(V v) { return CVec<double, 4>::negEven(v); }
+    static VRX_INLINE V bc(double x) { return _mm512_set1_pd(x); }
 };
 
 // Forward recombination of the half-length spectrum z (M values) into Perm.
@@ -157,7 +159,26 @@ template <class T> void realRecombine(Cx<T>* z, int64_t M, const T* tab, int ord
     const int F = kFine<T>;
     const T* coarse = tab + 2 * F;
     const T h = T(0.5);
-    for (int64_t k = 1; k <= M / 2; ++k) {
+    int64_t k = 1;
+    {
+        // groups of L lanes never cross a coarse step, since L divides F
+        using R = RV<T>;
+        constexpr int L = R::n;
+        using CV = CVec<T, L>;
+        for (; k + L <= M / 2; k += L) {
+            int64_t j = (k - 1) / F, kf = k - j * F;
+            CV W = CV::template mul<false>(CV::load(reinterpret_cast<const Cx<T>*>(tab) + (kf - 1)),
+                                           CV::bcast({coarse[2 * j], coarse[2 * j + 1]}));
+            auto x = R::ld(z + k);
+            auto y = revLanes(R::ld(z + M - k - L + 1));
+            auto yc = R::negOdd(y);
+            CV A{vmul(vadd(x, yc), R::bc(h))}, D{vmul(vsub(x, yc), R::bc(h))};
+            CV B = CV::template rot<false>(CV::template mul<false>(D, W));
+            (A + B).store(z + k);
+            R::st(z + M - k - L + 1, revLanes(R::negOdd((A - B).v)));
+        }
+    }
+    for (; k <= M / 2; ++k) {
         int64_t j = (k - 1) / F, kf = k - j * F;
         const Cx<T> f = {tab[2 * (kf - 1)], tab[2 * (kf - 1) + 1]};
         const Cx<T> g = {coarse[2 * j], coarse[2 * j + 1]};
@@ -181,13 +202,21 @@ template <class T> void ccsRecombine(Cx<T>* z, int64_t M, const T* tab, int orde
     const int F = kFine<T>;
     const T* coarse = tab + 2 * F;
     int64_t k = 1;
-    if (!two) {
+    {
         using R = RV<T>;
         constexpr int L = R::n;
+        using CV = CVec<T, L>;
         for (; k + L <= M / 2; k += L) {
             auto x = R::ld(z + k);
             auto y = revLanes(R::ld(z + M - k - L + 1));
-            auto f = R::ld(tab + 2 * (k - 1));
+            typename R::V f;
+            if (!two) {
+                f = R::ld(tab + 2 * (k - 1));
+            } else {
+                int64_t j = (k - 1) / F, kf = k - j * F;
+                f = CV::template mul<false>(CV::load(reinterpret_cast<const Cx<T>*>(tab) + (kf - 1)),
+                                            CV::bcast({coarse[2 * j], coarse[2 * j + 1]})).v;
+            }
             auto a = dupFirst(f), b = dupSecond(f);
             auto yc = R::negOdd(y);
             auto d = vsub(x, yc);
