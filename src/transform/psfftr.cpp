@@ -64,15 +64,35 @@ template <class T> void formToPerm(const T* s, T* d, int64_t N, Form f) {
 // Small real transforms (N <= 16) through the straight-line complex kernels.
 template <class T, bool Inv> void smallReal(T* d, int order, T scale) {
     const int64_t N = int64_t(1) << order;
-    Cx<T> z[16];
+    alignas(64) Cx<T> z[16];
     if (!Inv) {
-        // N reals in, Perm out
-        for (int64_t i = 0; i < N; ++i) z[i] = {d[i], T(0)};
+        // N reals in, Perm out; at N = 16 the complex input is built in
+        // registers, so that the kernel's wide loads meet wide stores
+        if (N == 16) {
+            if constexpr (sizeof(T) == 4) {
+                __m512 x = _mm512_loadu_ps(reinterpret_cast<const float*>(d)), zero = _mm512_setzero_ps();
+                const __m512i lo = _mm512_set_epi32(16, 7, 16, 6, 16, 5, 16, 4, 16, 3, 16, 2, 16, 1, 16, 0);
+                const __m512i hi = _mm512_set_epi32(16, 15, 16, 14, 16, 13, 16, 12, 16, 11, 16, 10, 16, 9, 16, 8);
+                _mm512_store_ps(reinterpret_cast<float*>(z), _mm512_permutex2var_ps(x, lo, zero));
+                _mm512_store_ps(reinterpret_cast<float*>(z + 8), _mm512_permutex2var_ps(x, hi, zero));
+            } else {
+                const __m512i lo = _mm512_set_epi64(8, 3, 8, 2, 8, 1, 8, 0), hi = _mm512_set_epi64(8, 7, 8, 6, 8, 5, 8, 4);
+                const __m512d zero = _mm512_setzero_pd();
+                for (int h = 0; h < 2; ++h) {
+                    __m512d x = _mm512_loadu_pd(reinterpret_cast<const double*>(d) + 8 * h);
+                    _mm512_store_pd(reinterpret_cast<double*>(z + 8 * h), _mm512_permutex2var_pd(x, lo, zero));
+                    _mm512_store_pd(reinterpret_cast<double*>(z + 8 * h + 4), _mm512_permutex2var_pd(x, hi, zero));
+                }
+            }
+        } else {
+            for (int64_t i = 0; i < N; ++i) z[i] = {d[i], T(0)};
+        }
         smallComplex<T, false>(order, z, z, scale);
         d[0] = z[0].re;
         if (N == 1) return;
-        d[1] = z[N / 2].re;
-        for (int64_t k = 1; k < N / 2; ++k) { d[2 * k] = z[k].re; d[2 * k + 1] = z[k].im; }
+        const T rh = z[N / 2].re;
+        memcpy(d + 2, z + 1, static_cast<size_t>(N - 2) * sizeof(T));
+        d[1] = rh;
     } else {
         // Perm in, N reals out
         z[0] = {d[0], T(0)};
