@@ -1,0 +1,89 @@
+// SIMD primitives of the conversion family: multipliers of the scale
+// factor, the float-to-integer rounding cores and the narrowing stores.
+// Kernels work on 16 single or 8 double lanes; a tail is the same kernel
+// with masked loads and stores, so every element takes the same path.
+#pragma once
+
+#include "vrx_fpu.h"
+
+#include <immintrin.h>
+#include <string.h>
+
+namespace n0::conv {
+
+// Rounding modes of the float-to-integer kernels.
+enum Mode { kZero = 0, kNear = 1, kFin = 2 };
+
+VRX_INLINE float bitsToFloat(uint32_t u) { float f; memcpy(&f, &u, 4); return f; }
+VRX_INLINE double bitsToDouble(uint64_t u) { double f; memcpy(&f, &u, 8); return f; }
+
+// 2^-sf as single precision built on the exponent field; the exponent wraps
+// for a scale factor beyond the format.
+VRX_INLINE float pow2Wrapped(int sf) {
+    return bitsToFloat(0x3F800000u - (static_cast<uint32_t>(sf) << 23));
+}
+
+VRX_INLINE __mmask16 tailMask16(int n) { return static_cast<__mmask16>((1u << n) - 1u); }
+VRX_INLINE __mmask8 tailMask8(int n) { return static_cast<__mmask8>((1u << n) - 1u); }
+
+// Adds 0.5 with the sign of x (minus zero gets minus 0.5); under rounding
+// toward zero the following truncation gives ties away from zero.
+VRX_INLINE __m512 addHalfSigned(__m512 x) {
+    const __m512i sign = _mm512_set1_epi32(static_cast<int>(0x80000000u));
+    __m512i h = _mm512_or_si512(_mm512_and_si512(_mm512_castps_si512(x), sign), _mm512_castps_si512(_mm512_set1_ps(0.5f)));
+    return _mm512_add_ps(x, _mm512_castsi512_ps(h));
+}
+VRX_INLINE __m512d addHalfSigned(__m512d x) {
+    const __m512i sign = _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull));
+    __m512i h = _mm512_or_si512(_mm512_and_si512(_mm512_castpd_si512(x), sign), _mm512_castpd_si512(_mm512_set1_pd(0.5)));
+    return _mm512_add_pd(x, _mm512_castsi512_pd(h));
+}
+
+// Clamp above (NaN passes), round, convert to 32-bit lanes. Near uses the
+// conversion instruction under the caller's guard that forces nearest.
+template <int M>
+VRX_INLINE __m512i roundToInt(__m512 x, __m512 hi) {
+    x = _mm512_min_ps(hi, x);
+    if constexpr (M == kNear) return _mm512_cvtps_epi32(x);
+    else if constexpr (M == kZero) return _mm512_cvttps_epi32(x);
+    else return _mm512_cvttps_epi32(addHalfSigned(x));
+}
+template <int M>
+VRX_INLINE __m256i roundToInt(__m512d x, __m512d hi) {
+    x = _mm512_min_pd(hi, x);
+    if constexpr (M == kNear) return _mm512_cvtpd_epi32(x);
+    else if constexpr (M == kZero) return _mm512_cvttpd_epi32(x);
+    else return _mm512_cvttpd_epi32(addHalfSigned(x));
+}
+
+// Destination traits: the largest value as a float and the saturating
+// narrowing store of 32-bit lanes.
+template <class D> struct Dst;
+template <> struct Dst<Vrx8s> {
+    static constexpr float hi = 127.0f;
+    static VRX_INLINE void store(Vrx8s* p, __mmask16 k, __m512i v) { _mm512_mask_cvtsepi32_storeu_epi8(p, k, v); }
+};
+template <> struct Dst<Vrx8u> {
+    static constexpr float hi = 255.0f;
+    static VRX_INLINE void store(Vrx8u* p, __mmask16 k, __m512i v) {
+        _mm512_mask_cvtusepi32_storeu_epi8(p, k, _mm512_max_epi32(v, _mm512_setzero_si512()));
+    }
+};
+template <> struct Dst<Vrx16s> {
+    static constexpr float hi = 32767.0f;
+    static VRX_INLINE void store(Vrx16s* p, __mmask16 k, __m512i v) { _mm512_mask_cvtsepi32_storeu_epi16(p, k, v); }
+};
+template <> struct Dst<Vrx16u> {
+    static constexpr float hi = 65535.0f;
+    static VRX_INLINE void store(Vrx16u* p, __mmask16 k, __m512i v) {
+        _mm512_mask_cvtusepi32_storeu_epi16(p, k, _mm512_max_epi32(v, _mm512_setzero_si512()));
+    }
+};
+template <> struct Dst<Vrx32s> {
+    // 2147483647 is not a float: the clamp value is 2^31, whose conversion
+    // is fixed up to the upper bound by the kernel.
+    static constexpr float hi = 2147483648.0f;
+    static VRX_INLINE void store(Vrx32s* p, __mmask16 k, __m512i v) { _mm512_mask_storeu_epi32(p, k, v); }
+};
+
+}  // namespace n0::conv
