@@ -88,6 +88,8 @@ VrxStatus f32to24F(const Vrx32f* s, Vrx8u* d, int len, int sf) {
     if (sf > 127) sf = 127;
     if (sf < -127) sf = -127;
     const float mul = bitsToFloat(static_cast<uint32_t>(127 - sf) << 23);
+    // the clamp of a NaN raises invalid: masked, and cleared when it was clear
+    InvalidQuietGuard quiet;
     RoundNearestGuard rn;
     f32to24<Signed>(s, d, len, mul);
     return vrxOk;
