@@ -155,13 +155,24 @@ TEST(ConvertFloatToInt, StatedExamples) {
     EXPECT_EQ(e[0], -32768);
     EXPECT_EQ(e[1], 32767);
     EXPECT_EQ(e[2], 0);
-    const double big[4] = {1e300, -1e300, NAN, 1.5};
-    float f[4];
-    ASSERT_EQ(vrxsConvert_64f32f(big, f, 4), vrxOk);
-    EXPECT_EQ(f[0], FLT_MAX);
-    EXPECT_EQ(f[1], -FLT_MAX);
-    EXPECT_TRUE(isnan(f[2]));
-    EXPECT_EQ(f[3], 1.5f);
+    // 64f32f: every magnitude beyond the largest float, infinity included,
+    // gives the largest finite float of its sign, in every caller mode
+    std::vector<double> big = {1e300, -1e300, NAN, 1.5, INFINITY, -INFINITY, 3.4028235677973366e+38,
+                               3.4028234663852886e+38, -3.4028235e38, 1e-320, -0.0};
+    for (int k = 0; k < 40; ++k) big.push_back(ldexp(1.0, k * 10 - 200) * (k & 1 ? -1.7 : 1.3));
+    for (unsigned rc : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero}) {
+        vt::MxcsrScope scope;
+        _mm_setcsr(0x1F80 | rc);
+        std::vector<float> f(big.size());
+        chunked(big, f, vrxsConvert_64f32f);
+        for (size_t i = 0; i < big.size(); ++i) {
+            double c = std::min(3.4028234663852886e+38, std::max(-3.4028234663852886e+38, big[i]));
+            volatile double vc = c;
+            float want = static_cast<float>(vc);
+            if (isnan(big[i])) EXPECT_TRUE(isnan(f[i]));
+            else EXPECT_EQ(fBits(f[i]), fBits(want)) << big[i] << " rc " << rc;
+        }
+    }
 }
 
 TEST(ConvertFloatToInt, NothingWrittenOnFailure) {
@@ -203,6 +214,23 @@ TEST(ConvertInt, EveryNarrowInputWidened) {
     for (int i = 0; i < 256; ++i) ASSERT_EQ(f[i], static_cast<float>(i - 128));
     chunked(s8, o16, vrxsConvert_8s16s);
     for (int i = 0; i < 256; ++i) ASSERT_EQ(o16[i], i - 128);
+}
+
+// Destinations of several MiB take the streaming-store path: same values,
+// from any alignment, head and tail included.
+TEST(ConvertInt, LargeVectorsSameValues) {
+    const int n = (5 << 20) / 4 + 13;
+    std::vector<Vrx16s> s(n);
+    std::vector<float> fs(n);
+    for (int i = 0; i < n; ++i) { s[i] = static_cast<Vrx16s>(i * 7919); fs[i] = static_cast<float>(i) * 0.37f - 1000.0f; }
+    for (size_t off : {0, 4, 36}) {
+        vt::Buffer d(n * sizeof(double) + 64, off);
+        ASSERT_EQ(vrxsConvert_16s32f(s.data(), d.as<float>(), n), vrxOk);
+        for (int i = 0; i < n; ++i) ASSERT_EQ(d.as<float>()[i], static_cast<float>(s[i])) << i;
+        ASSERT_EQ(vrxsConvert_32f64f(fs.data(), d.as<double>(), n), vrxOk);
+        for (int i = 0; i < n; ++i) ASSERT_EQ(d.as<double>()[i], static_cast<double>(fs[i])) << i;
+        ASSERT_TRUE(d.guardsIntact());
+    }
 }
 
 // x * 2^-sf for integers, rounded in mode (1 nearest-even, 0 toward zero,

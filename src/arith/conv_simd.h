@@ -9,6 +9,8 @@
 #include <immintrin.h>
 #include <string.h>
 
+#include <type_traits>
+
 namespace n0::conv {
 
 // Rounding modes of the float-to-integer kernels.
@@ -85,5 +87,50 @@ template <> struct Dst<Vrx32s> {
     static constexpr float hi = 2147483648.0f;
     static VRX_INLINE void store(Vrx32s* p, __mmask16 k, __m512i v) { _mm512_mask_storeu_epi32(p, k, v); }
 };
+
+}  // namespace n0::conv
+
+namespace n0::conv {
+
+// Widening driver: op(p) turns the 16 source elements at p into one vector
+// of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
+// through a zeroed local copy of the source and a masked store.
+// Destinations at least this large are written with non-temporal stores:
+// they would only evict the caller's working set.
+constexpr size_t kStreamBytes = size_t(1) << 22;
+
+template <class S, class D, class Op>
+VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
+    struct {
+        VRX_INLINE void operator()(D* q, __mmask16 k, __m512 v) const { _mm512_mask_storeu_ps(reinterpret_cast<float*>(q), k, v); }
+        VRX_INLINE void operator()(D* q, __mmask16 k, __m512i v) const { _mm512_mask_storeu_epi32(q, k, v); }
+    } store;
+    struct {
+        VRX_INLINE void operator()(D* q, __m512 v) const { _mm512_stream_ps(reinterpret_cast<float*>(q), v); }
+        VRX_INLINE void operator()(D* q, __m512i v) const { _mm512_stream_si512(reinterpret_cast<__m512i*>(q), v); }
+    } stream;
+    int i = 0;
+    if (static_cast<size_t>(len) * sizeof(D) >= kStreamBytes && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
+        // head up to a 64-byte boundary of the destination, then streaming
+        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(D));
+        if (head) store(d, tailMask16(head), op(s));
+        i = head;
+        for (; i + 64 <= len; i += 64) {
+            auto a = op(s + i), b = op(s + i + 16), c = op(s + i + 32), e = op(s + i + 48);
+            stream(d + i, a); stream(d + i + 16, b); stream(d + i + 32, c); stream(d + i + 48, e);
+        }
+        _mm_sfence();
+    }
+    for (; i + 64 <= len; i += 64) {
+        auto a = op(s + i), b = op(s + i + 16), c = op(s + i + 32), e = op(s + i + 48);
+        store(d + i, 0xFFFF, a); store(d + i + 16, 0xFFFF, b); store(d + i + 32, 0xFFFF, c); store(d + i + 48, 0xFFFF, e);
+    }
+    for (; i + 16 <= len; i += 16) store(d + i, 0xFFFF, op(s + i));
+    if (i < len) {
+        alignas(64) S t[16] = {};
+        memcpy(t, s + i, static_cast<size_t>(len - i) * sizeof(S));
+        store(d + i, tailMask16(len - i), op(t));
+    }
+}
 
 }  // namespace n0::conv

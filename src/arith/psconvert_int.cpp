@@ -16,13 +16,6 @@ void widen(const S* __restrict s, D* __restrict d, int len) {
 }
 
 template <class S, class D>
-VRX_INLINE VrxStatus widenF(const S* s, D* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    widen(s, d, len);
-    return vrxOk;
-}
-
-template <class S, class D>
 void widenScaled(const S* __restrict s, D* __restrict d, int len, D mul) {
     for (int i = 0; i < len; ++i) d[i] = static_cast<D>(s[i]) * mul;
 }
@@ -44,19 +37,31 @@ void cvt64s64f(const Vrx64s* s, Vrx64f* d, int len) {
     if (i < len) one(i, tailMask8(len - i));
 }
 
-// Each double clamped to the largest float magnitude (NaN passes), then
-// narrowed in the caller's mode.
+// Each double limited to the largest float magnitude (NaN passes), then
+// narrowed in the caller's mode. The limit is applied after narrowing, with
+// the same results: an infinite single (from an infinite or too large
+// double) is replaced by the largest finite value of its sign, in one
+// fix-up instruction (table: -inf to -max, +inf to +max, all else kept).
+VRX_INLINE __m512 finiteOnly(__m512 f) {
+    return _mm512_fixupimm_ps(f, f, _mm512_set1_epi32(0x00EF0000), 0);
+}
+
 void cvt64f32f(const Vrx64f* s, Vrx32f* d, int len) {
-    const __m512d hi = _mm512_set1_pd(3.4028234663852886e+38);
-    const __m512d lo = _mm512_set1_pd(-3.4028234663852886e+38);
-    auto one = [&](int i, __mmask8 k) {
-        __m512d x = _mm512_maskz_loadu_pd(k, s + i);
-        x = _mm512_max_pd(lo, _mm512_min_pd(hi, x));
-        _mm512_mask_storeu_ps(d + i, k, _mm512_castps256_ps512(_mm512_cvtpd_ps(x)));
+    auto cvt2 = [](const Vrx64f* p) {
+        __m256 a = _mm512_cvtpd_ps(_mm512_loadu_pd(p)), b = _mm512_cvtpd_ps(_mm512_loadu_pd(p + 8));
+        return finiteOnly(_mm512_castpd_ps(_mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_castps_pd(a)), _mm256_castps_pd(b), 1)));
     };
     int i = 0;
-    for (; i + 8 <= len; i += 8) one(i, 0xFF);
-    if (i < len) one(i, tailMask8(len - i));
+    for (; i + 32 <= len; i += 32) {
+        __m512 a = cvt2(s + i), b = cvt2(s + i + 16);
+        _mm512_storeu_ps(d + i, a);
+        _mm512_storeu_ps(d + i + 16, b);
+    }
+    for (; i + 16 <= len; i += 16) _mm512_storeu_ps(d + i, cvt2(s + i));
+    for (; i < len; i += 8) {
+        const __mmask8 k = tailMask8(len - i < 8 ? len - i : 8);
+        _mm512_mask_storeu_ps(d + i, k, finiteOnly(_mm512_castps256_ps512(_mm512_cvtpd_ps(_mm512_maskz_loadu_pd(k, s + i)))));
+    }
 }
 
 void pack32s16s(const Vrx32s* s, Vrx16s* d, int len) {
@@ -121,16 +126,88 @@ double pow2Double(int sf) {
 }  // namespace
 
 // ------------------------------------------------------------ exact widenings
-VrxStatus N0(vrxsConvert_8u32f)(const Vrx8u* s, Vrx32f* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_8s32f)(const Vrx8s* s, Vrx32f* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_16u32f)(const Vrx16u* s, Vrx32f* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_16s32f)(const Vrx16s* s, Vrx32f* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_16s32s)(const Vrx16s* s, Vrx32s* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_32s64f)(const Vrx32s* s, Vrx64f* d, int len) { return widenF(s, d, len); }
-VrxStatus N0(vrxsConvert_32f64f)(const Vrx32f* s, Vrx64f* d, int len) { return widenF(s, d, len); }
+namespace {
+
+VRX_INLINE __m128i ld128(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+VRX_INLINE __m256i ld256(const void* p) { return _mm256_loadu_si256(static_cast<const __m256i*>(p)); }
+
+template <class S, class D, class Op>
+VRX_INLINE VrxStatus widenV(const S* s, D* d, int len, Op op) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    widen16(s, d, len, op);
+    return vrxOk;
+}
+
+// 8 lanes of 64 bits from 8 sources.
+template <class S, class Op>
+VRX_INLINE VrxStatus widen8to64f(const S* s, Vrx64f* d, int len, Op op) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    int i = 0;
+    if (static_cast<size_t>(len) * sizeof(Vrx64f) >= kStreamBytes && (reinterpret_cast<uintptr_t>(d) & 7) == 0) {
+        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(Vrx64f));
+        if (head) _mm512_mask_storeu_pd(d, tailMask8(head), op(s));
+        i = head;
+        for (; i + 32 <= len; i += 32) {
+            __m512d a = op(s + i), b = op(s + i + 8), c = op(s + i + 16), e = op(s + i + 24);
+            _mm512_stream_pd(d + i, a); _mm512_stream_pd(d + i + 8, b); _mm512_stream_pd(d + i + 16, c); _mm512_stream_pd(d + i + 24, e);
+        }
+        _mm_sfence();
+    }
+    for (; i + 32 <= len; i += 32) {
+        __m512d a = op(s + i), b = op(s + i + 8), c = op(s + i + 16), e = op(s + i + 24);
+        _mm512_storeu_pd(d + i, a); _mm512_storeu_pd(d + i + 8, b); _mm512_storeu_pd(d + i + 16, c); _mm512_storeu_pd(d + i + 24, e);
+    }
+    for (; i + 8 <= len; i += 8) _mm512_storeu_pd(d + i, op(s + i));
+    if (i < len) {
+        alignas(64) S t[8] = {};
+        memcpy(t, s + i, static_cast<size_t>(len - i) * sizeof(S));
+        _mm512_mask_storeu_pd(d + i, tailMask8(len - i), op(t));
+    }
+    return vrxOk;
+}
+
+}  // namespace
+
+VrxStatus N0(vrxsConvert_8u32f)(const Vrx8u* s, Vrx32f* d, int len) {
+    return widenV(s, d, len, [](const Vrx8u* p) { return _mm512_cvtepi32_ps(_mm512_cvtepu8_epi32(ld128(p))); });
+}
+VrxStatus N0(vrxsConvert_8s32f)(const Vrx8s* s, Vrx32f* d, int len) {
+    return widenV(s, d, len, [](const Vrx8s* p) { return _mm512_cvtepi32_ps(_mm512_cvtepi8_epi32(ld128(p))); });
+}
+VrxStatus N0(vrxsConvert_16u32f)(const Vrx16u* s, Vrx32f* d, int len) {
+    return widenV(s, d, len, [](const Vrx16u* p) { return _mm512_cvtepi32_ps(_mm512_cvtepu16_epi32(ld256(p))); });
+}
+VrxStatus N0(vrxsConvert_16s32f)(const Vrx16s* s, Vrx32f* d, int len) {
+    return widenV(s, d, len, [](const Vrx16s* p) { return _mm512_cvtepi32_ps(_mm512_cvtepi16_epi32(ld256(p))); });
+}
+VrxStatus N0(vrxsConvert_16s32s)(const Vrx16s* s, Vrx32s* d, int len) {
+    return widenV(s, d, len, [](const Vrx16s* p) { return _mm512_cvtepi16_epi32(ld256(p)); });
+}
 // rounded in the caller's mode
-VrxStatus N0(vrxsConvert_32s32f)(const Vrx32s* s, Vrx32f* d, int len) { return widenF(s, d, len); }
+VrxStatus N0(vrxsConvert_32s32f)(const Vrx32s* s, Vrx32f* d, int len) {
+    return widenV(s, d, len, [](const Vrx32s* p) { return _mm512_cvtepi32_ps(_mm512_loadu_si512(p)); });
+}
+VrxStatus N0(vrxsConvert_32s64f)(const Vrx32s* s, Vrx64f* d, int len) {
+    return widen8to64f(s, d, len, [](const Vrx32s* p) { return _mm512_cvtepi32_pd(ld256(p)); });
+}
+VrxStatus N0(vrxsConvert_32f64f)(const Vrx32f* s, Vrx64f* d, int len) {
+    return widen8to64f(s, d, len, [](const Vrx32f* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); });
+}
+
+// 8s to 16s on 256-bit lanes, 16 elements a step.
+VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    auto st16 = [](Vrx16s* q, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), v); };
+    int i = 0;
+    for (; i + 64 <= len; i += 64) {
+        __m256i a = _mm256_cvtepi8_epi16(ld128(s + i)), b = _mm256_cvtepi8_epi16(ld128(s + i + 16));
+        __m256i c = _mm256_cvtepi8_epi16(ld128(s + i + 32)), e = _mm256_cvtepi8_epi16(ld128(s + i + 48));
+        st16(d + i, a); st16(d + i + 16, b); st16(d + i + 32, c); st16(d + i + 48, e);
+    }
+    for (; i + 16 <= len; i += 16) st16(d + i, _mm256_cvtepi8_epi16(ld128(s + i)));
+    for (; i < len; ++i) d[i] = s[i];
+    return vrxOk;
+}
 
 VrxStatus N0(vrxsConvert_64s64f)(const Vrx64s* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
@@ -152,15 +229,15 @@ VrxStatus N0(vrxsConvert_32s16s)(const Vrx32s* s, Vrx16s* d, int len) {
 
 // ------------------------------------------------- integer to float with sf
 VrxStatus N0(vrxsConvert_16s32f_Sfs)(const Vrx16s* s, Vrx32f* d, int len, int sf) {
+    if (sf == 0) return N0(vrxsConvert_16s32f)(s, d, len);
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (sf == 0) widen(s, d, len);
-    else widenScaled(s, d, len, pow2ByHalving(sf));
+    widenScaled(s, d, len, pow2ByHalving(sf));
     return vrxOk;
 }
 
 VrxStatus N0(vrxsConvert_32s32f_Sfs)(const Vrx32s* s, Vrx32f* d, int len, int sf) {
+    if (sf == 0) return N0(vrxsConvert_32s32f)(s, d, len);
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (sf == 0) { widen(s, d, len); return vrxOk; }
     if (sf > 126) sf = 126;
     if (sf < -96) sf = -96;
     widenScaled(s, d, len, pow2Wrapped(sf));
@@ -168,9 +245,9 @@ VrxStatus N0(vrxsConvert_32s32f_Sfs)(const Vrx32s* s, Vrx32f* d, int len, int sf
 }
 
 VrxStatus N0(vrxsConvert_32s64f_Sfs)(const Vrx32s* s, Vrx64f* d, int len, int sf) {
+    if (sf == 0) return N0(vrxsConvert_32s64f)(s, d, len);
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (sf == 0) widen(s, d, len);
-    else widenScaled(s, d, len, pow2Double(sf));
+    widenScaled(s, d, len, pow2Double(sf));
     return vrxOk;
 }
 

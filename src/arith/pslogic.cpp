@@ -5,6 +5,8 @@
 // shortcuts before the general checks.
 #include "vrx_base.h"
 
+#include <immintrin.h>
+
 using namespace n0;
 
 namespace {
@@ -13,36 +15,73 @@ struct OpAnd { template <class T> static VRX_INLINE T f(T a, T b) { return stati
 struct OpOr  { template <class T> static VRX_INLINE T f(T a, T b) { return static_cast<T>(a | b); } };
 struct OpXor { template <class T> static VRX_INLINE T f(T a, T b) { return static_cast<T>(a ^ b); } };
 
-template <class Op, class T>
-void logicVV(const T* __restrict a, const T* __restrict b, T* __restrict d, int len) {
-    for (int i = 0; i < len; ++i) d[i] = Op::f(a[i], b[i]);
-}
+// Bitwise operations do not see element boundaries: the kernels run on
+// bytes, 256 a step in 512-bit registers, then 64, then 4-byte lanes under a
+// mask, then single bytes. A constant is its element repeated over the
+// register, and the byte tail takes the matching byte of that pattern.
+struct OpAndV { static VRX_INLINE __m512i f(__m512i a, __m512i b) { return _mm512_and_si512(a, b); } };
+struct OpOrV  { static VRX_INLINE __m512i f(__m512i a, __m512i b) { return _mm512_or_si512(a, b); } };
+struct OpXorV { static VRX_INLINE __m512i f(__m512i a, __m512i b) { return _mm512_xor_si512(a, b); } };
+template <class Op> struct VecOf;
+template <> struct VecOf<OpAnd> { using V = OpAndV; };
+template <> struct VecOf<OpOr> { using V = OpOrV; };
+template <> struct VecOf<OpXor> { using V = OpXorV; };
 
-// In place: b and d are the same vector.
-template <class Op, class T>
-void logicVVI(const T* __restrict a, T* __restrict bd, int len) {
-    for (int i = 0; i < len; ++i) bd[i] = Op::f(a[i], bd[i]);
-}
+VRX_INLINE __m512i ld(const Vrx8u* p) { return _mm512_loadu_si512(p); }
+VRX_INLINE void st(Vrx8u* p, __m512i v) { _mm512_storeu_si512(p, v); }
 
-template <class Op, class T>
-void logicVC(const T* __restrict a, T c, T* __restrict d, int len) {
-    for (int i = 0; i < len; ++i) d[i] = Op::f(a[i], c);
-}
-
-template <class Op, class T>
-void logicVCI(T c, T* __restrict d, int len) {
-    for (int i = 0; i < len; ++i) d[i] = Op::f(d[i], c);
+// d = op(a, b) where b is a vector (pb) or the pattern vb.
+template <class Op, bool Vec>
+VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* d, size_t n) {
+    using V = typename VecOf<Op>::V;
+    auto B = [&](size_t i) { return Vec ? ld(pb + i) : vb; };
+    size_t i = 0;
+    for (; i + 256 <= n; i += 256) {
+        __m512i r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
+        __m512i r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
+        st(d + i, r0); st(d + i + 64, r1); st(d + i + 128, r2); st(d + i + 192, r3);
+    }
+    for (; i + 64 <= n; i += 64) st(d + i, V::f(ld(a + i), B(i)));
+    if (size_t q = (n - i) / 4) {
+        __mmask16 k = static_cast<__mmask16>((1u << q) - 1u);
+        __m512i bb = Vec ? _mm512_maskz_loadu_epi32(k, pb + i) : vb;
+        _mm512_mask_storeu_epi32(d + i, k, V::f(_mm512_maskz_loadu_epi32(k, a + i), bb));
+        i += 4 * q;
+    }
+    alignas(64) Vrx8u pat[64];
+    if (!Vec) _mm512_store_si512(pat, vb);
+    for (size_t j = 0; i < n; ++i, ++j) d[i] = Op::f(a[i], Vec ? pb[i] : pat[j]);
 }
 
 template <class T>
-void notV(const T* __restrict a, T* __restrict d, int len) {
-    for (int i = 0; i < len; ++i) d[i] = static_cast<T>(~a[i]);
+VRX_INLINE __m512i broadcast(T c) {
+    if constexpr (sizeof(T) == 1) return _mm512_set1_epi32(static_cast<int>(0x01010101u * c));
+    else if constexpr (sizeof(T) == 2) return _mm512_set1_epi32(static_cast<int>(0x00010001u * c));
+    else return _mm512_set1_epi32(static_cast<int>(c));
 }
 
-template <class T>
-void notVI(T* __restrict d, int len) {
-    for (int i = 0; i < len; ++i) d[i] = static_cast<T>(~d[i]);
+template <class T> VRX_INLINE const Vrx8u* B8(const T* p) { return reinterpret_cast<const Vrx8u*>(p); }
+template <class T> VRX_INLINE Vrx8u* B8(T* p) { return reinterpret_cast<Vrx8u*>(p); }
+template <class T> VRX_INLINE size_t bytes(int len) { return static_cast<size_t>(len) * sizeof(T); }
+
+template <class Op, class T>
+void logicVV(const T* a, const T* b, T* d, int len) {
+    bytesKernel<Op, true>(B8(a), B8(b), _mm512_setzero_si512(), B8(d), bytes<T>(len));
 }
+template <class Op, class T>
+void logicVVI(const T* a, T* bd, int len) { logicVV<Op>(a, bd, bd, len); }
+template <class Op, class T>
+void logicVC(const T* a, T c, T* d, int len) {
+    bytesKernel<Op, false>(B8(a), nullptr, broadcast(c), B8(d), bytes<T>(len));
+}
+template <class Op, class T>
+void logicVCI(T c, T* d, int len) { logicVC<Op>(d, c, d, len); }
+template <class T>
+void notV(const T* a, T* d, int len) {
+    bytesKernel<OpXor, false>(B8(a), nullptr, _mm512_set1_epi32(-1), B8(d), bytes<T>(len));
+}
+template <class T>
+void notVI(T* d, int len) { notV(d, d, len); }
 
 template <class Op, class T>
 VRX_INLINE VrxStatus vv(const T* a, const T* b, T* d, int len) {

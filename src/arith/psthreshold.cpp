@@ -23,38 +23,122 @@ VRX_INLINE void mapv(const T* s, T* d, int len, F f) {
     }
 }
 
+// Float kernels: one compare or min/max a vector, four vectors a step, the
+// tail under a mask. Each op has exactly the scalar forms' semantics
+// (vmaxps(level, x) is "x < level ? level : x", NaN included).
+template <class T> struct Vf;
+template <> struct Vf<Vrx32f> {
+    using V = __m512;
+    using M = __mmask16;
+    static constexpr int n = 16;
+    static VRX_INLINE M tail(int k) { return conv::tailMask16(k); }
+    static VRX_INLINE V load(const Vrx32f* p) { return _mm512_loadu_ps(p); }
+    static VRX_INLINE V loadm(M k, const Vrx32f* p) { return _mm512_maskz_loadu_ps(k, p); }
+    static VRX_INLINE void store(Vrx32f* p, V v) { _mm512_storeu_ps(p, v); }
+    static VRX_INLINE void storem(Vrx32f* p, M k, V v) { _mm512_mask_storeu_ps(p, k, v); }
+    static VRX_INLINE V set1(Vrx32f x) { return _mm512_set1_ps(x); }
+    static VRX_INLINE V max(V a, V b) { return _mm512_max_ps(a, b); }
+    static VRX_INLINE V min(V a, V b) { return _mm512_min_ps(a, b); }
+    static VRX_INLINE M lt(V a, V b) { return _mm512_cmp_ps_mask(a, b, _CMP_LT_OQ); }
+    static VRX_INLINE V blend(M k, V a, V b) { return _mm512_mask_blend_ps(k, a, b); }
+    static VRX_INLINE V abs(V a) { return _mm512_castsi512_ps(_mm512_and_si512(_mm512_castps_si512(a), _mm512_set1_epi32(0x7FFFFFFF))); }
+};
+template <> struct Vf<Vrx64f> {
+    using V = __m512d;
+    using M = __mmask8;
+    static constexpr int n = 8;
+    static VRX_INLINE M tail(int k) { return conv::tailMask8(k); }
+    static VRX_INLINE V load(const Vrx64f* p) { return _mm512_loadu_pd(p); }
+    static VRX_INLINE V loadm(M k, const Vrx64f* p) { return _mm512_maskz_loadu_pd(k, p); }
+    static VRX_INLINE void store(Vrx64f* p, V v) { _mm512_storeu_pd(p, v); }
+    static VRX_INLINE void storem(Vrx64f* p, M k, V v) { _mm512_mask_storeu_pd(p, k, v); }
+    static VRX_INLINE V set1(Vrx64f x) { return _mm512_set1_pd(x); }
+    static VRX_INLINE V max(V a, V b) { return _mm512_max_pd(a, b); }
+    static VRX_INLINE V min(V a, V b) { return _mm512_min_pd(a, b); }
+    static VRX_INLINE M lt(V a, V b) { return _mm512_cmp_pd_mask(a, b, _CMP_LT_OQ); }
+    static VRX_INLINE V blend(M k, V a, V b) { return _mm512_mask_blend_pd(k, a, b); }
+    static VRX_INLINE V abs(V a) { return _mm512_castsi512_pd(_mm512_and_si512(_mm512_castpd_si512(a), _mm512_set1_epi64(0x7FFFFFFFFFFFFFFFll))); }
+};
+
+template <class T, class Op>
+VRX_INLINE void mapf(const T* s, T* d, int len, Op op) {
+    using F = Vf<T>;
+    constexpr int n = F::n;
+    int i = 0;
+    for (; i + 4 * n <= len; i += 4 * n) {
+        auto a = op(F::load(s + i)), b = op(F::load(s + i + n)), c = op(F::load(s + i + 2 * n)), e = op(F::load(s + i + 3 * n));
+        F::store(d + i, a); F::store(d + i + n, b); F::store(d + i + 2 * n, c); F::store(d + i + 3 * n, e);
+    }
+    for (; i + n <= len; i += n) F::store(d + i, op(F::load(s + i)));
+    if (i < len) {
+        auto k = F::tail(len - i);
+        F::storem(d + i, k, op(F::loadm(k, s + i)));
+    }
+}
+
+template <class T>
+VRX_INLINE void threshLTKernel(const T* s, T* d, int len, T level) {
+    if constexpr (std::is_floating_point_v<T>) {
+        const auto l = Vf<T>::set1(level);
+        mapf(s, d, len, [l](auto x) { return Vf<T>::max(l, x); });
+    } else {
+        mapv(s, d, len, [level](T x) { return x < level ? level : x; });
+    }
+}
+template <class T>
+VRX_INLINE void threshGTKernel(const T* s, T* d, int len, T level) {
+    if constexpr (std::is_floating_point_v<T>) {
+        const auto l = Vf<T>::set1(level);
+        mapf(s, d, len, [l](auto x) { return Vf<T>::min(l, x); });
+    } else {
+        mapv(s, d, len, [level](T x) { return x > level ? level : x; });
+    }
+}
+
 template <class T>
 VrxStatus thresh(const T* s, T* d, int len, T level, VrxCmpOp relOp) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (relOp == vrxCmpLess) mapv(s, d, len, [level](T x) { return x < level ? level : x; });
-    else if (relOp == vrxCmpGreater) mapv(s, d, len, [level](T x) { return x > level ? level : x; });
-    else return vrxErrBadArg;
+    if (relOp != vrxCmpLess && relOp != vrxCmpGreater) return vrxErrBadArg;
+    if (relOp == vrxCmpLess) threshLTKernel(s, d, len, level);
+    else threshGTKernel(s, d, len, level);
     return vrxOk;
 }
 
 template <class T>
 VrxStatus threshLT(const T* s, T* d, int len, T level) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    mapv(s, d, len, [level](T x) { return x < level ? level : x; });
+    threshLTKernel(s, d, len, level);
     return vrxOk;
 }
 template <class T>
 VrxStatus threshGT(const T* s, T* d, int len, T level) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    mapv(s, d, len, [level](T x) { return x > level ? level : x; });
+    threshGTKernel(s, d, len, level);
     return vrxOk;
 }
 
 template <class T>
 VrxStatus threshLTVal(const T* s, T* d, int len, T level, T value) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    mapv(s, d, len, [level, value](T x) { return x < level ? value : x; });
+    if constexpr (std::is_floating_point_v<T>) {
+        using F = Vf<T>;
+        const auto l = F::set1(level), v = F::set1(value);
+        mapf(s, d, len, [=](auto x) { return F::blend(F::lt(x, l), x, v); });
+    } else {
+        mapv(s, d, len, [level, value](T x) { return x < level ? value : x; });
+    }
     return vrxOk;
 }
 template <class T>
 VrxStatus threshGTVal(const T* s, T* d, int len, T level, T value) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    mapv(s, d, len, [level, value](T x) { return x > level ? value : x; });
+    if constexpr (std::is_floating_point_v<T>) {
+        using F = Vf<T>;
+        const auto l = F::set1(level), v = F::set1(value);
+        mapf(s, d, len, [=](auto x) { return F::blend(F::lt(l, x), x, v); });
+    } else {
+        mapv(s, d, len, [level, value](T x) { return x > level ? value : x; });
+    }
     return vrxOk;
 }
 
@@ -62,7 +146,13 @@ template <class T>
 VrxStatus threshLTValGTVal(const T* s, T* d, int len, T levelLT, T valueLT, T levelGT, T valueGT) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (levelLT > levelGT) return vrxErrThreshOrder;
-    mapv(s, d, len, [=](T x) { return x < levelLT ? valueLT : (x > levelGT ? valueGT : x); });
+    if constexpr (std::is_floating_point_v<T>) {
+        using F = Vf<T>;
+        const auto l1 = F::set1(levelLT), v1 = F::set1(valueLT), l2 = F::set1(levelGT), v2 = F::set1(valueGT);
+        mapf(s, d, len, [=](auto x) { return F::blend(F::lt(x, l1), F::blend(F::lt(l2, x), x, v2), v1); });
+    } else {
+        mapv(s, d, len, [=](T x) { return x < levelLT ? valueLT : (x > levelGT ? valueGT : x); });
+    }
     return vrxOk;
 }
 
@@ -73,7 +163,9 @@ template <class T>
 VrxStatus threshLTAbsVal(const T* s, T* d, int len, T level, T value) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if constexpr (std::is_floating_point_v<T>) {
-        mapv(s, d, len, [level, value](T x) { return __builtin_fabs(x) < level ? value : x; });
+        using F = Vf<T>;
+        const auto l = F::set1(level), v = F::set1(value);
+        mapf(s, d, len, [=](auto x) { return F::blend(F::lt(F::abs(x), l), x, v); });
     } else {
         mapv(s, d, len, [level, value](T x) {
             Wide<T> a = x < 0 ? -Wide<T>(x) : Wide<T>(x);
@@ -88,10 +180,16 @@ VrxStatus threshGTAbs(const T* s, T* d, int len, T level) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (level < 0) return vrxErrThreshNeg;
     const T neg = static_cast<T>(-level);
-    mapv(s, d, len, [level, neg](T x) {
-        T t = x > level ? level : x;
-        return t < neg ? neg : t;
-    });
+    if constexpr (std::is_floating_point_v<T>) {
+        using F = Vf<T>;
+        const auto l = F::set1(level), n = F::set1(neg);
+        mapf(s, d, len, [=](auto x) { return F::max(n, F::min(l, x)); });
+    } else {
+        mapv(s, d, len, [level, neg](T x) {
+            T t = x > level ? level : x;
+            return t < neg ? neg : t;
+        });
+    }
     return vrxOk;
 }
 
