@@ -497,3 +497,62 @@ TEST(ConvertControlWord, RestoredUnderEveryCallerMode) {
 }
 
 }  // namespace
+
+namespace {
+
+// Every other conversion leaves the caller's control bits as they were,
+// under each rounding mode, with flush-to-zero and denormals-are-zero on
+// or off, and leaves no invalid flag.
+TEST(ConvertControlWord, EveryConversionLeavesControlBits) {
+    std::vector<double> g = gridValues();
+    const int n = static_cast<int>(g.size());
+    std::vector<float> f(g.begin(), g.end());
+    std::vector<Vrx64s> i64(n);
+    std::vector<Vrx32s> i32(n);
+    std::vector<Vrx16s> i16(n);
+    for (int i = 0; i < n; ++i) { i64[i] = static_cast<Vrx64s>(g[i] * 1e6 > 9e18 ? 0 : g[i] * 1e6); i32[i] = static_cast<Vrx32s>(i64[i]); i16[i] = static_cast<Vrx16s>(i32[i]); }
+    std::vector<uint8_t> out(16 * n);
+    std::vector<uint8_t> b24(3 * n, 0x5A);
+    std::vector<std::pair<const char*, std::function<VrxStatus()>>> calls = {
+        {"8u32f", [&] { return vrxsConvert_8u32f(b24.data(), (float*)out.data(), n); }},
+        {"8s32f", [&] { return vrxsConvert_8s32f((Vrx8s*)b24.data(), (float*)out.data(), n); }},
+        {"16u32f", [&] { return vrxsConvert_16u32f((Vrx16u*)i16.data(), (float*)out.data(), n); }},
+        {"16s32f", [&] { return vrxsConvert_16s32f(i16.data(), (float*)out.data(), n); }},
+        {"8s16s", [&] { return vrxsConvert_8s16s((Vrx8s*)b24.data(), (Vrx16s*)out.data(), n); }},
+        {"16s32s", [&] { return vrxsConvert_16s32s(i16.data(), (Vrx32s*)out.data(), n); }},
+        {"32s32f", [&] { return vrxsConvert_32s32f(i32.data(), (float*)out.data(), n); }},
+        {"32s64f", [&] { return vrxsConvert_32s64f(i32.data(), (double*)out.data(), n); }},
+        {"32f64f", [&] { return vrxsConvert_32f64f(f.data(), (double*)out.data(), n); }},
+        {"64s64f", [&] { return vrxsConvert_64s64f(i64.data(), (double*)out.data(), n); }},
+        {"32s16s", [&] { return vrxsConvert_32s16s(i32.data(), (Vrx16s*)out.data(), n); }},
+        {"64f32f", [&] { return vrxsConvert_64f32f(g.data(), (float*)out.data(), n); }},
+        {"24s32s", [&] { return vrxsConvert_24s32s(b24.data(), (Vrx32s*)out.data(), n); }},
+        {"24u32u", [&] { return vrxsConvert_24u32u(b24.data(), (Vrx32u*)out.data(), n); }},
+        {"24s32f", [&] { return vrxsConvert_24s32f(b24.data(), (float*)out.data(), n); }},
+        {"24u32f", [&] { return vrxsConvert_24u32f(b24.data(), (float*)out.data(), n); }},
+        {"16s32f_Sfs", [&] { return vrxsConvert_16s32f_Sfs(i16.data(), (float*)out.data(), n, 300); }},
+        {"32s32f_Sfs", [&] { return vrxsConvert_32s32f_Sfs(i32.data(), (float*)out.data(), n, -100); }},
+        {"32s64f_Sfs", [&] { return vrxsConvert_32s64f_Sfs(i32.data(), (double*)out.data(), n, 2000); }},
+        {"16s64f_Sfs", [&] { return vrxsConvert_16s64f_Sfs(i16.data(), (double*)out.data(), n, -5); }},
+        {"32s16s_Sfs", [&] { return vrxsConvert_32s16s_Sfs(i32.data(), (Vrx16s*)out.data(), n, 3); }},
+        {"32s24s_Sfs", [&] { return vrxsConvert_32s24s_Sfs(i32.data(), out.data(), n, 1); }},
+        {"32u24u_Sfs", [&] { return vrxsConvert_32u24u_Sfs((Vrx32u*)i32.data(), out.data(), n, -1); }},
+        {"16s8s_Sfs", [&] { return vrxsConvert_16s8s_Sfs(i16.data(), (Vrx8s*)out.data(), n, 2, 3); }},
+        {"64s32s_Sfs", [&] { return vrxsConvert_64s32s_Sfs(i64.data(), (Vrx32s*)out.data(), n, 2, 5); }},
+    };
+    for (auto& [name, call] : calls) {
+        for (unsigned rc : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero}) {
+            for (unsigned extra : {0u, vt::kFtz | vt::kDaz}) {
+                vt::MxcsrScope scope;
+                const unsigned w = 0x1F80u | rc | extra;
+                _mm_setcsr(w);
+                ASSERT_EQ(call(), vrxOk) << name;
+                const unsigned after = _mm_getcsr();
+                EXPECT_EQ(after & ~0x3Fu, w) << name << " rc " << rc;
+                EXPECT_EQ(after & 1u, 0u) << name << " left the invalid flag";
+            }
+        }
+    }
+}
+
+}  // namespace

@@ -361,3 +361,34 @@ TEST(ThresholdInv, ZeroWarnsOnlyAtLevelZero) {
 }
 
 }  // namespace
+
+namespace {
+
+// The inversion masks every exception for its run and gives the caller's
+// control word back whole, under every rounding mode, also with the
+// zero-divide exception unmasked (no trap).
+TEST(ThresholdInv, ControlWordRestoredUnderEveryMode) {
+    float x[33];
+    double y[33];
+    Vrx32fc c[33];
+    for (int i = 0; i < 33; ++i) { x[i] = static_cast<float>(i - 16) * 0.75f; y[i] = x[i]; c[i] = {x[i], -x[i]}; }
+    float xo[33]; double yo[33]; Vrx32fc co[33];
+    for (unsigned rc : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero}) {
+        for (unsigned masks : {0x1F80u, 0x1F80u & ~0x0200u, 0x1F80u | vt::kFtz | vt::kDaz}) {
+            vt::MxcsrScope scope;
+            const unsigned w = masks | rc;
+            _mm_setcsr(w);
+            EXPECT_EQ(vrxsThreshold_LTInv_32f(x, xo, 33, 0.0f), vrxWarnInvZero);
+            EXPECT_EQ(_mm_getcsr(), w);
+            EXPECT_EQ(vrxsThreshold_LTInv_64f(y, yo, 33, 0.0), vrxWarnInvZero);
+            EXPECT_EQ(_mm_getcsr(), w);
+            EXPECT_EQ(vrxsThreshold_LTInv_32fc(c, co, 33, 0.0f), vrxWarnInvZero);
+            EXPECT_EQ(_mm_getcsr(), w);
+            EXPECT_EQ(vrxsThreshold_LTInv_64f_I(y, 33, 2.0), vrxOk);
+            EXPECT_EQ(_mm_getcsr(), w);
+            for (int i = 0; i < 33; ++i) y[i] = x[i];
+        }
+    }
+}
+
+}  // namespace
