@@ -3,11 +3,12 @@
 // element width; the loops are plain element loops that the compiler widens
 // to full vector registers. Constant forms take their zero-constant
 // shortcuts before the general checks.
-#include "vrx_base.h"
+#include "conv_forward.h"
 
 #include <immintrin.h>
 
 using namespace n0;
+using namespace n0::fwd;
 
 namespace {
 
@@ -110,19 +111,6 @@ VRX_INLINE VrxStatus vcI(T c, T* d, int len) {
     logicVCI<Op>(c, d, len);
     return vrxOk;
 }
-
-// The block moves by element width (the unsigned types share the bits of
-// the signed ones).
-VRX_INLINE VrxStatus copyW(const Vrx8u* s, Vrx8u* d, int len) { return N0(vrxsCopy_8u)(s, d, len); }
-VRX_INLINE VrxStatus copyW(const Vrx16u* s, Vrx16u* d, int len) {
-    return N0(vrxsCopy_16s)(reinterpret_cast<const Vrx16s*>(s), reinterpret_cast<Vrx16s*>(d), len);
-}
-VRX_INLINE VrxStatus copyW(const Vrx32u* s, Vrx32u* d, int len) {
-    return N0(vrxsCopy_32s)(reinterpret_cast<const Vrx32s*>(s), reinterpret_cast<Vrx32s*>(d), len);
-}
-VRX_INLINE VrxStatus zeroW(Vrx8u* d, int len) { return N0(vrxsZero_8u)(d, len); }
-VRX_INLINE VrxStatus zeroW(Vrx16u* d, int len) { return N0(vrxsZero_16s)(reinterpret_cast<Vrx16s*>(d), len); }
-VRX_INLINE VrxStatus zeroW(Vrx32u* d, int len) { return N0(vrxsZero_32s)(reinterpret_cast<Vrx32s*>(d), len); }
 
 template <class T>
 VRX_INLINE VrxStatus andC(const T* a, T c, T* d, int len) {

@@ -3,11 +3,12 @@
 // right shifts are logical for the unsigned types and arithmetic for the
 // signed ones. The shortcuts (count 0, count of the width or more) stand in
 // front of the general checks.
-#include "vrx_base.h"
+#include "conv_forward.h"
 
 #include <type_traits>
 
 using namespace n0;
+using namespace n0::fwd;
 
 namespace {
 
@@ -28,17 +29,6 @@ template <class T>
 void shrI(T* __restrict d, int len, int c) {
     for (int i = 0; i < len; ++i) d[i] = static_cast<T>(d[i] >> c);
 }
-
-VRX_INLINE VrxStatus copyW(const Vrx8u* s, Vrx8u* d, int len) { return N0(vrxsCopy_8u)(s, d, len); }
-VRX_INLINE VrxStatus copyW(const Vrx16u* s, Vrx16u* d, int len) {
-    return N0(vrxsCopy_16s)(reinterpret_cast<const Vrx16s*>(s), reinterpret_cast<Vrx16s*>(d), len);
-}
-VRX_INLINE VrxStatus copyW(const Vrx16s* s, Vrx16s* d, int len) { return N0(vrxsCopy_16s)(s, d, len); }
-VRX_INLINE VrxStatus copyW(const Vrx32s* s, Vrx32s* d, int len) { return N0(vrxsCopy_32s)(s, d, len); }
-VRX_INLINE VrxStatus zeroW(Vrx8u* d, int len) { return N0(vrxsZero_8u)(d, len); }
-VRX_INLINE VrxStatus zeroW(Vrx16u* d, int len) { return N0(vrxsZero_16s)(reinterpret_cast<Vrx16s*>(d), len); }
-VRX_INLINE VrxStatus zeroW(Vrx16s* d, int len) { return N0(vrxsZero_16s)(d, len); }
-VRX_INLINE VrxStatus zeroW(Vrx32s* d, int len) { return N0(vrxsZero_32s)(d, len); }
 
 template <class T> constexpr int kWidth = 8 * static_cast<int>(sizeof(T));
 
