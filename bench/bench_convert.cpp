@@ -30,7 +30,7 @@ void fill(S* p, size_t n) {
 
 // One benchmark body: f(src, dst, n) over fresh buffers.
 template <class S, class D, class F>
-void run(benchmark::State& st, F f) {
+void run(benchmark::State& st, F f, size_t extraBytes = 0) {
     const size_t n = static_cast<size_t>(st.range(0));
     S* s = alloc<S>(n);
     D* d = alloc<D>(n);
@@ -40,7 +40,7 @@ void run(benchmark::State& st, F f) {
         benchmark::DoNotOptimize(d);
         benchmark::ClobberMemory();
     }
-    st.SetBytesProcessed(static_cast<int64_t>(st.iterations()) * static_cast<int64_t>(n * (sizeof(S) + sizeof(D))));
+    st.SetBytesProcessed(static_cast<int64_t>(st.iterations()) * static_cast<int64_t>(n * (sizeof(S) + sizeof(D) + extraBytes)));
     free(s);
     free(d);
 }
@@ -234,7 +234,7 @@ BENCHMARK(BM_volk_max_32f) SIZES;
 void BM_vrx_and_32u(benchmark::State& st) {
     const size_t n = static_cast<size_t>(st.range(0));
     uint32_t* b = alloc<uint32_t>(n);
-    run<uint32_t, uint32_t>(st, [b](const uint32_t* s, uint32_t* d, int m) { vrxsAnd_32u(s, b, d, m); });
+    run<uint32_t, uint32_t>(st, [b](const uint32_t* s, uint32_t* d, int m) { vrxsAnd_32u(s, b, d, m); }, 4);
     free(b);
 }
 BENCHMARK(BM_vrx_and_32u) SIZES;
@@ -242,7 +242,7 @@ BENCHMARK(BM_vrx_and_32u) SIZES;
 void BM_volk_and_32u(benchmark::State& st) {
     const size_t n = static_cast<size_t>(st.range(0));
     int32_t* b = alloc<int32_t>(n);
-    run<int32_t, int32_t>(st, [b](const int32_t* s, int32_t* d, int m) { volk_32i_x2_and_32i(d, s, b, m); });
+    run<int32_t, int32_t>(st, [b](const int32_t* s, int32_t* d, int m) { volk_32i_x2_and_32i(d, s, b, m); }, 4);
     free(b);
 }
 BENCHMARK(BM_volk_and_32u) SIZES;

@@ -392,3 +392,23 @@ TEST(ThresholdInv, ControlWordRestoredUnderEveryMode) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(ThresholdReal, LargeVectorsStreamed) {
+    const int n = (5 << 20) / 4 + 5;
+    std::vector<float> x(n);
+    vt::Rng rng(4);
+    for (auto& v : x) v = static_cast<float>(rng.uniform() * 200 - 100);
+    for (size_t off : {0, 4, 12}) {
+        vt::Buffer d(n * sizeof(float), off);
+        float* p = d.as<float>();
+        ASSERT_EQ(vrxsThreshold_LT_32f(x.data(), p, n, 10.0f), vrxOk);
+        for (int i = 0; i < n; ++i) ASSERT_EQ(p[i], x[i] < 10.0f ? 10.0f : x[i]) << i;
+        ASSERT_EQ(vrxsThreshold_GTVal_32f_I(p, n, 50.0f, -1.0f), vrxOk);
+        for (int i = 0; i < n; ++i) ASSERT_EQ(p[i], x[i] < 10.0f ? 10.0f : (x[i] > 50.0f ? -1.0f : x[i])) << i;
+        ASSERT_TRUE(d.guardsIntact());
+    }
+}
+
+}  // namespace

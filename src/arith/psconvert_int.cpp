@@ -199,6 +199,18 @@ VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     auto st16 = [](Vrx16s* q, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), v); };
     int i = 0;
+    if (static_cast<size_t>(len) * 2 >= kStreamBytes && (reinterpret_cast<uintptr_t>(d) & 1) == 0) {
+        // large destinations: scalar head up to a 32-byte boundary, then
+        // streaming stores
+        for (; (reinterpret_cast<uintptr_t>(d + i) & 31) != 0; ++i) d[i] = s[i];
+        for (; i + 64 <= len; i += 64) {
+            __m256i a = _mm256_cvtepi8_epi16(ld128(s + i)), b = _mm256_cvtepi8_epi16(ld128(s + i + 16));
+            __m256i c = _mm256_cvtepi8_epi16(ld128(s + i + 32)), e = _mm256_cvtepi8_epi16(ld128(s + i + 48));
+            auto sts = [](Vrx16s* q, __m256i v) { _mm256_stream_si256(reinterpret_cast<__m256i*>(q), v); };
+            sts(d + i, a); sts(d + i + 16, b); sts(d + i + 32, c); sts(d + i + 48, e);
+        }
+        _mm_sfence();
+    }
     for (; i + 64 <= len; i += 64) {
         __m256i a = _mm256_cvtepi8_epi16(ld128(s + i)), b = _mm256_cvtepi8_epi16(ld128(s + i + 16));
         __m256i c = _mm256_cvtepi8_epi16(ld128(s + i + 32)), e = _mm256_cvtepi8_epi16(ld128(s + i + 48));

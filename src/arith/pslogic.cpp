@@ -4,6 +4,7 @@
 // to full vector registers. Constant forms take their zero-constant
 // shortcuts before the general checks.
 #include "conv_forward.h"
+#include "conv_simd.h"
 
 #include <immintrin.h>
 
@@ -30,13 +31,28 @@ template <> struct VecOf<OpXor> { using V = OpXorV; };
 
 VRX_INLINE __m512i ld(const Vrx8u* p) { return _mm512_loadu_si512(p); }
 VRX_INLINE void st(Vrx8u* p, __m512i v) { _mm512_storeu_si512(p, v); }
+VRX_INLINE void stream(Vrx8u* p, __m512i v) { _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v); }
 
 // d = op(a, b) where b is a vector (pb) or the pattern vb.
 template <class Op, bool Vec>
-VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* d, size_t n) {
+VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* d, size_t n, size_t esz) {
     using V = typename VecOf<Op>::V;
     auto B = [&](size_t i) { return Vec ? ld(pb + i) : vb; };
     size_t i = 0;
+    alignas(64) Vrx8u pat[64];
+    if (!Vec) _mm512_store_si512(pat, vb);
+    auto one = [&](size_t k) { return Op::f(a[k], Vec ? pb[k] : pat[k & 63]); };
+    if (n >= conv::kStreamBytes && (reinterpret_cast<uintptr_t>(d) & (esz - 1)) == 0) {
+        // large destinations: bytes up to a 64-byte boundary, then streaming
+        // stores (the boundary is an element boundary, so the pattern fits)
+        for (; (reinterpret_cast<uintptr_t>(d + i) & 63) != 0; ++i) d[i] = one(i);
+        for (; i + 256 <= n; i += 256) {
+            __m512i r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
+            __m512i r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
+            stream(d + i, r0); stream(d + i + 64, r1); stream(d + i + 128, r2); stream(d + i + 192, r3);
+        }
+        _mm_sfence();
+    }
     for (; i + 256 <= n; i += 256) {
         __m512i r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
         __m512i r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
@@ -49,9 +65,7 @@ VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* 
         _mm512_mask_storeu_epi32(d + i, k, V::f(_mm512_maskz_loadu_epi32(k, a + i), bb));
         i += 4 * q;
     }
-    alignas(64) Vrx8u pat[64];
-    if (!Vec) _mm512_store_si512(pat, vb);
-    for (size_t j = 0; i < n; ++i, ++j) d[i] = Op::f(a[i], Vec ? pb[i] : pat[j]);
+    for (; i < n; ++i) d[i] = one(i);
 }
 
 template <class T>
@@ -67,19 +81,19 @@ template <class T> VRX_INLINE size_t bytes(int len) { return static_cast<size_t>
 
 template <class Op, class T>
 void logicVV(const T* a, const T* b, T* d, int len) {
-    bytesKernel<Op, true>(B8(a), B8(b), _mm512_setzero_si512(), B8(d), bytes<T>(len));
+    bytesKernel<Op, true>(B8(a), B8(b), _mm512_setzero_si512(), B8(d), bytes<T>(len), sizeof(T));
 }
 template <class Op, class T>
 void logicVVI(const T* a, T* bd, int len) { logicVV<Op>(a, bd, bd, len); }
 template <class Op, class T>
 void logicVC(const T* a, T c, T* d, int len) {
-    bytesKernel<Op, false>(B8(a), nullptr, broadcast(c), B8(d), bytes<T>(len));
+    bytesKernel<Op, false>(B8(a), nullptr, broadcast(c), B8(d), bytes<T>(len), sizeof(T));
 }
 template <class Op, class T>
 void logicVCI(T c, T* d, int len) { logicVC<Op>(d, c, d, len); }
 template <class T>
 void notV(const T* a, T* d, int len) {
-    bytesKernel<OpXor, false>(B8(a), nullptr, _mm512_set1_epi32(-1), B8(d), bytes<T>(len));
+    bytesKernel<OpXor, false>(B8(a), nullptr, _mm512_set1_epi32(-1), B8(d), bytes<T>(len), sizeof(T));
 }
 template <class T>
 void notVI(T* d, int len) { notV(d, d, len); }

@@ -35,6 +35,7 @@ template <> struct Vf<Vrx32f> {
     static VRX_INLINE V load(const Vrx32f* p) { return _mm512_loadu_ps(p); }
     static VRX_INLINE V loadm(M k, const Vrx32f* p) { return _mm512_maskz_loadu_ps(k, p); }
     static VRX_INLINE void store(Vrx32f* p, V v) { _mm512_storeu_ps(p, v); }
+    static VRX_INLINE void stream(Vrx32f* p, V v) { _mm512_stream_ps(p, v); }
     static VRX_INLINE void storem(Vrx32f* p, M k, V v) { _mm512_mask_storeu_ps(p, k, v); }
     static VRX_INLINE V set1(Vrx32f x) { return _mm512_set1_ps(x); }
     static VRX_INLINE V max(V a, V b) { return _mm512_max_ps(a, b); }
@@ -51,6 +52,7 @@ template <> struct Vf<Vrx64f> {
     static VRX_INLINE V load(const Vrx64f* p) { return _mm512_loadu_pd(p); }
     static VRX_INLINE V loadm(M k, const Vrx64f* p) { return _mm512_maskz_loadu_pd(k, p); }
     static VRX_INLINE void store(Vrx64f* p, V v) { _mm512_storeu_pd(p, v); }
+    static VRX_INLINE void stream(Vrx64f* p, V v) { _mm512_stream_pd(p, v); }
     static VRX_INLINE void storem(Vrx64f* p, M k, V v) { _mm512_mask_storeu_pd(p, k, v); }
     static VRX_INLINE V set1(Vrx64f x) { return _mm512_set1_pd(x); }
     static VRX_INLINE V max(V a, V b) { return _mm512_max_pd(a, b); }
@@ -65,6 +67,18 @@ VRX_INLINE void mapf(const T* s, T* d, int len, Op op) {
     using F = Vf<T>;
     constexpr int n = F::n;
     int i = 0;
+    if (static_cast<size_t>(len) * sizeof(T) >= conv::kStreamBytes && (reinterpret_cast<uintptr_t>(d) & (sizeof(T) - 1)) == 0) {
+        // large destinations: a masked head up to a 64-byte boundary, then
+        // streaming stores
+        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T));
+        if (head) F::storem(d, F::tail(head), op(F::load(s)));
+        i = head;
+        for (; i + 4 * n <= len; i += 4 * n) {
+            auto a = op(F::load(s + i)), b = op(F::load(s + i + n)), c = op(F::load(s + i + 2 * n)), e = op(F::load(s + i + 3 * n));
+            F::stream(d + i, a); F::stream(d + i + n, b); F::stream(d + i + 2 * n, c); F::stream(d + i + 3 * n, e);
+        }
+        _mm_sfence();
+    }
     for (; i + 4 * n <= len; i += 4 * n) {
         auto a = op(F::load(s + i)), b = op(F::load(s + i + n)), c = op(F::load(s + i + 2 * n)), e = op(F::load(s + i + 3 * n));
         F::store(d + i, a); F::store(d + i + n, b); F::store(d + i + 2 * n, c); F::store(d + i + 3 * n, e);
