@@ -113,7 +113,10 @@ template <class T>
 void checkShifts(const ShiftFns<T>& f) {
     vt::Rng rng(3 * sizeof(T));
     constexpr int w = 8 * sizeof(T);
-    for (int len = 1; len <= 70; len += 3) {
+    std::vector<int> lens;
+    for (int len = 1; len <= 70; len += 3) lens.push_back(len);
+    for (int len : {129, 200, 333}) lens.push_back(len);
+    for (int len : lens) {
         vt::Buffer a(len * sizeof(T), 2 * (len & 1)), d(len * sizeof(T), 4 * (len & 2));
         auto x = randomVec<T>(rng, len);
         memcpy(a.data(), x.data(), len * sizeof(T));

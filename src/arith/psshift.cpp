@@ -5,6 +5,8 @@
 // front of the general checks.
 #include "conv_forward.h"
 
+#include <immintrin.h>
+
 #include <type_traits>
 
 using namespace n0;
@@ -12,23 +14,82 @@ using namespace n0::fwd;
 
 namespace {
 
+// The kernels shift 32-bit lanes and mask off the bits that crossed an
+// element boundary, so one 512-bit shift serves 8-, 16- and 32-bit elements;
+// the arithmetic shift of 16-bit elements uses 256-bit word shifts. The
+// tail runs the same operation under a 32-bit lane mask, then element by
+// element for the last bytes.
 template <class T>
-void shl(const T* __restrict s, T* __restrict d, int len, int c) {
-    for (int i = 0; i < len; ++i) d[i] = static_cast<T>(static_cast<std::make_unsigned_t<T>>(s[i]) << c);
+VRX_INLINE uint32_t laneMask(int c, bool left) {
+    constexpr uint32_t ones = sizeof(T) == 1 ? 0xFFu : (sizeof(T) == 2 ? 0xFFFFu : 0xFFFFFFFFu);
+    constexpr uint32_t rep = sizeof(T) == 1 ? 0x01010101u : (sizeof(T) == 2 ? 0x00010001u : 1u);
+    return rep * ((left ? (ones << c) : (ones >> c)) & ones);
 }
+
 template <class T>
-void shlI(T* __restrict d, int len, int c) {
-    for (int i = 0; i < len; ++i) d[i] = static_cast<T>(static_cast<std::make_unsigned_t<T>>(d[i]) << c);
+VRX_INLINE T scalarShift(T x, int c, bool left) {
+    using U = std::make_unsigned_t<T>;
+    if (left) return static_cast<T>(static_cast<U>(x) << c);
+    return static_cast<T>(x >> c);  // logical for unsigned T, arithmetic for signed T
 }
-// Logical for unsigned T, arithmetic for signed T (c below the width).
+
 template <class T>
-void shr(const T* __restrict s, T* __restrict d, int len, int c) {
-    for (int i = 0; i < len; ++i) d[i] = static_cast<T>(s[i] >> c);
+void shiftKernel(const T* s, T* d, int len, int c, bool left) {
+    const Vrx8u* a = reinterpret_cast<const Vrx8u*>(s);
+    Vrx8u* o = reinterpret_cast<Vrx8u*>(d);
+    const size_t n = static_cast<size_t>(len) * sizeof(T);
+    const __m128i cnt = _mm_cvtsi32_si128(c);
+    size_t i = 0;
+    if constexpr (std::is_same_v<T, Vrx16s>) {
+        if (!left) {
+            auto op = [cnt](__m256i v) { return _mm256_sra_epi16(v, cnt); };
+            for (; i + 128 <= n; i += 128) {
+                __m256i r0 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i)));
+                __m256i r1 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i + 32)));
+                __m256i r2 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i + 64)));
+                __m256i r3 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i + 96)));
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i), r0);
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i + 32), r1);
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i + 64), r2);
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i + 96), r3);
+            }
+            for (; i + 32 <= n; i += 32)
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i), op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i))));
+            for (size_t k = i / sizeof(T); k < static_cast<size_t>(len); ++k) d[k] = scalarShift(s[k], c, false);
+            return;
+        }
+    }
+    const __m512i m = _mm512_set1_epi32(static_cast<int>(laneMask<T>(c, left)));
+    auto op = [&](__m512i v) {
+        if constexpr (std::is_same_v<T, Vrx32s>) {
+            return left ? _mm512_sll_epi32(v, cnt) : _mm512_sra_epi32(v, cnt);
+        } else {
+            return _mm512_and_si512(left ? _mm512_sll_epi32(v, cnt) : _mm512_srl_epi32(v, cnt), m);
+        }
+    };
+    for (; i + 256 <= n; i += 256) {
+        __m512i r0 = op(_mm512_loadu_si512(a + i)), r1 = op(_mm512_loadu_si512(a + i + 64));
+        __m512i r2 = op(_mm512_loadu_si512(a + i + 128)), r3 = op(_mm512_loadu_si512(a + i + 192));
+        _mm512_storeu_si512(o + i, r0); _mm512_storeu_si512(o + i + 64, r1);
+        _mm512_storeu_si512(o + i + 128, r2); _mm512_storeu_si512(o + i + 192, r3);
+    }
+    for (; i + 64 <= n; i += 64) _mm512_storeu_si512(o + i, op(_mm512_loadu_si512(a + i)));
+    if (size_t q = (n - i) / 4) {
+        const __mmask16 k = static_cast<__mmask16>((1u << q) - 1u);
+        _mm512_mask_storeu_epi32(o + i, k, op(_mm512_maskz_loadu_epi32(k, a + i)));
+        i += 4 * q;
+    }
+    for (size_t k = i / sizeof(T); k < static_cast<size_t>(len); ++k) d[k] = scalarShift(s[k], c, left);
 }
+
 template <class T>
-void shrI(T* __restrict d, int len, int c) {
-    for (int i = 0; i < len; ++i) d[i] = static_cast<T>(d[i] >> c);
-}
+VRX_INLINE void shl(const T* s, T* d, int len, int c) { shiftKernel(s, d, len, c, true); }
+template <class T>
+VRX_INLINE void shlI(T* d, int len, int c) { shiftKernel<T>(d, d, len, c, true); }
+template <class T>
+VRX_INLINE void shr(const T* s, T* d, int len, int c) { shiftKernel(s, d, len, c, false); }
+template <class T>
+VRX_INLINE void shrI(T* d, int len, int c) { shiftKernel<T>(d, d, len, c, false); }
 
 template <class T> constexpr int kWidth = 8 * static_cast<int>(sizeof(T));
 
