@@ -4,6 +4,7 @@
 // with masked loads and stores, so every element takes the same path.
 #pragma once
 
+#include "vrx_cache.h"
 #include "vrx_fpu.h"
 
 #include <immintrin.h>
@@ -95,9 +96,18 @@ namespace n0::conv {
 // Widening driver: op(p) turns the 16 source elements at p into one vector
 // of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
 // through a zeroed local copy of the source and a masked store.
-// Destinations at least this large are written with non-temporal stores:
-// they would only evict the caller's working set.
+// Destinations of at least half the largest cache are written with
+// non-temporal stores: kept in the cache they would only evict the caller's
+// working set, and below that size the cache serves the caller's next step.
+// The cache is only asked about for destinations of 4 MiB or more.
 constexpr size_t kStreamBytes = size_t(1) << 22;
+
+VRX_INLINE bool streamWorth(size_t dstBytes) {
+    if (dstBytes < kStreamBytes) return false;
+    int cache = 0;
+    if (!maxCacheSize(cache) || cache <= 0) return dstBytes >= (size_t(1) << 24);
+    return dstBytes >= static_cast<size_t>(cache) / 2;
+}
 
 template <class S, class D, class Op>
 VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
@@ -110,7 +120,7 @@ VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
         VRX_INLINE void operator()(D* q, __m512i v) const { _mm512_stream_si512(reinterpret_cast<__m512i*>(q), v); }
     } stream;
     int i = 0;
-    if (static_cast<size_t>(len) * sizeof(D) >= kStreamBytes && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
+    if (streamWorth(static_cast<size_t>(len) * sizeof(D)) && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
         // head up to a 64-byte boundary of the destination, then streaming
         const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(D));
         if (head) store(d, tailMask16(head), op(s));
