@@ -440,6 +440,10 @@ VRXAPI(VrxStatus, vrxsThreshold_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f level, 
 VRXAPI(VrxStatus, vrxsThreshold_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f level, VrxCmpOp relOp))
 VRXAPI(VrxStatus, vrxsThreshold_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f level, VrxCmpOp relOp))
 
+/* thresholds with the relation fixed; replacement by a value (complex forms
+ * compare the squared magnitude); magnitude forms (a negative level is
+ * vrxErrThreshNeg); LTValGTVal needs levelLT <= levelGT (vrxErrThreshOrder);
+ * the inverse warns vrxWarnInvZero when a zero is inverted at level 0 */
 VRXAPI(VrxStatus, vrxsThreshold_LT_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_LT_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_LT_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level))
