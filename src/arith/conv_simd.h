@@ -4,7 +4,6 @@
 // with masked loads and stores, so every element takes the same path.
 #pragma once
 
-#include "vrx_cache.h"
 #include "vrx_fpu.h"
 
 #include <immintrin.h>
@@ -96,18 +95,13 @@ namespace n0::conv {
 // Widening driver: op(p) turns the 16 source elements at p into one vector
 // of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
 // through a zeroed local copy of the source and a masked store.
-// Destinations of at least half the largest cache are written with
-// non-temporal stores: kept in the cache they would only evict the caller's
-// working set, and below that size the cache serves the caller's next step.
-// The cache is only asked about for destinations of 4 MiB or more.
-constexpr size_t kStreamBytes = size_t(1) << 22;
+// Destinations of 16 MiB or more are written with non-temporal stores: kept
+// in the cache they would only evict the caller's working set. A fixed
+// size, because asking the processor for its cache costs more than
+// converting megabytes under a hypervisor.
+constexpr size_t kStreamBytes = size_t(1) << 24;
 
-VRX_INLINE bool streamWorth(size_t dstBytes) {
-    if (dstBytes < kStreamBytes) return false;
-    int cache = 0;
-    if (!maxCacheSize(cache) || cache <= 0) return dstBytes >= (size_t(1) << 24);
-    return dstBytes >= static_cast<size_t>(cache) / 2;
-}
+VRX_INLINE bool streamWorth(size_t dstBytes) { return dstBytes >= kStreamBytes; }
 
 template <class S, class D, class Op>
 VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {

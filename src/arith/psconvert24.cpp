@@ -23,12 +23,11 @@ VRX_INLINE void store24(Vrx8u* p, uint32_t v) {
 }
 
 // 16 samples: 48 bytes expanded to 32-bit lanes by byte shuffles within
-// each 128-bit half of two AVX2 loads (the source pointer must allow 64
-// bytes to be read; the caller keeps the last rounds scalar).
+// each 128-bit half of two AVX2 loads; exactly the 48 bytes are read.
 template <bool Signed>
 VRX_INLINE __m512i expand16(const Vrx8u* p) {
-    // bytes of samples 0..3 in the low half, 4..7 in the high half of a
-    // 32-byte window read at p (low) and p + 12 - 16 (high)
+    // samples 0..3 from the 16 bytes at p, 4..7 from the 16 bytes at p + 8
+    // (offset 4 within them); likewise 8..15 from p + 24 and p + 32
     const __m256i shuf = Signed
         ? _mm256_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11,
                            -1, 4, 5, 6, -1, 7, 8, 9, -1, 10, 11, 12, -1, 13, 14, 15)
