@@ -64,22 +64,26 @@ template <class D> struct Dst;
 template <> struct Dst<Vrx8s> {
     static constexpr float hi = 127.0f;
     static VRX_INLINE void store(Vrx8s* p, __mmask16 k, __m512i v) { _mm512_mask_cvtsepi32_storeu_epi8(p, k, v); }
+    static VRX_INLINE __m128i narrow(__m512i v) { return _mm512_cvtsepi32_epi8(v); }
 };
 template <> struct Dst<Vrx8u> {
     static constexpr float hi = 255.0f;
     static VRX_INLINE void store(Vrx8u* p, __mmask16 k, __m512i v) {
         _mm512_mask_cvtusepi32_storeu_epi8(p, k, _mm512_max_epi32(v, _mm512_setzero_si512()));
     }
+    static VRX_INLINE __m128i narrow(__m512i v) { return _mm512_cvtusepi32_epi8(_mm512_max_epi32(v, _mm512_setzero_si512())); }
 };
 template <> struct Dst<Vrx16s> {
     static constexpr float hi = 32767.0f;
     static VRX_INLINE void store(Vrx16s* p, __mmask16 k, __m512i v) { _mm512_mask_cvtsepi32_storeu_epi16(p, k, v); }
+    static VRX_INLINE __m256i narrow(__m512i v) { return _mm512_cvtsepi32_epi16(v); }
 };
 template <> struct Dst<Vrx16u> {
     static constexpr float hi = 65535.0f;
     static VRX_INLINE void store(Vrx16u* p, __mmask16 k, __m512i v) {
         _mm512_mask_cvtusepi32_storeu_epi16(p, k, _mm512_max_epi32(v, _mm512_setzero_si512()));
     }
+    static VRX_INLINE __m256i narrow(__m512i v) { return _mm512_cvtusepi32_epi16(_mm512_max_epi32(v, _mm512_setzero_si512())); }
 };
 template <> struct Dst<Vrx32s> {
     // 2147483647 is not a float: the clamp value is 2^31, whose conversion
@@ -95,13 +99,15 @@ namespace n0::conv {
 // Widening driver: op(p) turns the 16 source elements at p into one vector
 // of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
 // through a zeroed local copy of the source and a masked store.
-// Destinations of 16 MiB or more are written with non-temporal stores: kept
-// in the cache they would only evict the caller's working set. A fixed
-// size, because asking the processor for its cache costs more than
+// Calls that move 32 MiB or more (sources and destination together) write
+// with non-temporal stores: such a stream does not stay in a last-level
+// cache, and kept there it would only evict the caller's working set.
+// Smaller calls keep ordinary stores, whose lines the cache serves back.
+// A fixed size, because asking the processor for its cache costs more than
 // converting megabytes under a hypervisor.
-constexpr size_t kStreamBytes = size_t(1) << 24;
+constexpr size_t kStreamBytes = size_t(1) << 25;
 
-VRX_INLINE bool streamWorth(size_t dstBytes) { return dstBytes >= kStreamBytes; }
+VRX_INLINE bool streamWorth(size_t trafficBytes) { return trafficBytes >= kStreamBytes; }
 
 template <class S, class D, class Op>
 VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
@@ -114,7 +120,7 @@ VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
         VRX_INLINE void operator()(D* q, __m512i v) const { _mm512_stream_si512(reinterpret_cast<__m512i*>(q), v); }
     } stream;
     int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * sizeof(D)) && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
+    if (streamWorth(static_cast<size_t>(len) * (sizeof(S) + sizeof(D))) && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
         // head up to a 64-byte boundary of the destination, then streaming
         const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(D));
         if (head) store(d, tailMask16(head), op(s));

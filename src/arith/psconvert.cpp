@@ -36,6 +36,30 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
         }
     };
     int i = 0;
+    // narrow destinations: the narrowed vectors are joined into full 64-byte
+    // stores
+    if constexpr (sizeof(D) == 1) {
+        auto v = [&](int j) {
+            __m512 x = _mm512_loadu_ps(s + j);
+            if (Scale) x = _mm512_mul_ps(x, vm);
+            return Dst<D>::narrow(roundToInt<M>(x, hi));
+        };
+        for (; i + 64 <= len; i += 64) {
+            __m512i r = _mm512_castsi128_si512(v(i));
+            r = _mm512_inserti32x4(r, v(i + 16), 1);
+            r = _mm512_inserti32x4(r, v(i + 32), 2);
+            r = _mm512_inserti32x4(r, v(i + 48), 3);
+            _mm512_storeu_si512(d + i, r);
+        }
+    } else if constexpr (sizeof(D) == 2) {
+        auto v = [&](int j) {
+            __m512 x = _mm512_loadu_ps(s + j);
+            if (Scale) x = _mm512_mul_ps(x, vm);
+            return Dst<D>::narrow(roundToInt<M>(x, hi));
+        };
+        for (; i + 32 <= len; i += 32)
+            _mm512_storeu_si512(d + i, _mm512_inserti64x4(_mm512_castsi256_si512(v(i)), v(i + 16), 1));
+    }
     for (; i + 32 <= len; i += 32) { one(i, 0xFFFF); one(i + 16, 0xFFFF); }
     for (; i + 16 <= len; i += 16) one(i, 0xFFFF);
     if (i < len) one(i, tailMask16(len - i));

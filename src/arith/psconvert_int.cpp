@@ -143,7 +143,7 @@ template <class S, class Op>
 VRX_INLINE VrxStatus widen8to64f(const S* s, Vrx64f* d, int len, Op op) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * sizeof(Vrx64f)) && (reinterpret_cast<uintptr_t>(d) & 7) == 0) {
+    if (streamWorth(static_cast<size_t>(len) * (sizeof(S) + sizeof(Vrx64f))) && (reinterpret_cast<uintptr_t>(d) & 7) == 0) {
         const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(Vrx64f));
         if (head) _mm512_mask_storeu_pd(d, tailMask8(head), op(s));
         i = head;
@@ -199,8 +199,8 @@ VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     auto st16 = [](Vrx16s* q, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), v); };
     int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * 2) && (reinterpret_cast<uintptr_t>(d) & 1) == 0) {
-        // large destinations: scalar head up to a 32-byte boundary, then
+    if (streamWorth(static_cast<size_t>(len) * 3) && (reinterpret_cast<uintptr_t>(d) & 1) == 0) {
+        // large calls: scalar head up to a 32-byte boundary, then
         // streaming stores
         for (; (reinterpret_cast<uintptr_t>(d + i) & 31) != 0; ++i) d[i] = s[i];
         for (; i + 64 <= len; i += 64) {

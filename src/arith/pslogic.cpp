@@ -42,8 +42,8 @@ VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* 
     alignas(64) Vrx8u pat[64];
     if (!Vec) _mm512_store_si512(pat, vb);
     auto one = [&](size_t k) { return Op::f(a[k], Vec ? pb[k] : pat[k & 63]); };
-    if (conv::streamWorth(n) && (reinterpret_cast<uintptr_t>(d) & (esz - 1)) == 0) {
-        // large destinations: bytes up to a 64-byte boundary, then streaming
+    if (conv::streamWorth(n * (Vec ? 3 : 2)) && (reinterpret_cast<uintptr_t>(d) & (esz - 1)) == 0) {
+        // large calls: bytes up to a 64-byte boundary, then streaming
         // stores (the boundary is an element boundary, so the pattern fits)
         for (; (reinterpret_cast<uintptr_t>(d + i) & 63) != 0; ++i) d[i] = one(i);
         for (; i + 256 <= n; i += 256) {

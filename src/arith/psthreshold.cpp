@@ -67,8 +67,8 @@ VRX_INLINE void mapf(const T* s, T* d, int len, Op op) {
     using F = Vf<T>;
     constexpr int n = F::n;
     int i = 0;
-    if (conv::streamWorth(static_cast<size_t>(len) * sizeof(T)) && (reinterpret_cast<uintptr_t>(d) & (sizeof(T) - 1)) == 0) {
-        // large destinations: a masked head up to a 64-byte boundary, then
+    if (conv::streamWorth(static_cast<size_t>(len) * 2 * sizeof(T)) && (reinterpret_cast<uintptr_t>(d) & (sizeof(T) - 1)) == 0) {
+        // large calls: a masked head up to a 64-byte boundary, then
         // streaming stores
         const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T));
         if (head) F::storem(d, F::tail(head), op(F::load(s)));
