@@ -219,7 +219,7 @@ TEST(ConvertInt, EveryNarrowInputWidened) {
 // Destinations of several MiB take the streaming-store path: same values,
 // from any alignment, head and tail included.
 TEST(ConvertInt, LargeVectorsSameValues) {
-    const int n = (17 << 20) / 4 + 13;  // a destination of 16 MiB or more
+    const int n = (24 << 20) / 4 + 13;  // 32 MiB or more moved: streaming stores
     std::vector<Vrx16s> s(n);
     std::vector<float> fs(n);
     for (int i = 0; i < n; ++i) { s[i] = static_cast<Vrx16s>(i * 7919); fs[i] = static_cast<float>(i) * 0.37f - 1000.0f; }

@@ -194,7 +194,7 @@ namespace {
 // Vectors of several MiB take the streaming-store path: in place and out of
 // place, from misaligned pointers, the results stay those of the scalar rule.
 TEST(Logic, LargeVectorsInPlaceAndMisaligned) {
-    const int n = (17 << 20) / 2 + 7;  // a destination of 16 MiB or more
+    const int n = (17 << 20) / 2 + 7;  // 32 MiB or more moved: streaming stores
     vt::Rng rng(99);
     auto x = randomVec<Vrx16u>(rng, n), y = randomVec<Vrx16u>(rng, n);
     for (size_t off : {0, 2, 6}) {

@@ -396,7 +396,7 @@ TEST(ThresholdInv, ControlWordRestoredUnderEveryMode) {
 namespace {
 
 TEST(ThresholdReal, LargeVectorsStreamed) {
-    const int n = (17 << 20) / 4 + 5;  // a destination of 16 MiB or more
+    const int n = (17 << 20) / 4 + 5;  // 32 MiB or more moved: streaming stores
     std::vector<float> x(n);
     vt::Rng rng(4);
     for (auto& v : x) v = static_cast<float>(rng.uniform() * 200 - 100);
