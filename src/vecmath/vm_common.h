@@ -4,6 +4,9 @@
 // its rare lanes.
 #pragma once
 
+// The intrinsics headers of g++ 12 read _mm512_undefined_* values.
+#pragma GCC diagnostic ignored "-Wuninitialized"
+
 #include "vrx_base.h"
 
 #include <immintrin.h>
@@ -60,6 +63,9 @@ VRX_INLINE D8 fnma(D8 a, D8 b, D8 c) { return _mm512_fnmadd_pd(a, b, c); }  // c
 VRX_INLINE D8 add(D8 a, D8 b) { return _mm512_add_pd(a, b); }
 VRX_INLINE D8 sub(D8 a, D8 b) { return _mm512_sub_pd(a, b); }
 VRX_INLINE D8 mul(D8 a, D8 b) { return _mm512_mul_pd(a, b); }
+VRX_INLINE D8 div(D8 a, D8 b) { return _mm512_div_pd(a, b); }
+VRX_INLINE D8 dmin(D8 a, D8 b) { return _mm512_min_pd(a, b); }
+VRX_INLINE D8 dmax(D8 a, D8 b) { return _mm512_max_pd(a, b); }
 VRX_INLINE D8 dabs(D8 a) { return _mm512_castsi512_pd(_mm512_and_epi64(_mm512_castpd_si512(a), _mm512_set1_epi64(0x7FFFFFFFFFFFFFFFll))); }
 VRX_INLINE D8 signOf(D8 a) { return _mm512_castsi512_pd(_mm512_and_epi64(_mm512_castpd_si512(a), _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)))); }
 VRX_INLINE D8 xorp(D8 a, D8 b) { return _mm512_castsi512_pd(_mm512_xor_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(b))); }
