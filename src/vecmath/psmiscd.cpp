@@ -3,7 +3,7 @@
 
 #include <math.h>
 
-#include "vm_common.h"
+#include "vm_abs.h"
 
 using namespace n0::vm;
 
@@ -16,27 +16,6 @@ struct SqrtD {
     }
     static double rare(double x) { return x; }
 };
-
-// |re + i im| for moderate magnitudes in one fused step.
-VRX_INLINE D8 absVec(D8 re, D8 im, __mmask8& rare) {
-    D8 m = dmax(dabs(re), dabs(im));
-    rare = _mm512_cmp_pd_mask(m, set1(0x1p500), _CMP_NLE_UQ) |
-           (_mm512_cmp_pd_mask(m, set1(0x1p-500), _CMP_LT_OQ) & _mm512_cmp_pd_mask(m, set1(0.0), _CMP_NEQ_OQ)) |
-           _mm512_cmp_pd_mask(re, im, _CMP_UNORD_Q);
-    return _mm512_sqrt_pd(fma(re, re, mul(im, im)));
-}
-
-// vzabs_cout_rare: infinities win over NaN; other magnitudes are scaled
-// by a power of two around the same fused step.
-double absRare(double re, double im) {
-    if (__builtin_isinf(re) || __builtin_isinf(im)) return __builtin_inf();
-    if (__builtin_isnan(re) || __builtin_isnan(im)) return re + im;
-    double m = fabs(re) > fabs(im) ? fabs(re) : fabs(im);
-    int e = __builtin_ilogb(m);
-    double sd = __builtin_ldexp(1.0, -e), su = __builtin_ldexp(1.0, e);
-    double a = re * sd, b = im * sd;
-    return sqrt(__builtin_fma(a, a, b * b)) * su;
-}
 
 VrxStatus runAbs(const Vrx64fc* src, Vrx64f* dst, int len) {
     if (len < 1) return vrxErrBadLength;

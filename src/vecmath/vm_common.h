@@ -55,6 +55,26 @@ private:
     bool changed_;
 };
 
+// Guard of the exported families that compute outside the tier kernels:
+// when any exception is unmasked, all are masked for the call and the
+// caller's word comes back whole; a fully masked word is left alone, so
+// the flags of the arithmetic stay as IEEE arithmetic leaves them.
+class TrapGuard {
+public:
+    TrapGuard() : old_(_mm_getcsr()) {
+        changed_ = (old_ & 0x1F80u) != 0x1F80u;
+        if (changed_) _mm_setcsr(old_ | 0x1F80u);
+    }
+    ~TrapGuard() {
+        if (changed_) _mm_setcsr(old_);
+    }
+    TrapGuard(const TrapGuard&) = delete;
+    TrapGuard& operator=(const TrapGuard&) = delete;
+private:
+    unsigned old_;
+    bool changed_;
+};
+
 // ------------------------------------------------------------- doubles
 VRX_INLINE D8 set1(double v) { return _mm512_set1_pd(v); }
 VRX_INLINE D8 fma(D8 a, D8 b, D8 c) { return _mm512_fmadd_pd(a, b, c); }
