@@ -20,7 +20,7 @@ template <class T>
 double ulpErr(T got, long double ref) {
     constexpr int p = std::numeric_limits<T>::digits, emin = std::numeric_limits<T>::min_exponent;
     if (isnan(got) && isnan(ref)) return 0;
-    if (isinf(ref) || isinf(got)) return (long double)got == ref ? 0 : 1e30;
+    if (isinf(ref) || isinf(got)) return got == (T)ref ? 0 : 1e30;  // overflow of the type
     int e;
     frexpl(ref, &e);
     if (ref == 0) e = emin;

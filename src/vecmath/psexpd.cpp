@@ -33,14 +33,17 @@ struct HypK {
         D8 nm = sub(n, set1(1.0)), nn = sub(set1(-1.0), n);
         D8 a = scale2(eh, nm), al = scale2(el, nm);
         D8 b = scale2(ih, nn), bl = scale2(il, nn);
+        // beyond the overflow threshold the result is infinite
+        __mmask8 ovf = _mm512_cmp_pd_mask(ax, set1(710.4758600739439), _CMP_GT_OQ);
+        const D8 inf = set1(__builtin_inf());
         if (Cosh) {
             D8 s, e;
             twoSum(a, b, s, e);
-            return add(s, add(e, add(al, bl)));
+            return _mm512_mask_blend_pd(ovf, add(s, add(e, add(al, bl))), inf);
         }
         D8 s, e;
         twoSum(a, sub(_mm512_setzero_pd(), b), s, e);
-        D8 big = add(s, add(e, sub(al, bl)));
+        D8 big = _mm512_mask_blend_pd(ovf, add(s, add(e, sub(al, bl))), inf);
         // |x| < 1
         D8 z = mul(x, x);
         D8 p = fma(z, set1(1.0 / 121645100408832000.0), set1(1.0 / 355687428096000.0));
