@@ -275,4 +275,60 @@ VRX_INLINE VrxStatus runS12(const float* src, float* dstA, float* dstB, int len)
     return vrxOk;
 }
 
+// Single precision in 16 lanes: K::vec(F16 x, __mmask16& rare) -> F16;
+// K::rare(float) -> float.
+template <class K>
+VRX_INLINE VrxStatus runF1(const float* src, float* dst, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!src || !dst) return vrxErrNullPtr;
+    KernelFrame frame;
+    auto block = [&](int at, __mmask16 m) {
+        F16 x = _mm512_maskz_loadu_ps(m, src + at);
+        __mmask16 rare;
+        F16 y = K::vec(x, rare);
+        rare &= m;
+        _mm512_mask_storeu_ps(dst + at, m, y);
+        if (VRX_UNLIKELY(rare)) {
+            alignas(64) float t[16];
+            _mm512_store_ps(t, x);
+            for (unsigned b = rare; b; b &= b - 1) {
+                int j = __builtin_ctz(b);
+                dst[at + j] = K::rare(t[j]);
+            }
+        }
+    };
+    int i = 0;
+    for (; i + 16 <= len; i += 16) block(i, 0xFFFF);
+    if (i < len) block(i, tailMask16(len - i));
+    return vrxOk;
+}
+
+// K::vec(F16 x, F16& a, F16& b, __mmask16& rare); K::rare(float, float*, float*)
+template <class K>
+VRX_INLINE VrxStatus runF12(const float* src, float* dstA, float* dstB, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!src || !dstA || !dstB) return vrxErrNullPtr;
+    KernelFrame frame;
+    auto block = [&](int at, __mmask16 m) {
+        F16 x = _mm512_maskz_loadu_ps(m, src + at), a, b;
+        __mmask16 rare;
+        K::vec(x, a, b, rare);
+        rare &= m;
+        _mm512_mask_storeu_ps(dstA + at, m, a);
+        _mm512_mask_storeu_ps(dstB + at, m, b);
+        if (VRX_UNLIKELY(rare)) {
+            alignas(64) float t[16];
+            _mm512_store_ps(t, x);
+            for (unsigned k = rare; k; k &= k - 1) {
+                int j = __builtin_ctz(k);
+                K::rare(t[j], dstA + at + j, dstB + at + j);
+            }
+        }
+    };
+    int i = 0;
+    for (; i + 16 <= len; i += 16) block(i, 0xFFFF);
+    if (i < len) block(i, tailMask16(len - i));
+    return vrxOk;
+}
+
 }  // namespace n0::vm
