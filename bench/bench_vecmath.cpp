@@ -21,6 +21,7 @@
 #include "../src/vecmath/iface_vrx.cpp"
 #include "../src/vecmath/psatan.cpp"
 #include "../src/vecmath/psexpd.cpp"
+#include "../src/vecmath/psfloat.cpp"
 #include "../src/vecmath/pslnd.cpp"
 #include "../src/vecmath/psmiscd.cpp"
 #include "../src/vecmath/psreduce.cpp"

@@ -60,6 +60,29 @@ struct AtanD {
     static double rare(double x) { return x + x; }
 };
 
+// atan(mn/mx) for 0 <= mn <= mx from one division; the numerators are
+// exact by Sterbenz's lemma.
+VRX_INLINE D8 atanRatio(D8 mn, D8 mx) {
+    __mmask8 m0 = _mm512_cmp_pd_mask(mn, mul(mx, set1(0.4375)), _CMP_GE_OQ);
+    __mmask8 m1 = _mm512_cmp_pd_mask(mn, mul(mx, set1(0.6875)), _CMP_GE_OQ);
+    D8 num = mn, den = mx, hi = _mm512_setzero_pd(), lo = hi;
+    num = _mm512_mask_blend_pd(m0, num, fms(mn, set1(2.0), mx));
+    den = _mm512_mask_blend_pd(m0, den, fma(mx, set1(2.0), mn));
+    num = _mm512_mask_blend_pd(m1, num, sub(mn, mx));
+    den = _mm512_mask_blend_pd(m1, den, add(mn, mx));
+    hi = _mm512_mask_blend_pd(m0, hi, set1(kAtanHi[0]));
+    lo = _mm512_mask_blend_pd(m0, lo, set1(kAtanLo[0]));
+    hi = _mm512_mask_blend_pd(m1, hi, set1(kAtanHi[1]));
+    lo = _mm512_mask_blend_pd(m1, lo, set1(kAtanLo[1]));
+    D8 t = div(num, den);
+    D8 z = mul(t, t);
+    D8 w = mul(z, z);
+    D8 s1 = mul(z, fma(w, fma(w, fma(w, fma(w, fma(w, set1(aT[10]), set1(aT[8])), set1(aT[6])), set1(aT[4])), set1(aT[2])),
+                       set1(aT[0])));
+    D8 s2 = mul(w, fma(w, fma(w, fma(w, fma(w, set1(aT[9]), set1(aT[7])), set1(aT[5])), set1(aT[3])), set1(aT[1])));
+    return sub(hi, sub(fms(t, add(s1, s2), lo), t));
+}
+
 // atan2(y, x): the arctangent of min/max of the magnitudes, placed in its
 // octant. Zeros on both sides, infinities and NaNs take the rare path.
 VRX_INLINE D8 atan2Vec(D8 y, D8 x, __mmask8& rare) {
@@ -67,7 +90,7 @@ VRX_INLINE D8 atan2Vec(D8 y, D8 x, __mmask8& rare) {
     D8 mx = dmax(ax, ay), mn = dmin(ax, ay);
     rare = _mm512_cmp_pd_mask(mx, set1(__builtin_inf()), _CMP_NLT_UQ) | _mm512_cmp_pd_mask(mn, mx, _CMP_UNORD_Q) |
            _mm512_cmp_pd_mask(mx, set1(0.0), _CMP_EQ_OQ);
-    D8 r = atanPos(div(mn, mx));
+    D8 r = atanRatio(mn, mx);
     constexpr double kPio2Hi = 0x1.921fb54442d18p+0, kPio2Lo = 0x1.1a62633145c07p-54;
     constexpr double kPiHi = 0x1.921fb54442d18p+1, kPiLo = 0x1.1a62633145c07p-53;
     __mmask8 steep = _mm512_cmp_pd_mask(ay, ax, _CMP_GT_OQ);
@@ -152,17 +175,20 @@ __attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dAtan2_B3LAynn(const
                                                                            int n) {
     return runAtan2<double>(y, x, d, n);
 }
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sAtan2_B3LAynn(const Vrx32f* y, const Vrx32f* x, Vrx32f* d,
+// single precision atan2 in double lanes: the HA kernel
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sAtan2_B3HAynn(const Vrx32f* y, const Vrx32f* x, Vrx32f* d,
                                                                            int n) {
     return runAtan2<float>(y, x, d, n);
 }
+VrxStatus n0_own_vrxs_sAtan2_B3LAynn(const Vrx32f* y, const Vrx32f* x, Vrx32f* d, int n);
 const VrxKernD1 n0_own_vrxs_dAtan_B3_ttab[3] = {n0_own_vrxs_dAtan_B3HAynn, n0_own_vrxs_dAtan_B3HAynn,
                                                 n0_own_vrxs_dAtan_B3HAynn};
 const VrxKernS1 n0_own_vrxs_sAtan_B3_ttab[3] = {n0_own_vrxs_sAtan_B3HAynn, n0_own_vrxs_sAtan_B3HAynn,
                                                 n0_own_vrxs_sAtan_B3HAynn};
-// The LA kernels stand in every slot.
+// The double LA kernel stands in every slot; single precision has LA in
+// float lanes and HA in double lanes (also slot 2).
 const VrxKernD21 n0_own_vrxs_dAtan2_B3_ttab[3] = {n0_own_vrxs_dAtan2_B3LAynn, n0_own_vrxs_dAtan2_B3LAynn,
                                                   n0_own_vrxs_dAtan2_B3LAynn};
-const VrxKernS21 n0_own_vrxs_sAtan2_B3_ttab[3] = {n0_own_vrxs_sAtan2_B3LAynn, n0_own_vrxs_sAtan2_B3LAynn,
-                                                  n0_own_vrxs_sAtan2_B3LAynn};
+const VrxKernS21 n0_own_vrxs_sAtan2_B3_ttab[3] = {n0_own_vrxs_sAtan2_B3LAynn, n0_own_vrxs_sAtan2_B3HAynn,
+                                                  n0_own_vrxs_sAtan2_B3HAynn};
 }

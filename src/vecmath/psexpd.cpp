@@ -79,7 +79,10 @@ __attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dSinh_B3HAynn(const 
 // One kernel serves every tier of these functions: it meets the HA target.
 const VrxKernD1 n0_own_vrxs_dExp_B3_ttab[3] = {n0_own_vrxs_dExp_B3HAynn, n0_own_vrxs_dExp_B3HAynn,
                                                n0_own_vrxs_dExp_B3HAynn};
-const VrxKernS1 n0_own_vrxs_sExp_B3_ttab[3] = {n0_own_vrxs_sExp_B3HAynn, n0_own_vrxs_sExp_B3HAynn,
+// Single precision: LA in float lanes, HA in double lanes; no EP tier of
+// its own, so HA fills slot 2.
+VrxStatus n0_own_vrxs_sExp_B3LAynn(const Vrx32f* s, Vrx32f* d, int n);
+const VrxKernS1 n0_own_vrxs_sExp_B3_ttab[3] = {n0_own_vrxs_sExp_B3LAynn, n0_own_vrxs_sExp_B3HAynn,
                                                n0_own_vrxs_sExp_B3HAynn};
 const VrxKernD1 n0_own_vrxs_dCosh_B3_ttab[3] = {n0_own_vrxs_dCosh_B3HAynn, n0_own_vrxs_dCosh_B3HAynn,
                                                 n0_own_vrxs_dCosh_B3HAynn};

@@ -32,6 +32,8 @@ __attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sLn_B3HAynn(const Vr
 // One kernel serves every tier: it meets the HA target.
 const VrxKernD1 n0_own_vrxs_dLn_B3_ttab[3] = {n0_own_vrxs_dLn_B3HAynn, n0_own_vrxs_dLn_B3HAynn,
                                               n0_own_vrxs_dLn_B3HAynn};
-const VrxKernS1 n0_own_vrxs_sLn_B3_ttab[3] = {n0_own_vrxs_sLn_B3HAynn, n0_own_vrxs_sLn_B3HAynn,
+// Single precision: LA in float lanes, HA in double lanes (also slot 2).
+VrxStatus n0_own_vrxs_sLn_B3LAynn(const Vrx32f* s, Vrx32f* d, int n);
+const VrxKernS1 n0_own_vrxs_sLn_B3_ttab[3] = {n0_own_vrxs_sLn_B3LAynn, n0_own_vrxs_sLn_B3HAynn,
                                               n0_own_vrxs_sLn_B3HAynn};
 }

@@ -1,0 +1,144 @@
+// Single-precision LA kernels in sixteen float lanes: exponential,
+// logarithm and atan2. Results within a few ulp (LA: at most 8).
+#include <math.h>
+
+#include "vm_common.h"
+#include "vm_kernels.h"
+#include "vm_log.h"
+
+using namespace n0::vm;
+
+namespace {
+
+VRX_INLINE F16 s1(float v) { return _mm512_set1_ps(v); }
+VRX_INLINE F16 fmaF(F16 a, F16 b, F16 c) { return _mm512_fmadd_ps(a, b, c); }
+VRX_INLINE __mmask16 isNan(F16 x) { return _mm512_cmp_ps_mask(x, x, _CMP_UNORD_Q); }
+
+// ------------------------------------------------------------------- exp
+// x = n ln2 + r, |r| <= ln2/2; exp(r) by its Taylor polynomial of degree
+// 7; the scaling by 2^n rounds once, to infinity or into the subnormals.
+struct ExpF {
+    static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
+        rare = isNan(x);
+        F16 c = _mm512_min_ps(_mm512_max_ps(x, s1(-110.0f)), s1(100.0f));
+        F16 n = _mm512_roundscale_ps(_mm512_mul_ps(c, s1(0x1.715476p+0f)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        F16 r = _mm512_fnmadd_ps(n, s1(0x1.62e430p-1f), c);
+        r = _mm512_fnmadd_ps(n, s1(-0x1.05c610p-29f), r);
+        F16 p = fmaF(r, s1(1.0f / 5040.0f), s1(1.0f / 720.0f));
+        p = fmaF(r, p, s1(1.0f / 120.0f));
+        p = fmaF(r, p, s1(1.0f / 24.0f));
+        p = fmaF(r, p, s1(1.0f / 6.0f));
+        p = fmaF(r, p, s1(0.5f));
+        p = fmaF(_mm512_mul_ps(r, r), p, r);
+        return _mm512_scalef_ps(_mm512_add_ps(s1(1.0f), p), n);
+    }
+    static float rare(float x) { return x + x; }
+};
+
+// -------------------------------------------------------------------- ln
+// x = 2^e m, m in [sqrt(1/2), sqrt(2)); log(1+f) from s = f/(2+f).
+struct LnF {
+    static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
+        rare = _mm512_cmp_ps_mask(x, s1(0.0f), _CMP_NGT_UQ) | _mm512_cmp_ps_mask(x, s1(__builtin_inff()), _CMP_EQ_OQ);
+        constexpr float Lg1 = 0xaaaaaa.0p-24f, Lg2 = 0xccce13.0p-25f, Lg3 = 0x91e9ee.0p-25f, Lg4 = 0xf89e26.0p-26f;
+        F16 m = _mm512_getmant_ps(x, _MM_MANT_NORM_1_2, _MM_MANT_SIGN_zero);
+        F16 e = _mm512_getexp_ps(x);
+        __mmask16 big = _mm512_cmp_ps_mask(m, s1(1.41421356f), _CMP_GT_OQ);
+        m = _mm512_mask_mul_ps(m, big, m, s1(0.5f));
+        e = _mm512_mask_add_ps(e, big, e, s1(1.0f));
+        F16 f = _mm512_sub_ps(m, s1(1.0f));
+        F16 hfsq = _mm512_mul_ps(s1(0.5f), _mm512_mul_ps(f, f));
+        F16 s = _mm512_div_ps(f, _mm512_add_ps(s1(2.0f), f));
+        F16 z = _mm512_mul_ps(s, s);
+        F16 w = _mm512_mul_ps(z, z);
+        F16 t1 = _mm512_mul_ps(w, fmaF(w, s1(Lg4), s1(Lg2)));
+        F16 t2 = _mm512_mul_ps(z, fmaF(w, s1(Lg3), s1(Lg1)));
+        F16 R = _mm512_add_ps(t2, t1);
+        F16 inner = _mm512_sub_ps(_mm512_sub_ps(hfsq, fmaF(e, s1(9.0580006145e-06f), _mm512_mul_ps(s, _mm512_add_ps(hfsq, R)))), f);
+        return _mm512_fmsub_ps(e, s1(6.9313812256e-01f), inner);
+    }
+    static float rare(float x) { return toFloat(logSpecial(x)); }
+};
+
+// ----------------------------------------------------------------- atan2
+// atan of min/max of the magnitudes by four intervals and an odd
+// polynomial, placed in its octant; zeros on both sides, infinities and
+// NaNs take the rare path.
+// atan(mn/mx) for 0 <= mn <= mx; the reduced argument comes from one
+// division, its numerator exact by Sterbenz's lemma.
+VRX_INLINE F16 atanRatio(F16 mn, F16 mx) {
+    constexpr float aT0 = 3.3333328366e-01f, aT1 = -1.9999158382e-01f, aT2 = 1.4253635705e-01f,
+                    aT3 = -1.0648017377e-01f, aT4 = 6.1687607318e-02f;
+    __mmask16 m0 = _mm512_cmp_ps_mask(mn, _mm512_mul_ps(mx, s1(0.4375f)), _CMP_GE_OQ);
+    __mmask16 m1 = _mm512_cmp_ps_mask(mn, _mm512_mul_ps(mx, s1(0.6875f)), _CMP_GE_OQ);
+    F16 num = mn, den = mx, hi = _mm512_setzero_ps(), lo = hi;
+    num = _mm512_mask_blend_ps(m0, num, _mm512_fmsub_ps(mn, s1(2.0f), mx));
+    den = _mm512_mask_blend_ps(m0, den, fmaF(mx, s1(2.0f), mn));
+    num = _mm512_mask_blend_ps(m1, num, _mm512_sub_ps(mn, mx));
+    den = _mm512_mask_blend_ps(m1, den, _mm512_add_ps(mn, mx));
+    hi = _mm512_mask_blend_ps(m0, hi, s1(4.6364760399e-01f));
+    lo = _mm512_mask_blend_ps(m0, lo, s1(5.0121582440e-09f));
+    hi = _mm512_mask_blend_ps(m1, hi, s1(7.8539812565e-01f));
+    lo = _mm512_mask_blend_ps(m1, lo, s1(3.7748947079e-08f));
+    F16 t = _mm512_div_ps(num, den);
+    F16 z = _mm512_mul_ps(t, t);
+    F16 w = _mm512_mul_ps(z, z);
+    F16 sa = _mm512_mul_ps(z, fmaF(w, fmaF(w, s1(aT4), s1(aT2)), s1(aT0)));
+    F16 sb = _mm512_mul_ps(w, fmaF(w, s1(aT3), s1(aT1)));
+    return _mm512_sub_ps(hi, _mm512_sub_ps(_mm512_fmsub_ps(t, _mm512_add_ps(sa, sb), lo), t));
+}
+
+VRX_INLINE F16 atan2F(F16 y, F16 x, __mmask16& rare) {
+    F16 ax = _mm512_abs_ps(x), ay = _mm512_abs_ps(y);
+    F16 mx = _mm512_max_ps(ax, ay), mn = _mm512_min_ps(ax, ay);
+    rare = _mm512_cmp_ps_mask(mx, s1(__builtin_inff()), _CMP_NLT_UQ) | _mm512_cmp_ps_mask(mn, mx, _CMP_UNORD_Q) |
+           _mm512_cmp_ps_mask(mx, s1(0.0f), _CMP_EQ_OQ);
+    F16 r = atanRatio(mn, mx);
+    __mmask16 steep = _mm512_cmp_ps_mask(ay, ax, _CMP_GT_OQ);
+    r = _mm512_mask_blend_ps(steep, r, _mm512_add_ps(_mm512_sub_ps(s1(0x1.921fb6p+0f), r), s1(-0x1.777a5cp-25f)));
+    __mmask16 left = _mm512_test_epi32_mask(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u)));
+    r = _mm512_mask_blend_ps(left, r, _mm512_add_ps(_mm512_sub_ps(s1(0x1.921fb6p+1f), r), s1(-0x1.777a5cp-24f)));
+    return _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(r),
+                                                _mm512_and_epi32(_mm512_castps_si512(y), _mm512_set1_epi32(static_cast<int>(0x80000000u)))));
+}
+
+VrxStatus runAtan2F(const float* pY, const float* pX, float* dst, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!pY || !pX || !dst) return vrxErrNullPtr;
+    KernelFrame frame;
+    for (int i = 0; i < len; i += 16) {
+        __mmask16 m = len - i >= 16 ? 0xFFFF : tailMask16(len - i);
+        F16 y = _mm512_maskz_loadu_ps(m, pY + i), x = _mm512_maskz_loadu_ps(m, pX + i);
+        __mmask16 rare;
+        F16 r = atan2F(y, x, rare);
+        rare &= m;
+        if (VRX_UNLIKELY(rare)) {
+            alignas(64) float ty[16], tx[16], tr[16];
+            _mm512_store_ps(ty, y);
+            _mm512_store_ps(tx, x);
+            _mm512_store_ps(tr, r);
+            for (unsigned b = rare; b; b &= b - 1) {
+                int j = __builtin_ctz(b);
+                tr[j] = toFloat(atan2(ty[j], tx[j]));
+            }
+            r = _mm512_load_ps(tr);
+        }
+        _mm512_mask_storeu_ps(dst + i, m, r);
+    }
+    return vrxOk;
+}
+
+}  // namespace
+
+extern "C" {
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sExp_B3LAynn(const Vrx32f* s, Vrx32f* d, int n) {
+    return runF1<ExpF>(s, d, n);
+}
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sLn_B3LAynn(const Vrx32f* s, Vrx32f* d, int n) {
+    return runF1<LnF>(s, d, n);
+}
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sAtan2_B3LAynn(const Vrx32f* y, const Vrx32f* x, Vrx32f* d,
+                                                                           int n) {
+    return runAtan2F(y, x, d, n);
+}
+}
