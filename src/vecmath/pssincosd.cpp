@@ -424,6 +424,35 @@ struct SinCosF {
 
 }  // namespace fs
 
+// EP sine and cosine together, 16 elements a block as in the EP sine.
+VrxStatus runEP2(const double* src, double* dS, double* dC, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!src || !dS || !dC) return vrxErrNullPtr;
+    KernelFrame frame;
+    int i = 0;
+    for (; i + 16 <= len; i += 16) {
+        D8 x0 = _mm512_loadu_pd(src + i), x1 = _mm512_loadu_pd(src + i + 8), s0, c0, s1, c1;
+        __mmask8 r0, r1;
+        SinCosEP::vec(x0, s0, c0, r0);
+        SinCosEP::vec(x1, s1, c1, r1);
+        _mm512_storeu_pd(dS + i, s0);
+        _mm512_storeu_pd(dS + i + 8, s1);
+        _mm512_storeu_pd(dC + i, c0);
+        _mm512_storeu_pd(dC + i + 8, c1);
+        if (VRX_UNLIKELY(r0 | r1)) {
+            alignas(64) double t[16];
+            _mm512_store_pd(t, x0);
+            _mm512_store_pd(t + 8, x1);
+            for (unsigned m = r0 | (static_cast<unsigned>(r1) << 8); m; m &= m - 1) {
+                int j = __builtin_ctz(m);
+                SinCosEP::rare(t[j], dS + i + j, dC + i + j);
+            }
+        }
+    }
+    if (i < len) return runD12<SinCosEP>(src + i, dS + i, dC + i, len - i);
+    return vrxOk;
+}
+
 }  // namespace
 
 extern "C" {
@@ -446,7 +475,10 @@ __attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dCos_B3EPnnn(const V
 }
 VRX_KERNEL_D12(own_vrxs_dSinCos_B3LAynn, SinCosK<0>)
 VRX_KERNEL_D12(own_vrxs_dSinCos_B3HAynn, SinCosK<1>)
-VRX_KERNEL_D12(own_vrxs_dSinCos_B3EPnnn, SinCosEP)
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dSinCos_B3EPnnn(const Vrx64f* s, Vrx64f* a, Vrx64f* b,
+                                                                            int n) {
+    return runEP2(s, a, b, n);
+}
 #define VRX_KERNEL_F1(name, K) \
     __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx32f* s, Vrx32f* d, int n) { return runF1<K>(s, d, n); }
 #define VRX_KERNEL_F12(name, K)                                                                             \
