@@ -437,6 +437,44 @@ TEST(VecmathAccuracy, ComplexFormsSampled) {
     }
 }
 
+TEST(VecmathAccuracy, PolarToCartSingleAndHugePhases) {
+    Rng rng(21);
+    const int n = 2053;
+    std::vector<float> mag(n), ph(n), re(n), im(n);
+    for (int i = 0; i < n; ++i) {
+        mag[i] = (float)(1 + 3 * rng.uniform());
+        double u = rng.uniform();
+        ph[i] = (float)(i % 3 == 0 ? exp(log(1e5) + u * (log(3e38) - log(1e5))) : -50 + 100 * u);  // large phases too
+    }
+    ph[0] = INFINITY;
+    ph[1] = NAN;
+    ph[2] = -0.0f;
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_32f(mag.data(), ph.data(), re.data(), im.data(), n));
+    EXPECT_TRUE(isnan(re[0]) && isnan(im[0]));
+    EXPECT_TRUE(isnan(re[1]) && isnan(im[1]));
+    EXPECT_EQ(mag[2], re[2]);
+    EXPECT_EQ(0x80000000u, bitsOf(im[2]));
+    double worst = 0;
+    for (int i = 3; i < n; ++i) {
+        long double c = cosl(ph[i]), s = sinl(ph[i]);
+        // the sine and cosine within 8 ulp, then one rounding of the product
+        worst = std::max(worst, (double)(fabsl(re[i] - mag[i] * c) / (mag[i] * ldexpl(1.0L, -24))));
+        worst = std::max(worst, (double)(fabsl(im[i] - mag[i] * s) / (mag[i] * ldexpl(1.0L, -24))));
+    }
+    EXPECT_LE(worst, 8.0);
+    std::vector<Vrx32fc> c(n);
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_32fc(mag.data(), ph.data(), c.data(), n));
+    for (int i = 0; i < n; ++i) {
+        ASSERT_EQ(bitsOf(re[i]), bitsOf(c[i].re));
+        ASSERT_EQ(bitsOf(im[i]), bitsOf(c[i].im));
+    }
+    // in place on the magnitude and the phase
+    std::vector<float> a = mag, b = ph;
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_32f(a.data(), b.data(), a.data(), b.data(), n));
+    ASSERT_EQ(0, memcmp(a.data(), re.data(), n * 4));
+    ASSERT_EQ(0, memcmp(b.data(), im.data(), n * 4));
+}
+
 // ----------------------------------------------------- integer forms
 // x * 2^-sf rounded to nearest with ties to even, exactly, then saturated
 long double rndEven(long double v) {
