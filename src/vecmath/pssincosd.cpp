@@ -393,9 +393,38 @@ VRX_INLINE void core(F16 x, F16& so, F16& co, __mmask16& rare, bool wantSin, boo
     }
 }
 
+// LA sine and cosine: reduction by pi, so that one odd polynomial of
+// degree 11 on [-pi/2, pi/2] serves; the cosine is the sine shifted by a
+// half period, as in the EP kernels.
+template <bool Cos>
+VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
+    F16 ax = _mm512_abs_ps(x);
+    rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
+    F16 q = _mm512_mul_ps(ax, s1(0x1.45f306p-2f));  // |x| / pi
+    if (Cos) q = _mm512_sub_ps(q, s1(0.5f));
+    F16 k = _mm512_roundscale_ps(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    F16 n = Cos ? _mm512_add_ps(k, s1(0.5f)) : k;
+    F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), ax);  // exact
+    r = _mm512_fnmadd_ps(n, s1(2 * kP2), r);
+    r = _mm512_fnmadd_ps(n, s1(2 * kP3), r);
+    F16 z = _mm512_mul_ps(r, r);
+    F16 p = fmaf16(z, s1(-1.0f / 39916800.0f), s1(1.0f / 362880.0f));
+    p = fmaf16(z, p, s1(-1.0f / 5040.0f));
+    p = fmaf16(z, p, s1(1.0f / 120.0f));
+    p = fmaf16(z, p, s1(-1.0f / 6.0f));
+    F16 sn = fmaf16(_mm512_mul_ps(r, z), p, r);
+    // (-1)^k for the sine, (-1)^(k+1) for the cosine
+    __m512i ki = _mm512_cvtps_epi32(k);
+    if (Cos) ki = _mm512_add_epi32(ki, _mm512_set1_epi32(1));
+    __m512i sg = _mm512_slli_epi32(ki, 31);
+    if (!Cos) sg = _mm512_xor_epi32(sg, _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))));
+    return _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(sn), sg));
+}
+
 template <bool HA>
 struct SinF {
     static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
+        if (!HA) return byPi<false>(x, rare);
         F16 s, c;
         core<HA>(x, s, c, rare, true, false);
         return s;
@@ -405,6 +434,7 @@ struct SinF {
 template <bool HA>
 struct CosF {
     static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
+        if (!HA) return byPi<true>(x, rare);
         F16 s, c;
         core<HA>(x, s, c, rare, false, true);
         return c;
