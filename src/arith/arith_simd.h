@@ -19,6 +19,7 @@ template <> struct Vf<float> {
     static constexpr size_t N = 16;
     static VRX_INLINE R load(const float* p) { return _mm512_loadu_ps(p); }
     static VRX_INLINE R loadm(M m, const float* p) { return _mm512_maskz_loadu_ps(m, p); }
+    static VRX_INLINE R loadm(M m, const float* p, float fill) { return _mm512_mask_loadu_ps(_mm512_set1_ps(fill), m, p); }
     static VRX_INLINE void store(float* p, R v) { _mm512_storeu_ps(p, v); }
     static VRX_INLINE void storem(float* p, M m, R v) { _mm512_mask_storeu_ps(p, m, v); }
     static VRX_INLINE R set1(float v) { return _mm512_set1_ps(v); }
@@ -42,6 +43,7 @@ template <> struct Vf<double> {
     static constexpr size_t N = 8;
     static VRX_INLINE R load(const double* p) { return _mm512_loadu_pd(p); }
     static VRX_INLINE R loadm(M m, const double* p) { return _mm512_maskz_loadu_pd(m, p); }
+    static VRX_INLINE R loadm(M m, const double* p, double fill) { return _mm512_mask_loadu_pd(_mm512_set1_pd(fill), m, p); }
     static VRX_INLINE void store(double* p, R v) { _mm512_storeu_pd(p, v); }
     static VRX_INLINE void storem(double* p, M m, R v) { _mm512_mask_storeu_pd(p, m, v); }
     static VRX_INLINE R set1(double v) { return _mm512_set1_pd(v); }
@@ -57,9 +59,10 @@ template <> struct Vf<double> {
     static VRX_INLINE M tailMask(size_t n) { return static_cast<M>((1u << n) - 1u); }
 };
 
-// d[i] = f(a[i], b[i]) over n scalars, vector by vector.
+// d[i] = f(a[i], b[i]) over n scalars, vector by vector. Lanes past the
+// end of a partial block read fillA from a (a divisor stays nonzero there).
 template <class T, class F>
-VRX_INLINE void map2(const T* a, const T* b, T* d, size_t n, F f) {
+VRX_INLINE void map2(const T* a, const T* b, T* d, size_t n, F f, T fillA = T(0)) {
     using V = Vf<T>;
     constexpr size_t N = V::N;
     size_t i = 0;
@@ -74,13 +77,13 @@ VRX_INLINE void map2(const T* a, const T* b, T* d, size_t n, F f) {
     for (; i + N <= n; i += N) V::store(d + i, f(V::load(a + i), V::load(b + i)));
     if (i < n) {
         auto m = V::tailMask(n - i);
-        V::storem(d + i, m, f(V::loadm(m, a + i), V::loadm(m, b + i)));
+        V::storem(d + i, m, f(V::loadm(m, a + i, fillA), V::loadm(m, b + i)));
     }
 }
 
-// d[i] = f(a[i]) over n scalars.
+// d[i] = f(a[i]) over n scalars; lanes past the end read fillA.
 template <class T, class F>
-VRX_INLINE void map1(const T* a, T* d, size_t n, F f) {
+VRX_INLINE void map1(const T* a, T* d, size_t n, F f, T fillA = T(0)) {
     using V = Vf<T>;
     constexpr size_t N = V::N;
     size_t i = 0;
@@ -94,7 +97,7 @@ VRX_INLINE void map1(const T* a, T* d, size_t n, F f) {
     for (; i + N <= n; i += N) V::store(d + i, f(V::load(a + i)));
     if (i < n) {
         auto m = V::tailMask(n - i);
-        V::storem(d + i, m, f(V::loadm(m, a + i)));
+        V::storem(d + i, m, f(V::loadm(m, a + i, fillA)));
     }
 }
 
