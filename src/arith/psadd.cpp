@@ -1,7 +1,7 @@
 // Integer addition: the scaled forms of every type, their in-place and
 // unscaled wrappers, the 64-bit constant forms with a rounding argument and
 // the widening and saturating sums.
-#include "arith_int.h"
+#include "arith_int16.h"
 
 using namespace n0;
 using namespace n0::ar;
@@ -24,7 +24,7 @@ VrxStatus N0(vrxsAdd_16u_Sfs)(const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* 
     return vecSfs<Op::Add, Vrx16u, Vrx16u, int32_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kAdd16u);
 }
 VrxStatus N0(vrxsAdd_16s_Sfs)(const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor) {
-    return vecSfs<Op::Add, Vrx16s, Vrx16s, int32_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kAdd16s);
+    return vec16s<Op::Add>(pSrc1, pSrc2, pDst, len, scaleFactor, kAdd16s);
 }
 VrxStatus N0(vrxsAdd_32s_Sfs)(const Vrx32s* pSrc1, const Vrx32s* pSrc2, Vrx32s* pDst, int len, int scaleFactor) {
     return vecSfs<Op::Add, Vrx32s, Vrx32s, int64_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kAdd32s);
@@ -66,7 +66,7 @@ VrxStatus N0(vrxsAddC_16u_Sfs)(const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int
 VrxStatus N0(vrxsAddC_16s_Sfs)(const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
     if (scaleFactor == 0 && val == 0) return copyAll(pSrc, pDst, len);
-    return constBody<Op::Add, Vrx16s, int32_t>(pSrc, val, pDst, len, scaleFactor, kAdd16s);
+    return const16s<Op::Add>(pSrc, val, pDst, len, scaleFactor, kAdd16s);
 }
 VrxStatus N0(vrxsAddC_32s_Sfs)(const Vrx32s* pSrc, Vrx32s val, Vrx32s* pDst, int len, int scaleFactor) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;

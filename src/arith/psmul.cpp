@@ -1,12 +1,13 @@
 // Integer multiplication: scaled products of every type, the mixed and
 // widening forms, the binary64 product of 32s, complex products and the
 // 64-bit constant products.
-#include "arith_int.h"
+#include "arith_int16.h"
 #include "vrx_fpu.h"
 
 #include <immintrin.h>
 
 #include <cstring>
+#include <type_traits>
 
 using namespace n0;
 using namespace n0::ar;
@@ -41,7 +42,7 @@ VrxStatus N0(vrxsMul_16u_Sfs)(const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* 
     return vecSfs<Op::Mul, Vrx16u, Vrx16u, int64_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kMul16u);
 }
 VrxStatus N0(vrxsMul_16s_Sfs)(const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor) {
-    return vecSfs<Op::Mul, Vrx16s, Vrx16s, int32_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kMul16s);
+    return vec16s<Op::Mul>(pSrc1, pSrc2, pDst, len, scaleFactor, kMul16s);
 }
 VrxStatus N0(vrxsMul_16u16s_Sfs)(const Vrx16u* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor) {
     return vecSfs<Op::Mul, Vrx16u, Vrx16s, int64_t, Vrx16s>(pSrc1, pSrc2, pDst, len, scaleFactor, kMul16u16s);
@@ -184,7 +185,8 @@ static VrxStatus mulC(const C* s, C val, C* d, int len, int sf, Limits lim) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (sf == 0 && val == C(1)) return copyAll(s, d, len);
     if (val == 0) return zeroFill(d, len);
-    return constBody<Op::Mul, C, W>(s, val, d, len, sf, lim);
+    if constexpr (std::is_same_v<C, Vrx16s>) return const16s<Op::Mul>(s, val, d, len, sf, lim);
+    else return constBody<Op::Mul, C, W>(s, val, d, len, sf, lim);
 }
 template <class C, class W>
 static VrxStatus mulCc(const C* s, C val, C* d, int len, int sf, Limits lim) {

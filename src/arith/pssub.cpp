@@ -1,6 +1,8 @@
 // Integer subtraction: src2 - src1 for vectors, element - val for SubC and
 // val - element for SubCRev, scaled, in every integer type.
-#include "arith_int.h"
+#include "arith_int16.h"
+
+#include <type_traits>
 
 using namespace n0;
 using namespace n0::ar;
@@ -22,7 +24,7 @@ VrxStatus N0(vrxsSub_16u_Sfs)(const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* 
     return vecSfs<Op::Sub, Vrx16u, Vrx16u, int32_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kSub16u);
 }
 VrxStatus N0(vrxsSub_16s_Sfs)(const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor) {
-    return vecSfs<Op::Sub, Vrx16s, Vrx16s, int32_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kSub16s);
+    return vec16s<Op::Sub>(pSrc1, pSrc2, pDst, len, scaleFactor, kSub16s);
 }
 VrxStatus N0(vrxsSub_32s_Sfs)(const Vrx32s* pSrc1, const Vrx32s* pSrc2, Vrx32s* pDst, int len, int scaleFactor) {
     return vecSfs<Op::Sub, Vrx32s, Vrx32s, int64_t>(pSrc1, pSrc2, pDst, len, scaleFactor, kSub32s);
@@ -49,7 +51,8 @@ template <class C, class W>
 static VrxStatus subC(const C* s, C val, C* d, int len, int sf, Limits lim) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (sf == 0 && isZero(val)) return copyAll(s, d, len);
-    return constBody<Op::SubRev, C, W>(s, val, d, len, sf, lim);
+    if constexpr (std::is_same_v<C, Vrx16s>) return const16s<Op::SubRev>(s, val, d, len, sf, lim);
+    else return constBody<Op::SubRev, C, W>(s, val, d, len, sf, lim);
 }
 VrxStatus N0(vrxsSubC_8u_Sfs)(const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor) { return subC<Vrx8u, int32_t>(pSrc, val, pDst, len, scaleFactor, kSubC8u); }
 VrxStatus N0(vrxsSubC_16u_Sfs)(const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int len, int scaleFactor) { return subC<Vrx16u, int32_t>(pSrc, val, pDst, len, scaleFactor, kSub16u); }
@@ -68,7 +71,8 @@ VrxStatus N0(vrxsSubC_32sc_ISfs)(Vrx32sc val, Vrx32sc* pSrcDst, int len, int sca
 template <class C, class W>
 static VrxStatus subCRev(const C* s, C val, C* d, int len, int sf, Limits lim) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    return constBody<Op::Sub, C, W>(s, val, d, len, sf, lim);
+    if constexpr (std::is_same_v<C, Vrx16s>) return const16s<Op::Sub>(s, val, d, len, sf, lim);
+    else return constBody<Op::Sub, C, W>(s, val, d, len, sf, lim);
 }
 VrxStatus N0(vrxsSubCRev_8u_Sfs)(const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor) { return subCRev<Vrx8u, int32_t>(pSrc, val, pDst, len, scaleFactor, kSubC8u); }
 VrxStatus N0(vrxsSubCRev_16u_Sfs)(const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int len, int scaleFactor) { return subCRev<Vrx16u, int32_t>(pSrc, val, pDst, len, scaleFactor, kSubCRev16u); }
