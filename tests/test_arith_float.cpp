@@ -221,6 +221,11 @@ TEST(ArithFloat, ArgumentChecks) {
     EXPECT_EQ(vrxErrNullPtr, vrxsAddC_64fc(nullptr, Vrx64fc{0, 0}, nullptr, 0));
     EXPECT_EQ(vrxErrBadLength, vrxsMul_32fc_I(reinterpret_cast<Vrx32fc*>(a), reinterpret_cast<Vrx32fc*>(d), 0));
     EXPECT_EQ(vrxErrNullPtr, vrxsMulC_32f16s_Sfs(a, 1.0f, nullptr, 4, 0));
+    // complex vector sums are the real form at twice the length: length first
+    EXPECT_EQ(vrxErrBadLength, vrxsAdd_32fc(nullptr, nullptr, nullptr, 0));
+    EXPECT_EQ(vrxErrBadLength, vrxsSub_64fc_I(nullptr, nullptr, -1));
+    EXPECT_EQ(vrxErrNullPtr, vrxsAdd_32fc(nullptr, nullptr, nullptr, 1));
+    EXPECT_EQ(vrxErrNullPtr, vrxsMul_32fc(nullptr, nullptr, nullptr, 0));
     for (float v : d) EXPECT_EQ(9.0f, v);
 }
 

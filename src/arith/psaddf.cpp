@@ -26,9 +26,11 @@ VrxStatus addReal(const T* s1, const T* s2, T* d, int len) {
     return vrxOk;
 }
 
-// Complex vectors add as reals at twice the length.
+// Complex vectors add as reals at twice the length: the length is tested
+// first, then the real form tests the pointers.
 template <class T, class C>
 VrxStatus addCplx(const C* s1, const C* s2, C* d, int len) {
+    if (len < 1) return vrxErrBadLength;
     if (VrxStatus st = checkArgs(len, s1, s2, d)) return st;
     addV(reinterpret_cast<const T*>(s1), reinterpret_cast<const T*>(s2), reinterpret_cast<T*>(d),
          2 * static_cast<size_t>(len));

@@ -22,8 +22,11 @@ void subC(const T* a, typename Vf<T>::R c, T* d, size_t n) {
         map1(a, d, n, [c](auto x) { return Vf<T>::sub(x, c); });
 }
 
+// Complex vectors (per 2) subtract as reals at twice the length: the
+// length is tested first, then the real form tests the pointers.
 template <class T, class C>
 VrxStatus subVec(const C* s1, const C* s2, C* d, int len, size_t per) {
+    if (per == 2 && len < 1) return vrxErrBadLength;
     if (VrxStatus st = checkArgs(len, s1, s2, d)) return st;
     subV(reinterpret_cast<const T*>(s1), reinterpret_cast<const T*>(s2), reinterpret_cast<T*>(d),
          per * static_cast<size_t>(len));
