@@ -509,6 +509,15 @@ TEST(ArithInt, ShortcutsForwardAndReturnTheirStatus) {
         EXPECT_EQ(vrxOk, vrxsMul_32s_Sfs(reinterpret_cast<Vrx32s*>(a), reinterpret_cast<Vrx32s*>(a), reinterpret_cast<Vrx32s*>(d), 2, sf));
         EXPECT_EQ(vrxOk, vrxsMulC_64s_ISfs(3, reinterpret_cast<Vrx64s*>(d), 1, sf));
     }
+    // without a bound limit every negative scale factor runs the kernel
+    Vrx16u w[2] = {0, 1}, wo[2];
+    ASSERT_EQ(vrxOk, vrxsAdd_16u_Sfs(w, w, wo, 2, INT32_MIN));
+    EXPECT_EQ(0, wo[0]);
+    EXPECT_EQ(65535, wo[1]);
+    ASSERT_EQ(vrxOk, vrxsMulC_16u_Sfs(w, 7, wo, 2, INT32_MIN));
+    EXPECT_EQ(65535, wo[1]);
+    ASSERT_EQ(vrxOk, vrxsSubC_16u_Sfs(w, 0, wo, 2, INT32_MIN + 1));
+    EXPECT_EQ(65535, wo[1]);
 }
 
 TEST(ArithInt, AllLengthsUnalignedAndInPlace) {

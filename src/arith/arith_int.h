@@ -49,7 +49,7 @@ VRX_INLINE void runSplit(TD* d, size_t n, int sf, F r) {
     if (sf == 0) kernNoScale<TD, W>(d, n, r);
     else if (sf == 1) kernSfOne<TD, W>(d, n, r);
     else if (sf > 0) kernPosSfs<TD, W>(d, n, sf, r);
-    else kernNegSfs<TD, W>(d, n, -sf, r);
+    else kernNegSfs<TD, W>(d, n, sf < -1024 ? 1024 : -sf, r);  // any shift past the width saturates
 }
 
 // The zero fill of each destination type goes to the library's Zero.
@@ -173,7 +173,7 @@ VRX_INLINE void cplxRun(TD* d, size_t n, int sf, bool bound, F f) {
     if (bound) go([](W r) { return boundBySign<TD, W>(r); });
     else if (sf == 0) go([](W r) { return saturate<TD>(r); });
     else if (sf > 0) go([sf](W r) { return saturate<TD>(roundShiftEven<W>(r, sf)); });
-    else go([k = -sf](W r) { return shiftLeftSaturate<TD, W>(r, k); });
+    else go([k = sf < -1024 ? 1024 : -sf](W r) { return shiftLeftSaturate<TD, W>(r, k); });
 }
 
 }  // namespace n0::ar

@@ -271,7 +271,7 @@ VrxStatus N0(vrxsDivC_64s_ISfs)(Vrx64s val, Vrx64s* pSrcDst, int len, int scaleF
             // e < 2^64 <= v 2^64: from sf 65 on the quotient is below one half
             q = sf >= 65 ? 0 : scaledQuotient(e, v << sf, 0, lim);
         } else {
-            q = scaledQuotient(e, v, -sf > 200 ? 200 : -sf, lim);
+            q = scaledQuotient(e, v, sf < -200 ? 200 : -sf, lim);
         }
         if (q > lim) q = lim;
         pSrcDst[i] = neg ? static_cast<int64_t>(0 - q) : static_cast<int64_t>(q);
