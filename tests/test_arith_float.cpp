@@ -42,7 +42,7 @@ void checkBinary(Op op, size_t perElem, F fn) {
     for (int len = 1; len <= 70; ++len) {
         const size_t n = perElem * static_cast<size_t>(len);
         const size_t off = (static_cast<size_t>(len) * sizeof(T)) % 64;
-        Buffer a(n * sizeof(T), off), b(n * sizeof(T), (off + 4) % 64), d(n * sizeof(T), (off + 8) % 64);
+        Buffer a(n * sizeof(T), off), b(n * sizeof(T), (off + sizeof(T)) % 64), d(n * sizeof(T), (off + 3 * sizeof(T)) % 64);
         for (size_t i = 0; i < n; ++i) { a.as<T>()[i] = randVal<T>(r); b.as<T>()[i] = randVal<T>(r); }
         std::vector<T> ref(n);
         refOp(op, a.as<T>(), b.as<T>(), ref.data(), n);
@@ -84,7 +84,7 @@ void checkConst(Op op, bool rev, C val, F fn, FI fnI) {
     memcpy(cv, &val, sizeof val);
     for (int len = 1; len <= 70; ++len) {
         const size_t n = per * static_cast<size_t>(len);
-        Buffer a(n * sizeof(T), 12), d(n * sizeof(T), 36);
+        Buffer a(n * sizeof(T), 3 * sizeof(T)), d(n * sizeof(T), 5 * sizeof(T));
         std::vector<T> k(n), ref(n);
         for (size_t i = 0; i < n; ++i) { a.as<T>()[i] = randVal<T>(r); k[i] = cv[i % per]; }
         if (op == Op::Sub && !rev) refOp(Op::Sub, k.data(), a.as<T>(), ref.data(), n);

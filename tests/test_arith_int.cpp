@@ -504,10 +504,12 @@ TEST(ArithInt, ShortcutsForwardAndReturnTheirStatus) {
     EXPECT_EQ(0, uo[0]);
     EXPECT_EQ(65535, uo[1]);
     // scale factors of any size are never an error
+    Vrx32s w32[2] = {5, -6}, o32[2];
+    Vrx64s w64[1] = {7};
     for (int sf : {INT32_MIN, -1000, 1000, INT32_MAX}) {
         EXPECT_EQ(vrxOk, vrxsAdd_16s_Sfs(a, a, d, 5, sf));
-        EXPECT_EQ(vrxOk, vrxsMul_32s_Sfs(reinterpret_cast<Vrx32s*>(a), reinterpret_cast<Vrx32s*>(a), reinterpret_cast<Vrx32s*>(d), 2, sf));
-        EXPECT_EQ(vrxOk, vrxsMulC_64s_ISfs(3, reinterpret_cast<Vrx64s*>(d), 1, sf));
+        EXPECT_EQ(vrxOk, vrxsMul_32s_Sfs(w32, w32, o32, 2, sf));
+        EXPECT_EQ(vrxOk, vrxsMulC_64s_ISfs(3, w64, 1, sf));
     }
     // without a bound limit every negative scale factor runs the kernel
     Vrx16u w[2] = {0, 1}, wo[2];
