@@ -369,7 +369,8 @@ VRXAPI(VrxStatus, vrxsMul_32f32fc, (const Vrx32f* pSrc1, const Vrx32fc* pSrc2, V
 VRXAPI(VrxStatus, vrxsMul_32f32fc_I, (const Vrx32f* pSrc, Vrx32fc* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSub_16s32f, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx32f* pDst, int len))
 
-/* integer vectors, scaled: the exact result times 2^-scaleFactor, rounded to nearest even, saturated */
+/* integer vectors, scaled: the exact result times 2^-scaleFactor, rounded to nearest even, saturated;
+ * complex Add/Sub test the length first; Mul_32s_Sfs forms its product in binary64 (MulC_32s_Sfs is exact) */
 VRXAPI(VrxStatus, vrxsAdd_16s_ISfs, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAdd_16s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAdd_16sc_ISfs, (const Vrx16sc* pSrc, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -412,7 +413,7 @@ VRXAPI(VrxStatus, vrxsSub_32sc_Sfs, (const Vrx32sc* pSrc1, const Vrx32sc* pSrc2,
 VRXAPI(VrxStatus, vrxsSub_8u_ISfs, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSub_8u_Sfs, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len, int scaleFactor))
 
-/* integer constants, scaled */
+/* integer constants, scaled; complex constants act on each component */
 VRXAPI(VrxStatus, vrxsAddC_16s_ISfs, (Vrx16s val, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAddC_16s_Sfs, (const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAddC_16sc_ISfs, (Vrx16sc val, Vrx16sc* pSrcDst, int len, int scaleFactor))

@@ -107,7 +107,7 @@ VRX_INLINE VrxStatus vecSfs(const T* s1, const T2* s2, TD* d, int len, int sf, L
 // A vector and a constant of K components (1 real, 2 complex): the element
 // stands first, so Op::Sub gives val - element and Op::SubRev element - val.
 template <Op op, size_t K, class T, class W>
-VRX_INLINE void constKernel(const T* s, const T* cv, T* d, int len, int sf, Limits lim, bool bound) {
+VRX_INLINE void constKernel(const T* s, const T* cv, T* d, int len, int sf, bool bound) {
     const W c0 = cv[0], c1 = cv[K - 1];
     const size_t n = K * static_cast<size_t>(len);
     auto r = [=](size_t i) {
@@ -116,7 +116,6 @@ VRX_INLINE void constKernel(const T* s, const T* cv, T* d, int len, int sf, Limi
     };
     if (bound) kernBound<T, W>(d, n, r);
     else runSplit<T, W>(d, n, sf, r);
-    (void)lim;
 }
 
 
@@ -128,7 +127,7 @@ VRX_INLINE VrxStatus constBody(const C* s, const C& val, C* d, int len, int sf, 
     using T = typename Scalar<C>::type;
     constexpr size_t K = Scalar<C>::k;
     constKernel<op, K, T, W>(reinterpret_cast<const T*>(s), reinterpret_cast<const T*>(&val),
-                             reinterpret_cast<T*>(d), len, sf, lim, sf <= lim.boundTo);
+                             reinterpret_cast<T*>(d), len, sf, sf <= lim.boundTo);
     return vrxOk;
 }
 
