@@ -541,6 +541,14 @@ TEST(ArithInt, AllLengthsUnalignedAndInPlace) {
             ASSERT_EQ(vrxOk, vrxsAddC_32s_Sfs(c.as<Vrx32s>(), -77, e.as<Vrx32s>(), len, sf));
             for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx32s>(i128(c.as<Vrx32s>()[i]) - 77, sf, 33, -31), e.as<Vrx32s>()[i]);
             ASSERT_TRUE(e.guardsIntact());
+            // the binary64 product: small operands are exact there
+            for (int i = 0; i < len; ++i) c.as<Vrx32s>()[i] = static_cast<Vrx32s>(r.range(-40000, 40000));
+            ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(c.as<Vrx32s>(), c.as<Vrx32s>(), e.as<Vrx32s>(), len, sf));
+            for (int i = 0; i < len; ++i) {
+                const i128 p = i128(c.as<Vrx32s>()[i]) * c.as<Vrx32s>()[i];
+                ASSERT_EQ(model<Vrx32s>(p, sf, 63, -32), e.as<Vrx32s>()[i]) << len;
+            }
+            ASSERT_TRUE(e.guardsIntact());
         }
     }
 }
