@@ -119,7 +119,7 @@ VrxStatus runAtan2F(const float* pY, const float* pX, float* dst, int len) {
             _mm512_store_ps(tr, r);
             for (unsigned b = rare; b; b &= b - 1) {
                 int j = __builtin_ctz(b);
-                tr[j] = toFloat(atan2(ty[j], tx[j]));
+                tr[j] = toFloat(atan2(static_cast<double>(ty[j]), static_cast<double>(tx[j])));
             }
             r = _mm512_load_ps(tr);
         }
