@@ -637,7 +637,7 @@ TEST(VecmathAccuracy, DISABLED_LongSweep) {
     Rng rng(99);
     for (int k = 0; k < 50; ++k) {
         EXPECT_LE(maxUlp<double>(rng, vrxsExp_64f, [](long double x) { return expl(x); }, -745, 709.7, false, 200000), 1);
-        EXPECT_LE(maxUlp<float>(rng, vrxsExp_32f, [](long double x) { return expl(x); }, -103, 88.7, false, 200000), 1);
+        EXPECT_LE(maxUlp<float>(rng, vrxsExp_32f, [](long double x) { return expl(x); }, -103, 88.7, false, 200000), 8);  // LA tier
         EXPECT_LE(maxUlp<double>(rng, vrxsArctan_64f, [](long double x) { return atanl(x); }, 1e-300, 1e300, true, 200000), 1);
         EXPECT_LE(maxUlp<float>(rng, vrxsArctan_32f, [](long double x) { return atanl(x); }, 1e-30, 1e30, true, 200000), 1);
         EXPECT_LE(maxUlp<double>(rng, vrxsCubrt_64f, [](long double x) { return cbrtl(x); }, 1e-300, 1e300, true, 200000), 1);
