@@ -591,7 +591,7 @@ VRXAPI(VrxStatus, vrxsAddProduct_32s_Sfs, (const Vrx32s* pSrc1, const Vrx32s* pS
 VRXAPI(VrxStatus, vrxsAddProduct_16s32s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx32s* pSrcDst, int len, int scaleFactor))
 
 /* --- elementary functions. Exp_32f and Ln_32f are of the LA tier (within
-   8 ulp; measured 1.04 and 0.79); the others are within 1 ulp. Ln raises
+   8 ulp; measured 1.04 and 1.18); the others are within 1 ulp. Ln raises
    vrxWarnLnNegArg (8) when an element was negative, else vrxWarnLnZeroArg
    (7) when one was zero; integer forms write the lowest value for ln 0 and
    0 for a negative element. */
