@@ -99,15 +99,19 @@ namespace n0::conv {
 // Widening driver: op(p) turns the 16 source elements at p into one vector
 // of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
 // through a zeroed local copy of the source and a masked store.
-// Calls that move 32 MiB or more (sources and destination together) write
-// with non-temporal stores: such a stream does not stay in a last-level
-// cache, and kept there it would only evict the caller's working set.
-// Smaller calls keep ordinary stores, whose lines the cache serves back.
-// A fixed size, because asking the processor for its cache costs more than
-// converting megabytes under a hypervisor.
+// Calls that move at least the largest cache (sources and destination
+// together; 32 MiB when the size is unknown) write with non-temporal
+// stores: such a stream does not stay in a last-level cache, and kept there
+// it would only evict the caller's working set. Smaller calls keep ordinary
+// stores, whose lines the cache serves back.
 constexpr size_t kStreamBytes = size_t(1) << 25;
 
-VRX_INLINE bool streamWorth(size_t trafficBytes) { return trafficBytes >= kStreamBytes; }
+VRX_INLINE bool streamWorth(size_t trafficBytes) {
+    if (trafficBytes < (size_t(1) << 21)) return false;
+    int cache = 0;
+    size_t limit = vrxGetMaxCacheSizeB(&cache) == 0 ? static_cast<size_t>(cache) : kStreamBytes;
+    return trafficBytes >= limit;
+}
 
 template <class S, class D, class Op>
 VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
