@@ -42,8 +42,9 @@ public:
     static constexpr size_t kGuard = 128;
     static constexpr uint8_t kFill = 0xA5;
     Buffer(size_t n, size_t offset = 0) : n_(n), off_(offset) {
-        raw_ = static_cast<uint8_t*>(aligned_alloc(64, roundUp(n + 2 * kGuard + 64)));
-        memset(raw_, kFill, roundUp(n + 2 * kGuard + 64));
+        size_t total = roundUp(n + 2 * kGuard + offset);
+        raw_ = static_cast<uint8_t*>(aligned_alloc(64, total));
+        memset(raw_, kFill, total);
     }
     ~Buffer() { free(raw_); }
     Buffer(const Buffer&) = delete;

@@ -13,6 +13,8 @@ constexpr int kAlign = 64;
 
 uint64_t g_featureMask = ~0ull;  // features a caller allowed
 uint64_t g_features = 0;         // what the processor has, read at load
+int g_cacheStatus = -1;          // the largest cache, read at load: CPUID
+int g_cacheSize = 0;             // is slow under a hypervisor
 
 bool xgetbvHas(uint64_t bits) {
     unsigned lo, hi;
@@ -86,7 +88,25 @@ long long cacheByLeaf(unsigned leaf) {
     return best;
 }
 
-__attribute__((constructor)) void readFeatures() { g_features = detectFeatures(); }
+int detectCacheSize(int* pSize) {
+    long long size = 0;
+    unsigned maxLeaf = __get_cpuid_max(0, nullptr);
+    if (maxLeaf >= 4) size = cacheByLeaf(4);
+    if (size == 0 && __get_cpuid_max(0x80000000u, nullptr) >= 0x8000001Du) size = cacheByLeaf(0x8000001Du);
+    if (size == 0) {
+        long s = sysconf(_SC_LEVEL3_CACHE_SIZE);
+        if (s <= 0) s = sysconf(_SC_LEVEL2_CACHE_SIZE);
+        size = s > 0 ? s : 0;
+    }
+    if (size <= 0 || size > 0x7FFFFFFF) return -1;
+    *pSize = static_cast<int>(size);
+    return 0;
+}
+
+__attribute__((constructor)) void readProcessor() {
+    g_features = detectFeatures();
+    g_cacheStatus = detectCacheSize(&g_cacheSize);
+}
 
 }  // namespace
 
@@ -103,17 +123,8 @@ VRX_EXPORT void vrxFree(void* ptr) { free(ptr); }
 
 VRX_EXPORT int vrxGetMaxCacheSizeB(int* pSize) {
     if (!pSize) return -8;
-    long long size = 0;
-    unsigned maxLeaf = __get_cpuid_max(0, nullptr);
-    if (maxLeaf >= 4) size = cacheByLeaf(4);
-    if (size == 0 && __get_cpuid_max(0x80000000u, nullptr) >= 0x8000001Du) size = cacheByLeaf(0x8000001Du);
-    if (size == 0) {
-        long s = sysconf(_SC_LEVEL3_CACHE_SIZE);
-        if (s <= 0) s = sysconf(_SC_LEVEL2_CACHE_SIZE);
-        size = s > 0 ? s : 0;
-    }
-    if (size <= 0 || size > 0x7FFFFFFF) return -1;
-    *pSize = static_cast<int>(size);
+    if (g_cacheStatus != 0) return g_cacheStatus;
+    *pSize = g_cacheSize;
     return 0;
 }
 

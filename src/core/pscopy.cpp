@@ -82,14 +82,10 @@ void N0(ownsCopy_8u_nt)(const Vrx8u* s, Vrx8u* d, size_t n) {
 }
 
 // Backward copy of a multiple of 64 bytes whose destination ends on a
-// 64-byte boundary: unaligned loads, aligned 32-byte stores.
+// 64-byte boundary: steps of 64 bytes, unaligned loads, aligned 32-byte
+// stores (wider rounds run slower backward).
 void N0(ownsCopy_8u_inv)(const Vrx8u* s, Vrx8u* d, size_t n) {
-    size_t k = n;
-    for (; k >= 128; k -= 128) {
-        __m256i a = ld32(s + k - 32), b = ld32(s + k - 64), c = ld32(s + k - 96), e = ld32(s + k - 128);
-        st32a(d + k - 32, a); st32a(d + k - 64, b); st32a(d + k - 96, c); st32a(d + k - 128, e);
-    }
-    if (k) {
+    for (size_t k = n; k >= 64; k -= 64) {
         __m256i a = ld32(s + k - 32), b = ld32(s + k - 64);
         st32a(d + k - 32, a); st32a(d + k - 64, b);
     }
@@ -133,14 +129,27 @@ void N0(ownsCopy_8u)(const Vrx8u* s, Vrx8u* d, size_t n) {
     if (r) N0(ownsCopy_8u_E9)(s, d, r);
 }
 
+namespace {
+
+__attribute__((noinline)) VrxStatus copyLarge(const Vrx8u* s, Vrx8u* d, size_t n) {
+    if (n < kCopySmallLimit)
+        N0(ownsCopy_8u_E9)(s, d, n);
+    else
+        N0(ownsCopy_8u)(s, d, n);
+    return vrxOk;
+}
+
+}  // namespace
+
+// Below the ladder ceiling the copy is inline, with no frame.
 VrxStatus N0(vrxsCopy_8u)(const Vrx8u* pSrc, Vrx8u* pDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
     size_t n = static_cast<size_t>(len);
-    if (n < kCopySmallLimit)
-        N0(ownsCopy_8u_E9)(pSrc, pDst, n);
-    else
-        N0(ownsCopy_8u)(pSrc, pDst, n);
-    return vrxOk;
+    if (VRX_LIKELY(n < kLadderCeiling)) {
+        copySmall(pSrc, pDst, n);
+        return vrxOk;
+    }
+    return copyLarge(pSrc, pDst, n);
 }
 
 namespace {

@@ -9,29 +9,31 @@ namespace {
 // Reversal of the elements of one vector register, per element size.
 template <size_t ES> struct Rev;
 
-template <> struct Rev<1> {  // 32 bytes: byte shuffle within halves, then swap halves
+// 1- and 2-byte elements in 32 bytes: a byte shuffle reverses the elements
+// of each half, then the halves trade places.
+template <size_t ES>
+struct RevYmm {
     using V = __m256i;
-    static constexpr size_t kLanes = 32;
+    static constexpr size_t kLanes = 32 / ES;
     static VRX_INLINE V load(const void* p) { return _mm256_loadu_si256(static_cast<const V*>(p)); }
     static VRX_INLINE void store(void* p, V v) { _mm256_storeu_si256(static_cast<V*>(p), v); }
     static VRX_INLINE V rev(V v) {
-        const V idx = _mm256_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0,
-                                       15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
+        alignas(32) static constexpr char kIdx[32] = {
+#define VRX_REV_HALF(e) (char)(15 - (e) / ES * ES - (ES - 1) + (e) % ES)
+            VRX_REV_HALF(0), VRX_REV_HALF(1), VRX_REV_HALF(2), VRX_REV_HALF(3), VRX_REV_HALF(4), VRX_REV_HALF(5),
+            VRX_REV_HALF(6), VRX_REV_HALF(7), VRX_REV_HALF(8), VRX_REV_HALF(9), VRX_REV_HALF(10), VRX_REV_HALF(11),
+            VRX_REV_HALF(12), VRX_REV_HALF(13), VRX_REV_HALF(14), VRX_REV_HALF(15),
+            VRX_REV_HALF(0), VRX_REV_HALF(1), VRX_REV_HALF(2), VRX_REV_HALF(3), VRX_REV_HALF(4), VRX_REV_HALF(5),
+            VRX_REV_HALF(6), VRX_REV_HALF(7), VRX_REV_HALF(8), VRX_REV_HALF(9), VRX_REV_HALF(10), VRX_REV_HALF(11),
+            VRX_REV_HALF(12), VRX_REV_HALF(13), VRX_REV_HALF(14), VRX_REV_HALF(15),
+#undef VRX_REV_HALF
+        };
+        const V idx = _mm256_load_si256(reinterpret_cast<const V*>(kIdx));
         return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(v, idx), 0x4E);
     }
 };
-
-template <> struct Rev<2> {
-    using V = __m256i;
-    static constexpr size_t kLanes = 16;
-    static VRX_INLINE V load(const void* p) { return _mm256_loadu_si256(static_cast<const V*>(p)); }
-    static VRX_INLINE void store(void* p, V v) { _mm256_storeu_si256(static_cast<V*>(p), v); }
-    static VRX_INLINE V rev(V v) {
-        const V idx = _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1,
-                                       14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1);
-        return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(v, idx), 0x4E);
-    }
-};
+template <> struct Rev<1> : RevYmm<1> {};
+template <> struct Rev<2> : RevYmm<2> {};
 
 template <> struct Rev<4> {
     using V = __m512i;

@@ -8,7 +8,7 @@ using namespace n0;
 namespace {
 
 // From the end. The first and last 32 bytes are loaded before anything is
-// stored; the rounds store 32-byte aligned blocks of the destination.
+// stored; rounds of 128 bytes store 32-byte aligned blocks of the destination.
 void moveBackward(const Vrx8u* s, Vrx8u* d, size_t n) {
     __m256i head = ld32(s), tail = ld32(s + n - 32);
     size_t k = n - ((addr(d) + n) & 31);  // end of the aligned part
@@ -52,12 +52,22 @@ void N0(ownsMove_8u)(const Vrx8u* s, Vrx8u* d, size_t n) {
 
 namespace {
 
-template <class T>
-VrxStatus moveTyped(const T* pSrc, T* pDst, int len) {
-    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    N0(ownsMove_8u)(reinterpret_cast<const Vrx8u*>(pSrc), reinterpret_cast<Vrx8u*>(pDst),
-                    static_cast<size_t>(len) * sizeof(T));
+__attribute__((noinline)) VrxStatus moveLarge(const Vrx8u* s, Vrx8u* d, size_t n) {
+    N0(ownsMove_8u)(s, d, n);
     return vrxOk;
+}
+
+template <class T>
+VRX_INLINE VrxStatus moveTyped(const T* pSrc, T* pDst, int len) {
+    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
+    const Vrx8u* s = reinterpret_cast<const Vrx8u*>(pSrc);
+    Vrx8u* d = reinterpret_cast<Vrx8u*>(pDst);
+    size_t n = static_cast<size_t>(len) * sizeof(T);
+    if (VRX_LIKELY(n < kLadderCeiling)) {
+        copySmall(s, d, n);
+        return vrxOk;
+    }
+    return moveLarge(s, d, n);
 }
 
 }  // namespace

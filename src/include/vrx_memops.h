@@ -72,13 +72,43 @@ VRX_INLINE void copySmall(const Vrx8u* s, Vrx8u* d, size_t n) {
     }
 }
 
-// Fills n bytes with a pattern whose period divides 32. pat holds 64 bytes
-// of the pattern at phase 0 relative to dst; a block at byte offset k of dst
-// takes its 32 bytes from pat + (k mod 32), so alignment never shifts the
-// phase, whatever the alignment of dst to the element.
-void fillPattern(Vrx8u* dst, size_t n, const Vrx8u* pat);
-// The same with 128-byte rounds of non-temporal stores, then a store fence;
-// pat holds 96 bytes here.
-void fillPatternNt(Vrx8u* dst, size_t n, const Vrx8u* pat);
+// Pattern fills. p holds the fill pattern at phase 0 (its period, the
+// element size, divides 32) and n is a multiple of the period, so every
+// block that starts at a multiple of 32 from dst or ends at dst + n is at
+// phase 0 too.
+
+// n < 256 bytes, overlapping blocks from both ends.
+VRX_INLINE void fillSmall(Vrx8u* d, size_t n, __m256i p) {
+    if (n >= 32) {
+        st32(d, p);
+        st32(d + n - 32, p);
+        if (n > 64) {
+            st32(d + 32, p);
+            st32(d + n - 64, p);
+            if (n > 128) {
+                st32(d + 64, p); st32(d + 96, p);
+                st32(d + n - 96, p); st32(d + n - 128, p);
+            }
+        }
+    } else if (n >= 16) {
+        st16(d, _mm256_castsi256_si128(p)); st16(d + n - 16, _mm256_castsi256_si128(p));
+    } else if (n >= 8) {
+        uint64_t v = static_cast<uint64_t>(_mm256_extract_epi64(p, 0));
+        stu(d, v); stu(d + n - 8, v);
+    } else if (n >= 4) {
+        uint32_t v = static_cast<uint32_t>(_mm256_extract_epi32(p, 0));
+        stu(d, v); stu(d + n - 4, v);
+    } else if (n >= 2) {
+        uint16_t v = static_cast<uint16_t>(_mm256_extract_epi16(p, 0));
+        stu(d, v); stu(d + n - 2, v);
+    } else {
+        d[0] = static_cast<Vrx8u>(_mm256_extract_epi8(p, 0));
+    }
+}
+
+// n >= 256 bytes: aligned 256-byte rounds of ordinary 32-byte stores.
+void fillPattern(Vrx8u* dst, size_t n, __m256i p, size_t period);
+// n above 2 MiB: 128-byte rounds of non-temporal stores, then a store fence.
+void fillPatternNt(Vrx8u* dst, size_t n, __m256i p, size_t period);
 
 }  // namespace n0

@@ -14,7 +14,7 @@ void N0(own_vrxs_cError)(const char*, int, const float*, const float*, float*) {
 namespace {
 
 // _vqmReductionTab: the bits of 2/pi after the binary point, 64 a word.
-alignas(64) const uint64_t kTwoOverPi[21] = {
+alignas(64) const uint64_t kTwoOverPiBits[21] = {
     0xA2F9836E4E441529ULL,
     0xFC2757D1F534DDC0ULL,
     0xDB6295993C439041ULL,
@@ -56,7 +56,7 @@ int N0(ownsReducePio2Large)(double x, double* rh, double* rl) {
     int w = i0 >> 6, s = i0 & 63;
     uint64_t W[3];
     for (int k = 0; k < 3; ++k)
-        W[k] = (kTwoOverPi[w + k] << s) | (s ? kTwoOverPi[w + k + 1] >> (64 - s) : 0);
+        W[k] = (kTwoOverPiBits[w + k] << s) | (s ? kTwoOverPiBits[w + k + 1] >> (64 - s) : 0);
     uint64_t p[4];
     u128 t = static_cast<u128>(m) * W[2];
     p[0] = static_cast<uint64_t>(t);

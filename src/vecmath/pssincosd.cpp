@@ -303,8 +303,9 @@ struct SinCosEP {
     static void rare(double x, double* s, double* c) { rareHA(x, s, c); }
 };
 
-// EP sine: 16 elements a block as two independent vectors of 8.
-VrxStatus runSinEP(const double* src, double* dst, int len) {
+// EP kernels: 16 elements a block as two independent vectors of 8.
+template <class K>
+VrxStatus runEP(const double* src, double* dst, int len) {
     if (len < 1) return vrxErrBadLength;
     if (!src || !dst) return vrxErrNullPtr;
     KernelFrame frame;
@@ -312,7 +313,7 @@ VrxStatus runSinEP(const double* src, double* dst, int len) {
     for (; i + 16 <= len; i += 16) {
         D8 x0 = _mm512_loadu_pd(src + i), x1 = _mm512_loadu_pd(src + i + 8);
         __mmask8 r0, r1;
-        D8 y0 = epSin(x0, r0), y1 = epSin(x1, r1);
+        D8 y0 = K::vec(x0, r0), y1 = K::vec(x1, r1);
         _mm512_storeu_pd(dst + i, y0);
         _mm512_storeu_pd(dst + i + 8, y1);
         if (VRX_UNLIKELY(r0 | r1)) {
@@ -323,11 +324,162 @@ VrxStatus runSinEP(const double* src, double* dst, int len) {
             while (m) {
                 int j = __builtin_ctz(m);
                 m &= m - 1;
-                dst[i + j] = SinEP::rare(t[j]);
+                dst[i + j] = K::rare(t[j]);
             }
         }
     }
-    if (i < len) return runD1<SinEP>(src + i, dst + i, len - i);
+    if (i < len) return runD1<K>(src + i, dst + i, len - i);
+    return vrxOk;
+}
+
+// ------------------------------------------------- single precision
+// Sixteen lanes of float arithmetic: the same three-part reduction with
+// float parts of pi/2 for |x| <= 2^16 (carried as a float pair for HA),
+// Taylor polynomials of degree 9 and 12. Larger and non-finite arguments
+// take the double rare path and round once.
+namespace fs {
+
+constexpr float kTwoOverPiF = 0x1.45f306p-1f;
+constexpr float kP1 = 0x1.921fb6p+0f, kP2 = -0x1.777a5cp-25f, kP3 = -0x1.ee59dap-50f;
+constexpr float kLimit = 65536.0f;
+
+VRX_INLINE F16 s1(float v) { return _mm512_set1_ps(v); }
+VRX_INLINE F16 fmaf16(F16 a, F16 b, F16 c) { return _mm512_fmadd_ps(a, b, c); }
+
+template <bool HA>
+VRX_INLINE void core(F16 x, F16& so, F16& co, __mmask16& rare, bool wantSin, bool wantCos) {
+    F16 ax = _mm512_abs_ps(x);
+    rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
+    F16 n = _mm512_roundscale_ps(_mm512_mul_ps(ax, s1(kTwoOverPiF)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    F16 rh, rl;
+    if (HA) {
+        F16 r1 = _mm512_fnmadd_ps(n, s1(kP1), ax);  // exact
+        F16 p2h = _mm512_mul_ps(n, s1(kP2));
+        F16 p2l = _mm512_fmsub_ps(n, s1(kP2), p2h);
+        F16 s = _mm512_sub_ps(r1, p2h);
+        F16 bb = _mm512_sub_ps(s, r1);
+        F16 e = _mm512_add_ps(_mm512_sub_ps(r1, _mm512_sub_ps(s, bb)), _mm512_sub_ps(_mm512_sub_ps(_mm512_setzero_ps(), p2h), bb));
+        F16 lo = _mm512_fnmadd_ps(n, s1(kP3), _mm512_sub_ps(e, p2l));
+        rh = _mm512_add_ps(s, lo);
+        rl = _mm512_sub_ps(lo, _mm512_sub_ps(rh, s));
+    } else {
+        rh = _mm512_fnmadd_ps(n, s1(kP1), ax);
+        rh = _mm512_fnmadd_ps(n, s1(kP2), rh);
+        rh = _mm512_fnmadd_ps(n, s1(kP3), rh);
+        rl = _mm512_setzero_ps();
+    }
+    F16 z = _mm512_mul_ps(rh, rh);
+    // sin(r) = r + r^3 (-1/6 + z/120 - ...) + rl
+    F16 ps = fmaf16(z, fmaf16(z, fmaf16(z, s1(1.0f / 362880.0f), s1(-1.0f / 5040.0f)), s1(1.0f / 120.0f)), s1(-1.0f / 6.0f));
+    F16 sn = _mm512_add_ps(rh, fmaf16(_mm512_mul_ps(rh, z), ps, rl));
+    // cos(r) = w + (((1 - w) - z/2) + z^2 q - r rl), w = 1 - z/2
+    F16 pc = fmaf16(z, fmaf16(z, fmaf16(z, s1(-1.0f / 3628800.0f), s1(1.0f / 40320.0f)), s1(-1.0f / 720.0f)), s1(1.0f / 24.0f));
+    F16 hz = _mm512_mul_ps(s1(0.5f), z);
+    F16 w = _mm512_sub_ps(s1(1.0f), hz);
+    F16 tail = _mm512_add_ps(_mm512_sub_ps(_mm512_sub_ps(s1(1.0f), w), hz), _mm512_fmsub_ps(_mm512_mul_ps(z, z), pc, _mm512_mul_ps(rh, rl)));
+    F16 cs = _mm512_add_ps(w, tail);
+    __m512i q = _mm512_cvtps_epi32(n);
+    __mmask16 odd = _mm512_test_epi32_mask(q, _mm512_set1_epi32(1));
+    if (wantSin) {
+        F16 v = _mm512_mask_blend_ps(odd, sn, cs);
+        __m512i sg = _mm512_slli_epi32(_mm512_and_epi32(q, _mm512_set1_epi32(2)), 30);
+        sg = _mm512_xor_epi32(sg, _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))));
+        so = _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(v), sg));
+    }
+    if (wantCos) {
+        F16 v = _mm512_mask_blend_ps(odd, cs, sn);
+        __m512i sg = _mm512_slli_epi32(_mm512_and_epi32(_mm512_add_epi32(q, _mm512_set1_epi32(1)), _mm512_set1_epi32(2)), 30);
+        co = _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(v), sg));
+    }
+}
+
+// LA sine and cosine: reduction by pi, so that one odd polynomial of
+// degree 11 on [-pi/2, pi/2] serves; the cosine is the sine shifted by a
+// half period, as in the EP kernels.
+template <bool Cos>
+VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
+    F16 ax = _mm512_abs_ps(x);
+    rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
+    F16 q = _mm512_mul_ps(ax, s1(0x1.45f306p-2f));  // |x| / pi
+    if (Cos) q = _mm512_sub_ps(q, s1(0.5f));
+    F16 k = _mm512_roundscale_ps(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    F16 n = Cos ? _mm512_add_ps(k, s1(0.5f)) : k;
+    F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), ax);  // exact
+    r = _mm512_fnmadd_ps(n, s1(2 * kP2), r);
+    r = _mm512_fnmadd_ps(n, s1(2 * kP3), r);
+    F16 z = _mm512_mul_ps(r, r);
+    F16 p = fmaf16(z, s1(-1.0f / 39916800.0f), s1(1.0f / 362880.0f));
+    p = fmaf16(z, p, s1(-1.0f / 5040.0f));
+    p = fmaf16(z, p, s1(1.0f / 120.0f));
+    p = fmaf16(z, p, s1(-1.0f / 6.0f));
+    F16 sn = fmaf16(_mm512_mul_ps(r, z), p, r);
+    // (-1)^k for the sine, (-1)^(k+1) for the cosine
+    __m512i ki = _mm512_cvtps_epi32(k);
+    if (Cos) ki = _mm512_add_epi32(ki, _mm512_set1_epi32(1));
+    __m512i sg = _mm512_slli_epi32(ki, 31);
+    if (!Cos) sg = _mm512_xor_epi32(sg, _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))));
+    return _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(sn), sg));
+}
+
+template <bool HA>
+struct SinF {
+    static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
+        if (!HA) return byPi<false>(x, rare);
+        F16 s, c;
+        core<HA>(x, s, c, rare, true, false);
+        return s;
+    }
+    static float rare(float x) { double r; rareS(x, &r, nullptr); return toFloat(r); }
+};
+template <bool HA>
+struct CosF {
+    static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
+        if (!HA) return byPi<true>(x, rare);
+        F16 s, c;
+        core<HA>(x, s, c, rare, false, true);
+        return c;
+    }
+    static float rare(float x) { double r; rareS(x, nullptr, &r); return toFloat(r); }
+};
+template <bool HA>
+struct SinCosF {
+    static VRX_INLINE void vec(F16 x, F16& s, F16& c, __mmask16& rare) { core<HA>(x, s, c, rare, true, true); }
+    static void rare(float x, float* s, float* c) {
+        double a, b;
+        rareS(x, &a, &b);
+        *s = toFloat(a);
+        *c = toFloat(b);
+    }
+};
+
+}  // namespace fs
+
+// EP sine and cosine together, 16 elements a block as in the EP sine.
+VrxStatus runEP2(const double* src, double* dS, double* dC, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!src || !dS || !dC) return vrxErrNullPtr;
+    KernelFrame frame;
+    int i = 0;
+    for (; i + 16 <= len; i += 16) {
+        D8 x0 = _mm512_loadu_pd(src + i), x1 = _mm512_loadu_pd(src + i + 8), s0, c0, s1, c1;
+        __mmask8 r0, r1;
+        SinCosEP::vec(x0, s0, c0, r0);
+        SinCosEP::vec(x1, s1, c1, r1);
+        _mm512_storeu_pd(dS + i, s0);
+        _mm512_storeu_pd(dS + i + 8, s1);
+        _mm512_storeu_pd(dC + i, c0);
+        _mm512_storeu_pd(dC + i + 8, c1);
+        if (VRX_UNLIKELY(r0 | r1)) {
+            alignas(64) double t[16];
+            _mm512_store_pd(t, x0);
+            _mm512_store_pd(t + 8, x1);
+            for (unsigned m = r0 | (static_cast<unsigned>(r1) << 8); m; m &= m - 1) {
+                int j = __builtin_ctz(m);
+                SinCosEP::rare(t[j], dS + i + j, dC + i + j);
+            }
+        }
+    }
+    if (i < len) return runD12<SinCosEP>(src + i, dS + i, dC + i, len - i);
     return vrxOk;
 }
 
@@ -337,33 +489,38 @@ extern "C" {
 
 #define VRX_KERNEL_D1(name, K) \
     __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx64f* s, Vrx64f* d, int n) { return runD1<K>(s, d, n); }
-#define VRX_KERNEL_S1(name, K) \
-    __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx32f* s, Vrx32f* d, int n) { return runS1<K>(s, d, n); }
 #define VRX_KERNEL_D12(name, K)                                                                             \
     __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx64f* s, Vrx64f* a, Vrx64f* b, int n) { \
         return runD12<K>(s, a, b, n);                                                                       \
     }
-#define VRX_KERNEL_S12(name, K)                                                                             \
-    __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx32f* s, Vrx32f* a, Vrx32f* b, int n) { \
-        return runS12<K>(s, a, b, n);                                                                       \
-    }
-
 VRX_KERNEL_D1(own_vrxs_dSin_B3LAynn, SinK<0>)
 VRX_KERNEL_D1(own_vrxs_dSin_B3HAynn, SinK<1>)
 __attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dSin_B3EPnnn(const Vrx64f* s, Vrx64f* d, int n) {
-    return runSinEP(s, d, n);
+    return runEP<SinEP>(s, d, n);
 }
 VRX_KERNEL_D1(own_vrxs_dCos_B3LAynn, CosK<0>)
 VRX_KERNEL_D1(own_vrxs_dCos_B3HAynn, CosK<1>)
-VRX_KERNEL_D1(own_vrxs_dCos_B3EPnnn, CosEP)
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dCos_B3EPnnn(const Vrx64f* s, Vrx64f* d, int n) {
+    return runEP<CosEP>(s, d, n);
+}
 VRX_KERNEL_D12(own_vrxs_dSinCos_B3LAynn, SinCosK<0>)
 VRX_KERNEL_D12(own_vrxs_dSinCos_B3HAynn, SinCosK<1>)
-VRX_KERNEL_D12(own_vrxs_dSinCos_B3EPnnn, SinCosEP)
-// Single precision: the LA and EP slots hold the same kernel as HA, which
-// meets the stricter target at no extra cost in double arithmetic.
-VRX_KERNEL_S1(own_vrxs_sSin_B3HAynn, SinK<3>)
-VRX_KERNEL_S1(own_vrxs_sCos_B3HAynn, CosK<3>)
-VRX_KERNEL_S12(own_vrxs_sSinCos_B3HAynn, SinCosK<3>)
+__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dSinCos_B3EPnnn(const Vrx64f* s, Vrx64f* a, Vrx64f* b,
+                                                                            int n) {
+    return runEP2(s, a, b, n);
+}
+#define VRX_KERNEL_F1(name, K) \
+    __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx32f* s, Vrx32f* d, int n) { return runF1<K>(s, d, n); }
+#define VRX_KERNEL_F12(name, K)                                                                             \
+    __attribute__((visibility("hidden"))) VrxStatus n0_##name(const Vrx32f* s, Vrx32f* a, Vrx32f* b, int n) { \
+        return runF12<K>(s, a, b, n);                                                                       \
+    }
+VRX_KERNEL_F1(own_vrxs_sSin_B3LAynn, fs::SinF<false>)
+VRX_KERNEL_F1(own_vrxs_sSin_B3HAynn, fs::SinF<true>)
+VRX_KERNEL_F1(own_vrxs_sCos_B3LAynn, fs::CosF<false>)
+VRX_KERNEL_F1(own_vrxs_sCos_B3HAynn, fs::CosF<true>)
+VRX_KERNEL_F12(own_vrxs_sSinCos_B3LAynn, fs::SinCosF<false>)
+VRX_KERNEL_F12(own_vrxs_sSinCos_B3HAynn, fs::SinCosF<true>)
 
 const VrxKernD1 n0_own_vrxs_dSin_B3_ttab[3] = {n0_own_vrxs_dSin_B3LAynn, n0_own_vrxs_dSin_B3HAynn,
                                                n0_own_vrxs_dSin_B3EPnnn};
@@ -371,10 +528,11 @@ const VrxKernD1 n0_own_vrxs_dCos_B3_ttab[3] = {n0_own_vrxs_dCos_B3LAynn, n0_own_
                                                n0_own_vrxs_dCos_B3EPnnn};
 const VrxKernD12 n0_own_vrxs_dSinCos_B3_ttab[3] = {n0_own_vrxs_dSinCos_B3LAynn, n0_own_vrxs_dSinCos_B3HAynn,
                                                    n0_own_vrxs_dSinCos_B3EPnnn};
-const VrxKernS1 n0_own_vrxs_sSin_B3_ttab[3] = {n0_own_vrxs_sSin_B3HAynn, n0_own_vrxs_sSin_B3HAynn,
+// Single precision has no EP tier of its own: the HA kernel fills slot 2.
+const VrxKernS1 n0_own_vrxs_sSin_B3_ttab[3] = {n0_own_vrxs_sSin_B3LAynn, n0_own_vrxs_sSin_B3HAynn,
                                                n0_own_vrxs_sSin_B3HAynn};
-const VrxKernS1 n0_own_vrxs_sCos_B3_ttab[3] = {n0_own_vrxs_sCos_B3HAynn, n0_own_vrxs_sCos_B3HAynn,
+const VrxKernS1 n0_own_vrxs_sCos_B3_ttab[3] = {n0_own_vrxs_sCos_B3LAynn, n0_own_vrxs_sCos_B3HAynn,
                                                n0_own_vrxs_sCos_B3HAynn};
-const VrxKernS12 n0_own_vrxs_sSinCos_B3_ttab[3] = {n0_own_vrxs_sSinCos_B3HAynn, n0_own_vrxs_sSinCos_B3HAynn,
+const VrxKernS12 n0_own_vrxs_sSinCos_B3_ttab[3] = {n0_own_vrxs_sSinCos_B3LAynn, n0_own_vrxs_sSinCos_B3HAynn,
                                                    n0_own_vrxs_sSinCos_B3HAynn};
 }

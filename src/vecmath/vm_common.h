@@ -4,6 +4,9 @@
 // its rare lanes.
 #pragma once
 
+// The intrinsics headers of g++ 12 read _mm512_undefined_* values.
+#pragma GCC diagnostic ignored "-Wuninitialized"
+
 #include "vrx_base.h"
 
 #include <immintrin.h>
@@ -52,6 +55,26 @@ private:
     bool changed_;
 };
 
+// Guard of the exported families that compute outside the tier kernels:
+// when any exception is unmasked, all are masked for the call and the
+// caller's word comes back whole; a fully masked word is left alone, so
+// the flags of the arithmetic stay as IEEE arithmetic leaves them.
+class TrapGuard {
+public:
+    TrapGuard() : old_(_mm_getcsr()) {
+        changed_ = (old_ & 0x1F80u) != 0x1F80u;
+        if (changed_) _mm_setcsr(old_ | 0x1F80u);
+    }
+    ~TrapGuard() {
+        if (changed_) _mm_setcsr(old_);
+    }
+    TrapGuard(const TrapGuard&) = delete;
+    TrapGuard& operator=(const TrapGuard&) = delete;
+private:
+    unsigned old_;
+    bool changed_;
+};
+
 // ------------------------------------------------------------- doubles
 VRX_INLINE D8 set1(double v) { return _mm512_set1_pd(v); }
 VRX_INLINE D8 fma(D8 a, D8 b, D8 c) { return _mm512_fmadd_pd(a, b, c); }
@@ -60,6 +83,9 @@ VRX_INLINE D8 fnma(D8 a, D8 b, D8 c) { return _mm512_fnmadd_pd(a, b, c); }  // c
 VRX_INLINE D8 add(D8 a, D8 b) { return _mm512_add_pd(a, b); }
 VRX_INLINE D8 sub(D8 a, D8 b) { return _mm512_sub_pd(a, b); }
 VRX_INLINE D8 mul(D8 a, D8 b) { return _mm512_mul_pd(a, b); }
+VRX_INLINE D8 div(D8 a, D8 b) { return _mm512_div_pd(a, b); }
+VRX_INLINE D8 dmin(D8 a, D8 b) { return _mm512_min_pd(a, b); }
+VRX_INLINE D8 dmax(D8 a, D8 b) { return _mm512_max_pd(a, b); }
 VRX_INLINE D8 dabs(D8 a) { return _mm512_castsi512_pd(_mm512_and_epi64(_mm512_castpd_si512(a), _mm512_set1_epi64(0x7FFFFFFFFFFFFFFFll))); }
 VRX_INLINE D8 signOf(D8 a) { return _mm512_castsi512_pd(_mm512_and_epi64(_mm512_castpd_si512(a), _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)))); }
 VRX_INLINE D8 xorp(D8 a, D8 b) { return _mm512_castsi512_pd(_mm512_xor_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(b))); }
@@ -241,6 +267,62 @@ VRX_INLINE VrxStatus runS12(const float* src, float* dstA, float* dstB, int len)
         if (VRX_UNLIKELY(r0 | r1)) {
             fixRare(lo, r0, at);
             fixRare(hi, r1, at + 8);
+        }
+    };
+    int i = 0;
+    for (; i + 16 <= len; i += 16) block(i, 0xFFFF);
+    if (i < len) block(i, tailMask16(len - i));
+    return vrxOk;
+}
+
+// Single precision in 16 lanes: K::vec(F16 x, __mmask16& rare) -> F16;
+// K::rare(float) -> float.
+template <class K>
+VRX_INLINE VrxStatus runF1(const float* src, float* dst, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!src || !dst) return vrxErrNullPtr;
+    KernelFrame frame;
+    auto block = [&](int at, __mmask16 m) {
+        F16 x = _mm512_maskz_loadu_ps(m, src + at);
+        __mmask16 rare;
+        F16 y = K::vec(x, rare);
+        rare &= m;
+        _mm512_mask_storeu_ps(dst + at, m, y);
+        if (VRX_UNLIKELY(rare)) {
+            alignas(64) float t[16];
+            _mm512_store_ps(t, x);
+            for (unsigned b = rare; b; b &= b - 1) {
+                int j = __builtin_ctz(b);
+                dst[at + j] = K::rare(t[j]);
+            }
+        }
+    };
+    int i = 0;
+    for (; i + 16 <= len; i += 16) block(i, 0xFFFF);
+    if (i < len) block(i, tailMask16(len - i));
+    return vrxOk;
+}
+
+// K::vec(F16 x, F16& a, F16& b, __mmask16& rare); K::rare(float, float*, float*)
+template <class K>
+VRX_INLINE VrxStatus runF12(const float* src, float* dstA, float* dstB, int len) {
+    if (len < 1) return vrxErrBadLength;
+    if (!src || !dstA || !dstB) return vrxErrNullPtr;
+    KernelFrame frame;
+    auto block = [&](int at, __mmask16 m) {
+        F16 x = _mm512_maskz_loadu_ps(m, src + at), a, b;
+        __mmask16 rare;
+        K::vec(x, a, b, rare);
+        rare &= m;
+        _mm512_mask_storeu_ps(dstA + at, m, a);
+        _mm512_mask_storeu_ps(dstB + at, m, b);
+        if (VRX_UNLIKELY(rare)) {
+            alignas(64) float t[16];
+            _mm512_store_ps(t, x);
+            for (unsigned k = rare; k; k &= k - 1) {
+                int j = __builtin_ctz(k);
+                K::rare(t[j], dstA + at + j, dstB + at + j);
+            }
         }
     };
     int i = 0;

@@ -31,3 +31,6 @@ VRX_TTAB(VrxKernS1, own_vrxs_sLn_B3_ttab);
 VRX_TTAB(VrxKernD21, own_vrxs_dAtan2_B3_ttab);
 VRX_TTAB(VrxKernS21, own_vrxs_sAtan2_B3_ttab);
 VRX_TTAB(VrxKernZAbs, own_vrxs_zAbs_B3_ttab);
+VRX_TTAB(VrxKernD1, own_vrxs_dExp_B3_ttab);
+VRX_TTAB(VrxKernD1, own_vrxs_dAtan_B3_ttab);
+VRX_TTAB(VrxKernS1, own_vrxs_sAtan_B3_ttab);

@@ -1,0 +1,224 @@
+// Float to integer conversions with a rounding mode and a scale factor.
+//
+// Each element is scaled by 2^-sf (no multiply at sf 0), clamped above to
+// the destination's largest value, rounded (nearest-even by the conversion
+// instruction, truncation, or ties away from zero by adding a signed half
+// under rounding toward zero) and narrowed by a saturating pack. NaN passes
+// the clamp and becomes the integer-indefinite value, which the pack turns
+// into the lower bound. The invalid exception is masked for the kernels and
+// the flag they raise is cleared again when it was clear on entry.
+#include "conv_simd.h"
+
+using namespace n0;
+using namespace n0::conv;
+
+namespace {
+
+// 32f to an integer of 8 or 16 bits, or to 32 bits.
+template <class D, int M, bool Scale>
+void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
+    const __m512 vm = _mm512_set1_ps(mul);
+    const __m512 hi = _mm512_set1_ps(Dst<D>::hi);
+    auto one = [&](int i, __mmask16 k) {
+        __m512 x = _mm512_maskz_loadu_ps(k, s + i);
+        if (Scale) x = _mm512_mul_ps(x, vm);
+        if constexpr (sizeof(D) == 4) {
+            // 2^31 and above become the upper bound; the conversion gives
+            // the indefinite value there.
+            x = _mm512_min_ps(hi, x);
+            if constexpr (M == kFin) x = addHalfSigned(x);
+            __m512i v = (M == kNear) ? _mm512_cvtps_epi32(x) : _mm512_cvttps_epi32(x);
+            __mmask16 over = _mm512_cmp_ps_mask(x, hi, _CMP_GE_OQ);
+            v = _mm512_mask_mov_epi32(v, over, _mm512_set1_epi32(0x7FFFFFFF));
+            Dst<D>::store(d + i, k, v);
+        } else {
+            Dst<D>::store(d + i, k, roundToInt<M>(x, hi));
+        }
+    };
+    int i = 0;
+    // narrow destinations: the narrowed vectors are joined into full 64-byte
+    // stores
+    if constexpr (sizeof(D) == 1) {
+        auto v = [&](int j) {
+            __m512 x = _mm512_loadu_ps(s + j);
+            if (Scale) x = _mm512_mul_ps(x, vm);
+            return Dst<D>::narrow(roundToInt<M>(x, hi));
+        };
+        for (; i + 64 <= len; i += 64) {
+            __m512i r = _mm512_castsi128_si512(v(i));
+            r = _mm512_inserti32x4(r, v(i + 16), 1);
+            r = _mm512_inserti32x4(r, v(i + 32), 2);
+            r = _mm512_inserti32x4(r, v(i + 48), 3);
+            _mm512_storeu_si512(d + i, r);
+        }
+    } else if constexpr (sizeof(D) == 2) {
+        auto v = [&](int j) {
+            __m512 x = _mm512_loadu_ps(s + j);
+            if (Scale) x = _mm512_mul_ps(x, vm);
+            return Dst<D>::narrow(roundToInt<M>(x, hi));
+        };
+        for (; i + 32 <= len; i += 32)
+            _mm512_storeu_si512(d + i, _mm512_inserti64x4(_mm512_castsi256_si512(v(i)), v(i + 16), 1));
+    }
+    for (; i + 32 <= len; i += 32) { one(i, 0xFFFF); one(i + 16, 0xFFFF); }
+    for (; i + 16 <= len; i += 16) one(i, 0xFFFF);
+    if (i < len) one(i, tailMask16(len - i));
+}
+
+template <class D, int M>
+VRX_INLINE void run32f(const Vrx32f* s, D* d, int len, int sf) {
+    if (sf == 0) cvt32f<D, M, false>(s, d, len, 1.0f);
+    else cvt32f<D, M, true>(s, d, len, pow2Wrapped(sf));
+}
+
+// The mode-specific kernels. Near forces round-to-nearest; the financial
+// kernel runs under rounding toward zero with invalid masked.
+template <class D>
+void cnvrt32f(const Vrx32f* s, D* d, int len, int mode, int sf) {
+    InvalidQuietGuard quiet;
+    if (mode == kNear) {
+        RoundNearestGuard rn;
+        run32f<D, kNear>(s, d, len, sf);
+    } else {
+        run32f<D, kZero>(s, d, len, sf);
+    }
+}
+template <class D>
+void cnvrtFin32f(const Vrx32f* s, D* d, int len, int sf) {
+    InvalidQuietGuard quiet;
+    run32f<D, kFin>(s, d, len, sf);
+}
+
+// 8s, 8u and 16u: the wrapper sets rounding toward zero around the financial
+// kernel. 16s and 32s: the kernel does it.
+template <class D>
+VrxStatus cvt32fWrapped(const Vrx32f* s, D* d, int len, int mode, int sf) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    if (mode == vrxRndNear) cnvrt32f(s, d, len, kNear, sf);
+    else if (mode == vrxRndZero) cnvrt32f(s, d, len, kZero, sf);
+    else {
+        unsigned old = N0(vrx_set_rc_ssx)(kMxcsrRoundZero);
+        cnvrtFin32f(s, d, len, sf);
+        if ((old & kMxcsrRound) != kMxcsrRoundZero) N0(vrx_set_cw_ssx)((getMxcsr() & ~kMxcsrRound) | (old & kMxcsrRound));
+    }
+    return vrxOk;
+}
+template <class D>
+VrxStatus cvt32fOwnRc(const Vrx32f* s, D* d, int len, int mode, int sf) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    if (mode == vrxRndNear) cnvrt32f(s, d, len, kNear, sf);
+    else if (mode == vrxRndZero) cnvrt32f(s, d, len, kZero, sf);
+    else {
+        TruncMaskedGuard rz;
+        cnvrtFin32f(s, d, len, sf);
+    }
+    return vrxOk;
+}
+
+// 64f to 16s or 32s: 8 lanes a round.
+template <class D, int M, bool Scale>
+void cvt64f(const Vrx64f* s, D* d, int len, double mul) {
+    const __m512d vm = _mm512_set1_pd(mul);
+    const __m512d hi = _mm512_set1_pd(sizeof(D) == 2 ? 32767.0 : 2147483647.0);
+    auto one = [&](int i, __mmask8 k) {
+        __m512d x = _mm512_maskz_loadu_pd(k, s + i);
+        if (Scale) x = _mm512_mul_pd(x, vm);
+        __m512i v = _mm512_castsi256_si512(roundToInt<M>(x, hi));
+        if constexpr (sizeof(D) == 2) _mm512_mask_cvtsepi32_storeu_epi16(d + i, k, v);
+        else _mm512_mask_storeu_epi32(d + i, k, v);
+    };
+    int i = 0;
+    for (; i + 16 <= len; i += 16) { one(i, 0xFF); one(i + 8, 0xFF); }
+    for (; i + 8 <= len; i += 8) one(i, 0xFF);
+    if (i < len) one(i, tailMask8(len - i));
+}
+
+template <class D, int M>
+VRX_INLINE void run64f(const Vrx64f* s, D* d, int len, int sf) {
+    if (sf == 0) cvt64f<D, M, false>(s, d, len, 1.0);
+    else cvt64f<D, M, true>(s, d, len, static_cast<double>(pow2Wrapped(sf)));
+}
+
+template <class D>
+void cnvrt64f(const Vrx64f* s, D* d, int len, int mode, int sf) {
+    InvalidQuietGuard quiet;
+    if (mode == kNear) {
+        RoundNearestGuard rn;
+        run64f<D, kNear>(s, d, len, sf);
+    } else {
+        run64f<D, kZero>(s, d, len, sf);
+    }
+}
+template <class D>
+void cnvrtFin64f(const Vrx64f* s, D* d, int len, int sf) {
+    InvalidQuietGuard quiet;
+    TruncMaskedGuard rz;
+    run64f<D, kFin>(s, d, len, sf);
+}
+
+// 64f to 64s: element by element; NaN gives the lower bound, everything else
+// is scaled, rounded and saturated to 64 bits.
+template <int M>
+void cvt64f64s(const Vrx64f* s, Vrx64s* d, int len, int sf) {
+    const double mul = static_cast<double>(pow2Wrapped(sf));
+    for (int i = 0; i < len; ++i) {
+        double x = s[i];
+        if (N0(vrx_isnan)(x)) { d[i] = INT64_MIN; continue; }
+        if (sf != 0) x *= mul;
+        if (M == kFin) x = x + __builtin_copysign(0.5, x);
+        if (x >= 9223372036854775808.0) { d[i] = INT64_MAX; continue; }
+        if (x < -9223372036854775808.0) { d[i] = INT64_MIN; continue; }
+        __m128d v = _mm_set_sd(x);
+        d[i] = (M == kNear) ? _mm_cvtsd_si64(v) : _mm_cvttsd_si64(v);
+    }
+}
+
+}  // namespace
+
+VrxStatus N0(vrxsConvert_32f8s_Sfs)(const Vrx32f* pSrc, Vrx8s* pDst, int len, VrxRounding rnd, int sf) {
+    return cvt32fWrapped(pSrc, pDst, len, rnd, sf);
+}
+VrxStatus N0(vrxsConvert_32f8u_Sfs)(const Vrx32f* pSrc, Vrx8u* pDst, int len, VrxRounding rnd, int sf) {
+    return cvt32fWrapped(pSrc, pDst, len, rnd, sf);
+}
+VrxStatus N0(vrxsConvert_32f16u_Sfs)(const Vrx32f* pSrc, Vrx16u* pDst, int len, VrxRounding rnd, int sf) {
+    return cvt32fWrapped(pSrc, pDst, len, rnd, sf);
+}
+VrxStatus N0(vrxsConvert_32f16s_Sfs)(const Vrx32f* pSrc, Vrx16s* pDst, int len, VrxRounding rnd, int sf) {
+    return cvt32fOwnRc(pSrc, pDst, len, rnd, sf);
+}
+VrxStatus N0(vrxsConvert_32f32s_Sfs)(const Vrx32f* pSrc, Vrx32s* pDst, int len, VrxRounding rnd, int sf) {
+    return cvt32fOwnRc(pSrc, pDst, len, rnd, sf);
+}
+
+// The 64f16s wrapper tests for its two ordinary modes, the 64f32s wrapper for
+// the financial one; the three defined modes come out alike.
+VrxStatus N0(vrxsConvert_64f16s_Sfs)(const Vrx64f* pSrc, Vrx16s* pDst, int len, VrxRounding rnd, int sf) {
+    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
+    if (rnd == vrxRndZero || rnd == vrxRndNear) cnvrt64f(pSrc, pDst, len, rnd, sf);
+    else cnvrtFin64f(pSrc, pDst, len, sf);
+    return vrxOk;
+}
+VrxStatus N0(vrxsConvert_64f32s_Sfs)(const Vrx64f* pSrc, Vrx32s* pDst, int len, VrxRounding rnd, int sf) {
+    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
+    if (rnd == vrxRndFinancial) cnvrtFin64f(pSrc, pDst, len, sf);
+    else if (rnd == vrxRndNear) cnvrt64f(pSrc, pDst, len, kNear, sf);
+    else if (rnd == vrxRndZero) cnvrt64f(pSrc, pDst, len, kZero, sf);
+    else cnvrtFin64f(pSrc, pDst, len, sf);
+    return vrxOk;
+}
+
+VrxStatus N0(vrxsConvert_64f64s_Sfs)(const Vrx64f* pSrc, Vrx64s* pDst, int len, VrxRounding rnd, int sf) {
+    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
+    InvalidQuietGuard quiet;
+    if (rnd == vrxRndNear) {
+        RoundNearestGuard rn;
+        cvt64f64s<kNear>(pSrc, pDst, len, sf);
+    } else if (rnd == vrxRndZero) {
+        cvt64f64s<kZero>(pSrc, pDst, len, sf);
+    } else {
+        TruncMaskedGuard rz;
+        cvt64f64s<kFin>(pSrc, pDst, len, sf);
+    }
+    return vrxOk;
+}

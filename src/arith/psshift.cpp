@@ -1,0 +1,150 @@
+// Shifts by a constant count. Left shifts are logical for every type and
+// drop the bits shifted out (no saturation, also for the signed types);
+// right shifts are logical for the unsigned types and arithmetic for the
+// signed ones. The shortcuts (count 0, count of the width or more) stand in
+// front of the general checks.
+#include "conv_forward.h"
+
+#include <immintrin.h>
+
+#include <type_traits>
+
+using namespace n0;
+using namespace n0::fwd;
+
+namespace {
+
+// The kernels shift 32-bit lanes and mask off the bits that crossed an
+// element boundary, so one 512-bit shift serves 8-, 16- and 32-bit elements;
+// the arithmetic shift of 16-bit elements uses 256-bit word shifts. The
+// tail runs the same operation under a 32-bit lane mask, then element by
+// element for the last bytes.
+template <class T>
+VRX_INLINE uint32_t laneMask(int c, bool left) {
+    constexpr uint32_t ones = sizeof(T) == 1 ? 0xFFu : (sizeof(T) == 2 ? 0xFFFFu : 0xFFFFFFFFu);
+    constexpr uint32_t rep = sizeof(T) == 1 ? 0x01010101u : (sizeof(T) == 2 ? 0x00010001u : 1u);
+    return rep * ((left ? (ones << c) : (ones >> c)) & ones);
+}
+
+template <class T>
+VRX_INLINE T scalarShift(T x, int c, bool left) {
+    using U = std::make_unsigned_t<T>;
+    if (left) return static_cast<T>(static_cast<U>(x) << c);
+    return static_cast<T>(x >> c);  // logical for unsigned T, arithmetic for signed T
+}
+
+template <class T>
+void shiftKernel(const T* s, T* d, int len, int c, bool left) {
+    const Vrx8u* a = reinterpret_cast<const Vrx8u*>(s);
+    Vrx8u* o = reinterpret_cast<Vrx8u*>(d);
+    const size_t n = static_cast<size_t>(len) * sizeof(T);
+    const __m128i cnt = _mm_cvtsi32_si128(c);
+    size_t i = 0;
+    if constexpr (std::is_same_v<T, Vrx16s>) {
+        if (!left) {
+            auto op = [cnt](__m256i v) { return _mm256_sra_epi16(v, cnt); };
+            for (; i + 128 <= n; i += 128) {
+                __m256i r0 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i)));
+                __m256i r1 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i + 32)));
+                __m256i r2 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i + 64)));
+                __m256i r3 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i + 96)));
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i), r0);
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i + 32), r1);
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i + 64), r2);
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i + 96), r3);
+            }
+            for (; i + 32 <= n; i += 32)
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(o + i), op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i))));
+            for (size_t k = i / sizeof(T); k < static_cast<size_t>(len); ++k) d[k] = scalarShift(s[k], c, false);
+            return;
+        }
+    }
+    const __m512i m = _mm512_set1_epi32(static_cast<int>(laneMask<T>(c, left)));
+    auto op = [&](__m512i v) {
+        if constexpr (std::is_same_v<T, Vrx32s>) {
+            return left ? _mm512_sll_epi32(v, cnt) : _mm512_sra_epi32(v, cnt);
+        } else {
+            return _mm512_and_si512(left ? _mm512_sll_epi32(v, cnt) : _mm512_srl_epi32(v, cnt), m);
+        }
+    };
+    for (; i + 256 <= n; i += 256) {
+        __m512i r0 = op(_mm512_loadu_si512(a + i)), r1 = op(_mm512_loadu_si512(a + i + 64));
+        __m512i r2 = op(_mm512_loadu_si512(a + i + 128)), r3 = op(_mm512_loadu_si512(a + i + 192));
+        _mm512_storeu_si512(o + i, r0); _mm512_storeu_si512(o + i + 64, r1);
+        _mm512_storeu_si512(o + i + 128, r2); _mm512_storeu_si512(o + i + 192, r3);
+    }
+    for (; i + 64 <= n; i += 64) _mm512_storeu_si512(o + i, op(_mm512_loadu_si512(a + i)));
+    if (size_t q = (n - i) / 4) {
+        const __mmask16 k = static_cast<__mmask16>((1u << q) - 1u);
+        _mm512_mask_storeu_epi32(o + i, k, op(_mm512_maskz_loadu_epi32(k, a + i)));
+        i += 4 * q;
+    }
+    for (size_t k = i / sizeof(T); k < static_cast<size_t>(len); ++k) d[k] = scalarShift(s[k], c, left);
+}
+
+template <class T>
+VRX_INLINE void shl(const T* s, T* d, int len, int c) { shiftKernel(s, d, len, c, true); }
+template <class T>
+VRX_INLINE void shlI(T* d, int len, int c) { shiftKernel<T>(d, d, len, c, true); }
+template <class T>
+VRX_INLINE void shr(const T* s, T* d, int len, int c) { shiftKernel(s, d, len, c, false); }
+template <class T>
+VRX_INLINE void shrI(T* d, int len, int c) { shiftKernel<T>(d, d, len, c, false); }
+
+template <class T> constexpr int kWidth = 8 * static_cast<int>(sizeof(T));
+
+// Left shifts of every type and logical right shifts.
+template <bool Left, class T>
+VrxStatus shiftClearing(const T* s, int c, T* d, int len) {
+    if (c == 0) return copyW(s, d, len);
+    if (c >= kWidth<T>) {
+        if (!s) return vrxErrNullPtr;
+        return zeroW(d, len);
+    }
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    if (c < 0) return vrxErrShift;
+    if (Left) shl(s, d, len, c); else shr(s, d, len, c);
+    return vrxOk;
+}
+
+template <bool Left, class T>
+VrxStatus shiftClearingI(int c, T* d, int len) {
+    if (c >= kWidth<T>) return zeroW(d, len);
+    if (VrxStatus st = checkArgs(len, d)) return st;
+    if (c == 0) return vrxOk;
+    if (c < 0) return vrxErrShift;
+    if (Left) shlI(d, len, c); else shrI(d, len, c);
+    return vrxOk;
+}
+
+// Arithmetic right shifts: a count of the width or more spreads the sign.
+template <class T>
+VrxStatus shiftArith(const T* s, int c, T* d, int len) {
+    if (c == 0) return copyW(s, d, len);
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    if (c < 0) return vrxErrShift;
+    shr(s, d, len, c < kWidth<T> ? c : kWidth<T> - 1);
+    return vrxOk;
+}
+
+template <class T>
+VrxStatus shiftArithI(int c, T* d, int len) {
+    if (VrxStatus st = checkArgs(len, d)) return st;
+    if (c == 0) return vrxOk;
+    if (c < 0) return vrxErrShift;
+    shrI(d, len, c < kWidth<T> ? c : kWidth<T> - 1);
+    return vrxOk;
+}
+
+}  // namespace
+
+#define VRX_SHIFT_TYPE(S, T, RSHIFT, RSHIFT_I)                                                          \
+    VrxStatus N0(vrxsLShiftC_##S)(const T* s, int c, T* d, int len) { return shiftClearing<true>(s, c, d, len); } \
+    VrxStatus N0(vrxsLShiftC_##S##_I)(int c, T* d, int len) { return shiftClearingI<true>(c, d, len); }           \
+    VrxStatus N0(vrxsRShiftC_##S)(const T* s, int c, T* d, int len) { return RSHIFT(s, c, d, len); }              \
+    VrxStatus N0(vrxsRShiftC_##S##_I)(int c, T* d, int len) { return RSHIFT_I(c, d, len); }
+
+VRX_SHIFT_TYPE(8u, Vrx8u, shiftClearing<false>, shiftClearingI<false>)
+VRX_SHIFT_TYPE(16u, Vrx16u, shiftClearing<false>, shiftClearingI<false>)
+VRX_SHIFT_TYPE(16s, Vrx16s, shiftArith, shiftArithI)
+VRX_SHIFT_TYPE(32s, Vrx32s, shiftArith, shiftArithI)

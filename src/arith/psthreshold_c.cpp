@@ -1,0 +1,207 @@
+// Threshold family on complex vectors. The magnitude is compared with the
+// level; limiting scales an element to the level's magnitude so that its
+// phase is kept. The float clip works in rounds of four elements: when any
+// element of a round is selected, every element of the round is multiplied
+// by level/|x| formed from the approximate reciprocal square root with one
+// correction step (unselected elements use |x| = level, a factor within a
+// rounding error of 1).
+#include "conv_simd.h"
+
+#include <math.h>
+
+using namespace n0;
+
+namespace {
+
+// ------------------------------------------------------------ float clip
+// 16 lanes hold 8 elements, that is two rounds; m is formed in both lanes
+// of an element (re*re + im*im in either order gives the same sum).
+template <bool Greater>
+void clip32fc(const Vrx32fc* s, Vrx32fc* d, int len, float level) {
+    const float* ps = reinterpret_cast<const float*>(s);
+    float* pd = reinterpret_cast<float*>(d);
+    const __m512 L2 = _mm512_set1_ps(level * level), H = _mm512_set1_ps(level * 0.5f);
+    const __m512 three = _mm512_set1_ps(3.0f), lv = _mm512_set1_ps(level);
+    const int n = 2 * len;
+    for (int i = 0; i < n; i += 16) {
+        const int cnt = n - i < 16 ? n - i : 16;
+        const __mmask16 k = conv::tailMask16(cnt);
+        __m512 v = _mm512_maskz_loadu_ps(k, ps + i);
+        __m512 sq = _mm512_mul_ps(v, v);
+        __m512 m = _mm512_add_ps(sq, _mm512_permute_ps(sq, 0xB1));
+        __mmask16 sel = (Greater ? _mm512_cmp_ps_mask(L2, m, _CMP_LT_OQ) : _mm512_cmp_ps_mask(m, L2, _CMP_LT_OQ)) & k;
+        __mmask16 rounds = ((sel & 0x00FF) ? 0x00FF : 0) | ((sel & 0xFF00) ? 0xFF00 : 0);
+        if (rounds) {
+            __m512 mm = _mm512_mask_mov_ps(L2, sel, m);
+            __m512 y = _mm512_rsqrt14_ps(mm);
+            __m512 f = _mm512_mul_ps(_mm512_mul_ps(H, y), _mm512_sub_ps(three, _mm512_mul_ps(_mm512_mul_ps(mm, y), y)));
+            __m512 r = _mm512_mul_ps(v, f);
+            if (!Greater) {
+                // a zero element has no phase: it becomes (level, 0)
+                __mmask16 z = _mm512_cmp_ps_mask(m, _mm512_setzero_ps(), _CMP_EQ_OQ) & sel;
+                r = _mm512_mask_mov_ps(r, z & 0x5555, lv);
+                r = _mm512_mask_mov_ps(r, z & 0xAAAA, _mm512_setzero_ps());
+            }
+            v = _mm512_mask_mov_ps(v, rounds, r);
+        }
+        _mm512_mask_storeu_ps(pd + i, k, v);
+    }
+}
+
+// 8 lanes hold one round of 4 elements. The estimate takes one extra
+// refinement so that the factor carries double precision.
+template <bool Greater>
+void clip64fc(const Vrx64fc* s, Vrx64fc* d, int len, double level) {
+    const double* ps = reinterpret_cast<const double*>(s);
+    double* pd = reinterpret_cast<double*>(d);
+    const __m512d L2 = _mm512_set1_pd(level * level), H = _mm512_set1_pd(level * 0.5);
+    const __m512d three = _mm512_set1_pd(3.0), half = _mm512_set1_pd(0.5), lv = _mm512_set1_pd(level);
+    const int n = 2 * len;
+    for (int i = 0; i < n; i += 8) {
+        const int cnt = n - i < 8 ? n - i : 8;
+        const __mmask8 k = conv::tailMask8(cnt);
+        __m512d v = _mm512_maskz_loadu_pd(k, ps + i);
+        __m512d sq = _mm512_mul_pd(v, v);
+        __m512d m = _mm512_add_pd(sq, _mm512_permute_pd(sq, 0x55));
+        __mmask8 sel = (Greater ? _mm512_cmp_pd_mask(L2, m, _CMP_LT_OQ) : _mm512_cmp_pd_mask(m, L2, _CMP_LT_OQ)) & k;
+        if (sel) {
+            __m512d mm = _mm512_mask_mov_pd(L2, sel, m);
+            __m512d y = _mm512_rsqrt14_pd(mm);
+            y = _mm512_mul_pd(_mm512_mul_pd(half, y), _mm512_sub_pd(three, _mm512_mul_pd(_mm512_mul_pd(mm, y), y)));
+            __m512d f = _mm512_mul_pd(_mm512_mul_pd(H, y), _mm512_sub_pd(three, _mm512_mul_pd(_mm512_mul_pd(mm, y), y)));
+            __m512d r = _mm512_mul_pd(v, f);
+            if (!Greater) {
+                __mmask8 z = _mm512_cmp_pd_mask(m, _mm512_setzero_pd(), _CMP_EQ_OQ) & sel;
+                r = _mm512_mask_mov_pd(r, z & 0x55, lv);
+                r = _mm512_mask_mov_pd(r, z & 0xAA, _mm512_setzero_pd());
+            }
+            v = r;
+        }
+        _mm512_mask_storeu_pd(pd + i, k, v);
+    }
+}
+
+// ---------------------------------------------------------- integer clip
+// Compared exactly on 64-bit squares; a selected element is scaled in
+// double precision and rounded to nearest, ties to even.
+template <bool Greater>
+void clip16sc(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level) {
+    const int64_t L2 = int64_t(level) * level;
+    for (int i = 0; i < len; ++i) {
+        const int64_t re = s[i].re, im = s[i].im, m = re * re + im * im;
+        if (Greater ? m > L2 : m < L2) {
+            if (m == 0) { d[i].re = level; d[i].im = 0; continue; }
+            const double f = level / sqrt(static_cast<double>(m));
+            double a = __builtin_roundeven(re * f), b = __builtin_roundeven(im * f);
+            d[i].re = static_cast<Vrx16s>(a > 32767.0 ? 32767.0 : (a < -32768.0 ? -32768.0 : a));
+            d[i].im = static_cast<Vrx16s>(b > 32767.0 ? 32767.0 : (b < -32768.0 ? -32768.0 : b));
+        } else {
+            d[i] = s[i];
+        }
+    }
+}
+
+VRX_INLINE VrxStatus copyC(const Vrx16sc* s, Vrx16sc* d, int len) { return s == d ? vrxOk : N0(vrxsCopy_16sc)(s, d, len); }
+VRX_INLINE VrxStatus copyC(const Vrx32fc* s, Vrx32fc* d, int len) { return s == d ? vrxOk : N0(vrxsCopy_32fc)(s, d, len); }
+VRX_INLINE VrxStatus copyC(const Vrx64fc* s, Vrx64fc* d, int len) { return s == d ? vrxOk : N0(vrxsCopy_64fc)(s, d, len); }
+VRX_INLINE VrxStatus zeroC(Vrx16sc* d, int len) { return N0(vrxsZero_16sc)(d, len); }
+VRX_INLINE VrxStatus zeroC(Vrx32fc* d, int len) { return N0(vrxsZero_32fc)(d, len); }
+VRX_INLINE VrxStatus zeroC(Vrx64fc* d, int len) { return N0(vrxsZero_64fc)(d, len); }
+
+VRX_INLINE void clip(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, bool gt) {
+    if (gt) clip16sc<true>(s, d, len, level); else clip16sc<false>(s, d, len, level);
+}
+VRX_INLINE void clip(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, bool gt) {
+    if (gt) clip32fc<true>(s, d, len, level); else clip32fc<false>(s, d, len, level);
+}
+VRX_INLINE void clip(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, bool gt) {
+    if (gt) clip64fc<true>(s, d, len, level); else clip64fc<false>(s, d, len, level);
+}
+
+template <class C, class R>
+VrxStatus threshC(const C* s, C* d, int len, R level, VrxCmpOp relOp) {
+    if (VrxStatus st = n0::checkArgs(len, s, d)) return st;
+    if (relOp != vrxCmpLess && relOp != vrxCmpGreater) return vrxErrBadArg;
+    if (level < 0) return vrxErrThreshNeg;
+    if (level == 0) return relOp == vrxCmpLess ? copyC(s, d, len) : zeroC(d, len);
+    clip(s, d, len, level, relOp == vrxCmpGreater);
+    return vrxOk;
+}
+
+// ------------------------------------------------------- replacement forms
+// Squared magnitude against squared level in the element's precision.
+template <class C> struct Sq;
+template <> struct Sq<Vrx16sc> { using W = int64_t; };
+template <> struct Sq<Vrx32fc> { using W = float; };
+template <> struct Sq<Vrx64fc> { using W = double; };
+
+template <bool Greater, class C, class R>
+VrxStatus threshValC(const C* s, C* d, int len, R level, C value) {
+    if (VrxStatus st = n0::checkArgs(len, s, d)) return st;
+    if (level < 0) return vrxErrThreshNeg;
+    using W = typename Sq<C>::W;
+    const W L2 = static_cast<W>(level) * static_cast<W>(level);
+    for (int i = 0; i < len; ++i) {
+        const W re = s[i].re, im = s[i].im;
+        const W m = re * re + im * im;
+        d[i] = (Greater ? m > L2 : m < L2) ? value : s[i];
+    }
+    return vrxOk;
+}
+
+// ------------------------------------------------------------- inversion
+// The inverse of z after its magnitude is raised to the level; at level 0
+// a zero element divides by zero and gives an infinity of its sign.
+template <class C, class R>
+VrxStatus threshInvC(const C* s, C* d, int len, R level) {
+    if (VrxStatus st = n0::checkArgs(len, s, d)) return st;
+    if (level < 0) return vrxErrThreshNeg;
+    const unsigned saved = getMxcsr();
+    setMxcsr((saved | kMxcsrMasks) & ~kMxcsrZeroDiv);
+    const R L2 = level * level;
+    for (int i = 0; i < len; ++i) {
+        R re = s[i].re, im = s[i].im;
+        R m = re * re + im * im;
+        if (m < L2) {
+            if (m == 0) { re = level; im = 0; }
+            else {
+                const R f = level / static_cast<R>(sqrt(static_cast<double>(m)));
+                re *= f; im *= f;
+            }
+            m = L2;
+        }
+        if (m == 0) {
+            d[i].re = R(1) / re;  // raises the zero-divide flag
+            d[i].im = -im;
+        } else {
+            d[i].re = re / m;
+            d[i].im = -im / m;
+        }
+    }
+    const bool zeroDiv = (getMxcsr() & kMxcsrZeroDiv) != 0;
+    setMxcsr(saved);
+    return (level == 0 && zeroDiv) ? vrxWarnInvZero : vrxOk;
+}
+
+}  // namespace
+
+#define VRX_THC(S, C, R)                                                                                                        \
+    VrxStatus N0(vrxsThreshold_##S)(const C* s, C* d, int len, R level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); } \
+    VrxStatus N0(vrxsThreshold_##S##_I)(C* d, int len, R level, VrxCmpOp relOp) { return threshC<C, R>(d, d, len, level, relOp); }     \
+    VrxStatus N0(vrxsThreshold_LT_##S)(const C* s, C* d, int len, R level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpLess); } \
+    VrxStatus N0(vrxsThreshold_GT_##S)(const C* s, C* d, int len, R level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpGreater); } \
+    VrxStatus N0(vrxsThreshold_LT_##S##_I)(C* d, int len, R level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpLess); }  \
+    VrxStatus N0(vrxsThreshold_GT_##S##_I)(C* d, int len, R level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpGreater); } \
+    VrxStatus N0(vrxsThreshold_LTVal_##S)(const C* s, C* d, int len, R level, C value) { return threshValC<false>(s, d, len, level, value); } \
+    VrxStatus N0(vrxsThreshold_GTVal_##S)(const C* s, C* d, int len, R level, C value) { return threshValC<true>(s, d, len, level, value); } \
+    VrxStatus N0(vrxsThreshold_LTVal_##S##_I)(C* d, int len, R level, C value) { return threshValC<false, C, R>(d, d, len, level, value); } \
+    VrxStatus N0(vrxsThreshold_GTVal_##S##_I)(C* d, int len, R level, C value) { return threshValC<true, C, R>(d, d, len, level, value); }
+
+VRX_THC(16sc, Vrx16sc, Vrx16s)
+VRX_THC(32fc, Vrx32fc, Vrx32f)
+VRX_THC(64fc, Vrx64fc, Vrx64f)
+
+VrxStatus N0(vrxsThreshold_LTInv_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return threshInvC(s, d, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return threshInvC(s, d, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_32fc_I)(Vrx32fc* d, int len, Vrx32f level) { return threshInvC<Vrx32fc, Vrx32f>(d, d, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_64fc_I)(Vrx64fc* d, int len, Vrx64f level) { return threshInvC<Vrx64fc, Vrx64f>(d, d, len, level); }

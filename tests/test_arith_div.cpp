@@ -1,0 +1,342 @@
+// Division: exact integer quotients against a rational reference made here
+// (rounded by the mode, saturated), the values and warning at a zero
+// divisor, the scale-factor windows, and the float forms with their
+// zero-divisor patterns.
+#include "vrx_test.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace {
+
+using i128 = __int128;
+using vt::Rng;
+
+// round(num / den) in mode 0 (toward zero), 1 (nearest even), 2 (half away).
+i128 refDiv(i128 num, i128 den, int mode) {
+    if (den < 0) { num = -num; den = -den; }
+    i128 q = num / den, r = num % den;
+    if (r == 0 || mode == 0) return q;
+    i128 ar = r < 0 ? -r : r;
+    bool up = 2 * ar > den || (2 * ar == den && (mode == 2 || (q & 1)));
+    return up ? q + (num < 0 ? -1 : 1) : q;
+}
+
+template <class T> T sat(i128 v) {
+    const i128 lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
+    return static_cast<T>(v < lo ? lo : (v > hi ? hi : v));
+}
+
+template <class T> T boundOf(i128 v) { return v > 0 ? std::numeric_limits<T>::max() : (v < 0 ? std::numeric_limits<T>::min() : 0); }
+
+// b * 2^-sf / a with the zero divisor's bound; |sf| small enough for 128 bits
+template <class T> T refScaled(i128 b, i128 a, int sf, int mode) {
+    if (a == 0) return boundOf<T>(b);
+    if (sf >= 0) return sat<T>(refDiv(b, a << sf, mode));
+    return sat<T>(refDiv(b << -sf, a, mode));
+}
+
+template <class T> std::vector<T> values(Rng& r, size_t n) {
+    std::vector<T> v(n);
+    const T ex[] = {std::numeric_limits<T>::min(), std::numeric_limits<T>::max(), T(0), T(1), T(-1), T(2), T(3)};
+    for (size_t i = 0; i < n; ++i) {
+        switch (r.next() % 4) {
+            case 0: v[i] = ex[r.next() % 7]; break;
+            case 1: v[i] = static_cast<T>(r.next() % 16); break;
+            default: v[i] = static_cast<T>(r.next());
+        }
+    }
+    return v;
+}
+
+template <class TA, class TB = TA, class TD = TB>
+void checkDiv(const char* name, VrxStatus (*fn)(const TA*, const TB*, TD*, int, int), int sfLo, int sfHi, size_t n, uint64_t seed) {
+    Rng r(seed);
+    auto a = values<TA>(r, n);
+    auto b = values<TB>(r, n);
+    std::vector<TD> d(n);
+    bool anyZero = false;
+    for (auto v : a) anyZero |= v == 0;
+    ASSERT_TRUE(anyZero);
+    for (int sf = sfLo; sf <= sfHi; ++sf) {
+        ASSERT_EQ(vrxWarnDivByZero, fn(a.data(), b.data(), d.data(), static_cast<int>(n), sf)) << name;
+        for (size_t i = 0; i < n; ++i)
+            ASSERT_EQ(refScaled<TD>(b[i], a[i], sf, 1), d[i]) << name << " sf " << sf << " " << +b[i] << "/" << +a[i];
+    }
+}
+
+TEST(ArithDiv, IntegerVectorsExact) {
+    checkDiv<Vrx8u>("Div_8u", vrxsDiv_8u_Sfs, -20, 12, 2000, 1);
+    checkDiv<Vrx16u>("Div_16u", vrxsDiv_16u_Sfs, -35, 20, 2000, 2);
+    checkDiv<Vrx16s>("Div_16s", vrxsDiv_16s_Sfs, -35, 20, 2000, 3);
+    checkDiv<Vrx32s>("Div_32s", vrxsDiv_32s_Sfs, -66, 36, 2000, 4);
+    checkDiv<Vrx32s, Vrx16s>("Div_32s16s", vrxsDiv_32s16s_Sfs, -50, 20, 2000, 5);
+}
+
+TEST(ArithDiv, Exhaustive8u) {
+    std::vector<Vrx8u> a(65536), b(65536), d(65536);
+    for (int i = 0; i < 65536; ++i) { a[i] = static_cast<Vrx8u>(i & 255); b[i] = static_cast<Vrx8u>(i >> 8); }
+    for (int mode = 0; mode < 3; ++mode)
+        for (int sf = -20; sf <= 20; ++sf) {
+            ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_Round_8u_Sfs(a.data(), b.data(), d.data(), 65536, mode, sf));
+            for (int i = 0; i < 65536; ++i) ASSERT_EQ(refScaled<Vrx8u>(b[i], a[i], sf, mode), d[i]) << sf << " " << mode;
+        }
+    for (int v = 1; v < 256; ++v)
+        for (int sf = -20; sf <= 20; ++sf) {
+            ASSERT_EQ(vrxOk, vrxsDivC_8u_Sfs(b.data(), static_cast<Vrx8u>(v), d.data(), 256 * 256, sf));
+            for (int i = 0; i < 65536; i += 257) ASSERT_EQ(refScaled<Vrx8u>(b[i], v, sf, 1), d[i]) << v << " sf " << sf;
+        }
+}
+
+TEST(ArithDiv, RoundingModes16) {
+    Rng r(9);
+    const int n = 1500;
+    auto a = values<Vrx16s>(r, n), b = values<Vrx16s>(r, n);
+    auto au = values<Vrx16u>(r, n), bu = values<Vrx16u>(r, n);
+    std::vector<Vrx16s> d(n);
+    std::vector<Vrx16u> du(n);
+    for (int mode = 0; mode < 3; ++mode)
+        for (int sf = -33; sf <= 20; ++sf) {
+            ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_Round_16s_Sfs(a.data(), b.data(), d.data(), n, mode, sf));
+            for (int i = 0; i < n; ++i) ASSERT_EQ(refScaled<Vrx16s>(b[i], a[i], sf, mode), d[i]) << mode << " sf " << sf;
+            ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_Round_16u_Sfs(au.data(), bu.data(), du.data(), n, mode, sf));
+            for (int i = 0; i < n; ++i) ASSERT_EQ(refScaled<Vrx16u>(bu[i], au[i], sf, mode), du[i]) << mode << " sf " << sf;
+        }
+    // -32768 / 1 at sf 16 is -0.5: even gives 0, financial -1
+    Vrx16s one = 1, m = -32768, o;
+    ASSERT_EQ(vrxOk, vrxsDiv_Round_16s_Sfs(&one, &m, &o, 1, vrxRndFinancial, 16));
+    EXPECT_EQ(-1, o);
+    ASSERT_EQ(vrxOk, vrxsDiv_Round_16s_Sfs(&one, &m, &o, 1, vrxRndNear, 16));
+    EXPECT_EQ(0, o);
+    EXPECT_EQ(vrxErrRounding, vrxsDiv_Round_8u_Sfs(reinterpret_cast<Vrx8u*>(&one), reinterpret_cast<Vrx8u*>(&one), reinterpret_cast<Vrx8u*>(&o), 1, 3, 0));
+    EXPECT_EQ(vrxErrRounding, vrxsDiv_Round_16s_ISfs(&one, &o, 1, -1, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsDiv_Round_16s_Sfs(&one, nullptr, &o, 1, 7, 0));
+    EXPECT_EQ(vrxErrBadLength, vrxsDiv_Round_16s_Sfs(&one, &m, &o, 0, 7, 0));
+}
+
+TEST(ArithDiv, ZeroDivisorWarnsAndWritesEverything) {
+    Vrx16s a[4] = {0, 2, 0, 0}, b[4] = {5, 7, -5, 0}, d[4] = {99, 99, 99, 99};
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16s_Sfs(a, b, d, 4, 0));
+    EXPECT_EQ(32767, d[0]);
+    EXPECT_EQ(4, d[1]);  // 3.5 rounds to even
+    EXPECT_EQ(-32768, d[2]);
+    EXPECT_EQ(0, d[3]);
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16s_Sfs(a, b, d, 4, 100));
+    EXPECT_EQ(32767, d[0]);
+    EXPECT_EQ(0, d[1]);
+    Vrx16s nz[2] = {3, -7}, x[2] = {32767, -32768};
+    ASSERT_EQ(vrxOk, vrxsDiv_16s_Sfs(nz, x, d, 2, 100));
+    EXPECT_EQ(0, d[0]);
+    EXPECT_EQ(0, d[1]);
+    // in place
+    Vrx16s y[2] = {10, 10};
+    ASSERT_EQ(vrxOk, vrxsDiv_16s_ISfs(nz, y, 2, -1));
+    EXPECT_EQ(7, y[0]);   // 20/3
+    EXPECT_EQ(-3, y[1]);  // -20/7 = -2.86
+}
+
+TEST(ArithDiv, ConstantDivisors) {
+    Rng r(12);
+    const int n = 1000;
+    auto s = values<Vrx16s>(r, n);
+    auto su = values<Vrx16u>(r, n);
+    std::vector<Vrx16s> d(n);
+    std::vector<Vrx16u> du(n);
+    for (Vrx16s v : {Vrx16s(1), Vrx16s(-1), Vrx16s(3), Vrx16s(-32768), Vrx16s(32767), Vrx16s(-10)})
+        for (int sf = -35; sf <= 20; ++sf) {
+            ASSERT_EQ(vrxOk, vrxsDivC_16s_Sfs(s.data(), v, d.data(), n, sf));
+            for (int i = 0; i < n; ++i) ASSERT_EQ(refScaled<Vrx16s>(s[i], v, sf, 1), d[i]) << v << " sf " << sf;
+        }
+    for (Vrx16u v : {Vrx16u(1), Vrx16u(3), Vrx16u(65535), Vrx16u(1000)})
+        for (int sf = -35; sf <= 20; ++sf) {
+            ASSERT_EQ(vrxOk, vrxsDivC_16u_Sfs(su.data(), v, du.data(), n, sf));
+            for (int i = 0; i < n; ++i) ASSERT_EQ(refScaled<Vrx16u>(su[i], v, sf, 1), du[i]) << v << " sf " << sf;
+        }
+    // a zero constant: -10 after the pointers, nothing written
+    Vrx16s keep[2] = {4, 4};
+    EXPECT_EQ(vrxErrNullPtr, vrxsDivC_16s_Sfs(nullptr, 0, keep, 2, 0));
+    EXPECT_EQ(vrxErrDivByZero, vrxsDivC_16s_Sfs(keep, 0, keep, 2, 0));
+    EXPECT_EQ(vrxErrDivByZero, vrxsDivC_8u_ISfs(0, reinterpret_cast<Vrx8u*>(keep), 2, 0));
+    EXPECT_EQ(4, keep[0]);
+    // 16u tests the scale factor, then the constant, before the pointers
+    EXPECT_EQ(vrxErrDivByZero, vrxsDivC_16u_Sfs(nullptr, 0, reinterpret_cast<Vrx16u*>(keep), 2, 0));
+    EXPECT_EQ(vrxOk, vrxsDivC_16u_Sfs(nullptr, 0, reinterpret_cast<Vrx16u*>(keep), 2, 17));
+    EXPECT_EQ(0, keep[0]);
+    EXPECT_EQ(vrxErrNullPtr, vrxsDivC_16u_Sfs(nullptr, 0, nullptr, 2, 17));
+    // 64s by a constant, exact
+    auto s64 = values<Vrx64s>(r, 300);
+    for (Vrx64s v : {Vrx64s(1), Vrx64s(-3), Vrx64s(INT64_MIN), Vrx64s(INT64_MAX), Vrx64s(1000000007)})
+        for (int sf = -70; sf <= 66; ++sf) {
+            std::vector<Vrx64s> t = s64;
+            ASSERT_EQ(vrxOk, vrxsDivC_64s_ISfs(v, t.data(), 300, sf));
+            for (int i = 0; i < 300; ++i) {
+                const i128 x = s64[i];
+                const int k = -sf;
+                i128 want;
+                if (sf >= 64) want = 0;  // at most one half, and that ties to 0
+                else if (sf >= 0) want = refDiv(x, i128(v) << sf, 1);
+                else if (k <= 62) want = refDiv(x << k, v, 1);
+                else if (v > -(i128(1) << 40) && v < (i128(1) << 40))
+                    want = (x > -(i128(1) << 40) && x < (i128(1) << 40)) ? refDiv(x << k, v, 1) : ((x < 0) != (v < 0) ? -(i128(1) << 100) : (i128(1) << 100));
+                else continue;
+                ASSERT_EQ(sat<Vrx64s>(want), t[i]) << v << " sf " << sf << " " << s64[i];
+            }
+        }
+    Vrx64s z = 5;
+    EXPECT_EQ(vrxErrDivByZero, vrxsDivC_64s_ISfs(0, &z, 1, 0));
+    EXPECT_EQ(5, z);
+}
+
+TEST(ArithDiv, ComplexIntegers) {
+    Rng r(13);
+    const int n = 500;
+    auto a = values<Vrx16s>(r, 2 * n), b = values<Vrx16s>(r, 2 * n);
+    a[0] = a[1] = 0;  // one zero divisor
+    std::vector<Vrx16s> d(2 * n);
+    auto* A = reinterpret_cast<const Vrx16sc*>(a.data());
+    auto* B = reinterpret_cast<const Vrx16sc*>(b.data());
+    auto* D = reinterpret_cast<Vrx16sc*>(d.data());
+    for (int sf = -36; sf <= 36; ++sf) {
+        ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16sc_Sfs(A, B, D, n, sf));
+        for (int j = 0; j < n; ++j) {
+            i128 c = a[2 * j], e = a[2 * j + 1], p = b[2 * j], q = b[2 * j + 1];
+            i128 den = c * c + e * e, re = p * c + q * e, im = q * c - p * e;
+            Vrx16s wr, wi;
+            if (den == 0 || sf > 32) wr = wi = 0;
+            else if (sf < -32) { wr = boundOf<Vrx16s>(re); wi = boundOf<Vrx16s>(im); }
+            else { wr = refScaled<Vrx16s>(re, den, sf, 1); wi = refScaled<Vrx16s>(im, den, sf, 1); }
+            ASSERT_EQ(wr, D[j].re) << sf << " j " << j;
+            ASSERT_EQ(wi, D[j].im) << sf << " j " << j;
+        }
+    }
+    Vrx16sc v{3, -4};
+    ASSERT_EQ(vrxOk, vrxsDivC_16sc_Sfs(B, v, D, n, -2));
+    for (int j = 0; j < n; ++j) {
+        i128 p = b[2 * j], q = b[2 * j + 1];
+        ASSERT_EQ(refScaled<Vrx16s>(p * 3 + q * -4, 25, -2, 1), D[j].re);
+        ASSERT_EQ(refScaled<Vrx16s>(q * 3 - p * -4, 25, -2, 1), D[j].im);
+    }
+    EXPECT_EQ(vrxErrDivByZero, vrxsDivC_16sc_ISfs(Vrx16sc{0, 0}, D, n, 0));
+}
+
+TEST(ArithDiv, DivCRev16u) {
+    Vrx16u s[5] = {0, 3, 7, 65535, 2}, d[5];
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_16u(s, 10, d, 5));
+    EXPECT_EQ(65535, d[0]);
+    EXPECT_EQ(3, d[1]);   // 3.33
+    EXPECT_EQ(1, d[2]);   // 1.43
+    EXPECT_EQ(0, d[3]);
+    EXPECT_EQ(5, d[4]);
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_16u(s, 0, d, 5));
+    for (auto v : d) EXPECT_EQ(0, v);
+    ASSERT_EQ(vrxOk, vrxsDivCRev_16u_I(9, s + 1, 4));
+    EXPECT_EQ(3, s[1]);
+    EXPECT_EQ(1, s[2]);
+    EXPECT_EQ(0, s[3]);
+    EXPECT_EQ(4, s[4]);  // 4.5 to even
+}
+
+template <class T> bool sameBits(T a, T b) { return memcmp(&a, &b, sizeof a) == 0; }
+
+template <class T> T zeroDivRef(T b) {
+    using U = std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>;
+    if (std::isnan(b) || b == 0) {
+        U bits = sizeof(T) == 4 ? U(0x7FBFFFFFu) : U(0x7FF7FFFFFFFFFFFFull);
+        T v;
+        memcpy(&v, &bits, sizeof v);
+        return v;
+    }
+    return b > 0 ? T(INFINITY) : T(-INFINITY);
+}
+
+template <class T, class F>
+void checkRealDiv(F fn) {
+    Rng r(17);
+    vt::MxcsrScope scope;
+    for (int len = 1; len <= 70; ++len) {
+        std::vector<T> a(len), b(len), d(len);
+        for (int i = 0; i < len; ++i) {
+            a[i] = static_cast<T>((r.uniform() - 0.5) * 10);
+            b[i] = static_cast<T>((r.uniform() - 0.5) * 10);
+        }
+        if (len % 3 == 0) a[len / 2] = 0;
+        if (len % 6 == 0) b[len / 2] = 0;
+        const unsigned before = _mm_getcsr() & ~0x3Fu;
+        VrxStatus st = fn(a.data(), b.data(), d.data(), len);
+        EXPECT_EQ(before, _mm_getcsr() & ~0x3Fu);
+        EXPECT_EQ(0u, _mm_getcsr() & 0x4u);  // no division by zero ran
+        ASSERT_EQ(len % 3 == 0 ? vrxWarnDivByZero : vrxOk, st) << len;
+        for (int i = 0; i < len; ++i) ASSERT_TRUE(sameBits(a[i] == 0 ? zeroDivRef(b[i]) : b[i] / a[i], d[i])) << len << " " << i;
+    }
+}
+
+TEST(ArithDiv, FloatVectors) {
+    checkRealDiv<float>(vrxsDiv_32f);
+    checkRealDiv<double>(vrxsDiv_64f);
+    float one = 1.0f, z = 0.0f, nan = std::nanf(""), o;
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_32f(&z, &one, &o, 1));
+    EXPECT_EQ(INFINITY, o);
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_32f(&z, &z, &o, 1));
+    EXPECT_TRUE(std::isnan(o));
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_32f_I(&z, &nan, 1));
+    EXPECT_TRUE(sameBits(zeroDivRef(0.0f), nan));
+}
+
+template <class T, class C, class F>
+void checkCplxDiv(F fn) {
+    Rng r(19);
+    for (int len = 1; len <= 70; ++len) {
+        std::vector<T> a(2 * len), b(2 * len), d(2 * len);
+        for (auto& v : a) v = static_cast<T>((r.uniform() - 0.5) * 10);
+        for (auto& v : b) v = static_cast<T>((r.uniform() - 0.5) * 10);
+        if (len % 4 == 0) a[2] = a[3] = 0;
+        VrxStatus st = fn(reinterpret_cast<const C*>(a.data()), reinterpret_cast<const C*>(b.data()), reinterpret_cast<C*>(d.data()), len);
+        ASSERT_EQ(len % 4 == 0 ? vrxWarnDivByZero : vrxOk, st) << len;
+        for (int j = 0; j < len; ++j) {
+            T c = a[2 * j], e = a[2 * j + 1], p = b[2 * j], q = b[2 * j + 1];
+            T re, im;
+            if (c == 0 && e == 0) { re = zeroDivRef(p); im = zeroDivRef(q); }
+            else {
+                T den = c * c + e * e;
+                re = (p * c + q * e) / den;
+                im = (q * c - p * e) / den;
+            }
+            ASSERT_TRUE(sameBits(re, d[2 * j]) && sameBits(im, d[2 * j + 1])) << len << " j " << j;
+        }
+    }
+}
+
+TEST(ArithDiv, ComplexFloats) {
+    checkCplxDiv<float, Vrx32fc>(vrxsDiv_32fc);
+    checkCplxDiv<double, Vrx64fc>(vrxsDiv_64fc);
+    Vrx32fc x[2] = {{1, 2}, {3, -4}}, o[2];
+    ASSERT_EQ(vrxErrDivByZero, vrxsDivC_32fc(x, Vrx32fc{0, 0}, o, 2));
+    ASSERT_EQ(vrxOk, vrxsDivC_32fc(x, Vrx32fc{0, 2}, o, 2));
+    EXPECT_EQ(1.0f, o[0].re);
+    EXPECT_EQ(-0.5f, o[0].im);
+    EXPECT_EQ(vrxErrBadLength, vrxsDivC_64fc_I(Vrx64fc{2, 0}, reinterpret_cast<Vrx64fc*>(x), 0));
+}
+
+TEST(ArithDiv, FloatConstants) {
+    float s[3] = {3.0f, -6.0f, 1.0f}, d[3] = {7, 7, 7};
+    EXPECT_EQ(vrxErrDivByZero, vrxsDivC_32f(s, 0.0f, d, 3));
+    EXPECT_EQ(7.0f, d[0]);
+    EXPECT_EQ(vrxErrNullPtr, vrxsDivC_32f(s, 0.0f, nullptr, 3));
+    EXPECT_EQ(vrxErrBadLength, vrxsDivC_64f_I(0.0, reinterpret_cast<double*>(d), 0));
+    ASSERT_EQ(vrxOk, vrxsDivC_32f(s, 3.0f, d, 3));
+    const float r3 = 1.0f / 3.0f;
+    EXPECT_EQ(3.0f * r3, d[0]);  // a product with the rounded reciprocal
+    EXPECT_EQ(-6.0f * r3, d[1]);
+    ASSERT_EQ(vrxOk, vrxsDivCRev_32f(s, 0.0f, d, 3));
+    EXPECT_EQ(0.0f, d[0]);
+    float z[3] = {2.0f, 0.0f, -4.0f};
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_32f(z, 1.0f, d, 3));
+    EXPECT_EQ(0.5f, d[0]);
+    EXPECT_EQ(INFINITY, d[1]);
+    EXPECT_EQ(-0.25f, d[2]);
+    ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_32f_I(-1.0f, z, 3));
+    EXPECT_EQ(-INFINITY, z[1]);
+}
+
+}  // namespace

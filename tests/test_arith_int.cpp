@@ -1,0 +1,600 @@
+// Integer scaled arithmetic against a reference model built here: the
+// exact result in 128 bits, rounded half to even by floor division, and
+// saturated; the zero and bound limits of each function kept beside it.
+#include "vrx_test.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace {
+
+using i128 = __int128;
+using vt::Buffer;
+using vt::Rng;
+
+enum Ref { kAdd, kSub, kSubRev, kMul };  // kSub: b - a; kSubRev: a - b
+constexpr int kNone = -100000;
+
+i128 exact(Ref op, i128 a, i128 b) {
+    switch (op) {
+        case kAdd: return a + b;
+        case kSub: return b - a;
+        case kSubRev: return a - b;
+        default: return a * b;
+    }
+}
+
+template <class T> i128 clampTo(i128 v) {
+    const i128 lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
+    return v < lo ? lo : (v > hi ? hi : v);
+}
+
+// r * 2^-sf, ties to even, then saturation; zero from zeroFrom, the sign's
+// bound up to boundTo.
+template <class T> T model(i128 r, int sf, int zeroFrom, int boundTo) {
+    if (sf >= zeroFrom) return 0;
+    if (sf <= boundTo) return r > 0 ? std::numeric_limits<T>::max() : (r < 0 ? std::numeric_limits<T>::min() : 0);
+    if (sf > 0) {
+        i128 q = r >> sf, rem = r - (q << sf), half = i128(1) << (sf - 1);
+        if (rem > half || (rem == half && (q & 1))) ++q;
+        return static_cast<T>(clampTo<T>(q));
+    }
+    const int k = -sf;
+    if (r == 0) return 0;
+    if (k >= 80) return static_cast<T>(clampTo<T>(r > 0 ? i128(1) << 100 : -(i128(1) << 100)));
+    i128 m = r;
+    for (int i = 0; i < k && m <= (i128(1) << 100) && m >= -(i128(1) << 100); ++i) m *= 2;
+    return static_cast<T>(clampTo<T>(m));
+}
+
+template <class T> std::vector<T> randomWithExtremes(Rng& r, size_t n) {
+    std::vector<T> v(n);
+    const T ex[] = {std::numeric_limits<T>::min(), std::numeric_limits<T>::max(), T(0), T(1), T(-1),
+                    T(std::numeric_limits<T>::min() + 1), T(std::numeric_limits<T>::max() - 1)};
+    for (size_t i = 0; i < n; ++i) v[i] = (r.next() % 8 == 0) ? ex[r.next() % 7] : static_cast<T>(r.next());
+    return v;
+}
+
+// ------------------------------------------------------------ vector forms
+template <class T, class TD = T, class T2 = T>
+struct VecCase {
+    const char* name;
+    VrxStatus (*fn)(const T*, const T2*, TD*, int, int);
+    Ref op;
+    int zeroFrom, boundTo;
+};
+
+template <class T, class TD, class T2>
+void runVec(const VecCase<T, TD, T2>& c, const std::vector<T>& a, const std::vector<T2>& b, int sfLo, int sfHi) {
+    const int n = static_cast<int>(a.size());
+    std::vector<TD> d(n);
+    for (int sf = sfLo; sf <= sfHi; ++sf) {
+        ASSERT_EQ(vrxOk, c.fn(a.data(), b.data(), d.data(), n, sf)) << c.name;
+        for (int i = 0; i < n; ++i) {
+            TD want = model<TD>(exact(c.op, a[i], b[i]), sf, c.zeroFrom, c.boundTo);
+            ASSERT_EQ(want, d[i]) << c.name << " sf " << sf << " a " << +a[i] << " b " << +b[i];
+        }
+    }
+}
+
+TEST(ArithInt, Exhaustive8uPairs) {
+    std::vector<Vrx8u> a(65536), b(65536);
+    for (int i = 0; i < 65536; ++i) { a[i] = static_cast<Vrx8u>(i & 255); b[i] = static_cast<Vrx8u>(i >> 8); }
+    const VecCase<Vrx8u> cases[] = {
+        {"Add_8u", vrxsAdd_8u_Sfs, kAdd, 10, -8},
+        {"Sub_8u", vrxsSub_8u_Sfs, kSub, 10, -8},
+        {"Mul_8u", vrxsMul_8u_Sfs, kMul, 17, -8},
+    };
+    for (const auto& c : cases) runVec(c, a, b, -20, 20);
+}
+
+template <class T, class C = T>
+struct ConstCase {
+    const char* name;
+    VrxStatus (*fn)(const C*, C, C*, int, int);
+    Ref op;  // element first, constant second
+    int zeroFrom, boundTo;
+};
+
+TEST(ArithInt, Exhaustive8uConstants) {
+    std::vector<Vrx8u> a(256), d(256);
+    for (int i = 0; i < 256; ++i) a[i] = static_cast<Vrx8u>(i);
+    const ConstCase<Vrx8u> cases[] = {
+        {"AddC_8u", vrxsAddC_8u_Sfs, kAdd, 9, -8},
+        {"SubC_8u", vrxsSubC_8u_Sfs, kSubRev, 9, -8},
+        {"SubCRev_8u", vrxsSubCRev_8u_Sfs, kSub, 9, -8},
+        {"MulC_8u", vrxsMulC_8u_Sfs, kMul, 17, -8},
+    };
+    for (const auto& c : cases)
+        for (int v = 0; v < 256; ++v)
+            for (int sf = -20; sf <= 20; ++sf) {
+                ASSERT_EQ(vrxOk, c.fn(a.data(), static_cast<Vrx8u>(v), d.data(), 256, sf));
+                for (int i = 0; i < 256; ++i)
+                    ASSERT_EQ(model<Vrx8u>(exact(c.op, a[i], v), sf, c.zeroFrom, c.boundTo), d[i])
+                        << c.name << " v " << v << " sf " << sf << " e " << i;
+            }
+}
+
+TEST(ArithInt, Random16And32BitVectors) {
+    Rng r(1234);
+    const int n = 3000;
+    auto a16 = randomWithExtremes<Vrx16s>(r, n), b16 = randomWithExtremes<Vrx16s>(r, n);
+    auto a16u = randomWithExtremes<Vrx16u>(r, n), b16u = randomWithExtremes<Vrx16u>(r, n);
+    auto a32 = randomWithExtremes<Vrx32s>(r, n), b32 = randomWithExtremes<Vrx32s>(r, n);
+    runVec(VecCase<Vrx16s>{"Add_16s", vrxsAdd_16s_Sfs, kAdd, 17, -16}, a16, b16, -20, 20);
+    runVec(VecCase<Vrx16s>{"Sub_16s", vrxsSub_16s_Sfs, kSub, 17, -16}, a16, b16, -20, 20);
+    runVec(VecCase<Vrx16s>{"Mul_16s", vrxsMul_16s_Sfs, kMul, 31, -16}, a16, b16, -20, 34);
+    runVec(VecCase<Vrx16u>{"Add_16u", vrxsAdd_16u_Sfs, kAdd, 18, kNone}, a16u, b16u, -40, 20);
+    runVec(VecCase<Vrx16u>{"Sub_16u", vrxsSub_16u_Sfs, kSub, 17, kNone}, a16u, b16u, -40, 20);
+    runVec(VecCase<Vrx16u>{"Mul_16u", vrxsMul_16u_Sfs, kMul, 33, -16}, a16u, b16u, -20, 31);
+    runVec(VecCase<Vrx16s, Vrx32s>{"Mul_16s32s", vrxsMul_16s32s_Sfs, kMul, 31, -31}, a16, b16, -34, 34);
+    runVec(VecCase<Vrx16u, Vrx16s, Vrx16s>{"Mul_16u16s", vrxsMul_16u16s_Sfs, kMul, 32, -15}, a16u, b16, -20, 34);
+    runVec(VecCase<Vrx32s>{"Add_32s", vrxsAdd_32s_Sfs, kAdd, 33, -31}, a32, b32, -34, 36);
+    runVec(VecCase<Vrx32s>{"Sub_32s", vrxsSub_32s_Sfs, kSub, 33, -31}, a32, b32, -34, 36);
+    auto a64 = randomWithExtremes<Vrx64s>(r, n), b64 = randomWithExtremes<Vrx64s>(r, n);
+    runVec(VecCase<Vrx64s>{"Add_64s", vrxsAdd_64s_Sfs, kAdd, 64, -63}, a64, b64, -66, 66);
+    // small values exercise the negative scale factors without saturating
+    std::vector<Vrx64s> s64(n);
+    for (auto& v : s64) v = static_cast<int64_t>(r.range(-1000, 1000));
+    runVec(VecCase<Vrx64s>{"Add_64s small", vrxsAdd_64s_Sfs, kAdd, 64, -63}, s64, s64, -66, 4);
+}
+
+TEST(ArithInt, Mul16uAtScaleFactor32) {
+    Vrx16u a[4] = {65535, 46341, 46340, 32769}, b[4] = {65535, 46341, 46340, 65535}, d[4];
+    ASSERT_EQ(vrxOk, vrxsMul_16u_Sfs(a, b, d, 4, 32));
+    // products 4294836225, 2147488281, 2147395600, 2147516415 against 2^31
+    EXPECT_EQ(1, d[0]); EXPECT_EQ(1, d[1]); EXPECT_EQ(0, d[2]); EXPECT_EQ(1, d[3]);
+    ASSERT_EQ(vrxOk, vrxsMul_16u_Sfs(a, b, d, 1, 33));
+    EXPECT_EQ(0, d[0]);
+}
+
+TEST(ArithInt, RandomConstants) {
+    Rng r(99);
+    const int n = 500;
+    auto a16 = randomWithExtremes<Vrx16s>(r, n);
+    auto a16u = randomWithExtremes<Vrx16u>(r, n);
+    auto a32 = randomWithExtremes<Vrx32s>(r, n);
+    auto check = [&](auto c, const auto& a, const auto& vals, int sfLo, int sfHi) {
+        using T = std::decay_t<decltype(a[0])>;
+        std::vector<T> d(n);
+        for (T v : vals)
+            for (int sf = sfLo; sf <= sfHi; ++sf) {
+                ASSERT_EQ(vrxOk, c.fn(a.data(), v, d.data(), n, sf));
+                for (int i = 0; i < n; ++i)
+                    ASSERT_EQ(model<T>(exact(c.op, a[i], v), sf, c.zeroFrom, c.boundTo), d[i])
+                        << c.name << " v " << +v << " sf " << sf << " e " << +a[i];
+            }
+    };
+    const Vrx16s v16[] = {0, 1, -1, 7, -32768, 32767, 12345};
+    const Vrx16u v16u[] = {0, 1, 3, 65535, 40000};
+    const Vrx32s v32[] = {0, 1, -1, 3, INT32_MIN, INT32_MAX, 123456789};
+    for (auto c : {ConstCase<Vrx16s>{"AddC_16s", vrxsAddC_16s_Sfs, kAdd, 17, -16},
+                   ConstCase<Vrx16s>{"SubC_16s", vrxsSubC_16s_Sfs, kSubRev, 17, -16},
+                   ConstCase<Vrx16s>{"SubCRev_16s", vrxsSubCRev_16s_Sfs, kSub, 17, -16},
+                   ConstCase<Vrx16s>{"MulC_16s", vrxsMulC_16s_Sfs, kMul, 31, -16}})
+        check(c, a16, v16, -20, 33);
+    for (auto c : {ConstCase<Vrx16u>{"AddC_16u", vrxsAddC_16u_Sfs, kAdd, 18, -16},
+                   ConstCase<Vrx16u>{"SubC_16u", vrxsSubC_16u_Sfs, kSubRev, 17, kNone},
+                   ConstCase<Vrx16u>{"SubCRev_16u", vrxsSubCRev_16u_Sfs, kSub, 17, -16},
+                   ConstCase<Vrx16u>{"MulC_16u", vrxsMulC_16u_Sfs, kMul, 33, kNone}})
+        check(c, a16u, v16u, -40, 35);
+    for (auto c : {ConstCase<Vrx32s>{"AddC_32s", vrxsAddC_32s_Sfs, kAdd, 33, -31},
+                   ConstCase<Vrx32s>{"SubC_32s", vrxsSubC_32s_Sfs, kSubRev, 33, -31},
+                   ConstCase<Vrx32s>{"SubCRev_32s", vrxsSubCRev_32s_Sfs, kSub, 33, -31},
+                   ConstCase<Vrx32s>{"MulC_32s", vrxsMulC_32s_Sfs, kMul, 63, -32}})
+        check(c, a32, v32, -34, 65);
+}
+
+// Complex constants act on each component with the real rule.
+TEST(ArithInt, ComplexConstantsByComponent) {
+    Rng r(5);
+    const int n = 67;
+    auto a = randomWithExtremes<Vrx16s>(r, 2 * n);
+    auto a32 = randomWithExtremes<Vrx32s>(r, 2 * n);
+    const Vrx16sc v{-300, 32767};
+    const Vrx32sc w{INT32_MIN, 77};
+    std::vector<Vrx16s> d(2 * n);
+    std::vector<Vrx32s> d32(2 * n);
+    for (int sf = -18; sf <= 18; ++sf) {
+        auto* s = reinterpret_cast<const Vrx16sc*>(a.data());
+        auto* o = reinterpret_cast<Vrx16sc*>(d.data());
+        ASSERT_EQ(vrxOk, vrxsAddC_16sc_Sfs(s, v, o, n, sf));
+        for (int i = 0; i < 2 * n; ++i) ASSERT_EQ(model<Vrx16s>(i128(a[i]) + (i % 2 ? v.im : v.re), sf, 17, -16), d[i]);
+        ASSERT_EQ(vrxOk, vrxsSubC_16sc_Sfs(s, v, o, n, sf));
+        for (int i = 0; i < 2 * n; ++i) ASSERT_EQ(model<Vrx16s>(i128(a[i]) - (i % 2 ? v.im : v.re), sf, 17, -16), d[i]);
+        ASSERT_EQ(vrxOk, vrxsSubCRev_16sc_Sfs(s, v, o, n, sf));
+        for (int i = 0; i < 2 * n; ++i) ASSERT_EQ(model<Vrx16s>(i128(i % 2 ? v.im : v.re) - a[i], sf, 17, -16), d[i]);
+    }
+    for (int sf = -33; sf <= 34; ++sf) {
+        auto* s = reinterpret_cast<const Vrx32sc*>(a32.data());
+        auto* o = reinterpret_cast<Vrx32sc*>(d32.data());
+        ASSERT_EQ(vrxOk, vrxsAddC_32sc_Sfs(s, w, o, n, sf));
+        for (int i = 0; i < 2 * n; ++i) ASSERT_EQ(model<Vrx32s>(i128(a32[i]) + (i % 2 ? w.im : w.re), sf, 33, -31), d32[i]);
+        ASSERT_EQ(vrxOk, vrxsSubCRev_32sc_Sfs(s, w, o, n, sf));
+        for (int i = 0; i < 2 * n; ++i) ASSERT_EQ(model<Vrx32s>(i128(i % 2 ? w.im : w.re) - a32[i], sf, 33, -31), d32[i]);
+    }
+    // complex vectors add and subtract as reals
+    std::vector<Vrx16s> b = randomWithExtremes<Vrx16s>(r, 2 * n);
+    ASSERT_EQ(vrxOk, vrxsSub_16sc_Sfs(reinterpret_cast<const Vrx16sc*>(a.data()), reinterpret_cast<const Vrx16sc*>(b.data()),
+                                      reinterpret_cast<Vrx16sc*>(d.data()), n, 1));
+    for (int i = 0; i < 2 * n; ++i) ASSERT_EQ(model<Vrx16s>(i128(b[i]) - a[i], 1, 17, -16), d[i]);
+}
+
+// ------------------------------------------------------- complex products
+template <class T> void refCmul(i128 a, i128 b, i128 c, i128 d, i128& re, i128& im) {
+    re = a * c - b * d;
+    im = a * d + b * c;
+    const i128 top = i128(1) << (2 * sizeof(T) * 8 - 1);
+    if (im == top) im = top - 1;
+}
+
+TEST(ArithInt, ComplexProducts) {
+    Rng r(77);
+    const int n = 400;
+    auto a = randomWithExtremes<Vrx16s>(r, 2 * n), b = randomWithExtremes<Vrx16s>(r, 2 * n);
+    auto a32 = randomWithExtremes<Vrx32s>(r, 2 * n), b32 = randomWithExtremes<Vrx32s>(r, 2 * n);
+    std::vector<Vrx16s> d(2 * n);
+    std::vector<Vrx32s> d32(2 * n);
+    for (int sf = -18; sf <= 33; ++sf) {
+        ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(reinterpret_cast<const Vrx16sc*>(a.data()), reinterpret_cast<const Vrx16sc*>(b.data()),
+                                          reinterpret_cast<Vrx16sc*>(d.data()), n, sf));
+        for (int j = 0; j < n; ++j) {
+            i128 re, im;
+            refCmul<Vrx16s>(a[2 * j], a[2 * j + 1], b[2 * j], b[2 * j + 1], re, im);
+            ASSERT_EQ(model<Vrx16s>(re, sf, 32, -16), d[2 * j]) << sf;
+            ASSERT_EQ(model<Vrx16s>(im, sf, 32, -16), d[2 * j + 1]) << sf;
+        }
+        const Vrx16sc k{static_cast<Vrx16s>(-32768), static_cast<Vrx16s>(-32768)};
+        ASSERT_EQ(vrxOk, vrxsMulC_16sc_Sfs(reinterpret_cast<const Vrx16sc*>(a.data()), k, reinterpret_cast<Vrx16sc*>(d.data()), n, sf));
+        for (int j = 0; j < n; ++j) {
+            i128 re, im;
+            refCmul<Vrx16s>(a[2 * j], a[2 * j + 1], k.re, k.im, re, im);
+            ASSERT_EQ(model<Vrx16s>(re, sf, 32, -16), d[2 * j]);
+            ASSERT_EQ(model<Vrx16s>(im, sf, 32, -16), d[2 * j + 1]);
+        }
+    }
+    for (int sf = -34; sf <= 65; ++sf) {
+        ASSERT_EQ(vrxOk, vrxsMul_32sc_Sfs(reinterpret_cast<const Vrx32sc*>(a32.data()), reinterpret_cast<const Vrx32sc*>(b32.data()),
+                                          reinterpret_cast<Vrx32sc*>(d32.data()), n, sf));
+        for (int j = 0; j < n; ++j) {
+            i128 re, im;
+            refCmul<Vrx32s>(a32[2 * j], a32[2 * j + 1], b32[2 * j], b32[2 * j + 1], re, im);
+            ASSERT_EQ(model<Vrx32s>(re, sf, 64, -32), d32[2 * j]) << sf;
+            ASSERT_EQ(model<Vrx32s>(im, sf, 64, -32), d32[2 * j + 1]) << sf;
+        }
+        const Vrx32sc k{INT32_MIN, INT32_MIN};
+        ASSERT_EQ(vrxOk, vrxsMulC_32sc_Sfs(reinterpret_cast<const Vrx32sc*>(a32.data()), k, reinterpret_cast<Vrx32sc*>(d32.data()), n, sf));
+        for (int j = 0; j < n; ++j) {
+            i128 re, im;
+            refCmul<Vrx32s>(a32[2 * j], a32[2 * j + 1], k.re, k.im, re, im);
+            ASSERT_EQ(model<Vrx32s>(re, sf, 64, -32), d32[2 * j]);
+            ASSERT_EQ(model<Vrx32s>(im, sf, 64, -32), d32[2 * j + 1]);
+        }
+    }
+    // (-32768, -32768) squared: re 0, im saturates
+    Vrx16sc m{-32768, -32768}, o{};
+    ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(&m, &m, &o, 1, 0));
+    EXPECT_EQ(0, o.re);
+    EXPECT_EQ(32767, o.im);
+}
+
+TEST(ArithInt, ComplexProductsInPlaceAndPointerForwarding) {
+    Vrx16sc a[3] = {{3, 4}, {-5, 6}, {100, -200}}, b[3] = {{1, 2}, {7, -8}, {-3, 9}}, ref[3], x[3];
+    ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(a, b, ref, 3, 0));
+    memcpy(x, b, sizeof x);
+    ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(a, x, x, 3, 0));  // dst == src2
+    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
+    memcpy(x, a, sizeof x);
+    ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(x, b, x, 3, 0));  // dst == src1
+    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
+    memcpy(x, b, sizeof x);
+    ASSERT_EQ(vrxOk, vrxsMul_16sc_ISfs(a, x, 3, 0));
+    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
+    // the pointer comparison stands before the null test: src2 == dst == null
+    EXPECT_EQ(vrxErrNullPtr, vrxsMul_16sc_Sfs(a, nullptr, nullptr, 3, 0));
+    Vrx32sc w[1] = {{1, 1}};
+    EXPECT_EQ(vrxErrNullPtr, vrxsMul_32sc_Sfs(nullptr, w, w, 0, 0));  // in place: null before length
+    Vrx16sc c{2, -1};
+    memcpy(x, a, sizeof x);
+    ASSERT_EQ(vrxOk, vrxsMulC_16sc_Sfs(a, c, ref, 3, 1));
+    ASSERT_EQ(vrxOk, vrxsMulC_16sc_Sfs(x, c, x, 3, 1));
+    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
+}
+
+// ------------------------------------------------ 32s product in binary64
+TEST(ArithInt, Mul32sThroughBinary64) {
+    vt::MxcsrScope scope;
+    Rng r(8);
+    const int n = 1000;
+    auto a = randomWithExtremes<Vrx32s>(r, n), b = randomWithExtremes<Vrx32s>(r, n);
+    std::vector<Vrx32s> d(n), e(n);
+    for (int sf = -35; sf <= 64; ++sf) {
+        ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(a.data(), b.data(), d.data(), n, sf));
+        for (int i = 0; i < n; ++i) {
+            Vrx32s want;
+            if (sf >= 63) want = 0;
+            else if (sf <= -32) want = model<Vrx32s>(i128(a[i]) * b[i], sf, 63, -32);
+            else {
+                double p = sf == 0 ? double(a[i]) * double(b[i]) : (double(a[i]) * std::ldexp(1.0, -sf)) * double(b[i]);
+                p = p > 2147483647.0 ? 2147483647.0 : (p < -2147483648.0 ? -2147483648.0 : p);
+                want = static_cast<Vrx32s>(sf == 0 ? std::trunc(p) : std::nearbyint(p));
+            }
+            ASSERT_EQ(want, d[i]) << "sf " << sf << " " << a[i] << " * " << b[i];
+        }
+        // the same answers with the caller rounding toward zero, and its mode kept
+        _mm_setcsr((_mm_getcsr() & ~0x6000u) | vt::kRoundZero | vt::kFtz | vt::kDaz);
+        ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(a.data(), b.data(), e.data(), n, sf));
+        EXPECT_EQ(vt::kRoundZero | vt::kFtz | vt::kDaz, _mm_getcsr() & (0x6000u | vt::kFtz | vt::kDaz));
+        _mm_setcsr(_mm_getcsr() & ~(0x6000u | vt::kFtz | vt::kDaz));
+        ASSERT_EQ(d, e) << sf;
+    }
+    // beyond 53 bits the binary64 product differs from the exact constant form
+    Vrx32s x = 2147483647, y = 2147483645, p, q;
+    ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(&x, &y, &p, 1, 31));
+    ASSERT_EQ(vrxOk, vrxsMulC_32s_Sfs(&x, y, &q, 1, 31));
+    EXPECT_EQ(model<Vrx32s>(i128(x) * y, 31, 63, -32), q);
+    ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(&x, &y, &p, 1, 62));
+    ASSERT_EQ(vrxOk, vrxsMulC_32s_Sfs(&x, y, &q, 1, 62));
+    EXPECT_EQ(1, p);
+    EXPECT_EQ(1, q);
+}
+
+// --------------------------------------------------------- 64-bit forms
+TEST(ArithInt, MulC64s) {
+    Rng r(21);
+    const int n = 300;
+    auto a = randomWithExtremes<Vrx64s>(r, n);
+    const Vrx64s vals[] = {1, -1, 3, INT64_MIN, INT64_MAX, 0x123456789LL, -987654321987LL};
+    std::vector<Vrx64s> d(n);
+    for (Vrx64s v : vals)
+        for (int sf = -70; sf <= 130; sf += (sf > -5 && sf < 70) ? 1 : 7) {
+            d = a;
+            ASSERT_EQ(vrxOk, vrxsMulC_64s_ISfs(v, d.data(), n, sf));
+            for (int i = 0; i < n; ++i)
+                ASSERT_EQ(model<Vrx64s>(i128(a[i]) * v, sf, 127, kNone), d[i]) << v << " sf " << sf << " e " << a[i];
+        }
+    d = a;
+    ASSERT_EQ(vrxOk, vrxsMulC_64s_ISfs(0, d.data(), n, -5));
+    for (auto v : d) ASSERT_EQ(0, v);
+}
+
+TEST(ArithInt, MulC64f64s) {
+    Rng r(22);
+    const int n = 200;
+    auto a = randomWithExtremes<Vrx64s>(r, n);
+    const double vals[] = {1.0, -2.5, 0.75, 3.0e-300, -1.0e10, 0x1.fffffffffffffp+0, 4.9406564584124654e-324};
+    std::vector<Vrx64s> d(n);
+    for (double v : vals)
+        for (int sf = -10; sf <= 10; ++sf) {
+            int e;
+            const double fr = std::frexp(v, &e);                       // v = fr * 2^e, 0.5 <= |fr| < 1
+            const int64_t m = static_cast<int64_t>(std::ldexp(fr, 53));  // exact 53-bit mantissa
+            const int s2 = sf + 53 - e;
+            d = a;
+            ASSERT_EQ(vrxOk, vrxsMulC_64f64s_ISfs(v, d.data(), n, sf));
+            for (int i = 0; i < n; ++i) {
+                // subnormals carry fewer bits but the same value
+                ASSERT_EQ(model<Vrx64s>(i128(a[i]) * m, s2, s2 > 126 ? s2 : 100000, kNone), d[i])
+                    << v << " sf " << sf << " e " << a[i];
+            }
+        }
+    // the singled-out pattern saturates nonzero elements by the signs
+    double odd;
+    const int64_t bits = 0x90000012CD94LL;
+    memcpy(&odd, &bits, sizeof odd);
+    Vrx64s x[3] = {5, 0, -5};
+    ASSERT_EQ(vrxOk, vrxsMulC_64f64s_ISfs(odd, x, 3, 0));
+    EXPECT_EQ(INT64_MAX, x[0]);
+    EXPECT_EQ(0, x[1]);
+    EXPECT_EQ(INT64_MIN, x[2]);
+    EXPECT_EQ(vrxErrBadLength, vrxsMulC_64f64s_ISfs(1.0, x, 0, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsMulC_64f64s_ISfs(1.0, nullptr, 0, 0));
+}
+
+TEST(ArithInt, AddC64WithRounding) {
+    // unsigned: exact rounding in each mode
+    Rng r(31);
+    const int n = 300;
+    auto a = randomWithExtremes<Vrx64s>(r, n);
+    std::vector<Vrx64u> au(n), du(n);
+    for (int i = 0; i < n; ++i) au[i] = static_cast<Vrx64u>(a[i]);
+    const Vrx64u vals[] = {0, 1, 12345, ~0ull, 1ull << 63};
+    for (Vrx64u v : vals)
+        for (int sf = -66; sf <= 67; ++sf)
+            for (int mode = 0; mode < 3; ++mode) {
+                ASSERT_EQ(vrxOk, vrxsAddC_64u_Sfs(au.data(), v, du.data(), n, sf, mode));
+                for (int i = 0; i < n; ++i) {
+                    const unsigned __int128 s = (unsigned __int128)au[i] + v;
+                    Vrx64u want;
+                    if (sf == 0) want = s > ~0ull ? ~0ull : Vrx64u(s);
+                    else if (sf < 0) want = (sf <= -64) ? (s ? ~0ull : 0) : ((s >> (64 + sf)) ? ~0ull : Vrx64u(s << -sf));
+                    else if (sf >= 66) want = 0;
+                    else {
+                        unsigned __int128 q = s >> sf, rem = s - (q << sf), half = (unsigned __int128)1 << (sf - 1);
+                        if (mode == 1) q += (rem > half || (rem == half && (q & 1))) ? 1 : 0;
+                        if (mode == 2) q += rem >= half ? 1 : 0;
+                        want = Vrx64u(q);
+                    }
+                    ASSERT_EQ(want, du[i]) << v << " sf " << sf << " mode " << mode << " e " << au[i];
+                }
+            }
+    // an unknown rounding with a nonzero scale factor leaves the destination
+    Vrx64u s[2] = {7, 9}, d[2] = {1, 2};
+    EXPECT_EQ(vrxOk, vrxsAddC_64u_Sfs(s, 3, d, 2, 2, 3));
+    EXPECT_EQ(1u, d[0]);
+    EXPECT_EQ(2u, d[1]);
+    EXPECT_EQ(vrxOk, vrxsAddC_64u_Sfs(s, 3, d, 2, 0, 3));
+    EXPECT_EQ(10u, d[0]);
+    // signed: outside the high-part quirks the modes round exactly
+    Vrx64s x[4] = {10, -10, 13, -13}, y[4];
+    EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, y, 4, 1, vrxRndNear));   // 5.5 -4.5 7 -6
+    EXPECT_EQ(6, y[0]); EXPECT_EQ(-4, y[1]); EXPECT_EQ(7, y[2]); EXPECT_EQ(-6, y[3]);
+    EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, y, 4, 1, vrxRndFinancial));
+    EXPECT_EQ(6, y[0]); EXPECT_EQ(-5, y[1]); EXPECT_EQ(7, y[2]); EXPECT_EQ(-6, y[3]);
+    Vrx64s z[4];
+    EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, z, 4, 1, 3));  // acts as financial
+    EXPECT_EQ(0, memcmp(y, z, sizeof y));
+    // truncation adds one for a negative high part with any low bits, even
+    // when they carry a whole unit: -12 / 2 reads -7 + 1 + 1
+    EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, y, 4, 1, vrxRndZero));
+    EXPECT_EQ(5, y[0]); EXPECT_EQ(-4, y[1]); EXPECT_EQ(7, y[2]); EXPECT_EQ(-5, y[3]);
+    // a high part of 0 or -1 gives 0: -1 at sf 2 (h = -1) truncates to 0 as it should,
+    // and -4 at sf 2 is exactly -1 but reads h = -1
+    Vrx64s m[2] = {-4, 3}, o[2];
+    EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(m, 0, o, 2, 2, vrxRndZero));
+    EXPECT_EQ(0, o[0]);
+    EXPECT_EQ(0, o[1]);
+    // saturation at sf 0
+    Vrx64s big = INT64_MAX;
+    EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(&big, 5, o, 1, 0, vrxRndNear));
+    EXPECT_EQ(INT64_MAX, o[0]);
+    EXPECT_EQ(vrxErrBadLength, vrxsAddC_64s_Sfs(&big, 5, o, 0, 0, vrxRndNear));
+}
+
+// ----------------------------------------------- edge cases and shortcuts
+TEST(ArithInt, RoundingExamples) {
+    struct { Vrx16s a, b; int sf; Vrx16s want; } add[] = {
+        {1, 2, 1, 2}, {2, 3, 1, 2}, {-1, -2, 1, -2}, {0, -1, 1, 0}, {1, 2, 0, 3},
+        {100, 200, 17, 0}, {1, 0, -16, 32767}, {-1, 0, -16, -32768}, {0, 0, -16, 0}};
+    for (auto c : add) {
+        Vrx16s d;
+        ASSERT_EQ(vrxOk, vrxsAdd_16s_Sfs(&c.a, &c.b, &d, 1, c.sf));
+        EXPECT_EQ(c.want, d) << c.a << "+" << c.b << " sf " << c.sf;
+    }
+    Vrx16s one = 1, three = 3, d;
+    ASSERT_EQ(vrxOk, vrxsSub_16s_Sfs(&one, &three, &d, 1, 0));
+    EXPECT_EQ(2, d);
+    Vrx8u e = 255, f;
+    ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(&e, 255, &f, 1, 9));
+    EXPECT_EQ(0, f);
+    ASSERT_EQ(vrxOk, vrxsAdd_8u_Sfs(&e, &e, &f, 1, 9));
+    EXPECT_EQ(1, f);
+    Vrx8u seven = 7;
+    ASSERT_EQ(vrxOk, vrxsSubCRev_8u_Sfs(&seven, 5, &f, 1, 0));
+    EXPECT_EQ(0, f);
+    Vrx16s m = -32768;
+    for (auto [sf, want] : {std::pair{0, 32767}, {30, 1}, {31, 0}}) {
+        ASSERT_EQ(vrxOk, vrxsMul_16s_Sfs(&m, &m, &d, 1, sf));
+        EXPECT_EQ(want, d) << sf;
+    }
+}
+
+TEST(ArithInt, ShortcutsForwardAndReturnTheirStatus) {
+    Vrx16s a[5] = {1, -2, 3, -4, 5}, d[5];
+    ASSERT_EQ(vrxOk, vrxsMulC_16s_Sfs(a, 0, d, 5, -100));
+    for (auto v : d) EXPECT_EQ(0, v);
+    ASSERT_EQ(vrxOk, vrxsMulC_16s_Sfs(a, 1, d, 5, 0));
+    EXPECT_EQ(0, memcmp(a, d, sizeof a));
+    ASSERT_EQ(vrxOk, vrxsAddC_16s_Sfs(a, 0, d, 5, 0));
+    EXPECT_EQ(0, memcmp(a, d, sizeof a));
+    Vrx8u z[3] = {0, 0, 9}, o[3];
+    ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(z, 1, o, 3, -9));
+    for (auto v : o) EXPECT_EQ(255, v);
+    ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(z, 0, o, 3, -9));
+    EXPECT_EQ(0, o[0]);
+    EXPECT_EQ(255, o[2]);
+    ASSERT_EQ(vrxOk, vrxsSubC_8u_Sfs(z, 4, o, 3, -8));
+    EXPECT_EQ(0, o[0]);
+    EXPECT_EQ(255, o[2]);
+    Vrx16u u[2] = {0, 1}, uo[2];
+    ASSERT_EQ(vrxOk, vrxsAddC_16u_Sfs(u, 2, uo, 2, -16));
+    EXPECT_EQ(65535, uo[0]);
+    ASSERT_EQ(vrxOk, vrxsAddC_16u_Sfs(u, 0, uo, 2, -1000));
+    EXPECT_EQ(0, uo[0]);
+    EXPECT_EQ(65535, uo[1]);
+    // scale factors of any size are never an error
+    Vrx32s w32[2] = {5, -6}, o32[2];
+    Vrx64s w64[1] = {7};
+    for (int sf : {INT32_MIN, -1000, 1000, INT32_MAX}) {
+        EXPECT_EQ(vrxOk, vrxsAdd_16s_Sfs(a, a, d, 5, sf));
+        EXPECT_EQ(vrxOk, vrxsMul_32s_Sfs(w32, w32, o32, 2, sf));
+        EXPECT_EQ(vrxOk, vrxsMulC_64s_ISfs(3, w64, 1, sf));
+    }
+    // without a bound limit every negative scale factor runs the kernel
+    Vrx16u w[2] = {0, 1}, wo[2];
+    ASSERT_EQ(vrxOk, vrxsAdd_16u_Sfs(w, w, wo, 2, INT32_MIN));
+    EXPECT_EQ(0, wo[0]);
+    EXPECT_EQ(65535, wo[1]);
+    ASSERT_EQ(vrxOk, vrxsMulC_16u_Sfs(w, 7, wo, 2, INT32_MIN));
+    EXPECT_EQ(65535, wo[1]);
+    ASSERT_EQ(vrxOk, vrxsSubC_16u_Sfs(w, 0, wo, 2, INT32_MIN + 1));
+    EXPECT_EQ(65535, wo[1]);
+}
+
+TEST(ArithInt, AllLengthsUnalignedAndInPlace) {
+    Rng r(55);
+    for (int len = 1; len <= 70; ++len) {
+        for (int sf : {-3, 0, 1, 4}) {
+            Buffer a(len * 2, 2), b(len * 2, 6), d(len * 2, 10);
+            r.fill(a.data(), len * 2);
+            r.fill(b.data(), len * 2);
+            const Vrx16s* x = a.as<Vrx16s>();
+            Vrx16s* y = b.as<Vrx16s>();
+            ASSERT_EQ(vrxOk, vrxsMul_16s_Sfs(x, y, d.as<Vrx16s>(), len, sf));
+            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx16s>(i128(x[i]) * y[i], sf, 31, -16), d.as<Vrx16s>()[i]);
+            ASSERT_TRUE(d.guardsIntact());
+            ASSERT_EQ(vrxOk, vrxsAdd_16s_ISfs(x, y, len, sf));
+            ASSERT_TRUE(b.guardsIntact());
+            Buffer c(len * 4, 4), e(len * 4, 12);
+            r.fill(c.data(), len * 4);
+            ASSERT_EQ(vrxOk, vrxsAddC_32s_Sfs(c.as<Vrx32s>(), -77, e.as<Vrx32s>(), len, sf));
+            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx32s>(i128(c.as<Vrx32s>()[i]) - 77, sf, 33, -31), e.as<Vrx32s>()[i]);
+            ASSERT_TRUE(e.guardsIntact());
+            // the binary64 product: small operands are exact there
+            for (int i = 0; i < len; ++i) c.as<Vrx32s>()[i] = static_cast<Vrx32s>(r.range(-40000, 40000));
+            ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(c.as<Vrx32s>(), c.as<Vrx32s>(), e.as<Vrx32s>(), len, sf));
+            for (int i = 0; i < len; ++i) {
+                const i128 p = i128(c.as<Vrx32s>()[i]) * c.as<Vrx32s>()[i];
+                ASSERT_EQ(model<Vrx32s>(p, sf, 63, -32), e.as<Vrx32s>()[i]) << len;
+            }
+            ASSERT_TRUE(e.guardsIntact());
+        }
+    }
+}
+
+TEST(ArithInt, WideningAndSaturatingForms) {
+    Vrx8u a[3] = {255, 0, 17}, b[3] = {255, 9, 3};
+    Vrx16u d[3];
+    ASSERT_EQ(vrxOk, vrxsAdd_8u16u(a, b, d, 3));
+    EXPECT_EQ(510, d[0]);
+    ASSERT_EQ(vrxOk, vrxsMul_8u16u(a, b, d, 3));
+    EXPECT_EQ(65025, d[0]);
+    EXPECT_EQ(51, d[2]);
+    Vrx16u u[2] = {65535, 3}, v[2] = {2, 4};
+    ASSERT_EQ(vrxOk, vrxsAdd_16u(u, v, d, 2));
+    EXPECT_EQ(65535, d[0]);
+    EXPECT_EQ(7, d[1]);
+    Vrx32u w[2] = {0xFFFFFFF0u, 5}, x[2] = {0x20, 6}, y[2];
+    ASSERT_EQ(vrxOk, vrxsAdd_32u(w, x, y, 2));
+    EXPECT_EQ(0xFFFFFFFFu, y[0]);
+    EXPECT_EQ(11u, y[1]);
+    Vrx16s s[3] = {-32768, 32767, -5};
+    Vrx32s t[3] = {INT32_MIN, INT32_MAX, 10};
+    ASSERT_EQ(vrxOk, vrxsAdd_16s32s_I(s, t, 3));
+    EXPECT_EQ(INT32_MIN, t[0]);
+    EXPECT_EQ(INT32_MAX, t[1]);
+    EXPECT_EQ(5, t[2]);
+    Vrx16s p[2] = {300, -300}, q[2] = {300, 300}, o[2];
+    ASSERT_EQ(vrxOk, vrxsMul_16s(p, q, o, 2));
+    EXPECT_EQ(32767, o[0]);
+    EXPECT_EQ(-32768, o[1]);
+}
+
+TEST(ArithInt, CheckOrderAndNothingWrittenOnError) {
+    Vrx16s a[4] = {1, 2, 3, 4}, d[4] = {9, 9, 9, 9};
+    EXPECT_EQ(vrxErrNullPtr, vrxsAdd_16s_Sfs(nullptr, a, d, -1, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsAdd_16s_Sfs(a, nullptr, d, 4, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsMulC_16s_Sfs(a, 0, nullptr, 4, 0));
+    EXPECT_EQ(vrxErrBadLength, vrxsMulC_16s_Sfs(a, 0, d, 0, 0));
+    EXPECT_EQ(vrxErrBadLength, vrxsAdd_16s_Sfs(a, a, d, -5, 100));
+    EXPECT_EQ(vrxErrNullPtr, vrxsAdd_16s_I(nullptr, d, 4));
+    EXPECT_EQ(vrxErrBadLength, vrxsSubC_16s_ISfs(1, d, 0, 0));
+    // complex vector forms test the length before the pointers
+    EXPECT_EQ(vrxErrBadLength, vrxsAdd_16sc_Sfs(nullptr, nullptr, nullptr, 0, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsAdd_16sc_Sfs(nullptr, nullptr, nullptr, 1, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsMul_16sc_Sfs(nullptr, reinterpret_cast<Vrx16sc*>(a), reinterpret_cast<Vrx16sc*>(d), 2, 0));
+    for (auto v : d) EXPECT_EQ(9, v);
+}
+
+}  // namespace

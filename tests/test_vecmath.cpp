@@ -1,0 +1,647 @@
+// Powers, roots, elementary functions and complex forms: statuses and
+// check order, special values, warnings, control-register state, in-place
+// forms, integer forms against exact references, sampled accuracy against
+// long double.
+#include <math.h>
+#include <signal.h>
+
+#include <functional>
+
+#include "vrx_test.h"
+
+namespace {
+
+using vt::Rng;
+
+template <class T> uint64_t bitsOf(T v) { uint64_t b = 0; memcpy(&b, &v, sizeof v); return b; }
+
+// error in units of the last place of the reference's binade
+template <class T>
+double ulpErr(T got, long double ref) {
+    constexpr int p = std::numeric_limits<T>::digits, emin = std::numeric_limits<T>::min_exponent;
+    if (isnan(got) && isnan(ref)) return 0;
+    if (isinf(ref) || isinf(got)) return got == (T)ref ? 0 : 1e30;  // overflow of the type
+    int e;
+    frexpl(ref, &e);
+    if (ref == 0) e = emin;
+    if (e < emin) e = emin;
+    return (double)(fabsl((long double)got - ref) / ldexpl(1.0L, e - p));
+}
+
+// ------------------------------------------------------------ statuses
+struct CheckCase {
+    const char* name;
+    std::function<VrxStatus(bool nullPtr, int len)> call;
+};
+
+TEST(VecmathChecks, NullBeforeLengthAndNothingWritten) {
+    static float fs[4] = {1, 2, 3, 4};
+    static double ds[4] = {1, 2, 3, 4};
+    static Vrx32fc cs[4];
+    static Vrx16s is[4] = {1, 2, 3, 4};
+    float fd[4];
+    double dd[4];
+    Vrx16s id[4];
+    Vrx32fc cd[4];
+    const CheckCase cases[] = {
+        {"Sqrt_32f", [&](bool n, int l) { return vrxsSqrt_32f(n ? nullptr : fs, fd, l); }},
+        {"Sqrt_64f_I", [&](bool n, int l) { return vrxsSqrt_64f_I(n ? nullptr : dd, l); }},
+        {"Exp_32f", [&](bool n, int l) { return vrxsExp_32f(fs, n ? nullptr : fd, l); }},
+        {"Ln_64f", [&](bool n, int l) { return vrxsLn_64f(n ? nullptr : ds, dd, l); }},
+        {"Ln_32s_Sfs", [&](bool n, int l) { return vrxsLn_32s_Sfs(n ? nullptr : (Vrx32s*)is, (Vrx32s*)id, l, 0); }},
+        {"Sqr_16s_Sfs", [&](bool n, int l) { return vrxsSqr_16s_Sfs(is, n ? nullptr : id, l, 0); }},
+        {"AddProduct_32s_Sfs", [&](bool n, int l) { return vrxsAddProduct_32s_Sfs((Vrx32s*)is, n ? nullptr : (Vrx32s*)is, (Vrx32s*)id, l, 0); }},
+        {"Phase_32fc", [&](bool n, int l) { return vrxsPhase_32fc(n ? nullptr : cs, fd, l); }},
+        {"PolarToCart_32f", [&](bool n, int l) { return vrxsPolarToCart_32f(fs, fs, fd, n ? nullptr : fd, l); }},
+        {"CartToPolar_64f", [&](bool n, int l) { return vrxsCartToPolar_64f(ds, ds, dd, n ? nullptr : dd, l); }},
+        {"SumLn_32f", [&](bool n, int l) { return vrxsSumLn_32f(fs, l, n ? nullptr : fd); }},
+        {"ConjFlip_32fc", [&](bool n, int l) { return vrxsConjFlip_32fc(n ? nullptr : cs, cd, l); }},
+        {"Normalize_32f", [&](bool n, int l) { return vrxsNormalize_32f(n ? nullptr : fs, fd, l, 0.f, 0.f); }},
+        {"RealToCplx_32f", [&](bool n, int l) { return vrxsRealToCplx_32f(fs, fs, n ? nullptr : cd, l); }},
+    };
+    for (const auto& c : cases) {
+        memset(fd, 0x5A, sizeof fd);
+        memset(dd, 0x5A, sizeof dd);
+        memset(id, 0x5A, sizeof id);
+        EXPECT_EQ(vrxErrNullPtr, c.call(true, 0)) << c.name;
+        EXPECT_EQ(vrxErrNullPtr, c.call(true, -3)) << c.name;
+        EXPECT_EQ(vrxErrBadLength, c.call(false, 0)) << c.name;
+        EXPECT_EQ(vrxErrBadLength, c.call(false, -1)) << c.name;
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(0x5A5A5A5Au, bitsOf(fd[i])) << c.name;
+            EXPECT_EQ(0x5A5Au, (uint16_t)bitsOf(id[i])) << c.name;
+        }
+    }
+}
+
+TEST(VecmathChecks, OwnChecksAfterPointersAndLength) {
+    float f[2] = {1, 2}, g[2] = {7, 7};
+    EXPECT_EQ(vrxErrNullPtr, vrxsNormalize_32f(nullptr, g, 2, 0.f, 0.f));
+    EXPECT_EQ(vrxErrBadLength, vrxsNormalize_32f(f, g, 0, 0.f, 0.f));
+    EXPECT_EQ(vrxErrDivByZero, vrxsNormalize_32f(f, g, 2, 1.f, 0.f));
+    EXPECT_EQ(vrxErrDivByZero, vrxsNormalize_32f(f, g, 2, 1.f, -0.f));
+    EXPECT_EQ(7.f, g[0]);
+    Vrx16s a[2] = {1, 2}, b[2] = {9, 9};
+    EXPECT_EQ(vrxErrDivByZero, vrxsNormalize_16s_Sfs(a, b, 2, 0, 0, 3));
+    EXPECT_EQ(9, b[1]);
+    // A null real or imaginary part of RealToCplx means zeros; both null is an error.
+    Vrx32fc c[2];
+    EXPECT_EQ(vrxOk, vrxsRealToCplx_32f(nullptr, f, c, 2));
+    EXPECT_EQ(0.f, c[1].re);
+    EXPECT_EQ(2.f, c[1].im);
+    EXPECT_EQ(vrxErrNullPtr, vrxsRealToCplx_32f(nullptr, nullptr, c, 2));
+    // The double magnitude hands on its kernel's status: the count is tested first.
+    Vrx64f d[1];
+    EXPECT_EQ(vrxErrBadLength, vrxsMagnitude_64fc(nullptr, d, 0));
+    EXPECT_EQ(vrxErrNullPtr, vrxsMagnitude_64fc(nullptr, d, 1));
+}
+
+// ------------------------------------------------------- special values
+TEST(VecmathSpecial, ExpLnArctanCubrt) {
+    const double inf = INFINITY;
+    double x[] = {0.0, -0.0, inf, -inf, NAN, 1000.0, -1000.0, 1.0, -745.2, 709.78};
+    double y[10];
+    EXPECT_EQ(vrxOk, vrxsExp_64f(x, y, 10));
+    EXPECT_EQ(1.0, y[0]);
+    EXPECT_EQ(1.0, y[1]);
+    EXPECT_EQ(inf, y[2]);
+    EXPECT_EQ(0x0ull, bitsOf(y[3]));
+    EXPECT_TRUE(isnan(y[4]));
+    EXPECT_EQ(inf, y[5]);
+    EXPECT_EQ(0.0, y[6]);
+    EXPECT_EQ(0x4005BF0A8B145769ull, bitsOf(y[7]));  // e rounded
+    EXPECT_EQ(0.0, y[8]);
+    EXPECT_TRUE(isfinite(y[9]));
+
+    float xf[] = {0.f, -0.f, INFINITY, -INFINITY, NAN, 100.f, -200.f, 1.f};
+    float yf[8];
+    EXPECT_EQ(vrxOk, vrxsExp_32f(xf, yf, 8));
+    EXPECT_EQ(1.f, yf[0]);
+    EXPECT_EQ(1.f, yf[1]);
+    EXPECT_EQ(INFINITY, yf[2]);
+    EXPECT_EQ(0.f, yf[3]);
+    EXPECT_TRUE(isnan(yf[4]));
+    EXPECT_EQ(INFINITY, yf[5]);
+    EXPECT_EQ(0.f, yf[6]);
+    EXPECT_EQ(2.7182817f, yf[7]);
+
+    double a[] = {0.0, -0.0, inf, -inf, NAN, 1e300, -1e-300};
+    double r[7];
+    EXPECT_EQ(vrxOk, vrxsArctan_64f(a, r, 7));
+    EXPECT_EQ(0ull, bitsOf(r[0]));
+    EXPECT_EQ(0x8000000000000000ull, bitsOf(r[1]));
+    EXPECT_EQ(M_PI_2, r[2]);
+    EXPECT_EQ(-M_PI_2, r[3]);
+    EXPECT_TRUE(isnan(r[4]));
+    EXPECT_EQ(M_PI_2, r[5]);
+    EXPECT_EQ(-1e-300, r[6]);
+
+    double c[] = {-8.0, 27.0, 0.0, -0.0, inf, -inf, NAN, 1e-310};
+    EXPECT_EQ(vrxOk, vrxsCubrt_64f(c, r, 7));
+    EXPECT_EQ(-2.0, r[0]);
+    EXPECT_EQ(3.0, r[1]);
+    EXPECT_EQ(0ull, bitsOf(r[2]));
+    EXPECT_EQ(0x8000000000000000ull, bitsOf(r[3]));
+    EXPECT_EQ(inf, r[4]);
+    EXPECT_EQ(-inf, r[5]);
+    EXPECT_TRUE(isnan(r[6]));
+}
+
+TEST(VecmathSpecial, PhaseAndMagnitudeEdges) {
+    Vrx32fc z[] = {{0.f, 0.f}, {-1.f, 0.f}, {-1.f, -0.f}, {0.f, -0.f}, {-0.f, 0.f}, {INFINITY, INFINITY},
+                   {-INFINITY, 1.f}, {1.f, NAN}};
+    float p[8];
+    EXPECT_EQ(vrxOk, vrxsPhase_32fc(z, p, 8));
+    EXPECT_EQ(0u, bitsOf(p[0]));
+    EXPECT_EQ((float)M_PI, p[1]);
+    EXPECT_EQ(-(float)M_PI, p[2]);
+    EXPECT_EQ(0x80000000u, bitsOf(p[3]));
+    EXPECT_EQ((float)M_PI, p[4]);
+    EXPECT_EQ((float)M_PI_4, p[5]);
+    EXPECT_EQ((float)M_PI, p[6]);
+    EXPECT_TRUE(isnan(p[7]));
+    Vrx64fc w[] = {{INFINITY, NAN}, {NAN, -INFINITY}, {3e300, 4e300}, {3e-310, 4e-310}, {0.0, -0.0}, {NAN, 1.0}};
+    double m[6];
+    EXPECT_EQ(vrxOk, vrxsMagnitude_64fc(w, m, 6));
+    EXPECT_EQ(INFINITY, m[0]);
+    EXPECT_EQ(INFINITY, m[1]);
+    EXPECT_EQ(5e300, m[2]);
+    EXPECT_NEAR(5e-310, m[3], 1e-323);
+    EXPECT_EQ(0.0, m[4]);
+    EXPECT_TRUE(isnan(m[5]));
+    Vrx32fc big[] = {{3e38f, 3e38f}};
+    float mb;
+    EXPECT_EQ(vrxOk, vrxsMagnitude_32fc(big, &mb, 1));
+    EXPECT_EQ(INFINITY, mb);  // 4.2e38 is beyond the float range
+}
+
+// ------------------------------------------------------------- warnings
+TEST(VecmathWarnings, OneStatusAndWholeVectorWritten) {
+    double x[33];
+    for (int i = 0; i < 33; ++i) x[i] = i + 1.0;
+    x[17] = -4.0;
+    double y[33];
+    EXPECT_EQ(vrxWarnSqrtNegArg, vrxsSqrt_64f(x, y, 33));
+    for (int i = 0; i < 33; ++i) {
+        if (i == 17) EXPECT_TRUE(isnan(y[i]));
+        else EXPECT_EQ(sqrt(x[i]), y[i]) << i;
+    }
+    float xf[20], yf[20];
+    for (int i = 0; i < 20; ++i) xf[i] = (float)(i + 1);
+    xf[19] = -0.0f;  // the square root of -0 is -0, with no warning
+    EXPECT_EQ(vrxOk, vrxsSqrt_32f(xf, yf, 20));
+    EXPECT_EQ(0x80000000u, bitsOf(yf[19]));
+    xf[3] = -1.f;
+    EXPECT_EQ(vrxWarnSqrtNegArg, vrxsSqrt_32f_I(xf, 20));
+    EXPECT_TRUE(isnan(xf[3]));
+    EXPECT_EQ(sqrtf(20.f - 1.f), xf[18]);
+
+    // Ln: zero gives 7, negative 8, and negative wins when both occur.
+    const struct { double v[3]; VrxStatus st; } lnCases[] = {
+        {{1.0, 2.0, 3.0}, vrxOk},
+        {{1.0, 0.0, 3.0}, vrxWarnLnZeroArg},
+        {{1.0, -0.0, 3.0}, vrxWarnLnZeroArg},
+        {{-1.0, 2.0, 3.0}, vrxWarnLnNegArg},
+        {{0.0, -2.0, 0.0}, vrxWarnLnNegArg},
+        {{NAN, 2.0, INFINITY}, vrxOk},
+    };
+    for (const auto& c : lnCases) {
+        double o[3];
+        EXPECT_EQ(c.st, vrxsLn_64f(c.v, o, 3));
+        float fi[3] = {(float)c.v[0], (float)c.v[1], (float)c.v[2]}, fo[3];
+        EXPECT_EQ(c.st, vrxsLn_32f(fi, fo, 3));
+        for (int i = 0; i < 3; ++i) {
+            if (c.v[i] == 0) { EXPECT_EQ(-INFINITY, o[i]); EXPECT_EQ(-INFINITY, fo[i]); }
+            else if (c.v[i] < 0 || isnan(c.v[i])) { EXPECT_TRUE(isnan(o[i])); EXPECT_TRUE(isnan(fo[i])); }
+            else { EXPECT_LE(ulpErr<double>(o[i], logl(c.v[i])), 1.0); }
+        }
+    }
+    Vrx32s li[4] = {0, -5, 1, 2};
+    Vrx32s lo[4];
+    EXPECT_EQ(vrxWarnLnNegArg, vrxsLn_32s_Sfs(li, lo, 4, -4));
+    EXPECT_EQ(INT32_MIN, lo[0]);
+    EXPECT_EQ(0, lo[1]);
+    EXPECT_EQ(0, lo[2]);
+    EXPECT_EQ(11, lo[3]);  // ln 2 * 16 = 11.09
+}
+
+TEST(VecmathWarnings, SumLnSpecialResults) {
+    float f[5] = {1.f, 2.f, 3.f, 4.f, 5.f};
+    float s;
+    EXPECT_EQ(vrxOk, vrxsSumLn_32f(f, 5, &s));
+    EXPECT_EQ((float)logl(120.0L), s);
+    double d64;
+    EXPECT_EQ(vrxOk, vrxsSumLn_32f64f(f, 5, &d64));
+    EXPECT_NEAR((double)logl(120.0L), d64, 1e-15);
+    f[2] = 0.f;
+    EXPECT_EQ(vrxWarnLnZeroArg, vrxsSumLn_32f(f, 5, &s));
+    EXPECT_EQ(0xFF800000u, bitsOf(s));
+    f[4] = -1.f;
+    EXPECT_EQ(vrxWarnLnNegArg, vrxsSumLn_32f(f, 5, &s));
+    EXPECT_EQ(0xFFC00000u, bitsOf(s));
+    double d[3] = {2.0, -0.0, 4.0};
+    EXPECT_EQ(vrxWarnLnZeroArg, vrxsSumLn_64f(d, 3, &d64));
+    EXPECT_EQ(0xFFF0000000000000ull, bitsOf(d64));
+    d[1] = -3.0;
+    EXPECT_EQ(vrxWarnLnNegArg, vrxsSumLn_64f(d, 3, &d64));
+    EXPECT_EQ(0xFFF8000000000000ull, bitsOf(d64));
+    Vrx16s h[3] = {1, 10, 100};
+    EXPECT_EQ(vrxOk, vrxsSumLn_16s32f(h, 3, &s));
+    EXPECT_EQ((float)logl(1000.0L), s);
+}
+
+// ------------------------------------------------- control-register state
+void onFpe(int) { _exit(97); }
+
+TEST(VecmathControl, TrappingWordCausesNoTrapAndSurvives) {
+    signal(SIGFPE, onFpe);
+    vt::MxcsrScope scope;
+    const unsigned word = vt::kRoundZero;  // every exception unmasked, no flags
+    double x[9] = {1000.0, -1.0, 0.0, 1e-310, NAN, 3.0, -1000.0, INFINITY, 2.0}, y[9];
+    float xf[9] = {100.f, -1.f, 0.f, 1e-40f, NAN, 3.f, -100.f, INFINITY, 2.f}, yf[9];
+    Vrx64fc z[3] = {{1e300, 1e300}, {0, 0}, {NAN, 1}};
+    Vrx32fc zf[3] = {{3e38f, 3e38f}, {0, 0}, {NAN, 1}};
+    const std::function<void()> calls[] = {
+        [&] { vrxsExp_64f(x, y, 9); }, [&] { vrxsExp_32f(xf, yf, 9); }, [&] { vrxsLn_64f(x, y, 9); },
+        [&] { vrxsLn_32f(xf, yf, 9); }, [&] { vrxsArctan_64f(x, y, 9); }, [&] { vrxsMagnitude_64fc(z, y, 3); },
+        [&] { vrxsPhase_32fc(zf, yf, 3); }, [&] { vrxsPhase_64fc(z, y, 3); },
+        [&] { vrxsPolarToCart_64f(x, x, y, y, 9); }, [&] { vrxsPolarToCart_32f(xf, xf, yf, yf, 9); },
+        [&] { vrxsCubrt_64f(x, y, 9); },
+    };
+    for (const auto& call : calls) {
+        _mm_setcsr(word);
+        call();
+        EXPECT_EQ(word, _mm_getcsr());
+    }
+    // The sticky-flag functions restore the caller's masks and keep the
+    // flags that their kernel raised.
+    _mm_setcsr(word);
+    EXPECT_EQ(vrxWarnSqrtNegArg, vrxsSqrt_64f(x, y, 9));
+    EXPECT_EQ(word, _mm_getcsr() & ~0x3Fu);
+    EXPECT_TRUE(_mm_getcsr() & 1u);
+    _mm_setcsr(word);
+    EXPECT_EQ(vrxOk, vrxsMagnitude_32fc(zf, yf, 3));
+    EXPECT_EQ(word, _mm_getcsr() & ~0x3Fu);
+    EXPECT_TRUE(_mm_getcsr() & 0x20u);  // the inexact root of 2e77
+}
+
+TEST(VecmathControl, MaskedWordKeepsFtzDazAndLeavesNoLowFlags) {
+    vt::MxcsrScope scope;
+    const unsigned word = 0x1F80u | vt::kFtz | vt::kDaz;
+    double x[4] = {1000.0, -1000.0, 0.0, 1.0}, y[4];
+    float xf[4] = {100.f, -100.f, 0.f, 1.f}, yf[4];
+    _mm_setcsr(word);
+    vrxsExp_64f(x, y, 4);
+    EXPECT_EQ(word, _mm_getcsr() & ~0x20u);
+    _mm_setcsr(word);
+    vrxsExp_32f(xf, yf, 4);
+    EXPECT_EQ(word, _mm_getcsr() & ~0x20u);
+    _mm_setcsr(word);
+    vrxsLn_32f(xf, yf, 4);
+    EXPECT_EQ(word, _mm_getcsr() & ~0x20u);
+}
+
+// ------------------------------------------------- in place and tails
+template <class T>
+void fill(Rng& r, T* p, int n, double lo, double hi) {
+    for (int i = 0; i < n; ++i) p[i] = (T)(lo + (hi - lo) * r.uniform());
+}
+
+TEST(VecmathShape, InPlaceEqualsOutOfPlaceAndElementsStandAlone) {
+    Rng rng(7);
+    using F32 = VrxStatus (*)(const Vrx32f*, Vrx32f*, int);
+    using F32I = VrxStatus (*)(Vrx32f*, int);
+    using F64 = VrxStatus (*)(const Vrx64f*, Vrx64f*, int);
+    using F64I = VrxStatus (*)(Vrx64f*, int);
+    const struct { F32 f; F32I fi; double lo, hi; } c32[] = {
+        {vrxsExp_32f, vrxsExp_32f_I, -90, 90}, {vrxsLn_32f, vrxsLn_32f_I, 0, 1e6},
+        {vrxsArctan_32f, vrxsArctan_32f_I, -50, 50}, {vrxsSqrt_32f, vrxsSqrt_32f_I, 0, 1e4},
+        {vrxsSqr_32f, vrxsSqr_32f_I, -1e3, 1e3}, {vrxsAbs_32f, vrxsAbs_32f_I, -5, 5}};
+    const struct { F64 f; F64I fi; double lo, hi; } c64[] = {
+        {vrxsExp_64f, vrxsExp_64f_I, -750, 750}, {vrxsLn_64f, vrxsLn_64f_I, 0, 1e9},
+        {vrxsArctan_64f, vrxsArctan_64f_I, -50, 50}, {vrxsSqrt_64f, vrxsSqrt_64f_I, 0, 1e4},
+        {vrxsSqr_64f, vrxsSqr_64f_I, -1e3, 1e3}, {vrxsAbs_64f, vrxsAbs_64f_I, -5, 5}};
+    for (int len = 1; len <= 70; ++len) {
+        for (const auto& c : c32) {
+            vt::Buffer a(len * 4, len % 4 * 4), b(len * 4, 4);
+            fill(rng, a.as<float>(), len, c.lo, c.hi);
+            std::vector<float> ref(len);
+            ASSERT_EQ(vrxOk, c.f(a.as<float>(), b.as<float>(), len));
+            for (int i = 0; i < len; ++i) {
+                float one;
+                c.f(a.as<float>() + i, &one, 1);
+                ASSERT_EQ(bitsOf(one), bitsOf(b.as<float>()[i])) << len << " " << i;
+            }
+            ASSERT_EQ(vrxOk, c.fi(a.as<float>(), len));
+            ASSERT_EQ(0, memcmp(a.data(), b.data(), len * 4));
+            ASSERT_TRUE(a.guardsIntact() && b.guardsIntact());
+        }
+        for (const auto& c : c64) {
+            vt::Buffer a(len * 8, len % 8 * 8), b(len * 8, 8);
+            fill(rng, a.as<double>(), len, c.lo, c.hi);
+            ASSERT_EQ(vrxOk, c.f(a.as<double>(), b.as<double>(), len));
+            for (int i = 0; i < len; ++i) {
+                double one;
+                c.f(a.as<double>() + i, &one, 1);
+                ASSERT_EQ(bitsOf(one), bitsOf(b.as<double>()[i])) << len << " " << i;
+            }
+            ASSERT_EQ(vrxOk, c.fi(a.as<double>(), len));
+            ASSERT_EQ(0, memcmp(a.data(), b.data(), len * 8));
+            ASSERT_TRUE(a.guardsIntact() && b.guardsIntact());
+        }
+    }
+}
+
+// --------------------------------------------------------- accuracy
+template <class T, class F, class R>
+double maxUlp(Rng& rng, F f, R ref, double lo, double hi, bool logScale, int n = 20000) {
+    std::vector<T> x(n), y(n);
+    for (auto& v : x) {
+        double u = rng.uniform();
+        v = (T)(logScale ? exp(log(lo) + u * (log(hi) - log(lo))) : lo + u * (hi - lo));
+        if (logScale && (rng.next() & 1)) v = -v;
+    }
+    f(x.data(), y.data(), n);
+    double m = 0;
+    for (int i = 0; i < n; ++i) m = std::max(m, ulpErr<T>(y[i], ref((long double)x[i])));
+    return m;
+}
+
+TEST(VecmathAccuracy, SampledAgainstLongDouble) {
+    Rng rng(11);
+    auto lnPos = [](long double x) { return logl(fabsl(x)); };
+    struct Case { const char* name; double err, limit; };
+    auto absIn = [](auto f) { return [f](auto* x, auto* y, int n) { for (int i = 0; i < n; ++i) x[i] = fabs(x[i]); return f(x, y, n); }; };
+    const Case cases[] = {
+        {"Exp_64f", maxUlp<double>(rng, vrxsExp_64f, [](long double x) { return expl(x); }, -745, 709.7, false), 1},
+        {"Exp_32f", maxUlp<float>(rng, vrxsExp_32f, [](long double x) { return expl(x); }, -103, 88.7, false), 8},
+        {"Ln_64f", maxUlp<double>(rng, absIn(vrxsLn_64f), lnPos, 1e-310, 1e300, true), 1},
+        {"Ln_64f near 1", maxUlp<double>(rng, vrxsLn_64f, lnPos, 0.5, 2, false), 1},
+        {"Ln_32f", maxUlp<float>(rng, absIn(vrxsLn_32f), lnPos, 1e-44, 3e38, true), 8},
+        {"Arctan_64f", maxUlp<double>(rng, vrxsArctan_64f, [](long double x) { return atanl(x); }, 1e-300, 1e300, true), 1},
+        {"Arctan_32f", maxUlp<float>(rng, vrxsArctan_32f, [](long double x) { return atanl(x); }, 1e-30, 1e30, true), 1},
+        {"Cubrt_64f", maxUlp<double>(rng, vrxsCubrt_64f, [](long double x) { return cbrtl(x); }, 1e-310, 1e300, true), 1},
+        {"Cubrt_32f", maxUlp<float>(rng, vrxsCubrt_32f, [](long double x) { return cbrtl(x); }, 1e-40, 1e38, true), 1},
+        {"Sqrt_64f", maxUlp<double>(rng, absIn(vrxsSqrt_64f), [](long double x) { return sqrtl(fabsl(x)); }, 1e-310, 1e300, true), 0.5},
+    };
+    for (const auto& c : cases) EXPECT_LE(c.err, c.limit) << c.name;
+}
+
+TEST(VecmathAccuracy, ComplexFormsSampled) {
+    Rng rng(5);
+    const int n = 4099;
+    std::vector<Vrx32fc> z(n);
+    std::vector<Vrx64fc> w(n);
+    for (int i = 0; i < n; ++i) {
+        double r = exp(-20 + 40 * rng.uniform()), t = -M_PI + 2 * M_PI * rng.uniform();
+        w[i] = {r * cos(t), r * sin(t)};
+        z[i] = {(float)w[i].re, (float)w[i].im};
+    }
+    std::vector<float> mf(n), pf(n), mf2(n), pf2(n);
+    std::vector<double> md(n), pd(n);
+    ASSERT_EQ(vrxOk, vrxsMagnitude_32fc(z.data(), mf.data(), n));
+    ASSERT_EQ(vrxOk, vrxsPhase_32fc(z.data(), pf.data(), n));
+    ASSERT_EQ(vrxOk, vrxsMagnitude_64fc(w.data(), md.data(), n));
+    ASSERT_EQ(vrxOk, vrxsPhase_64fc(w.data(), pd.data(), n));
+    ASSERT_EQ(vrxOk, vrxsCartToPolar_32fc(z.data(), mf2.data(), pf2.data(), n));
+    double e[4] = {0, 0, 0, 0};
+    for (int i = 0; i < n; ++i) {
+        long double re = z[i].re, im = z[i].im;
+        e[0] = std::max(e[0], ulpErr<float>(mf[i], sqrtl(re * re + im * im)));
+        e[1] = std::max(e[1], ulpErr<float>(pf[i], atan2l(im, re)));
+        long double wr = w[i].re, wi = w[i].im;
+        e[2] = std::max(e[2], ulpErr<double>(md[i], sqrtl(wr * wr + wi * wi)));
+        e[3] = std::max(e[3], ulpErr<double>(pd[i], atan2l(wi, wr)));
+        ASSERT_EQ(bitsOf(mf[i]), bitsOf(mf2[i]));
+        ASSERT_EQ(bitsOf(pf[i]), bitsOf(pf2[i]));
+    }
+    EXPECT_LE(e[0], 1.0);
+    EXPECT_LE(e[1], 8.0);
+    EXPECT_LE(e[2], 8.0);
+    EXPECT_LE(e[3], 8.0);
+
+    // polar to Cartesian and back
+    std::vector<double> mag(n), ph(n), re(n), im(n);
+    for (int i = 0; i < n; ++i) {
+        mag[i] = 1 + 9 * rng.uniform();
+        ph[i] = -100 + 200 * rng.uniform();
+    }
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_64f(mag.data(), ph.data(), re.data(), im.data(), n));
+    std::vector<Vrx64fc> c(n);
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_64fc(mag.data(), ph.data(), c.data(), n));
+    for (int i = 0; i < n; ++i) {
+        EXPECT_NEAR((double)(mag[i] * cosl(ph[i])), re[i], 1e-14 * mag[i]);
+        EXPECT_NEAR((double)(mag[i] * sinl(ph[i])), im[i], 1e-14 * mag[i]);
+        ASSERT_EQ(bitsOf(re[i]), bitsOf(c[i].re));
+        ASSERT_EQ(bitsOf(im[i]), bitsOf(c[i].im));
+    }
+}
+
+TEST(VecmathAccuracy, PolarToCartSingleAndHugePhases) {
+    Rng rng(21);
+    const int n = 2053;
+    std::vector<float> mag(n), ph(n), re(n), im(n);
+    for (int i = 0; i < n; ++i) {
+        mag[i] = (float)(1 + 3 * rng.uniform());
+        double u = rng.uniform();
+        ph[i] = (float)(i % 3 == 0 ? exp(log(1e5) + u * (log(3e38) - log(1e5))) : -50 + 100 * u);  // large phases too
+    }
+    ph[0] = INFINITY;
+    ph[1] = NAN;
+    ph[2] = -0.0f;
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_32f(mag.data(), ph.data(), re.data(), im.data(), n));
+    EXPECT_TRUE(isnan(re[0]) && isnan(im[0]));
+    EXPECT_TRUE(isnan(re[1]) && isnan(im[1]));
+    EXPECT_EQ(mag[2], re[2]);
+    EXPECT_EQ(0x80000000u, bitsOf(im[2]));
+    double worst = 0;
+    for (int i = 3; i < n; ++i) {
+        long double c = cosl(ph[i]), s = sinl(ph[i]);
+        // the sine and cosine within 8 ulp, then one rounding of the product
+        worst = std::max(worst, (double)(fabsl(re[i] - mag[i] * c) / (mag[i] * ldexpl(1.0L, -24))));
+        worst = std::max(worst, (double)(fabsl(im[i] - mag[i] * s) / (mag[i] * ldexpl(1.0L, -24))));
+    }
+    EXPECT_LE(worst, 8.0);
+    std::vector<Vrx32fc> c(n);
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_32fc(mag.data(), ph.data(), c.data(), n));
+    for (int i = 0; i < n; ++i) {
+        ASSERT_EQ(bitsOf(re[i]), bitsOf(c[i].re));
+        ASSERT_EQ(bitsOf(im[i]), bitsOf(c[i].im));
+    }
+    // in place on the magnitude and the phase
+    std::vector<float> a = mag, b = ph;
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_32f(a.data(), b.data(), a.data(), b.data(), n));
+    ASSERT_EQ(0, memcmp(a.data(), re.data(), n * 4));
+    ASSERT_EQ(0, memcmp(b.data(), im.data(), n * 4));
+}
+
+// ----------------------------------------------------- integer forms
+// x * 2^-sf rounded to nearest with ties to even, exactly, then saturated
+long double rndEven(long double v) {
+    long double f = floorl(v), d = v - f;
+    if (d > 0.5L || (d == 0.5L && fmodl(f, 2.0L) != 0)) f += 1;
+    return f;
+}
+template <class T>
+T satRef(long double v) {
+    if (v != v) return 0;
+    v = rndEven(v);
+    if (v < std::numeric_limits<T>::min()) return std::numeric_limits<T>::min();
+    if (v > std::numeric_limits<T>::max()) return std::numeric_limits<T>::max();
+    return (T)v;
+}
+
+TEST(VecmathInteger, ScaledFormsAgainstExactReference) {
+    Rng rng(3);
+    const int n = 67;
+    std::vector<Vrx16s> a(n), b(n), o(n), o2(n);
+    std::vector<Vrx32s> a32(n), o32(n);
+    std::vector<Vrx16sc> zc(n), oc(n);
+    for (int sf : {-17, -3, -1, 0, 1, 2, 5, 15, 16, 31, 40, 70, 1000}) {
+        for (int i = 0; i < n; ++i) {
+            a[i] = (Vrx16s)rng.range(-32768, 32767);
+            b[i] = (Vrx16s)rng.range(-300, 300);
+            a32[i] = (Vrx32s)rng.range(INT32_MIN, INT32_MAX);
+            zc[i] = {(Vrx16s)rng.range(-32768, 32767), (Vrx16s)rng.range(-32768, 32767)};
+        }
+        a[0] = -32768;
+        a[1] = 3 << 4;  // ties of the square at small scale factors
+        long double sc = ldexpl(1.0L, -sf);
+        ASSERT_EQ(vrxOk, vrxsSqr_16s_Sfs(a.data(), o.data(), n, sf));
+        for (int i = 0; i < n; ++i) ASSERT_EQ(satRef<Vrx16s>((long double)a[i] * a[i] * sc), o[i]) << sf << " " << a[i];
+        o2 = a;
+        ASSERT_EQ(vrxOk, vrxsSqr_16s_ISfs(o2.data(), n, sf));
+        ASSERT_EQ(o, o2);
+        ASSERT_EQ(vrxWarnSqrtNegArg, vrxsSqrt_16s_Sfs(a.data(), o.data(), n, sf));
+        for (int i = 0; i < n; ++i)
+            ASSERT_EQ(a[i] < 0 ? 0 : satRef<Vrx16s>(sqrtl(a[i]) * sc), o[i]) << sf << " " << a[i];
+        ASSERT_EQ(vrxOk, vrxsPowerSpectr_16sc_Sfs(zc.data(), o.data(), n, sf));
+        for (int i = 0; i < n; ++i) {
+            long double p = (long double)zc[i].re * zc[i].re + (long double)zc[i].im * zc[i].im;
+            ASSERT_EQ(satRef<Vrx16s>(p * sc), o[i]);
+        }
+        ASSERT_EQ(vrxOk, vrxsMagnitude_16sc_Sfs(zc.data(), o.data(), n, sf));
+        for (int i = 0; i < n; ++i) {
+            long double p = (long double)zc[i].re * zc[i].re + (long double)zc[i].im * zc[i].im;
+            ASSERT_EQ(satRef<Vrx16s>(sqrtl(p) * sc), o[i]);
+        }
+        ASSERT_EQ(vrxOk, vrxsSqr_16sc_Sfs(zc.data(), oc.data(), n, sf));
+        for (int i = 0; i < n; ++i) {
+            long double re = zc[i].re, im = zc[i].im;
+            ASSERT_EQ(satRef<Vrx16s>((re * re - im * im) * sc), oc[i].re);
+            ASSERT_EQ(satRef<Vrx16s>(2 * re * im * sc), oc[i].im);
+        }
+        std::vector<Vrx32s> acc(n), acc0(n);
+        for (int i = 0; i < n; ++i) acc[i] = acc0[i] = (Vrx32s)rng.range(INT32_MIN, INT32_MAX);
+        ASSERT_EQ(vrxOk, vrxsAddProduct_32s_Sfs(a32.data(), a32.data() , acc.data(), n, sf));
+        for (int i = 0; i < n; ++i) {
+            __int128 exact = (__int128)acc0[i] + (__int128)a32[i] * a32[i];
+            ASSERT_EQ(satRef<Vrx32s>((long double)exact * sc), acc[i]) << sf;
+        }
+        ASSERT_EQ(vrxOk, vrxsNormalize_16s_Sfs(a.data(), o.data(), n, 5, -7, sf));
+        for (int i = 0; i < n; ++i) ASSERT_EQ(satRef<Vrx16s>(((long double)a[i] - 5) / -7 * sc), o[i]) << sf << " " << a[i];
+        for (int i = 0; i < n; ++i) a32[i] = (Vrx32s)rng.range(1, INT32_MAX);
+        ASSERT_EQ(vrxOk, vrxsLn_32s_Sfs(a32.data(), o32.data(), n, sf));
+        for (int i = 0; i < n; ++i) ASSERT_EQ(satRef<Vrx32s>(logl(a32[i]) * sc), o32[i]);
+        ASSERT_EQ(vrxOk, vrxsExp_16s_Sfs(b.data(), o.data(), n, sf));
+        for (int i = 0; i < n; ++i) ASSERT_EQ(satRef<Vrx16s>(expl(b[i]) * sc), o[i]) << sf << " " << b[i];
+        ASSERT_EQ(vrxOk, vrxsCubrt_32s16s_Sfs(a32.data(), o.data(), n, sf));
+        for (int i = 0; i < n; ++i) ASSERT_EQ(satRef<Vrx16s>(cbrtl(a32[i]) * sc), o[i]);
+    }
+    // exact cubes and squares meet ties exactly
+    Vrx32s cubes[4] = {27, -27, 125, 1 << 30};
+    Vrx16s cr[4];
+    ASSERT_EQ(vrxOk, vrxsCubrt_32s16s_Sfs(cubes, cr, 4, 1));
+    EXPECT_EQ(2, cr[0]);   // 1.5 -> 2
+    EXPECT_EQ(-2, cr[1]);
+    EXPECT_EQ(2, cr[2]);   // 2.5 -> 2
+    EXPECT_EQ(512, cr[3]);
+}
+
+TEST(VecmathInteger, SaturatingAbsAndConj) {
+    Vrx16s a[3] = {-32768, -5, 7}, o[3];
+    ASSERT_EQ(vrxOk, vrxsAbs_16s(a, o, 3));
+    EXPECT_EQ(32767, o[0]);
+    EXPECT_EQ(5, o[1]);
+    Vrx32s b[2] = {INT32_MIN, -1}, p[2];
+    ASSERT_EQ(vrxOk, vrxsAbs_32s(b, p, 2));
+    EXPECT_EQ(INT32_MAX, p[0]);
+    EXPECT_EQ(1, p[1]);
+    Vrx16sc c[3] = {{1, -32768}, {-32768, 5}, {3, 0}}, d[3];
+    ASSERT_EQ(vrxOk, vrxsConj_16sc(c, d, 3));
+    EXPECT_EQ(32767, d[0].im);
+    EXPECT_EQ(-32768, d[1].re);
+    EXPECT_EQ(-5, d[1].im);
+    ASSERT_EQ(vrxOk, vrxsConjFlip_16sc(c, d, 3));
+    EXPECT_EQ(3, d[0].re);
+    EXPECT_EQ(-5, d[1].im);
+    EXPECT_EQ(32767, d[2].im);
+}
+
+// ------------------------------------------------------- complex forms
+TEST(VecmathComplex, LayoutsAndFlips) {
+    for (int len = 1; len <= 9; ++len) {
+        std::vector<Vrx32fc> z(len), o(len), p(len);
+        std::vector<float> re(len), im(len);
+        for (int i = 0; i < len; ++i) z[i] = {(float)i + 0.5f, -(float)i - 0.25f};
+        ASSERT_EQ(vrxOk, vrxsCplxToReal_32fc(z.data(), re.data(), im.data(), len));
+        ASSERT_EQ(vrxOk, vrxsRealToCplx_32f(re.data(), im.data(), o.data(), len));
+        ASSERT_EQ(0, memcmp(z.data(), o.data(), len * 8));
+        ASSERT_EQ(vrxOk, vrxsImag_32fc(z.data(), re.data(), len));
+        ASSERT_EQ(z[len - 1].im, re[len - 1]);
+        ASSERT_EQ(vrxOk, vrxsConjFlip_32fc(z.data(), o.data(), len));
+        p = z;
+        ASSERT_EQ(vrxOk, vrxsConjFlip_32fc(p.data(), p.data(), len));  // in place
+        for (int i = 0; i < len; ++i) {
+            ASSERT_EQ(z[len - 1 - i].re, o[i].re);
+            ASSERT_EQ(-z[len - 1 - i].im, o[i].im);
+            ASSERT_EQ(0, memcmp(&o[i], &p[i], 8));
+        }
+        ASSERT_EQ(vrxOk, vrxsConj_32fc_I(p.data(), len));
+        ASSERT_EQ(vrxOk, vrxsNormalize_32fc(z.data(), o.data(), len, Vrx32fc{0.5f, 1.f}, 2.f));
+        for (int i = 0; i < len; ++i) {
+            ASSERT_EQ((z[i].re - 0.5f) / 2.f, o[i].re);
+            ASSERT_EQ((z[i].im - 1.f) / 2.f, o[i].im);
+        }
+        std::vector<Vrx64fc> w(len), s(len);
+        for (int i = 0; i < len; ++i) w[i] = {i - 3.0, 2.0 * i};
+        ASSERT_EQ(vrxOk, vrxsSqr_64fc(w.data(), s.data(), len));
+        for (int i = 0; i < len; ++i) {
+            ASSERT_EQ(w[i].re * w[i].re - w[i].im * w[i].im, s[i].re);
+            ASSERT_EQ(2 * w[i].re * w[i].im, s[i].im);
+        }
+        ASSERT_EQ(vrxOk, vrxsSqrt_64fc_I(s.data(), len));
+        for (int i = 0; i < len; ++i) {  // principal root: non-negative real part
+            double sr = w[i].re < 0 ? -w[i].re : w[i].re, si = w[i].re < 0 ? -w[i].im : w[i].im;
+            if (w[i].re == 0) si = fabs(w[i].im);
+            ASSERT_NEAR(sr, s[i].re, 1e-14) << i;
+            ASSERT_NEAR(si, s[i].im, 1e-14) << i;
+        }
+    }
+}
+
+TEST(VecmathComplex, PolarInteger) {
+    Vrx16s mag[4] = {1000, 1000, 32767, 0}, ph[4] = {0, 1608, 3217, 100};  // phase * 2^-10
+    Vrx16sc d[4];
+    ASSERT_EQ(vrxOk, vrxsPolarToCart_16sc_Sfs(mag, ph, d, 4, 0, 10));
+    EXPECT_EQ(1000, d[0].re);
+    EXPECT_EQ(0, d[0].im);
+    EXPECT_NEAR(0, d[1].re, 2);
+    EXPECT_EQ(1000, d[1].im);
+    EXPECT_EQ(-32767, d[2].re);
+    EXPECT_EQ(0, d[3].re);
+}
+
+// The ten-million-argument sweeps: run with --gtest_also_run_disabled_tests.
+TEST(VecmathAccuracy, DISABLED_LongSweep) {
+    Rng rng(99);
+    for (int k = 0; k < 50; ++k) {
+        EXPECT_LE(maxUlp<double>(rng, vrxsExp_64f, [](long double x) { return expl(x); }, -745, 709.7, false, 200000), 1);
+        EXPECT_LE(maxUlp<float>(rng, vrxsExp_32f, [](long double x) { return expl(x); }, -103, 88.7, false, 200000), 8);  // LA tier
+        EXPECT_LE(maxUlp<double>(rng, vrxsArctan_64f, [](long double x) { return atanl(x); }, 1e-300, 1e300, true, 200000), 1);
+        EXPECT_LE(maxUlp<float>(rng, vrxsArctan_32f, [](long double x) { return atanl(x); }, 1e-30, 1e30, true, 200000), 1);
+        EXPECT_LE(maxUlp<double>(rng, vrxsCubrt_64f, [](long double x) { return cbrtl(x); }, 1e-300, 1e300, true, 200000), 1);
+    }
+}
+
+}  // namespace
