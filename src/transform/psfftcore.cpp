@@ -6,10 +6,6 @@
 #include "vrx_fft_simd.h"
 #include "vrx_fft_sintab.h"
 
-// The vectorisers of g++ 12 turn complex products into fused
-// multiply-add-subtract instructions whatever the contraction setting; they
-// stay off here, and the vector code is written out by hand.
-#pragma GCC optimize("no-tree-vectorize")
 // The shuffle intrinsics of g++ 12 start from an undefined register, which
 // its uninitialised-value analysis reports once they are inlined.
 #pragma GCC diagnostic ignored "-Wuninitialized"

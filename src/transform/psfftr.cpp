@@ -3,11 +3,6 @@
 #include "vrx_fft.h"
 #include "vrx_fft_simd.h"
 
-// The vectorisers of g++ 12 turn complex products into fused
-// multiply-add-subtract instructions whatever the contraction setting; they
-// stay off here, and the vector code is written out by hand.
-#pragma GCC optimize("no-tree-vectorize")
-
 using namespace n0::fft;
 
 namespace {

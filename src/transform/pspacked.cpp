@@ -10,7 +10,6 @@
 // The vectorisers of g++ 12 turn complex products into fused
 // multiply-add-subtract instructions whatever the contraction setting; they
 // stay off here, and the vector code is written out by hand.
-#pragma GCC optimize("no-tree-vectorize")
 
 namespace {
 
