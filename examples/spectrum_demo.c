@@ -29,7 +29,7 @@ static int fail(const char* what, VrxStatus st) {
 }
 
 /* The spectrum as a polyline over a frequency axis in kHz and a dB axis. */
-static int writeSvg(const char* path, const double* db, int bins, const int* peaks, int nPeaks) {
+static int writeSvg(const char* path, const double* db, int bins, const int* peaks, const double* peakHz, int nPeaks) {
     FILE* f = fopen(path, "w");
     if (!f) return 0;
     const double W = 900, H = 420, L = 60, R = 20, T = 30, B = 50;
@@ -59,7 +59,7 @@ static int writeSvg(const char* path, const double* db, int bins, const int* pea
         int k = peaks[i];
         double x = L + (double)k / (bins - 1) * pw, y = T + (dbTop - db[k]) / (dbTop - dbBottom) * ph;
         fprintf(f, "<circle cx=\"%.1f\" cy=\"%.1f\" r=\"4\" fill=\"none\" stroke=\"#c03\"/>\n", x, y);
-        fprintf(f, "<text x=\"%.1f\" y=\"%.1f\" fill=\"#c03\">%.0f Hz</text>\n", x + 6, y - 6, k * kRate / N);
+        fprintf(f, "<text x=\"%.1f\" y=\"%.1f\" fill=\"#c03\">%.0f Hz</text>\n", x + 6, y - 6, peakHz[i]);
     }
     fprintf(f, "<rect x=\"%.0f\" y=\"%.0f\" width=\"%.0f\" height=\"%.0f\" fill=\"none\" stroke=\"#444\"/>\n", L, T, pw, ph);
     fprintf(f, "</svg>\n");
@@ -109,6 +109,7 @@ int main(int argc, char** argv) {
 
     /* peaks: local maxima 40 dB above the floor, refined by a parabola */
     int peaks[16], nPeaks = 0;
+    double peakHz[16];
     printf("%d-point real FFT of %.0f Hz data; peaks found:\n", N, kRate);
     printf("  %10s  %8s\n", "frequency", "level");
     for (int k = 3; k < N / 2 - 3 && nPeaks < 16; ++k) {
@@ -117,10 +118,11 @@ int main(int argc, char** argv) {
         if (!top) continue;
         double a = db[k - 1], b = db[k], c = db[k + 1];
         double p = 0.5 * (a - c) / (a - 2 * b + c);
-        printf("  %7.1f Hz  %5.1f dB\n", (k + p) * kRate / N, b - 0.25 * (a - c) * p);
+        peakHz[nPeaks] = (k + p) * kRate / N;
+        printf("  %7.1f Hz  %5.1f dB\n", peakHz[nPeaks], b - 0.25 * (a - c) * p);
         peaks[nPeaks++] = k;
     }
-    if (!writeSvg(out, db, N / 2 + 1, peaks, nPeaks)) {
+    if (!writeSvg(out, db, N / 2 + 1, peaks, peakHz, nPeaks)) {
         fprintf(stderr, "spectrum_demo: cannot write %s\n", out);
         return 1;
     }
