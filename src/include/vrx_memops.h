@@ -80,15 +80,13 @@ VRX_INLINE void copySmall(const Vrx8u* s, Vrx8u* d, size_t n) {
 // n < 256 bytes, overlapping blocks from both ends.
 VRX_INLINE void fillSmall(Vrx8u* d, size_t n, __m256i p) {
     if (n >= 32) {
-        st32(d, p);
-        st32(d + n - 32, p);
-        if (n > 64) {
-            st32(d + 32, p);
-            st32(d + n - 64, p);
-            if (n > 128) {
-                st32(d + 64, p); st32(d + 96, p);
-                st32(d + n - 96, p); st32(d + n - 128, p);
-            }
+        if (n <= 64) {
+            st32(d, p); st32(d + n - 32, p);
+        } else if (n <= 128) {
+            st32(d, p); st32(d + 32, p); st32(d + n - 64, p); st32(d + n - 32, p);
+        } else {
+            st32(d, p); st32(d + 32, p); st32(d + 64, p); st32(d + 96, p);
+            st32(d + n - 128, p); st32(d + n - 96, p); st32(d + n - 64, p); st32(d + n - 32, p);
         }
     } else if (n >= 16) {
         st16(d, _mm256_castsi256_si128(p)); st16(d + n - 16, _mm256_castsi256_si128(p));
