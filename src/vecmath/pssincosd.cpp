@@ -393,17 +393,41 @@ VRX_INLINE void core(F16 x, F16& so, F16& co, __mmask16& rare, bool wantSin, boo
     }
 }
 
-// LA sine and cosine: reduction by pi, so that one odd polynomial of
-// degree 11 on [-pi/2, pi/2] serves; the cosine is the sine shifted by a
-// half period, as in the EP kernels.
+// LA sine and cosine: reduction by pi, so that one odd polynomial on
+// [-pi/2, pi/2] serves; the cosine is the sine shifted by a half period,
+// as in the EP kernels. The sine keeps the sign of x through the reduction:
+// x/pi + 1.5*2^23, rounded to nearest by the instruction itself, leaves k in
+// the low bits, so (-1)^k is the low bit moved to the sign.
+constexpr float kShifter = 0x1.8p23f;
+
+// sin(r) = r + r^3 g(r^2), g of degree 3 fitted at the Chebyshev nodes of
+// [0, (pi/2)^2] (relative error 2^-25).
+VRX_INLINE F16 sinByPiPoly(F16 r) {
+    F16 z = _mm512_mul_ps(r, r);
+    F16 p = fmaf16(z, s1(0x1.61a18ap-19f), s1(-0x1.9fb686p-13f));
+    p = fmaf16(z, p, s1(0x1.11104ep-7f));
+    p = fmaf16(z, p, s1(-0x1.555554p-3f));
+    return fmaf16(_mm512_mul_ps(r, z), p, r);
+}
+
 template <bool Cos>
 VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
+    if (!Cos) {
+        rare = _mm512_cmp_ps_mask(_mm512_abs_ps(x), s1(kLimit), _CMP_NLE_UQ);
+        F16 q = _mm512_fmadd_round_ps(x, s1(0x1.45f306p-2f), s1(kShifter), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        F16 n = _mm512_sub_ps(q, s1(kShifter));  // exact
+        F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), x);  // exact
+        r = _mm512_fnmadd_ps(n, s1(2 * kP2), r);
+        r = _mm512_fnmadd_ps(n, s1(2 * kP3), r);
+        __m512i sg = _mm512_slli_epi32(_mm512_castps_si512(q), 31);
+        return _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(sinByPiPoly(r)), sg));
+    }
     F16 ax = _mm512_abs_ps(x);
     rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
     F16 q = _mm512_mul_ps(ax, s1(0x1.45f306p-2f));  // |x| / pi
-    if (Cos) q = _mm512_sub_ps(q, s1(0.5f));
+    q = _mm512_sub_ps(q, s1(0.5f));
     F16 k = _mm512_roundscale_ps(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-    F16 n = Cos ? _mm512_add_ps(k, s1(0.5f)) : k;
+    F16 n = _mm512_add_ps(k, s1(0.5f));
     F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), ax);  // exact
     r = _mm512_fnmadd_ps(n, s1(2 * kP2), r);
     r = _mm512_fnmadd_ps(n, s1(2 * kP3), r);
@@ -413,11 +437,9 @@ VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
     p = fmaf16(z, p, s1(1.0f / 120.0f));
     p = fmaf16(z, p, s1(-1.0f / 6.0f));
     F16 sn = fmaf16(_mm512_mul_ps(r, z), p, r);
-    // (-1)^k for the sine, (-1)^(k+1) for the cosine
-    __m512i ki = _mm512_cvtps_epi32(k);
-    if (Cos) ki = _mm512_add_epi32(ki, _mm512_set1_epi32(1));
+    // (-1)^(k+1)
+    __m512i ki = _mm512_add_epi32(_mm512_cvtps_epi32(k), _mm512_set1_epi32(1));
     __m512i sg = _mm512_slli_epi32(ki, 31);
-    if (!Cos) sg = _mm512_xor_epi32(sg, _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))));
     return _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(sn), sg));
 }
 
