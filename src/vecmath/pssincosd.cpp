@@ -335,7 +335,7 @@ VrxStatus runEP(const double* src, double* dst, int len) {
 // ------------------------------------------------- single precision
 // Sixteen lanes of float arithmetic: the same three-part reduction with
 // float parts of pi/2 for |x| <= 2^16 (carried as a float pair for HA),
-// Taylor polynomials of degree 9 and 12. Larger and non-finite arguments
+// fitted polynomials of degree 7 (9 for the HA sine) and 8. Larger and non-finite arguments
 // take the double rare path and round once.
 namespace fs {
 
@@ -345,12 +345,20 @@ constexpr float kLimit = 65536.0f;
 
 VRX_INLINE F16 s1(float v) { return _mm512_set1_ps(v); }
 VRX_INLINE F16 fmaf16(F16 a, F16 b, F16 c) { return _mm512_fmadd_ps(a, b, c); }
+VRX_INLINE __m512i signBits(F16 x) { return _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))); }
 
+// The quadrant comes from |x| * 2/pi + 1.5*2^23 rounded to nearest by the
+// fused step itself: its low bits hold k; the sine takes the sign of x
+// back at the end.
+// sin(r) = r + r^3 gs(r^2) and cos(r) = 1 - r^2/2 + r^4 gc(r^2),
+// gs and gc fitted at the Chebyshev nodes of [0, (pi/4)^2]: gc of degree 2
+// (relative error 2^-29), gs of degree 2 for LA (2^-26) and 3 for HA (2^-35).
 template <bool HA>
 VRX_INLINE void core(F16 x, F16& so, F16& co, __mmask16& rare, bool wantSin, bool wantCos) {
     F16 ax = _mm512_abs_ps(x);
     rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
-    F16 n = _mm512_roundscale_ps(_mm512_mul_ps(ax, s1(kTwoOverPiF)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    F16 q = _mm512_fmadd_round_ps(ax, s1(kTwoOverPiF), s1(0x1.8p23f), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    F16 n = _mm512_sub_ps(q, s1(0x1.8p23f));  // exact
     F16 rh, rl;
     if (HA) {
         F16 r1 = _mm512_fnmadd_ps(n, s1(kP1), ax);  // exact
@@ -366,38 +374,42 @@ VRX_INLINE void core(F16 x, F16& so, F16& co, __mmask16& rare, bool wantSin, boo
         rh = _mm512_fnmadd_ps(n, s1(kP1), ax);
         rh = _mm512_fnmadd_ps(n, s1(kP2), rh);
         rh = _mm512_fnmadd_ps(n, s1(kP3), rh);
-        rl = _mm512_setzero_ps();
     }
     F16 z = _mm512_mul_ps(rh, rh);
-    // sin(r) = r + r^3 (-1/6 + z/120 - ...) + rl
-    F16 ps = fmaf16(z, fmaf16(z, fmaf16(z, s1(1.0f / 362880.0f), s1(-1.0f / 5040.0f)), s1(1.0f / 120.0f)), s1(-1.0f / 6.0f));
-    F16 sn = _mm512_add_ps(rh, fmaf16(_mm512_mul_ps(rh, z), ps, rl));
-    // cos(r) = w + (((1 - w) - z/2) + z^2 q - r rl), w = 1 - z/2
-    F16 pc = fmaf16(z, fmaf16(z, fmaf16(z, s1(-1.0f / 3628800.0f), s1(1.0f / 40320.0f)), s1(-1.0f / 720.0f)), s1(1.0f / 24.0f));
-    F16 hz = _mm512_mul_ps(s1(0.5f), z);
-    F16 w = _mm512_sub_ps(s1(1.0f), hz);
-    F16 tail = _mm512_add_ps(_mm512_sub_ps(_mm512_sub_ps(s1(1.0f), w), hz), _mm512_fmsub_ps(_mm512_mul_ps(z, z), pc, _mm512_mul_ps(rh, rl)));
-    F16 cs = _mm512_add_ps(w, tail);
-    __m512i q = _mm512_cvtps_epi32(n);
-    __mmask16 odd = _mm512_test_epi32_mask(q, _mm512_set1_epi32(1));
+    F16 ps = HA ? fmaf16(z, fmaf16(z, fmaf16(z, s1(0x1.6dbe08p-19f), s1(-0x1.a013a8p-13f)), s1(0x1.11110ep-7f)), s1(-0x1.555556p-3f))
+                : fmaf16(z, fmaf16(z, s1(-0x1.9ac9b0p-13f), s1(0x1.110c28p-7f)), s1(-0x1.555552p-3f));
+    F16 pc = fmaf16(z, fmaf16(z, s1(0x1.9bd89cp-16f), s1(-0x1.6c12d2p-10f)), s1(0x1.555554p-5f));
+    F16 sn, cs;
+    if (HA) {
+        // sin(rh + rl) = rh + (rh^3 gs + rl); cos = w + (((1 - w) - z/2) + z^2 gc - rh rl), w = 1 - z/2
+        sn = _mm512_add_ps(rh, fmaf16(_mm512_mul_ps(rh, z), ps, rl));
+        F16 hz = _mm512_mul_ps(s1(0.5f), z);
+        F16 w = _mm512_sub_ps(s1(1.0f), hz);
+        F16 tail = _mm512_add_ps(_mm512_sub_ps(_mm512_sub_ps(s1(1.0f), w), hz), _mm512_fmsub_ps(_mm512_mul_ps(z, z), pc, _mm512_mul_ps(rh, rl)));
+        cs = _mm512_add_ps(w, tail);
+    } else {
+        sn = fmaf16(_mm512_mul_ps(rh, z), ps, rh);
+        cs = fmaf16(z, fmaf16(z, pc, s1(-0.5f)), s1(1.0f));
+    }
+    __m512i k = _mm512_castps_si512(q);
+    __mmask16 odd = _mm512_test_epi32_mask(k, _mm512_set1_epi32(1));
     if (wantSin) {
         F16 v = _mm512_mask_blend_ps(odd, sn, cs);
-        __m512i sg = _mm512_slli_epi32(_mm512_and_epi32(q, _mm512_set1_epi32(2)), 30);
-        sg = _mm512_xor_epi32(sg, _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))));
+        __m512i sg = _mm512_xor_epi32(_mm512_slli_epi32(_mm512_and_epi32(k, _mm512_set1_epi32(2)), 30), signBits(x));
         so = _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(v), sg));
     }
     if (wantCos) {
         F16 v = _mm512_mask_blend_ps(odd, cs, sn);
-        __m512i sg = _mm512_slli_epi32(_mm512_and_epi32(_mm512_add_epi32(q, _mm512_set1_epi32(1)), _mm512_set1_epi32(2)), 30);
+        __m512i sg = _mm512_slli_epi32(_mm512_and_epi32(_mm512_add_epi32(k, _mm512_set1_epi32(1)), _mm512_set1_epi32(2)), 30);
         co = _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(v), sg));
     }
 }
 
 // LA sine and cosine: reduction by pi, so that one odd polynomial on
 // [-pi/2, pi/2] serves; the cosine is the sine shifted by a half period,
-// as in the EP kernels. The sine keeps the sign of x through the reduction:
-// x/pi + 1.5*2^23, rounded to nearest by the instruction itself, leaves k in
-// the low bits, so (-1)^k is the low bit moved to the sign.
+// as in the EP kernels. For the sine:
+// |x|/pi + 1.5*2^23, rounded to nearest by the instruction itself, leaves k
+// in the low bits, so (-1)^k is the low bit moved to the sign.
 constexpr float kShifter = 0x1.8p23f;
 
 // sin(r) = r + r^3 g(r^2), g of degree 3 fitted at the Chebyshev nodes of
@@ -413,13 +425,14 @@ VRX_INLINE F16 sinByPiPoly(F16 r) {
 template <bool Cos>
 VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
     if (!Cos) {
-        rare = _mm512_cmp_ps_mask(_mm512_abs_ps(x), s1(kLimit), _CMP_NLE_UQ);
-        F16 q = _mm512_fmadd_round_ps(x, s1(0x1.45f306p-2f), s1(kShifter), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        F16 ax = _mm512_abs_ps(x);
+        rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
+        F16 q = _mm512_fmadd_round_ps(ax, s1(0x1.45f306p-2f), s1(kShifter), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
         F16 n = _mm512_sub_ps(q, s1(kShifter));  // exact
-        F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), x);  // exact
+        F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), ax);  // exact
         r = _mm512_fnmadd_ps(n, s1(2 * kP2), r);
         r = _mm512_fnmadd_ps(n, s1(2 * kP3), r);
-        __m512i sg = _mm512_slli_epi32(_mm512_castps_si512(q), 31);
+        __m512i sg = _mm512_xor_epi32(_mm512_slli_epi32(_mm512_castps_si512(q), 31), signBits(x));
         return _mm512_castsi512_ps(_mm512_xor_epi32(_mm512_castps_si512(sinByPiPoly(r)), sg));
     }
     F16 ax = _mm512_abs_ps(x);

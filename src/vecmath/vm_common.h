@@ -40,7 +40,11 @@ public:
         if (changed_) _mm_setcsr(old_ | 0x1F80u);
     }
     ~KernelFrame() {
-        __asm__ __volatile__("fnclex" ::: "memory");
+        // fnclex costs several times a status read: it runs only when an
+        // x87 exception flag is up
+        unsigned short sw;
+        __asm__ __volatile__("fnstsw %0" : "=a"(sw)::"memory");
+        if (VRX_UNLIKELY(sw & 0x80FFu)) __asm__ __volatile__("fnclex" ::: "memory");
         if (changed_) {
             _mm_setcsr(old_);
         } else {
