@@ -37,8 +37,8 @@ struct ExpF {
 
 // -------------------------------------------------------------------- ln
 // x = 2^e (1 + f), 1 + f in [sqrt(1/2), sqrt(2)); log(1 + f) =
-// f - f^2/2 + f^3 g(f), g a polynomial of degree 8 fitted at the
-// Chebyshev nodes of the interval (relative error 2^-28).
+// f - f^2/2 + f^3 g(f), g a polynomial of degree 6 fitted at the
+// Chebyshev nodes of the interval (relative error 2^-22).
 struct LnF {
     static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
         rare = _mm512_cmp_ps_mask(x, s1(0.0f), _CMP_NGT_UQ) | _mm512_cmp_ps_mask(x, s1(__builtin_inff()), _CMP_EQ_OQ);
@@ -50,15 +50,13 @@ struct LnF {
         F16 f = _mm512_sub_ps(m, s1(1.0f));
         F16 f2 = _mm512_mul_ps(f, f);
         F16 f4 = _mm512_mul_ps(f2, f2);
-        // Estrin's scheme over the nine coefficients
-        F16 c01 = fmaF(f, s1(-0x1.fffffcp-3f), s1(0x1.555554p-2f));
-        F16 c23 = fmaF(f, s1(-0x1.555b4ap-3f), s1(0x1.999d5ap-3f));
-        F16 c45 = fmaF(f, s1(-0x1.fcf4c6p-4f), s1(0x1.23d21ap-3f));
-        F16 c67 = fmaF(f, s1(-0x1.d635bcp-4f), s1(0x1.dea282p-4f));
+        // Estrin's scheme over the seven coefficients
+        F16 c01 = fmaF(f, s1(-0x1.0001d8p-2f), s1(0x1.55558cp-2f));
+        F16 c23 = fmaF(f, s1(-0x1.540610p-3f), s1(0x1.9946e2p-3f));
+        F16 c45 = fmaF(f, s1(-0x1.1f5a48p-3f), s1(0x1.2d22c8p-3f));
         F16 c03 = fmaF(f2, c23, c01);
-        F16 c47 = fmaF(f2, c67, c45);
-        F16 c48 = fmaF(f4, s1(0x1.1d8ea6p-4f), c47);
-        F16 g = fmaF(f4, c48, c03);
+        F16 c46 = fmaF(f2, s1(0x1.72a362p-4f), c45);
+        F16 g = fmaF(f4, c46, c03);
         F16 t = fmaF(_mm512_mul_ps(f2, f), g, _mm512_fnmadd_ps(s1(0.5f), f2, f));
         return fmaF(e, s1(6.9313812256e-01f), fmaF(e, s1(9.0580006145e-06f), t));
     }
