@@ -41,7 +41,7 @@ struct HypK {
     // e^|x| / 2 and e^-|x| / 2 as double-doubles, combined
     static VRX_INLINE D8 big(D8 x) {
         D8 ax = clampExp(dabs(x)), n, eh, el;
-        expCore(ax, n, eh, el);
+        expTabCore(ax, n, eh, el);
         D8 ih = div(set1(1.0), eh);
         D8 il = mul(ih, fnma(el, ih, fnma(eh, ih, set1(1.0))));
         D8 nm = sub(n, set1(1.0)), nn = sub(set1(-1.0), n);

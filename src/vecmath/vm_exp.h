@@ -1,5 +1,5 @@
 // Exponential core shared by the exponential, hyperbolic and power kernels:
-// x = n*ln2 + r, |r| <= ln2/2, exp(r) = 1 + s as a double-double.
+// the table of 2^(j/16) and the split of ln2, and exp as a double-double.
 #pragma once
 
 #include "vm_common.h"
@@ -22,37 +22,25 @@ constexpr double kLog2e = 0x1.71547652b82fep+0;
 constexpr double kLn2Hi = 0x1.62e42fee00000p-1;  // 32 bits: n*kLn2Hi is exact
 constexpr double kLn2Lo = 0x1.a39ef35793c76p-33;
 
-// exp(x) = 2^n * (eh + el); valid for |x| < 2^20 * ln2.
-VRX_INLINE void expCore(D8 x, D8& n, D8& eh, D8& el) {
-    n = rint(mul(x, set1(kLog2e)));
-    D8 r1 = fnma(n, set1(kLn2Hi), x);  // exact
-    D8 p = mul(n, set1(kLn2Lo));
-    D8 pl = fms(n, set1(kLn2Lo), p);
-    D8 rh, rl;
-    twoSum(r1, sub(_mm512_setzero_pd(), p), rh, rl);
-    rl = sub(rl, pl);
-    // exp(r) - 1 - r = r^2 * (1/2 + r/6 + ...), Taylor to degree 13
-    D8 q = fma(rh, set1(1.0 / 6227020800.0), set1(1.0 / 479001600.0));
-    q = fma(rh, q, set1(1.0 / 39916800.0));
-    q = fma(rh, q, set1(1.0 / 3628800.0));
-    q = fma(rh, q, set1(1.0 / 362880.0));
-    q = fma(rh, q, set1(1.0 / 40320.0));
-    q = fma(rh, q, set1(1.0 / 5040.0));
-    q = fma(rh, q, set1(1.0 / 720.0));
-    q = fma(rh, q, set1(1.0 / 120.0));
-    q = fma(rh, q, set1(1.0 / 24.0));
-    q = fma(rh, q, set1(1.0 / 6.0));
-    q = fma(rh, q, set1(0.5));
-    D8 z = mul(rh, rh);
-    D8 zl = fms(rh, rh, z);
-    // t = r^2 q + rl (1 + r), the terms below rh
-    D8 t = fma(z, q, fma(zl, q, fma(rl, rh, rl)));
-    D8 sh, sl;
-    twoSum(rh, t, sh, sl);
-    D8 h, l;
-    fastTwoSum(set1(1.0), sh, h, l);
-    eh = h;
-    el = add(l, sl);
+// exp(x) = 2^n * (eh + el) for |x| < 2^10 by the table of 2^(j/16):
+// x = (16n + j) ln2/16 + r, |r| <= ln2/32, exp(r) - 1 = p by Taylor to
+// degree 8; 2^(j/16) (1 + p) as a double-double within 2^-58 or so.
+VRX_INLINE void expTabCore(D8 x, D8& n, D8& eh, D8& el) {
+    D8 k = rint(mul(x, set1(16.0 * kLog2e)));
+    D8 r = fnma(k, set1(kLn2Hi / 16), x);  // exact
+    r = fnma(k, set1(kLn2Lo / 16), r);
+    I16 j = asInt(add(k, set1(6755399441055744.0)));
+    n = _mm512_roundscale_pd(mul(k, set1(0.0625)), _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC);
+    D8 th = _mm512_permutex2var_pd(_mm512_load_pd(kExp2TabHi), j, _mm512_load_pd(kExp2TabHi + 8));
+    D8 tl = _mm512_permutex2var_pd(_mm512_load_pd(kExp2TabLo), j, _mm512_load_pd(kExp2TabLo + 8));
+    D8 q = fma(r, set1(1.0 / 40320.0), set1(1.0 / 5040.0));
+    q = fma(r, q, set1(1.0 / 720.0));
+    q = fma(r, q, set1(1.0 / 120.0));
+    q = fma(r, q, set1(1.0 / 24.0));
+    q = fma(r, q, set1(1.0 / 6.0));
+    q = fma(r, q, set1(0.5));
+    D8 p = fma(mul(r, r), q, r);
+    twoSum(th, fma(th, p, tl), eh, el);
 }
 
 // 2^n * (h + l), with overflow to infinity and one rounding into the
