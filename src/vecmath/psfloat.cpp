@@ -41,12 +41,13 @@ struct ExpF {
 // Chebyshev nodes of the interval (relative error 2^-22).
 struct LnF {
     static VRX_INLINE F16 vec(F16 x, __mmask16& rare) {
-        rare = _mm512_cmp_ps_mask(x, s1(0.0f), _CMP_NGT_UQ) | _mm512_cmp_ps_mask(x, s1(__builtin_inff()), _CMP_EQ_OQ);
-        F16 m = _mm512_getmant_ps(x, _MM_MANT_NORM_1_2, _MM_MANT_SIGN_zero);
-        F16 e = _mm512_getexp_ps(x);
-        __mmask16 big = _mm512_cmp_ps_mask(m, s1(1.41421356f), _CMP_GT_OQ);
-        m = _mm512_mask_mul_ps(m, big, m, s1(0.5f));
-        e = _mm512_mask_add_ps(e, big, e, s1(1.0f));
+        // normal positive finite x only: bits - 2^23 below 0x7F000000
+        __m512i bits = _mm512_castps_si512(x);
+        rare = _mm512_cmpge_epu32_mask(_mm512_sub_epi32(bits, _mm512_set1_epi32(0x00800000)), _mm512_set1_epi32(0x7F000000));
+        // e = exponent of x / sqrt(1/2) rounded down; m = x / 2^e in [sqrt(1/2), sqrt(2))
+        __m512i ei = _mm512_srai_epi32(_mm512_sub_epi32(bits, _mm512_set1_epi32(0x3F3504F3)), 23);
+        F16 m = _mm512_castsi512_ps(_mm512_sub_epi32(bits, _mm512_slli_epi32(ei, 23)));
+        F16 e = _mm512_cvtepi32_ps(ei);
         F16 f = _mm512_sub_ps(m, s1(1.0f));
         F16 f2 = _mm512_mul_ps(f, f);
         F16 f4 = _mm512_mul_ps(f2, f2);
@@ -60,7 +61,11 @@ struct LnF {
         F16 t = fmaF(_mm512_mul_ps(f2, f), g, _mm512_fnmadd_ps(s1(0.5f), f2, f));
         return fmaF(e, s1(6.9313812256e-01f), fmaF(e, s1(9.0580006145e-06f), t));
     }
-    static float rare(float x) { return toFloat(logSpecial(x)); }
+    // zeros, subnormals, negatives, infinities and NaN
+    static float rare(float x) {
+        if (x > 0.0f && x < __builtin_inff()) return toFloat(log(static_cast<double>(x)));
+        return toFloat(logSpecial(x));
+    }
 };
 
 // ----------------------------------------------------------------- atan2
