@@ -345,6 +345,10 @@ constexpr float kLimit = 65536.0f;
 
 VRX_INLINE F16 s1(float v) { return _mm512_set1_ps(v); }
 VRX_INLINE F16 fmaf16(F16 a, F16 b, F16 c) { return _mm512_fmadd_ps(a, b, c); }
+// |x| above the limit, infinity or NaN, compared as integers
+VRX_INLINE __mmask16 beyondLimit(F16 ax) {
+    return _mm512_cmpgt_epi32_mask(_mm512_castps_si512(ax), _mm512_set1_epi32(0x47800000));  // 2^16
+}
 VRX_INLINE __m512i signBits(F16 x) { return _mm512_and_epi32(_mm512_castps_si512(x), _mm512_set1_epi32(static_cast<int>(0x80000000u))); }
 
 // The quadrant comes from |x| * 2/pi + 1.5*2^23 rounded to nearest by the
@@ -356,7 +360,7 @@ VRX_INLINE __m512i signBits(F16 x) { return _mm512_and_epi32(_mm512_castps_si512
 template <bool HA>
 VRX_INLINE void core(F16 x, F16& so, F16& co, __mmask16& rare, bool wantSin, bool wantCos) {
     F16 ax = _mm512_abs_ps(x);
-    rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
+    rare = beyondLimit(ax);
     F16 q = _mm512_fmadd_round_ps(ax, s1(kTwoOverPiF), s1(0x1.8p23f), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
     F16 n = _mm512_sub_ps(q, s1(0x1.8p23f));  // exact
     F16 rh, rl;
@@ -426,7 +430,7 @@ template <bool Cos>
 VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
     if (!Cos) {
         F16 ax = _mm512_abs_ps(x);
-        rare = _mm512_cmp_ps_mask(ax, s1(kLimit), _CMP_NLE_UQ);
+        rare = beyondLimit(ax);
         F16 q = _mm512_fmadd_round_ps(ax, s1(0x1.45f306p-2f), s1(kShifter), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
         F16 n = _mm512_sub_ps(q, s1(kShifter));  // exact
         F16 r = _mm512_fnmadd_ps(n, s1(2 * kP1), ax);  // exact

@@ -286,24 +286,36 @@ VRX_INLINE VrxStatus runF1(const float* src, float* dst, int len) {
     if (len < 1) return vrxErrBadLength;
     if (!src || !dst) return vrxErrNullPtr;
     KernelFrame frame;
-    auto block = [&](int at, __mmask16 m) {
-        F16 x = _mm512_maskz_loadu_ps(m, src + at);
-        __mmask16 rare;
-        F16 y = K::vec(x, rare);
-        rare &= m;
-        _mm512_mask_storeu_ps(dst + at, m, y);
-        if (VRX_UNLIKELY(rare)) {
-            alignas(64) float t[16];
-            _mm512_store_ps(t, x);
-            for (unsigned b = rare; b; b &= b - 1) {
-                int j = __builtin_ctz(b);
-                dst[at + j] = K::rare(t[j]);
-            }
+    auto fixRare = [&](F16 x, __mmask16 rare, int at) {
+        alignas(64) float t[16];
+        _mm512_store_ps(t, x);
+        for (unsigned b = rare; b; b &= b - 1) {
+            int j = __builtin_ctz(b);
+            dst[at + j] = K::rare(t[j]);
         }
     };
     int i = 0;
-    for (; i + 16 <= len; i += 16) block(i, 0xFFFF);
-    if (i < len) block(i, tailMask16(len - i));
+    // two independent vectors a step
+    for (; i + 32 <= len; i += 32) {
+        F16 x0 = _mm512_loadu_ps(src + i), x1 = _mm512_loadu_ps(src + i + 16);
+        __mmask16 r0, r1;
+        F16 y0 = K::vec(x0, r0), y1 = K::vec(x1, r1);
+        _mm512_storeu_ps(dst + i, y0);
+        _mm512_storeu_ps(dst + i + 16, y1);
+        if (VRX_UNLIKELY(r0 | r1)) {
+            fixRare(x0, r0, i);
+            fixRare(x1, r1, i + 16);
+        }
+    }
+    for (; i < len; i += 16) {
+        __mmask16 m = len - i >= 16 ? 0xFFFF : tailMask16(len - i);
+        F16 x = _mm512_maskz_loadu_ps(m, src + i);
+        __mmask16 rare;
+        F16 y = K::vec(x, rare);
+        rare &= m;
+        _mm512_mask_storeu_ps(dst + i, m, y);
+        if (VRX_UNLIKELY(rare)) fixRare(x, rare, i);
+    }
     return vrxOk;
 }
 
