@@ -301,6 +301,37 @@ TEST(VecmathControl, MaskedWordKeepsFtzDazAndLeavesNoLowFlags) {
     EXPECT_EQ(word, _mm_getcsr() & ~0x20u);
 }
 
+// The kernels leave no x87 exception flag behind, whether the caller had
+// one up or not.
+unsigned short x87Status() {
+    unsigned short sw;
+    __asm__ __volatile__("fnstsw %0" : "=a"(sw)::"memory");
+    return sw;
+}
+void raiseX87DivideByZero() {
+    double one = 1.0, zero = 0.0, r;
+    __asm__ __volatile__("fldl %2\n\tfldl %1\n\tfdivp\n\tfstpl %0" : "=m"(r) : "m"(one), "m"(zero) : "st", "memory");
+}
+
+TEST(VecmathControl, X87FlagsClearedAfterKernels) {
+    vt::MxcsrScope scope;
+    float xf[20], yf[20];
+    double x[20], y[20];
+    for (int i = 0; i < 20; ++i) xf[i] = (float)(x[i] = 0.5 + i);
+    const std::function<void()> calls[] = {
+        [&] { vrxsLn_32f(xf, yf, 20); }, [&] { vrxsArctan_32f(xf, yf, 20); }, [&] { vrxsExp_64f(x, y, 20); },
+        [&] { vrxsPolarToCart_32f(xf, xf, yf, yf, 20); },
+    };
+    for (const auto& call : calls) {
+        raiseX87DivideByZero();
+        ASSERT_NE(0, x87Status() & 0x04);
+        call();
+        EXPECT_EQ(0, x87Status() & 0x80FF);
+        call();
+        EXPECT_EQ(0, x87Status() & 0x80FF);
+    }
+}
+
 // ------------------------------------------------- in place and tails
 template <class T>
 void fill(Rng& r, T* p, int n, double lo, double hi) {
