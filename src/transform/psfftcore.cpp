@@ -380,8 +380,8 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
                 transpose8x8(r1, t1);
                 for (int l = 0; l < 8; ++l) {
                     float* d = reinterpret_cast<float*>(W + 16 * (i + rv[l] * G));
-                    _mm512_storeu_ps(d, t0[l]);
-                    _mm512_storeu_ps(d + 16, t1[l]);
+                    _mm512_storeu_ps(d, toGroup(t0[l]));
+                    _mm512_storeu_ps(d + 16, toGroup(t1[l]));
                 }
             } else {
                 __m512d t[4][4];
@@ -391,7 +391,7 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
                 }
                 for (int l = 0; l < 4; ++l) {
                     double* d = reinterpret_cast<double*>(W + 16 * (i + rv[l] * G));
-                    for (int h = 0; h < 4; ++h) _mm512_storeu_pd(d + 8 * h, t[h][l]);
+                    for (int h = 0; h < 4; ++h) _mm512_storeu_pd(d + 8 * h, toGroup(t[h][l]));
                 }
             }
         }
@@ -407,15 +407,15 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
                 __m512 r[8], t[8];
                 for (int q = 0; q < 8; ++q) r[q] = o[q].v;
                 transpose8x8(r, t);
-                for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), t[l]);
+                for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), toGroup(t[l]));
             } else {
                 __m512d r0[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, r1[4] = {o[4].v, o[5].v, o[6].v, o[7].v}, t0[4], t1[4];
                 transpose4x4(r0, t0);
                 transpose4x4(r1, t1);
                 for (int l = 0; l < 4; ++l) {
                     double* d = reinterpret_cast<double*>(W + 8 * (i + rv[l] * G));
-                    _mm512_storeu_pd(d, t0[l]);
-                    _mm512_storeu_pd(d + 8, t1[l]);
+                    _mm512_storeu_pd(d, toGroup(t0[l]));
+                    _mm512_storeu_pd(d + 8, toGroup(t1[l]));
                 }
             }
         }
@@ -463,50 +463,65 @@ void firstPassSeqVec(int m, Cx<T>* W, int64_t i0, int64_t i1) {
                 __m512 r[8], t[8];
                 for (int q = 0; q < 8; ++q) r[q] = a[8 * h + q].v;
                 transpose8x8(r, t);
-                for (int b = 0; b < 8; ++b) CV{t[b]}.store(p + R * b + 8 * h);
+                for (int b = 0; b < 8; ++b) CV{toGroup(t[b])}.store(p + R * b + 8 * h);
             }
         } else {
             for (int h = 0; h < R / 4; ++h) {
                 __m512d r[4], t[4];
                 for (int q = 0; q < 4; ++q) r[q] = a[4 * h + q].v;
                 transpose4x4(r, t);
-                for (int b = 0; b < 4; ++b) CV{t[b]}.store(p + R * b + 4 * h);
+                for (int b = 0; b < 4; ++b) CV{toGroup(t[b])}.store(p + R * b + 4 * h);
             }
         }
     }
 }
 
-// One radix-4 pass: blocks of 4S, each from four sub-blocks of S.
-template <class T, bool Inv, int V>
+// One radix-4 pass: blocks of 4S, each from four sub-blocks of S, over
+// the group form; the last pass writes interleaved values. Twiddles come in
+// the same group form, for j = 1, 2, 3 per group of V.
+template <class T, bool Inv, bool Last>
 void pass4(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
-    using CV = CVec<T, V>;
+    using G = GVec<T>;
+    constexpr int V = G::V;
+    const T* tf = reinterpret_cast<const T*>(tw);
+    const int64_t S2 = 2 * S;
+    auto mul = [](G a, const T* w) -> G {
+        G x = G::load(w);
+        if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
+        else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
+    };
     for (int64_t b = 0; b < nBlocks; ++b) {
-        const Cx<T>* p = in + b * 4 * S;
-        Cx<T>* q = out + b * 4 * S;
-        const Cx<T>* t = tw;
-        for (int64_t k = 0; k < S; k += V, t += 3 * V) {
-            CV b0 = CV::load(p + k), b1 = CV::load(p + k + S), b2 = CV::load(p + k + 2 * S), b3 = CV::load(p + k + 3 * S);
-            CV w1 = CV::load(t), w2 = CV::load(t + V), w3 = CV::load(t + 2 * V);
-            CV c1 = CV::template mul<Inv>(b1, w2);
-            CV c2 = CV::template mul<Inv>(b2, w1);
-            CV c3 = CV::template mul<Inv>(b3, w3);
-            CV u0 = b0 + c1, u1 = b0 - c1, v0 = c2 + c3, v1 = CV::template rot<Inv>(c2 - c3);
-            (u0 + v0).store(q + k);
-            (u1 + v1).store(q + k + S);
-            (u0 - v0).store(q + k + 2 * S);
-            (u1 - v1).store(q + k + 3 * S);
+        const T* p = reinterpret_cast<const T*>(in + b * 4 * S);
+        T* q = reinterpret_cast<T*>(out + b * 4 * S);
+        const T* t = tf;
+        for (int64_t k = 0; k < S2; k += 2 * V, t += 6 * V) {
+            G b0 = G::load(p + k), b1 = G::load(p + k + S2), b2 = G::load(p + k + 2 * S2), b3 = G::load(p + k + 3 * S2);
+            G c1 = mul(b1, t + 2 * V), c2 = mul(b2, t), c3 = mul(b3, t + 4 * V);
+            G u0{G::add(b0.re, c1.re), G::add(b0.im, c1.im)}, u1{G::sub(b0.re, c1.re), G::sub(b0.im, c1.im)};
+            G v0{G::add(c2.re, c3.re), G::add(c2.im, c3.im)}, d{G::sub(c2.re, c3.re), G::sub(c2.im, c3.im)};
+            G o0{G::add(u0.re, v0.re), G::add(u0.im, v0.im)}, o2{G::sub(u0.re, v0.re), G::sub(u0.im, v0.im)};
+            G o1, o3;
+            // u1 -/+ i*d (forward), u1 +/- i*d (inverse)
+            if constexpr (!Inv) {
+                o1 = {G::add(u1.re, d.im), G::sub(u1.im, d.re)};
+                o3 = {G::sub(u1.re, d.im), G::add(u1.im, d.re)};
+            } else {
+                o1 = {G::sub(u1.re, d.im), G::add(u1.im, d.re)};
+                o3 = {G::add(u1.re, d.im), G::sub(u1.im, d.re)};
+            }
+            if constexpr (Last) {
+                o0.storeCx(q + k); o1.storeCx(q + k + S2); o2.storeCx(q + k + 2 * S2); o3.storeCx(q + k + 3 * S2);
+            } else {
+                o0.store(q + k); o1.store(q + k + S2); o2.store(q + k + 2 * S2); o3.store(q + k + 3 * S2);
+            }
         }
     }
 }
 
 template <class T, bool Inv>
-VRX_INLINE void runPass(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
-    if constexpr (sizeof(T) == 4) {
-        if (S >= 8) pass4<T, Inv, 8>(in, out, S, nBlocks, tw);
-        else pass4<T, Inv, 4>(in, out, S, nBlocks, tw);
-    } else {
-        pass4<T, Inv, 4>(in, out, S, nBlocks, tw);
-    }
+VRX_INLINE void runPass(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw, bool last) {
+    if (last) pass4<T, Inv, true>(in, out, S, nBlocks, tw);
+    else pass4<T, Inv, false>(in, out, S, nBlocks, tw);
 }
 
 // The radix engine for order m >= 4: the first pass into W, then the passes,
@@ -527,17 +542,20 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, con
     if constexpr (kVecFirst) firstPassVec<T, Inv>(m, brev, src, W);
     for (int64_t base = 0; base < N; base += C) {
         if constexpr (F == First::Sequential) firstPassSeqVec<T, Inv>(m, W, base / R0, (base + C) / R0);
-        else if constexpr (!kVecFirst) firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+        else if constexpr (!kVecFirst) {
+            firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+            toGroups<T>(W + base, C);
+        }
         off = 0;
         for (int s = s0; s < sOuter; s += 2) {
             int64_t S = int64_t(1) << s;
-            runPass<T, Inv>(W + base, (s == sLast ? out : W) + base, S, C / (4 * S), tw + off);
+            runPass<T, Inv>(W + base, (s == sLast ? out : W) + base, S, C / (4 * S), tw + off, s == sLast);
             off += 3 * S;
         }
     }
     for (int s = sOuter; s <= sLast; s += 2) {
         int64_t S = int64_t(1) << s;
-        runPass<T, Inv>(W, s == sLast ? out : W, S, N / (4 * S), tw + off);
+        runPass<T, Inv>(W, s == sLast ? out : W, S, N / (4 * S), tw + off, s == sLast);
         off += 3 * S;
     }
 }
@@ -728,10 +746,19 @@ uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
 template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
     for (int s = (m & 1) ? 3 : 4; s <= m - 2; s += 2) {
         const int64_t S = int64_t(1) << s;
-        const int G = passWidth<T>(S);
+        // groups of G real parts then G imaginary parts
+        constexpr int G = GVec<T>::V;
+        T* f = reinterpret_cast<T*>(d);
         for (int64_t k0 = 0; k0 < S; k0 += G)
-            for (int j = 1; j <= 3; ++j)
-                for (int kk = 0; kk < G; ++kk) *d++ = twAt<T>(st, j * (k0 + kk), s + 2);
+            for (int j = 1; j <= 3; ++j) {
+                for (int kk = 0; kk < G; ++kk) {
+                    Cx<T> w = twAt<T>(st, j * (k0 + kk), s + 2);
+                    f[kk] = w.re;
+                    f[G + kk] = w.im;
+                }
+                f += 2 * G;
+            }
+        d = reinterpret_cast<Cx<T>*>(f);
     }
 }
 
