@@ -108,15 +108,20 @@ template <class T> constexpr Cx<T> fixW(int j, int N) {
     return {c, -s};
 }
 
-// Lane factors of the in-register kernels: entry k1*V + c is W_N^(c*k1).
-template <class T, int R, int V> struct LaneTw {
-    Cx<T> w[R * V];
-    constexpr LaneTw() : w{} {
+// Lane factors of the in-register kernels: entry k1*V + c is W_N^(c*k1),
+// as the real part twice and the imaginary part twice.
+template <class T, int R, int V> struct LaneTwSplit {
+    Cx<T> wr[R * V], wi[R * V];
+    constexpr LaneTwSplit() : wr{}, wi{} {
         for (int k = 0; k < R; ++k)
-            for (int c = 0; c < V; ++c) w[k * V + c] = fixW<T>(k * c, R * V);
+            for (int c = 0; c < V; ++c) {
+                Cx<T> w = fixW<T>(k * c, R * V);
+                wr[k * V + c] = {w.re, w.re};
+                wi[k * V + c] = {w.im, w.im};
+            }
     }
 };
-template <class T, int R, int V> inline constexpr LaneTw<T, R, V> kLaneTw{};
+template <class T, int R, int V> inline constexpr LaneTwSplit<T, R, V> kLaneTwSplit{};
 
 VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     __m256d a0 = _mm256_castps_pd(r[0]), a1 = _mm256_castps_pd(r[1]), a2 = _mm256_castps_pd(r[2]), a3 = _mm256_castps_pd(r[3]);
@@ -127,8 +132,8 @@ VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     o[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
     o[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
 }
-void transpose8x8(const __m512* r, __m512* o);
-void transpose4x4(const __m512d* r, __m512d* o);
+template <bool Group = false> VRX_INLINE void transpose8x8(const __m512* r, __m512* o);
+template <bool Group = false> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o);
 
 template <class CV> VRX_INLINE void transposeV(CV* a);
 template <> VRX_INLINE void transposeV<CVec<float, 4>>(CVec<float, 4>* a) {
@@ -166,7 +171,7 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
         for (int n2 = 0; n2 < 4; ++n2) {
             vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
             for (int k1 = 1; k1 < 4; ++k1)
-                if (n2 != 0) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], CV::bcast(fixW<T>(n2 * k1, 16)));
+                if (n2 != 0) y[n2][k1] = CV::template mulc<Inv>(y[n2][k1], fixW<T>(n2 * k1, 16));
         }
         for (int k1 = 0; k1 < 4; ++k1) {
             CV o[4];
@@ -184,7 +189,8 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
     CV a[R];
     for (int r = 0; r < R; ++r) a[r] = CV::load(src + r * V);
     vdft<T, CV, R, Inv>(a);
-    for (int k = 1; k < R; ++k) a[k] = CV::template mul<Inv>(a[k], CV::load(&kLaneTw<T, R, V>.w[k * V]));
+    for (int k = 1; k < R; ++k)
+        a[k] = CV::template mulSplit<Inv>(a[k], CV::load(&kLaneTwSplit<T, R, V>.wr[k * V]), CV::load(&kLaneTwSplit<T, R, V>.wi[k * V]));
     for (int b = 0; b < R / V; ++b) {
         transposeV<CV>(a + b * V);
         vdft<T, CV, V, Inv>(a + b * V);
@@ -325,8 +331,34 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
 VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
 VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
 
-// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j.
-void transpose8x8(const __m512* r, __m512* o) {
+// Index of a two-source permute that does the last 128-bit shuffle of a
+// transpose (sel 0: lanes 0,2 of each source; sel 1: lanes 1,3) and the
+// group form of the result at once. E: elements per 128 bits.
+constexpr int groupIdx(int E, int sel, int i) {
+    const int n = 4 * E;                                // elements per register
+    const int f = i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1;
+    const int L = f / E, w = f % E;
+    return (L >= 2 ? n : 0) + ((L % 2) * 2 + sel) * E + w;
+}
+template <int E, int sel> struct GroupIdx {
+    static constexpr int n = 4 * E;
+    static constexpr auto make() {
+        struct A { int32_t v[16]; } a{};
+        for (int i = 0; i < 16; ++i) a.v[i] = 0;
+        if constexpr (E == 4) { for (int i = 0; i < n; ++i) a.v[i] = groupIdx(E, sel, i); }
+        else { for (int i = 0; i < n; ++i) { a.v[2 * i] = groupIdx(E, sel, i); a.v[2 * i + 1] = 0; } }
+        return a;
+    }
+    static constexpr auto tab = make();
+};
+VRX_INLINE __m512i groupIdxVec(int E, int sel) {
+    if (E == 4) return _mm512_loadu_si512(sel ? GroupIdx<4, 1>::tab.v : GroupIdx<4, 0>::tab.v);
+    return _mm512_loadu_si512(sel ? GroupIdx<2, 1>::tab.v : GroupIdx<2, 0>::tab.v);
+}
+
+// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j;
+// with Group, each o[l] comes out in the group form.
+template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
     __m512d t[8];
     for (int k = 0; k < 4; ++k) {
         t[2 * k] = _mm512_unpacklo_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
@@ -338,21 +370,37 @@ void transpose8x8(const __m512* r, __m512* o) {
         __m512d q01 = _mm512_shuffle_f64x2(t[odd], t[2 + odd], 0xDD);
         __m512d p45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0x88);
         __m512d q45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0xDD);
-        o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
-        o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
-        o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
-        o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
+        if constexpr (Group) {
+            const __m512i i0 = groupIdxVec(4, 0), i1 = groupIdxVec(4, 1);
+            o[0 + odd] = _mm512_permutex2var_ps(asPs(p01), i0, asPs(p45));
+            o[4 + odd] = _mm512_permutex2var_ps(asPs(p01), i1, asPs(p45));
+            o[2 + odd] = _mm512_permutex2var_ps(asPs(q01), i0, asPs(q45));
+            o[6 + odd] = _mm512_permutex2var_ps(asPs(q01), i1, asPs(q45));
+        } else {
+            o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
+            o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
+            o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
+            o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
+        }
     }
 }
 
 // Transpose of 4 x 4 complex doubles (128-bit elements).
-void transpose4x4(const __m512d* r, __m512d* o) {
+template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
     __m512d t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44), t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
     __m512d t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44), t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
-    o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
-    o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
-    o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
-    o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+    if constexpr (Group) {
+        const __m512i i0 = groupIdxVec(2, 0), i1 = groupIdxVec(2, 1);
+        o[0] = _mm512_permutex2var_pd(t0, i0, t2);
+        o[1] = _mm512_permutex2var_pd(t0, i1, t2);
+        o[2] = _mm512_permutex2var_pd(t1, i0, t3);
+        o[3] = _mm512_permutex2var_pd(t1, i1, t3);
+    } else {
+        o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+        o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+        o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+        o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+    }
 }
 
 // The first pass with bit-reversed reads, vectorised: the blocks i + t*G
@@ -376,22 +424,22 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
             if constexpr (sizeof(T) == 4) {
                 __m512 r0[8], r1[8], t0[8], t1[8];
                 for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-                transpose8x8(r0, t0);
-                transpose8x8(r1, t1);
+                transpose8x8<true>(r0, t0);
+                transpose8x8<true>(r1, t1);
                 for (int l = 0; l < 8; ++l) {
                     float* d = reinterpret_cast<float*>(W + 16 * (i + rv[l] * G));
-                    _mm512_storeu_ps(d, toGroup(t0[l]));
-                    _mm512_storeu_ps(d + 16, toGroup(t1[l]));
+                    _mm512_storeu_ps(d, t0[l]);
+                    _mm512_storeu_ps(d + 16, t1[l]);
                 }
             } else {
                 __m512d t[4][4];
                 for (int h = 0; h < 4; ++h) {
                     __m512d r[4] = {a[4 * h].v, a[4 * h + 1].v, a[4 * h + 2].v, a[4 * h + 3].v};
-                    transpose4x4(r, t[h]);
+                    transpose4x4<true>(r, t[h]);
                 }
                 for (int l = 0; l < 4; ++l) {
                     double* d = reinterpret_cast<double*>(W + 16 * (i + rv[l] * G));
-                    for (int h = 0; h < 4; ++h) _mm512_storeu_pd(d + 8 * h, toGroup(t[h][l]));
+                    for (int h = 0; h < 4; ++h) _mm512_storeu_pd(d + 8 * h, t[h][l]);
                 }
             }
         }
@@ -406,16 +454,16 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
             if constexpr (sizeof(T) == 4) {
                 __m512 r[8], t[8];
                 for (int q = 0; q < 8; ++q) r[q] = o[q].v;
-                transpose8x8(r, t);
-                for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), toGroup(t[l]));
+                transpose8x8<true>(r, t);
+                for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), t[l]);
             } else {
                 __m512d r0[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, r1[4] = {o[4].v, o[5].v, o[6].v, o[7].v}, t0[4], t1[4];
-                transpose4x4(r0, t0);
-                transpose4x4(r1, t1);
+                transpose4x4<true>(r0, t0);
+                transpose4x4<true>(r1, t1);
                 for (int l = 0; l < 4; ++l) {
                     double* d = reinterpret_cast<double*>(W + 8 * (i + rv[l] * G));
-                    _mm512_storeu_pd(d, toGroup(t0[l]));
-                    _mm512_storeu_pd(d + 8, toGroup(t1[l]));
+                    _mm512_storeu_pd(d, t0[l]);
+                    _mm512_storeu_pd(d + 8, t1[l]);
                 }
             }
         }
@@ -462,15 +510,15 @@ void firstPassSeqVec(int m, Cx<T>* W, int64_t i0, int64_t i1) {
             for (int h = 0; h < R / 8; ++h) {
                 __m512 r[8], t[8];
                 for (int q = 0; q < 8; ++q) r[q] = a[8 * h + q].v;
-                transpose8x8(r, t);
-                for (int b = 0; b < 8; ++b) CV{toGroup(t[b])}.store(p + R * b + 8 * h);
+                transpose8x8<true>(r, t);
+                for (int b = 0; b < 8; ++b) CV{t[b]}.store(p + R * b + 8 * h);
             }
         } else {
             for (int h = 0; h < R / 4; ++h) {
                 __m512d r[4], t[4];
                 for (int q = 0; q < 4; ++q) r[q] = a[4 * h + q].v;
-                transpose4x4(r, t);
-                for (int b = 0; b < 4; ++b) CV{toGroup(t[b])}.store(p + R * b + 4 * h);
+                transpose4x4<true>(r, t);
+                for (int b = 0; b < 4; ++b) CV{t[b]}.store(p + R * b + 4 * h);
             }
         }
     }

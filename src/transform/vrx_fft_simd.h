@@ -65,6 +65,18 @@ template <> struct CVec<float, 8> {
         else return {negEven(s)};
     }
     static VRX_INLINE CVec scale(CVec a, float s) { return {_mm512_mul_ps(a.v, _mm512_set1_ps(s))}; }
+    // product with factors given as duplicated real parts and imaginary parts
+    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
+        __m512 p = _mm512_mul_ps(a.v, wr.v), q = _mm512_mul_ps(_mm512_permute_ps(a.v, 0xB1), wi.v);
+        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
+        else return {_mm512_add_ps(p, negOdd(q))};
+    }
+    // product with a constant factor: the same bits as mul with bcast(w)
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<float> w) {
+        __m512 p = _mm512_mul_ps(a.v, _mm512_set1_ps(w.re)), q = _mm512_mul_ps(_mm512_permute_ps(a.v, 0xB1), _mm512_set1_ps(w.im));
+        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
+        else return {_mm512_add_ps(p, negOdd(q))};
+    }
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm512_broadcast_f32x4(_mm_setr_ps(w.re, w.im, w.re, w.im))}; }
 };
 
@@ -91,6 +103,12 @@ template <> struct CVec<float, 4> {
         else return {_mm256_xor_ps(s, evenSign)};
     }
     static VRX_INLINE CVec scale(CVec a, float s) { return {_mm256_mul_ps(a.v, _mm256_set1_ps(s))}; }
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<float> w) { return mul<Inv>(a, bcast(w)); }
+    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
+        __m256 p = _mm256_mul_ps(a.v, wr.v), q = _mm256_mul_ps(_mm256_permute_ps(a.v, 0xB1), wi.v);
+        if constexpr (!Inv) return {_mm256_addsub_ps(p, q)};
+        else return {_mm256_addsub_ps(p, negAll(q))};
+    }
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm256_setr_ps(w.re, w.im, w.re, w.im, w.re, w.im, w.re, w.im)}; }
 };
 
@@ -121,6 +139,16 @@ template <> struct CVec<double, 4> {
         else return {negEven(s)};
     }
     static VRX_INLINE CVec scale(CVec a, double s) { return {_mm512_mul_pd(a.v, _mm512_set1_pd(s))}; }
+    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
+        __m512d p = _mm512_mul_pd(a.v, wr.v), q = _mm512_mul_pd(_mm512_permute_pd(a.v, 0x55), wi.v);
+        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
+        else return {_mm512_add_pd(p, negOdd(q))};
+    }
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<double> w) {
+        __m512d p = _mm512_mul_pd(a.v, _mm512_set1_pd(w.re)), q = _mm512_mul_pd(_mm512_permute_pd(a.v, 0x55), _mm512_set1_pd(w.im));
+        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
+        else return {_mm512_add_pd(p, negOdd(q))};
+    }
     static VRX_INLINE CVec bcast(Cx<double> w) { return {_mm512_broadcast_f64x4(_mm256_setr_pd(w.re, w.im, w.re, w.im))}; }
 };
 
