@@ -673,6 +673,18 @@ void bitRevTiles(const E* src, E* dst, int m, int k, const int32_t* tileTab, E* 
 // for c < 2^sub; then W_{2^blk}^j for j < 2^(blk-1).
 template <class T> int64_t stepCount(int blk, int sub) { return int64_t(blk) * (int64_t(1) << sub) + (int64_t(1) << (blk - 1)); }
 
+// Widest column group of the large path's outer passes.
+constexpr int64_t kMaxCols = 64;
+
+VRX_INLINE void splitDup(CVec<float, 8> w, CVec<float, 8>& wr, CVec<float, 8>& wi) {
+    wr.v = _mm512_moveldup_ps(w.v);
+    wi.v = _mm512_movehdup_ps(w.v);
+}
+VRX_INLINE void splitDup(CVec<double, 4> w, CVec<double, 4>& wr, CVec<double, 4>& wi) {
+    wr.v = _mm512_movedup_pd(w.v);
+    wi.v = _mm512_permute_pd(w.v, 0xFF);
+}
+
 template <class T, bool Inv>
 void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t base, Cx<T>* work, T scale) {
     const int blk = blockOrder<T>(m);
@@ -699,6 +711,7 @@ void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t 
     constexpr int V = sizeof(T) == 4 ? 8 : 4;
     using CV = CVec<T, V>;
     const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
+    CV twr[kMaxCols / V], twi[kMaxCols / V];
     for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
         for (int64_t r = 0; r < rows; ++r) st.gather(base + r * rowLen + c0, w, work + r * w);
         for (int t = 0; t < blk; ++t) {
@@ -709,13 +722,18 @@ void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t 
                 Cx<T> fv[V];
                 for (int i = 0; i < V; ++i) fv[i] = f;
                 CV F = CV::load(fv);
+                // the factors of this row pair, once for all its groups, as
+                // duplicated real parts and imaginary parts
+                for (int64_t cc = 0; cc < w; cc += V) {
+                    CV tv = CV::template mul<false>(CV::load(stg + cc), F);
+                    splitDup(tv, twr[cc / V], twi[cc / V]);
+                }
                 for (int64_t g = 0; g < rows; g += 2 * half) {
                     Cx<T>* pa = work + (g + rp) * w;
                     Cx<T>* pb = work + (g + rp + half) * w;
                     for (int64_t cc = 0; cc < w; cc += V) {
-                        CV tv = CV::template mul<false>(CV::load(stg + cc), F);
                         CV a = CV::load(pa + cc);
-                        CV bt = CV::template mul<Inv>(CV::load(pb + cc), tv);
+                        CV bt = CV::template mulSplit<Inv>(CV::load(pb + cc), twr[cc / V], twi[cc / V]);
                         (a + bt).store(pa + cc);
                         (a - bt).store(pb + cc);
                     }
