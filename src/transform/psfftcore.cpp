@@ -108,15 +108,20 @@ template <class T> constexpr Cx<T> fixW(int j, int N) {
     return {c, -s};
 }
 
-// Lane factors of the in-register kernels: entry k1*V + c is W_N^(c*k1).
-template <class T, int R, int V> struct LaneTw {
-    Cx<T> w[R * V];
-    constexpr LaneTw() : w{} {
+// Lane factors of the in-register kernels: entry k1*V + c is W_N^(c*k1),
+// as the real part twice and the imaginary part twice.
+template <class T, int R, int V> struct LaneTwSplit {
+    Cx<T> wr[R * V], wi[R * V];
+    constexpr LaneTwSplit() : wr{}, wi{} {
         for (int k = 0; k < R; ++k)
-            for (int c = 0; c < V; ++c) w[k * V + c] = fixW<T>(k * c, R * V);
+            for (int c = 0; c < V; ++c) {
+                Cx<T> w = fixW<T>(k * c, R * V);
+                wr[k * V + c] = {w.re, w.re};
+                wi[k * V + c] = {w.im, w.im};
+            }
     }
 };
-template <class T, int R, int V> inline constexpr LaneTw<T, R, V> kLaneTw{};
+template <class T, int R, int V> inline constexpr LaneTwSplit<T, R, V> kLaneTwSplit{};
 
 VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     __m256d a0 = _mm256_castps_pd(r[0]), a1 = _mm256_castps_pd(r[1]), a2 = _mm256_castps_pd(r[2]), a3 = _mm256_castps_pd(r[3]);
@@ -127,8 +132,8 @@ VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     o[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
     o[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
 }
-void transpose8x8(const __m512* r, __m512* o);
-void transpose4x4(const __m512d* r, __m512d* o);
+template <bool Group = false> VRX_INLINE void transpose8x8(const __m512* r, __m512* o);
+template <bool Group = false> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o);
 
 template <class CV> VRX_INLINE void transposeV(CV* a);
 template <> VRX_INLINE void transposeV<CVec<float, 4>>(CVec<float, 4>* a) {
@@ -166,7 +171,7 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
         for (int n2 = 0; n2 < 4; ++n2) {
             vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
             for (int k1 = 1; k1 < 4; ++k1)
-                if (n2 != 0) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], CV::bcast(fixW<T>(n2 * k1, 16)));
+                if (n2 != 0) y[n2][k1] = CV::template mulc<Inv>(y[n2][k1], fixW<T>(n2 * k1, 16));
         }
         for (int k1 = 0; k1 < 4; ++k1) {
             CV o[4];
@@ -184,7 +189,8 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
     CV a[R];
     for (int r = 0; r < R; ++r) a[r] = CV::load(src + r * V);
     vdft<T, CV, R, Inv>(a);
-    for (int k = 1; k < R; ++k) a[k] = CV::template mul<Inv>(a[k], CV::load(&kLaneTw<T, R, V>.w[k * V]));
+    for (int k = 1; k < R; ++k)
+        a[k] = CV::template mulSplit<Inv>(a[k], CV::load(&kLaneTwSplit<T, R, V>.wr[k * V]), CV::load(&kLaneTwSplit<T, R, V>.wi[k * V]));
     for (int b = 0; b < R / V; ++b) {
         transposeV<CV>(a + b * V);
         vdft<T, CV, V, Inv>(a + b * V);
@@ -325,8 +331,34 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
 VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
 VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
 
-// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j.
-void transpose8x8(const __m512* r, __m512* o) {
+// Index of a two-source permute that does the last 128-bit shuffle of a
+// transpose (sel 0: lanes 0,2 of each source; sel 1: lanes 1,3) and the
+// group form of the result at once. E: elements per 128 bits.
+constexpr int groupIdx(int E, int sel, int i) {
+    const int n = 4 * E;                                // elements per register
+    const int f = i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1;
+    const int L = f / E, w = f % E;
+    return (L >= 2 ? n : 0) + ((L % 2) * 2 + sel) * E + w;
+}
+template <int E, int sel> struct GroupIdx {
+    static constexpr int n = 4 * E;
+    static constexpr auto make() {
+        struct A { int32_t v[16]; } a{};
+        for (int i = 0; i < 16; ++i) a.v[i] = 0;
+        if constexpr (E == 4) { for (int i = 0; i < n; ++i) a.v[i] = groupIdx(E, sel, i); }
+        else { for (int i = 0; i < n; ++i) { a.v[2 * i] = groupIdx(E, sel, i); a.v[2 * i + 1] = 0; } }
+        return a;
+    }
+    static constexpr auto tab = make();
+};
+VRX_INLINE __m512i groupIdxVec(int E, int sel) {
+    if (E == 4) return _mm512_loadu_si512(sel ? GroupIdx<4, 1>::tab.v : GroupIdx<4, 0>::tab.v);
+    return _mm512_loadu_si512(sel ? GroupIdx<2, 1>::tab.v : GroupIdx<2, 0>::tab.v);
+}
+
+// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j;
+// with Group, each o[l] comes out in the group form.
+template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
     __m512d t[8];
     for (int k = 0; k < 4; ++k) {
         t[2 * k] = _mm512_unpacklo_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
@@ -338,21 +370,37 @@ void transpose8x8(const __m512* r, __m512* o) {
         __m512d q01 = _mm512_shuffle_f64x2(t[odd], t[2 + odd], 0xDD);
         __m512d p45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0x88);
         __m512d q45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0xDD);
-        o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
-        o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
-        o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
-        o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
+        if constexpr (Group) {
+            const __m512i i0 = groupIdxVec(4, 0), i1 = groupIdxVec(4, 1);
+            o[0 + odd] = _mm512_permutex2var_ps(asPs(p01), i0, asPs(p45));
+            o[4 + odd] = _mm512_permutex2var_ps(asPs(p01), i1, asPs(p45));
+            o[2 + odd] = _mm512_permutex2var_ps(asPs(q01), i0, asPs(q45));
+            o[6 + odd] = _mm512_permutex2var_ps(asPs(q01), i1, asPs(q45));
+        } else {
+            o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
+            o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
+            o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
+            o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
+        }
     }
 }
 
 // Transpose of 4 x 4 complex doubles (128-bit elements).
-void transpose4x4(const __m512d* r, __m512d* o) {
+template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
     __m512d t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44), t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
     __m512d t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44), t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
-    o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
-    o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
-    o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
-    o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+    if constexpr (Group) {
+        const __m512i i0 = groupIdxVec(2, 0), i1 = groupIdxVec(2, 1);
+        o[0] = _mm512_permutex2var_pd(t0, i0, t2);
+        o[1] = _mm512_permutex2var_pd(t0, i1, t2);
+        o[2] = _mm512_permutex2var_pd(t1, i0, t3);
+        o[3] = _mm512_permutex2var_pd(t1, i1, t3);
+    } else {
+        o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+        o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+        o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+        o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+    }
 }
 
 // The first pass with bit-reversed reads, vectorised: the blocks i + t*G
@@ -376,8 +424,8 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
             if constexpr (sizeof(T) == 4) {
                 __m512 r0[8], r1[8], t0[8], t1[8];
                 for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-                transpose8x8(r0, t0);
-                transpose8x8(r1, t1);
+                transpose8x8<true>(r0, t0);
+                transpose8x8<true>(r1, t1);
                 for (int l = 0; l < 8; ++l) {
                     float* d = reinterpret_cast<float*>(W + 16 * (i + rv[l] * G));
                     _mm512_storeu_ps(d, t0[l]);
@@ -387,7 +435,7 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
                 __m512d t[4][4];
                 for (int h = 0; h < 4; ++h) {
                     __m512d r[4] = {a[4 * h].v, a[4 * h + 1].v, a[4 * h + 2].v, a[4 * h + 3].v};
-                    transpose4x4(r, t[h]);
+                    transpose4x4<true>(r, t[h]);
                 }
                 for (int l = 0; l < 4; ++l) {
                     double* d = reinterpret_cast<double*>(W + 16 * (i + rv[l] * G));
@@ -406,12 +454,12 @@ void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
             if constexpr (sizeof(T) == 4) {
                 __m512 r[8], t[8];
                 for (int q = 0; q < 8; ++q) r[q] = o[q].v;
-                transpose8x8(r, t);
+                transpose8x8<true>(r, t);
                 for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), t[l]);
             } else {
                 __m512d r0[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, r1[4] = {o[4].v, o[5].v, o[6].v, o[7].v}, t0[4], t1[4];
-                transpose4x4(r0, t0);
-                transpose4x4(r1, t1);
+                transpose4x4<true>(r0, t0);
+                transpose4x4<true>(r1, t1);
                 for (int l = 0; l < 4; ++l) {
                     double* d = reinterpret_cast<double*>(W + 8 * (i + rv[l] * G));
                     _mm512_storeu_pd(d, t0[l]);
@@ -462,51 +510,66 @@ void firstPassSeqVec(int m, Cx<T>* W, int64_t i0, int64_t i1) {
             for (int h = 0; h < R / 8; ++h) {
                 __m512 r[8], t[8];
                 for (int q = 0; q < 8; ++q) r[q] = a[8 * h + q].v;
-                transpose8x8(r, t);
+                transpose8x8<true>(r, t);
                 for (int b = 0; b < 8; ++b) CV{t[b]}.store(p + R * b + 8 * h);
             }
         } else {
             for (int h = 0; h < R / 4; ++h) {
                 __m512d r[4], t[4];
                 for (int q = 0; q < 4; ++q) r[q] = a[4 * h + q].v;
-                transpose4x4(r, t);
+                transpose4x4<true>(r, t);
                 for (int b = 0; b < 4; ++b) CV{t[b]}.store(p + R * b + 4 * h);
             }
         }
     }
 }
 
-// One radix-4 pass: blocks of 4S, each from four sub-blocks of S.
-template <class T, bool Inv, int V>
+// One radix-4 pass: blocks of 4S, each from four sub-blocks of S, over
+// the group form; the last pass writes interleaved values. Twiddles come in
+// the same group form, for j = 1, 2, 3 per group of V.
+template <class T, bool Inv, bool Last>
 void pass4(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
-    using CV = CVec<T, V>;
+    using G = GVec<T>;
+    constexpr int V = G::V;
+    const T* tf = reinterpret_cast<const T*>(tw);
+    const int64_t S2 = 2 * S;
+    auto mul = [](G a, const T* w) -> G {
+        G x = G::load(w);
+        if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
+        else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
+    };
     for (int64_t b = 0; b < nBlocks; ++b) {
-        const Cx<T>* p = in + b * 4 * S;
-        Cx<T>* q = out + b * 4 * S;
-        const Cx<T>* t = tw;
-        for (int64_t k = 0; k < S; k += V, t += 3 * V) {
-            CV b0 = CV::load(p + k), b1 = CV::load(p + k + S), b2 = CV::load(p + k + 2 * S), b3 = CV::load(p + k + 3 * S);
-            CV w1 = CV::load(t), w2 = CV::load(t + V), w3 = CV::load(t + 2 * V);
-            CV c1 = CV::template mul<Inv>(b1, w2);
-            CV c2 = CV::template mul<Inv>(b2, w1);
-            CV c3 = CV::template mul<Inv>(b3, w3);
-            CV u0 = b0 + c1, u1 = b0 - c1, v0 = c2 + c3, v1 = CV::template rot<Inv>(c2 - c3);
-            (u0 + v0).store(q + k);
-            (u1 + v1).store(q + k + S);
-            (u0 - v0).store(q + k + 2 * S);
-            (u1 - v1).store(q + k + 3 * S);
+        const T* p = reinterpret_cast<const T*>(in + b * 4 * S);
+        T* q = reinterpret_cast<T*>(out + b * 4 * S);
+        const T* t = tf;
+        for (int64_t k = 0; k < S2; k += 2 * V, t += 6 * V) {
+            G b0 = G::load(p + k), b1 = G::load(p + k + S2), b2 = G::load(p + k + 2 * S2), b3 = G::load(p + k + 3 * S2);
+            G c1 = mul(b1, t + 2 * V), c2 = mul(b2, t), c3 = mul(b3, t + 4 * V);
+            G u0{G::add(b0.re, c1.re), G::add(b0.im, c1.im)}, u1{G::sub(b0.re, c1.re), G::sub(b0.im, c1.im)};
+            G v0{G::add(c2.re, c3.re), G::add(c2.im, c3.im)}, d{G::sub(c2.re, c3.re), G::sub(c2.im, c3.im)};
+            G o0{G::add(u0.re, v0.re), G::add(u0.im, v0.im)}, o2{G::sub(u0.re, v0.re), G::sub(u0.im, v0.im)};
+            G o1, o3;
+            // u1 -/+ i*d (forward), u1 +/- i*d (inverse)
+            if constexpr (!Inv) {
+                o1 = {G::add(u1.re, d.im), G::sub(u1.im, d.re)};
+                o3 = {G::sub(u1.re, d.im), G::add(u1.im, d.re)};
+            } else {
+                o1 = {G::sub(u1.re, d.im), G::add(u1.im, d.re)};
+                o3 = {G::add(u1.re, d.im), G::sub(u1.im, d.re)};
+            }
+            if constexpr (Last) {
+                o0.storeCx(q + k); o1.storeCx(q + k + S2); o2.storeCx(q + k + 2 * S2); o3.storeCx(q + k + 3 * S2);
+            } else {
+                o0.store(q + k); o1.store(q + k + S2); o2.store(q + k + 2 * S2); o3.store(q + k + 3 * S2);
+            }
         }
     }
 }
 
 template <class T, bool Inv>
-VRX_INLINE void runPass(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
-    if constexpr (sizeof(T) == 4) {
-        if (S >= 8) pass4<T, Inv, 8>(in, out, S, nBlocks, tw);
-        else pass4<T, Inv, 4>(in, out, S, nBlocks, tw);
-    } else {
-        pass4<T, Inv, 4>(in, out, S, nBlocks, tw);
-    }
+VRX_INLINE void runPass(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw, bool last) {
+    if (last) pass4<T, Inv, true>(in, out, S, nBlocks, tw);
+    else pass4<T, Inv, false>(in, out, S, nBlocks, tw);
 }
 
 // The radix engine for order m >= 4: the first pass into W, then the passes,
@@ -527,17 +590,20 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, con
     if constexpr (kVecFirst) firstPassVec<T, Inv>(m, brev, src, W);
     for (int64_t base = 0; base < N; base += C) {
         if constexpr (F == First::Sequential) firstPassSeqVec<T, Inv>(m, W, base / R0, (base + C) / R0);
-        else if constexpr (!kVecFirst) firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+        else if constexpr (!kVecFirst) {
+            firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
+            toGroups<T>(W + base, C);
+        }
         off = 0;
         for (int s = s0; s < sOuter; s += 2) {
             int64_t S = int64_t(1) << s;
-            runPass<T, Inv>(W + base, (s == sLast ? out : W) + base, S, C / (4 * S), tw + off);
+            runPass<T, Inv>(W + base, (s == sLast ? out : W) + base, S, C / (4 * S), tw + off, s == sLast);
             off += 3 * S;
         }
     }
     for (int s = sOuter; s <= sLast; s += 2) {
         int64_t S = int64_t(1) << s;
-        runPass<T, Inv>(W, s == sLast ? out : W, S, N / (4 * S), tw + off);
+        runPass<T, Inv>(W, s == sLast ? out : W, S, N / (4 * S), tw + off, s == sLast);
         off += 3 * S;
     }
 }
@@ -607,6 +673,18 @@ void bitRevTiles(const E* src, E* dst, int m, int k, const int32_t* tileTab, E* 
 // for c < 2^sub; then W_{2^blk}^j for j < 2^(blk-1).
 template <class T> int64_t stepCount(int blk, int sub) { return int64_t(blk) * (int64_t(1) << sub) + (int64_t(1) << (blk - 1)); }
 
+// Widest column group of the large path's outer passes.
+constexpr int64_t kMaxCols = 64;
+
+VRX_INLINE void splitDup(CVec<float, 8> w, CVec<float, 8>& wr, CVec<float, 8>& wi) {
+    wr.v = _mm512_moveldup_ps(w.v);
+    wi.v = _mm512_movehdup_ps(w.v);
+}
+VRX_INLINE void splitDup(CVec<double, 4> w, CVec<double, 4>& wr, CVec<double, 4>& wi) {
+    wr.v = _mm512_movedup_pd(w.v);
+    wi.v = _mm512_permute_pd(w.v, 0xFF);
+}
+
 template <class T, bool Inv>
 void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t base, Cx<T>* work, T scale) {
     const int blk = blockOrder<T>(m);
@@ -633,6 +711,7 @@ void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t 
     constexpr int V = sizeof(T) == 4 ? 8 : 4;
     using CV = CVec<T, V>;
     const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
+    CV twr[kMaxCols / V], twi[kMaxCols / V];
     for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
         for (int64_t r = 0; r < rows; ++r) st.gather(base + r * rowLen + c0, w, work + r * w);
         for (int t = 0; t < blk; ++t) {
@@ -643,13 +722,18 @@ void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t 
                 Cx<T> fv[V];
                 for (int i = 0; i < V; ++i) fv[i] = f;
                 CV F = CV::load(fv);
+                // the factors of this row pair, once for all its groups, as
+                // duplicated real parts and imaginary parts
+                for (int64_t cc = 0; cc < w; cc += V) {
+                    CV tv = CV::template mul<false>(CV::load(stg + cc), F);
+                    splitDup(tv, twr[cc / V], twi[cc / V]);
+                }
                 for (int64_t g = 0; g < rows; g += 2 * half) {
                     Cx<T>* pa = work + (g + rp) * w;
                     Cx<T>* pb = work + (g + rp + half) * w;
                     for (int64_t cc = 0; cc < w; cc += V) {
-                        CV tv = CV::template mul<false>(CV::load(stg + cc), F);
                         CV a = CV::load(pa + cc);
-                        CV bt = CV::template mul<Inv>(CV::load(pb + cc), tv);
+                        CV bt = CV::template mulSplit<Inv>(CV::load(pb + cc), twr[cc / V], twi[cc / V]);
                         (a + bt).store(pa + cc);
                         (a - bt).store(pb + cc);
                     }
@@ -728,10 +812,19 @@ uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
 template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
     for (int s = (m & 1) ? 3 : 4; s <= m - 2; s += 2) {
         const int64_t S = int64_t(1) << s;
-        const int G = passWidth<T>(S);
+        // groups of G real parts then G imaginary parts
+        constexpr int G = GVec<T>::V;
+        T* f = reinterpret_cast<T*>(d);
         for (int64_t k0 = 0; k0 < S; k0 += G)
-            for (int j = 1; j <= 3; ++j)
-                for (int kk = 0; kk < G; ++kk) *d++ = twAt<T>(st, j * (k0 + kk), s + 2);
+            for (int j = 1; j <= 3; ++j) {
+                for (int kk = 0; kk < G; ++kk) {
+                    Cx<T> w = twAt<T>(st, j * (k0 + kk), s + 2);
+                    f[kk] = w.re;
+                    f[G + kk] = w.im;
+                }
+                f += 2 * G;
+            }
+        d = reinterpret_cast<Cx<T>*>(f);
     }
 }
 

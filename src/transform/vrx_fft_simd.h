@@ -65,6 +65,18 @@ template <> struct CVec<float, 8> {
         else return {negEven(s)};
     }
     static VRX_INLINE CVec scale(CVec a, float s) { return {_mm512_mul_ps(a.v, _mm512_set1_ps(s))}; }
+    // product with factors given as duplicated real parts and imaginary parts
+    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
+        __m512 p = _mm512_mul_ps(a.v, wr.v), q = _mm512_mul_ps(_mm512_permute_ps(a.v, 0xB1), wi.v);
+        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
+        else return {_mm512_add_ps(p, negOdd(q))};
+    }
+    // product with a constant factor: the same bits as mul with bcast(w)
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<float> w) {
+        __m512 p = _mm512_mul_ps(a.v, _mm512_set1_ps(w.re)), q = _mm512_mul_ps(_mm512_permute_ps(a.v, 0xB1), _mm512_set1_ps(w.im));
+        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
+        else return {_mm512_add_ps(p, negOdd(q))};
+    }
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm512_broadcast_f32x4(_mm_setr_ps(w.re, w.im, w.re, w.im))}; }
 };
 
@@ -91,6 +103,12 @@ template <> struct CVec<float, 4> {
         else return {_mm256_xor_ps(s, evenSign)};
     }
     static VRX_INLINE CVec scale(CVec a, float s) { return {_mm256_mul_ps(a.v, _mm256_set1_ps(s))}; }
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<float> w) { return mul<Inv>(a, bcast(w)); }
+    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
+        __m256 p = _mm256_mul_ps(a.v, wr.v), q = _mm256_mul_ps(_mm256_permute_ps(a.v, 0xB1), wi.v);
+        if constexpr (!Inv) return {_mm256_addsub_ps(p, q)};
+        else return {_mm256_addsub_ps(p, negAll(q))};
+    }
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm256_setr_ps(w.re, w.im, w.re, w.im, w.re, w.im, w.re, w.im)}; }
 };
 
@@ -121,8 +139,65 @@ template <> struct CVec<double, 4> {
         else return {negEven(s)};
     }
     static VRX_INLINE CVec scale(CVec a, double s) { return {_mm512_mul_pd(a.v, _mm512_set1_pd(s))}; }
+    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
+        __m512d p = _mm512_mul_pd(a.v, wr.v), q = _mm512_mul_pd(_mm512_permute_pd(a.v, 0x55), wi.v);
+        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
+        else return {_mm512_add_pd(p, negOdd(q))};
+    }
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<double> w) {
+        __m512d p = _mm512_mul_pd(a.v, _mm512_set1_pd(w.re)), q = _mm512_mul_pd(_mm512_permute_pd(a.v, 0x55), _mm512_set1_pd(w.im));
+        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
+        else return {_mm512_add_pd(p, negOdd(q))};
+    }
     static VRX_INLINE CVec bcast(Cx<double> w) { return {_mm512_broadcast_f64x4(_mm256_setr_pd(w.re, w.im, w.re, w.im))}; }
 };
+
+// The group form between passes: V complex values stored as V real parts
+// followed by V imaginary parts (V = 8 for float, 4 for double), so that
+// complex products need no shuffles.
+template <class T> struct GVec;
+template <> struct GVec<float> {
+    static constexpr int V = 8;
+    __m256 re, im;
+    static VRX_INLINE GVec load(const float* p) { return {_mm256_loadu_ps(p), _mm256_loadu_ps(p + 8)}; }
+    VRX_INLINE void store(float* p) const { _mm256_storeu_ps(p, re); _mm256_storeu_ps(p + 8, im); }
+    // writes the V values interleaved again
+    VRX_INLINE void storeCx(float* p) const {
+        const __m512i idx = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
+        _mm512_storeu_ps(p, _mm512_permutex2var_ps(_mm512_castps256_ps512(re), idx, _mm512_castps256_ps512(im)));
+    }
+    static VRX_INLINE __m256 add(__m256 a, __m256 b) { return _mm256_add_ps(a, b); }
+    static VRX_INLINE __m256 sub(__m256 a, __m256 b) { return _mm256_sub_ps(a, b); }
+    static VRX_INLINE __m256 mulv(__m256 a, __m256 b) { return _mm256_mul_ps(a, b); }
+};
+template <> struct GVec<double> {
+    static constexpr int V = 4;
+    __m256d re, im;
+    static VRX_INLINE GVec load(const double* p) { return {_mm256_loadu_pd(p), _mm256_loadu_pd(p + 4)}; }
+    VRX_INLINE void store(double* p) const { _mm256_storeu_pd(p, re); _mm256_storeu_pd(p + 4, im); }
+    VRX_INLINE void storeCx(double* p) const {
+        const __m512i idx = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
+        _mm512_storeu_pd(p, _mm512_permutex2var_pd(_mm512_castpd256_pd512(re), idx, _mm512_castpd256_pd512(im)));
+    }
+    static VRX_INLINE __m256d add(__m256d a, __m256d b) { return _mm256_add_pd(a, b); }
+    static VRX_INLINE __m256d sub(__m256d a, __m256d b) { return _mm256_sub_pd(a, b); }
+    static VRX_INLINE __m256d mulv(__m256d a, __m256d b) { return _mm256_mul_pd(a, b); }
+};
+
+// Interleaved register of V complex values -> the group form of the same values.
+VRX_INLINE __m512 toGroup(__m512 v) {
+    return _mm512_permutexvar_ps(_mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15), v);
+}
+VRX_INLINE __m512d toGroup(__m512d v) { return _mm512_permutexvar_pd(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), v); }
+
+// Group form of n interleaved complex values in place (n a multiple of 8).
+template <class T> VRX_INLINE void toGroups(Cx<T>* p, int64_t n) {
+    T* f = reinterpret_cast<T*>(p);
+    if constexpr (sizeof(T) == 4)
+        for (int64_t i = 0; i < 2 * n; i += 16) _mm512_storeu_ps(f + i, toGroup(_mm512_loadu_ps(f + i)));
+    else
+        for (int64_t i = 0; i < 2 * n; i += 8) _mm512_storeu_pd(f + i, toGroup(_mm512_loadu_pd(f + i)));
+}
 
 // Vector width (in complex values) of a pass whose half-span is S.
 template <class T> constexpr int passWidth(int64_t S) {
