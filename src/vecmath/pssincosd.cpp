@@ -120,7 +120,10 @@ VRX_INLINE bool nonFinite(double x, double& r) {
     return false;
 }
 
-void rareHA(double x, double* ps, double* pc) {
+// The rare path of a tier (1 HA, 0 LA, 3 single): non-finite
+// input, then the long reduction and the tier's own polynomial on one lane.
+template <int Tier>
+void rareTier(double x, double* ps, double* pc) {
     double r;
     if (nonFinite(x, r)) {
         if (ps) *ps = r;
@@ -130,39 +133,9 @@ void rareHA(double x, double* ps, double* pc) {
     double rh, rl;
     int q = N0(ownsReducePio2Large)(x, &rh, &rl);
     D8 s, c;
-    polyHA(set1(rh), set1(rl), s, c);
-    I16 qv = _mm512_set1_epi64(q);
-    if (ps) *ps = lane0(pickSin(qv, s, c));
-    if (pc) *pc = lane0(pickCos(qv, s, c));
-}
-
-void rareLA(double x, double* ps, double* pc) {
-    double r;
-    if (nonFinite(x, r)) {
-        if (ps) *ps = r;
-        if (pc) *pc = r;
-        return;
-    }
-    double rh, rl;
-    int q = N0(ownsReducePio2Large)(x, &rh, &rl);
-    D8 s, c;
-    polyLA(set1(rh), s, c);
-    I16 qv = _mm512_set1_epi64(q);
-    if (ps) *ps = lane0(pickSin(qv, s, c));
-    if (pc) *pc = lane0(pickCos(qv, s, c));
-}
-
-void rareS(double x, double* ps, double* pc) {
-    double r;
-    if (nonFinite(x, r)) {
-        if (ps) *ps = r;
-        if (pc) *pc = r;
-        return;
-    }
-    double rh, rl;
-    int q = N0(ownsReducePio2Large)(x, &rh, &rl);
-    D8 s, c;
-    polyS(set1(rh), s, c);
+    if constexpr (Tier == 1) polyHA(set1(rh), set1(rl), s, c);
+    else if constexpr (Tier == 0) polyLA(set1(rh), s, c);
+    else polyS(set1(rh), s, c);
     I16 qv = _mm512_set1_epi64(q);
     if (ps) *ps = lane0(pickSin(qv, s, c));
     if (pc) *pc = lane0(pickCos(qv, s, c));
@@ -187,9 +160,7 @@ struct SinK {
     }
     static double rare(double x) {
         double r;
-        if (Tier == 1) rareHA(x, &r, nullptr);
-        else if (Tier == 0) rareLA(x, &r, nullptr);
-        else rareS(x, &r, nullptr);
+        rareTier<Tier>(x, &r, nullptr);
         return r;
     }
 };
@@ -212,9 +183,7 @@ struct CosK {
     }
     static double rare(double x) {
         double r;
-        if (Tier == 1) rareHA(x, nullptr, &r);
-        else if (Tier == 0) rareLA(x, nullptr, &r);
-        else rareS(x, nullptr, &r);
+        rareTier<Tier>(x, nullptr, &r);
         return r;
     }
 };
@@ -238,9 +207,7 @@ struct SinCosK {
         co = pickCos(q, s, c);
     }
     static void rare(double x, double* s, double* c) {
-        if (Tier == 1) rareHA(x, s, c);
-        else if (Tier == 0) rareLA(x, s, c);
-        else rareS(x, s, c);
+        rareTier<Tier>(x, s, c);
     }
 };
 
@@ -287,11 +254,11 @@ VRX_INLINE D8 epCos(D8 x, __mmask8& rare) {
 
 struct SinEP {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) { return epSin(x, rare); }
-    static double rare(double x) { double r; rareHA(x, &r, nullptr); return r; }
+    static double rare(double x) { double r; rareTier<1>(x, &r, nullptr); return r; }
 };
 struct CosEP {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) { return epCos(x, rare); }
-    static double rare(double x) { double r; rareHA(x, nullptr, &r); return r; }
+    static double rare(double x) { double r; rareTier<1>(x, nullptr, &r); return r; }
 };
 struct SinCosEP {
     static VRX_INLINE void vec(D8 x, D8& s, D8& c, __mmask8& rare) {
@@ -300,7 +267,7 @@ struct SinCosEP {
         c = epCos(x, r2);
         rare = r1 | r2;
     }
-    static void rare(double x, double* s, double* c) { rareHA(x, s, c); }
+    static void rare(double x, double* s, double* c) { rareTier<1>(x, s, c); }
 };
 
 // EP kernels: 16 elements a block as two independent vectors of 8.
@@ -468,7 +435,7 @@ struct SinF {
         core<HA>(x, s, c, rare, true, false);
         return s;
     }
-    static float rare(float x) { double r; rareS(x, &r, nullptr); return toFloat(r); }
+    static float rare(float x) { double r; rareTier<3>(x, &r, nullptr); return toFloat(r); }
 };
 template <bool HA>
 struct CosF {
@@ -478,14 +445,14 @@ struct CosF {
         core<HA>(x, s, c, rare, false, true);
         return c;
     }
-    static float rare(float x) { double r; rareS(x, nullptr, &r); return toFloat(r); }
+    static float rare(float x) { double r; rareTier<3>(x, nullptr, &r); return toFloat(r); }
 };
 template <bool HA>
 struct SinCosF {
     static VRX_INLINE void vec(F16 x, F16& s, F16& c, __mmask16& rare) { core<HA>(x, s, c, rare, true, true); }
     static void rare(float x, float* s, float* c) {
         double a, b;
-        rareS(x, &a, &b);
+        rareTier<3>(x, &a, &b);
         *s = toFloat(a);
         *c = toFloat(b);
     }
