@@ -103,6 +103,14 @@ template <class T> int32_t complexWorkSize(int m);
 template <class T> int64_t largeSpecSize(int m);
 template <class T> int64_t largeWorkSize(int m);
 
+// Radix engine on a block of 2^m values already in bit-reversed order (the
+// rows of the large path), in place at p; work holds 2^m values.
+template <class T, bool Inv> void radixBlock(int m, const Cx<T>* tw, Cx<T>* p, Cx<T>* work);
+// The large path for complex order m (above the radix engine's last order).
+template <class T, bool Inv>
+void largeRun(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm, bool split,
+              T scale, uint8_t* work);
+
 // Straight-line complex kernels of order m <= 6 (scale applied when nonzero).
 template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* dst, T scale);
 

@@ -169,6 +169,9 @@ template <> struct GVec<float> {
     static VRX_INLINE __m256 add(__m256 a, __m256 b) { return _mm256_add_ps(a, b); }
     static VRX_INLINE __m256 sub(__m256 a, __m256 b) { return _mm256_sub_ps(a, b); }
     static VRX_INLINE __m256 mulv(__m256 a, __m256 b) { return _mm256_mul_ps(a, b); }
+    static VRX_INLINE __m256 splat(float c) { return _mm256_set1_ps(c); }
+    static VRX_INLINE void storeHalf(float* p, __m256 v) { _mm256_storeu_ps(p, v); }
+    static VRX_INLINE __m256 loadHalf(const float* p) { return _mm256_loadu_ps(p); }
 };
 template <> struct GVec<double> {
     static constexpr int V = 4;
@@ -182,6 +185,9 @@ template <> struct GVec<double> {
     static VRX_INLINE __m256d add(__m256d a, __m256d b) { return _mm256_add_pd(a, b); }
     static VRX_INLINE __m256d sub(__m256d a, __m256d b) { return _mm256_sub_pd(a, b); }
     static VRX_INLINE __m256d mulv(__m256d a, __m256d b) { return _mm256_mul_pd(a, b); }
+    static VRX_INLINE __m256d splat(double c) { return _mm256_set1_pd(c); }
+    static VRX_INLINE void storeHalf(double* p, __m256d v) { _mm256_storeu_pd(p, v); }
+    static VRX_INLINE __m256d loadHalf(const double* p) { return _mm256_loadu_pd(p); }
 };
 
 // Interleaved register of V complex values -> the group form of the same values.
