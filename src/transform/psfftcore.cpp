@@ -4,6 +4,7 @@
 // that the engine reads, so that the layout lives in one place.
 #include "vrx_fft.h"
 #include "vrx_fft_simd.h"
+#include "vrx_fft_pass.h"
 #include "vrx_fft_sintab.h"
 
 // The shuffle intrinsics of g++ 12 start from an undefined register, which
@@ -216,96 +217,6 @@ void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
     }
 }
 
-// ------------------------------------------------------------ radix engine
-
-template <class T, bool Inv> VRX_INLINE void bfly4(Cx<T> a0, Cx<T> a1, Cx<T> a2, Cx<T> a3, Cx<T>* o) {
-    Cx<T> t0 = cadd(a0, a2), t1 = csub(a0, a2), t2 = cadd(a1, a3), t3 = crot<Inv>(csub(a1, a3));
-    o[0] = cadd(t0, t2);
-    o[1] = cadd(t1, t3);
-    o[2] = csub(t0, t2);
-    o[3] = csub(t1, t3);
-}
-
-template <class T, bool Inv> VRX_INLINE Cx<T> mulW8(Cx<T> o) {
-    const T c = fixTab<T>()[128];  // sin(pi/4)
-    if constexpr (!Inv) return {(o.re + o.im) * c, (o.im - o.re) * c};
-    else return {(o.re - o.im) * c, (o.im + o.re) * c};
-}
-
-template <class T, bool Inv> VRX_INLINE void bfly8(const Cx<T>* a, Cx<T>* o) {
-    Cx<T> e[4], d[4];
-    bfly4<T, Inv>(a[0], a[2], a[4], a[6], e);
-    bfly4<T, Inv>(a[1], a[3], a[5], a[7], d);
-    d[1] = mulW8<T, Inv>(d[1]);
-    d[2] = crot<Inv>(d[2]);
-    d[3] = crot<Inv>(mulW8<T, Inv>(d[3]));
-    for (int q = 0; q < 4; ++q) {
-        o[q] = cadd(e[q], d[q]);
-        o[q + 4] = csub(e[q], d[q]);
-    }
-}
-
-template <class T> constexpr Cx<T> fixW(int j, int N);
-
-// 16-point transform, natural order in and out, as 4 x 4.
-template <class T, bool Inv> VRX_INLINE void dft16(const Cx<T>* a, Cx<T>* o) {
-    Cx<T> y[4][4];
-    for (int n2 = 0; n2 < 4; ++n2) {
-        bfly4<T, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
-        if (n2 != 0)
-            for (int k1 = 1; k1 < 4; ++k1) y[n2][k1] = cmulw<Inv>(y[n2][k1], fixW<T>(n2 * k1, 16));
-    }
-    for (int k1 = 0; k1 < 4; ++k1) {
-        Cx<T> t[4];
-        bfly4<T, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], t);
-        for (int k2 = 0; k2 < 4; ++k2) o[k1 + 4 * k2] = t[k2];
-    }
-}
-
-// Source of the first pass: bit-reversed reads from interleaved or split
-// data, or blocks already in bit-reversed order (large-path rows).
-enum class First { Interleaved, Split, Sequential };
-
-template <class T, bool Inv, First F>
-void firstPass(int m, const int32_t* brev, const Cx<T>* src, const T* sRe, const T* sIm,
-               Cx<T>* W, int64_t i0, int64_t i1) {
-    const int64_t N = int64_t(1) << m;
-    auto ld = [&](int64_t idx) -> Cx<T> {
-        if constexpr (F == First::Split) return {sRe[idx], sIm[idx]};
-        else return src[idx];
-    };
-    if ((m & 1) == 0) {
-        const int64_t Q = N >> 4;
-        static constexpr uint8_t r4[16] = {0, 8, 4, 12, 2, 10, 6, 14, 1, 9, 5, 13, 3, 11, 7, 15};
-        for (int64_t i = i0; i < i1; ++i) {
-            Cx<T> a[16];
-            if constexpr (F == First::Sequential) {
-                const Cx<T>* p = W + 16 * i;
-                for (int j = 0; j < 16; ++j) a[j] = p[r4[j]];
-            } else {
-                int64_t r = brev[4 * i] >> 1;
-                for (int j = 0; j < 16; ++j) a[j] = ld(r + j * Q);
-            }
-            dft16<T, Inv>(a, W + 16 * i);
-        }
-    } else {
-        const int64_t E = N >> 3;
-        for (int64_t i = i0; i < i1; ++i) {
-            Cx<T> a[8];
-            if constexpr (F == First::Sequential) {
-                const Cx<T>* p = W + 8 * i;
-                a[0] = p[0]; a[1] = p[4]; a[2] = p[2]; a[3] = p[6];
-                a[4] = p[1]; a[5] = p[5]; a[6] = p[3]; a[7] = p[7];
-            } else {
-                int64_t r = brev[2 * i] >> 1;
-                for (int j = 0; j < 8; ++j) a[j] = ld(r + j * E);
-            }
-            bfly8<T, Inv>(a, W + 8 * i);
-        }
-    }
-}
-
-// Vertical butterflies: each lane of the registers is its own transform.
 template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
     CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
     o[0] = t0 + t2;
@@ -403,215 +314,246 @@ template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o)
     }
 }
 
-// The first pass with bit-reversed reads, vectorised: the blocks i + t*G
-// (t < V) read V adjacent elements, since rev(i + t*G) = rev(i) + rev(t).
-template <class T, bool Inv>
-void firstPassVec(int m, const int32_t* brev, const Cx<T>* src, Cx<T>* W) {
+// ------------------------------------------------------------ radix engine
+
+// The schedule of radices for complex order m. Entry 0 is the first pass,
+// which reads the input in bit-reversed order and needs no factors; each
+// further entry merges blocks of 2^s values by radix 2^t, reading its
+// factors from the twiddle table in this order.
+template <class T> int radixSchedule(int m, PassStep* ps) {
+    int n = 0;
+    int s = (sizeof(T) == 4 || m >= 11 || m == 4) ? 2 : 3;
+    ps[n++] = {0, s};
+    while (s < m) {
+        const int r = m - s;
+        int t;
+        if constexpr (sizeof(T) == 4) {
+            if (r == 3) t = 3;
+            else if (r >= 5 && s > 2 && m < 12) t = 3;
+            else if (s == 4 && (m & 1)) t = 3;
+            else t = 2;
+        } else {
+            if (r == 2 || r == 4) t = 2;
+            else if (m < 11) t = 3;
+            else if ((m & 1) == 0) t = 2;
+            else if (m == 11) t = s < 5 ? 3 : 2;
+            else t = (m >= 15 && s == 8) ? 2 : 3;
+        }
+        ps[n++] = {s, t};
+        s += t;
+    }
+    return n;
+}
+
+// Positions per factor group of the pass at s: the width of the group
+// form, or all positions of a pass that has fewer (the pass at s = 2).
+template <class T> constexpr int twGroup(int s) { return (1 << s) < GVec<T>::V ? (1 << s) : GVec<T>::V; }
+
+// The source of the first pass: interleaved values, or two arrays.
+template <class T> struct SrcRef {
+    const Cx<T>* cx;
+    const T* re;
+    const T* im;
+};
+
+template <class T, int V, bool Split> VRX_INLINE CVec<T, V> loadSrc(const SrcRef<T>& s, int64_t idx) {
+    if constexpr (!Split) return CVec<T, V>::load(s.cx + idx);
+    else if constexpr (sizeof(T) == 4) {
+        const __m512i ix = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
+        return {_mm512_permutex2var_ps(_mm512_castps256_ps512(_mm256_loadu_ps(s.re + idx)), ix,
+                                       _mm512_castps256_ps512(_mm256_loadu_ps(s.im + idx)))};
+    } else {
+        const __m512i ix = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
+        return {_mm512_permutex2var_pd(_mm512_castpd256_pd512(_mm256_loadu_pd(s.re + idx)), ix,
+                                       _mm512_castpd256_pd512(_mm256_loadu_pd(s.im + idx)))};
+    }
+}
+
+// Stores the R outputs of V lanes-as-blocks in the group form: lane l's
+// values are block dst(l), R complex values.
+template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const CV* a, D dst) {
+    if constexpr (sizeof(T) == 4) {
+        static_assert(R == 16, "single precision blocks are of 16");
+        __m512 r0[8], r1[8], t0[8], t1[8];
+        for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
+        transpose8x8<true>(r0, t0);
+        transpose8x8<true>(r1, t1);
+        for (int l = 0; l < 8; ++l) {
+            float* d = reinterpret_cast<float*>(dst(l));
+            _mm512_storeu_ps(d, _mm512_shuffle_f32x4(t0[l], t1[l], 0x44));
+            _mm512_storeu_ps(d + 16, _mm512_shuffle_f32x4(t0[l], t1[l], 0xEE));
+        }
+    } else {
+        for (int g = 0; g < R / 8; ++g) {
+            __m512d ra[4] = {a[8 * g].v, a[8 * g + 1].v, a[8 * g + 2].v, a[8 * g + 3].v};
+            __m512d rb[4] = {a[8 * g + 4].v, a[8 * g + 5].v, a[8 * g + 6].v, a[8 * g + 7].v};
+            __m512d ta[4], tb[4];
+            transpose4x4<true>(ra, ta);
+            transpose4x4<true>(rb, tb);
+            for (int l = 0; l < 4; ++l) {
+                double* d = reinterpret_cast<double*>(dst(l) + 8 * g);
+                _mm512_storeu_pd(d, _mm512_shuffle_f64x2(ta[l], tb[l], 0x44));
+                _mm512_storeu_pd(d + 8, _mm512_shuffle_f64x2(ta[l], tb[l], 0xEE));
+            }
+        }
+    }
+}
+
+// Radix-16 first pass in lanes: the radix-4 first pass and the radix-4 pass
+// at s = 2 in registers, the latter with its factors f[3*(j-1) + (k-1)].
+template <class T, class CV, bool Inv> VRX_INLINE void vdft16tw(CV* a, const CV* f) {
+    CV y[4][4];
+    for (int n2 = 0; n2 < 4; ++n2) {
+        vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
+        if (n2 != 0)
+            for (int k1 = 1; k1 < 4; ++k1) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], f[3 * (n2 - 1) + (k1 - 1)]);
+    }
+    for (int k1 = 0; k1 < 4; ++k1) {
+        CV o[4];
+        vbfly4<CV, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+        for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
+    }
+}
+
+// Radix-32 first pass in lanes: the radix-4 first pass and the radix-8 pass
+// at s = 2, the latter with its factors f[3*(j-1) + (k-1)].
+template <class T, class CV, bool Inv> VRX_INLINE void vdft32tw(CV* a, const CV* f) {
+    CV y[8][4];
+    for (int n2 = 0; n2 < 8; ++n2) {
+        vbfly4<CV, Inv>(a[n2], a[8 + n2], a[16 + n2], a[24 + n2], y[n2]);
+        if (n2 != 0)
+            for (int k1 = 1; k1 < 4; ++k1) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], f[3 * (n2 - 1) + (k1 - 1)]);
+    }
+    for (int k1 = 0; k1 < 4; ++k1) {
+        CV in[8], o[8];
+        for (int n2 = 0; n2 < 8; ++n2) in[n2] = y[n2][k1];
+        vbfly8<T, CV, Inv>(in, o);
+        for (int k2 = 0; k2 < 8; ++k2) a[k1 + 4 * k2] = o[k2];
+    }
+}
+
+// Butterfly of the first pass over R = 8, 16 or 32 lanes-as-blocks.
+template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* f) {
+    if constexpr (R == 32) vdft32tw<T, CV, Inv>(a, f);
+    else if constexpr (R == 16) vdft16tw<T, CV, Inv>(a, f);
+    else vdft<T, CV, R, Inv>(a);
+}
+
+// Factors of the pass at s = 2 (radix R/4, four positions) broadcast for
+// the fused first pass.
+template <class T, class CV, int R> VRX_INLINE void loadFirstFactors(const Cx<T>* tw, CV* f) {
+    const T* t = reinterpret_cast<const T*>(tw);
+    for (int j = 1; j < R / 4; ++j)
+        for (int k = 1; k < 4; ++k) f[3 * (j - 1) + (k - 1)] = CV::bcast({t[8 * (j - 1) + k], t[8 * (j - 1) + 4 + k]});
+}
+
+// The first pass with bit-reversed reads: blocks i + rev(l)*G (l < V) read V
+// adjacent values, since their bit-reversed bases differ by l. The results
+// are written in the group form, block b at W + R*b.
+template <class T, int R, bool Inv, bool Split>
+void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, const Cx<T>* tw) {
     constexpr int V = sizeof(T) == 4 ? 8 : 4;
     constexpr int LV = sizeof(T) == 4 ? 3 : 2;
     using CV = CVec<T, V>;
     const int64_t N = int64_t(1) << m;
-    uint8_t rv[8];
-    for (int t = 0; t < V; ++t) rv[t] = static_cast<uint8_t>(revBits(static_cast<uint32_t>(t), LV));
-    if ((m & 1) == 0) {
-        const int64_t Q = N >> 4;
-        const int64_t G = int64_t(1) << (m - 4 - LV);   // blocks per lane step
-        for (int64_t i = 0; i < G; ++i) {
-            const Cx<T>* p = src + (brev[4 * i] >> 1);
-            CV a[16];
-            for (int j = 0; j < 16; ++j) a[j] = CV::load(p + j * Q);
-            vdft<T, CV, 16, Inv>(a);
-            if constexpr (sizeof(T) == 4) {
-                __m512 r0[8], r1[8], t0[8], t1[8];
-                for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-                transpose8x8<true>(r0, t0);
-                transpose8x8<true>(r1, t1);
-                for (int l = 0; l < 8; ++l) {
-                    float* d = reinterpret_cast<float*>(W + 16 * (i + rv[l] * G));
-                    _mm512_storeu_ps(d, t0[l]);
-                    _mm512_storeu_ps(d + 16, t1[l]);
-                }
-            } else {
-                __m512d t[4][4];
-                for (int h = 0; h < 4; ++h) {
-                    __m512d r[4] = {a[4 * h].v, a[4 * h + 1].v, a[4 * h + 2].v, a[4 * h + 3].v};
-                    transpose4x4<true>(r, t[h]);
-                }
-                for (int l = 0; l < 4; ++l) {
-                    double* d = reinterpret_cast<double*>(W + 16 * (i + rv[l] * G));
-                    for (int h = 0; h < 4; ++h) _mm512_storeu_pd(d + 8 * h, t[h][l]);
-                }
-            }
-        }
-    } else {
-        const int64_t E = N >> 3;
-        const int64_t G = int64_t(1) << (m - 3 - LV);
-        for (int64_t i = 0; i < G; ++i) {
-            const Cx<T>* p = src + (brev[2 * i] >> 1);
-            CV a[8], o[8];
-            for (int j = 0; j < 8; ++j) a[j] = CV::load(p + j * E);
-            vbfly8<T, CV, Inv>(a, o);
-            if constexpr (sizeof(T) == 4) {
-                __m512 r[8], t[8];
-                for (int q = 0; q < 8; ++q) r[q] = o[q].v;
-                transpose8x8<true>(r, t);
-                for (int l = 0; l < 8; ++l) _mm512_storeu_ps(reinterpret_cast<float*>(W + 8 * (i + rv[l] * G)), t[l]);
-            } else {
-                __m512d r0[4] = {o[0].v, o[1].v, o[2].v, o[3].v}, r1[4] = {o[4].v, o[5].v, o[6].v, o[7].v}, t0[4], t1[4];
-                transpose4x4<true>(r0, t0);
-                transpose4x4<true>(r1, t1);
-                for (int l = 0; l < 4; ++l) {
-                    double* d = reinterpret_cast<double*>(W + 8 * (i + rv[l] * G));
-                    _mm512_storeu_pd(d, t0[l]);
-                    _mm512_storeu_pd(d + 8, t1[l]);
-                }
-            }
-        }
+    const int64_t stride = N / R;
+    const int64_t G = N / (int64_t(R) * V);
+    int64_t rv[8];
+    for (int l = 0; l < V; ++l) rv[l] = int64_t(revBits(static_cast<uint32_t>(l), LV)) * G;
+    CV f[21];
+    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, f);
+    for (int64_t i = 0; i < G; ++i) {
+        const int64_t base = brev[i * (R / 4)] >> 1;
+        CV a[R];
+        for (int j = 0; j < R; ++j) a[j] = loadSrc<T, V, Split>(src, base + j * stride);
+        firstBfly<T, CV, R, Inv>(a, f);
+        storeGroups<T, CV, R>(a, [&](int l) { return W + R * (i + rv[l]); });
     }
 }
 
-// The first pass over blocks already in bit-reversed order (rows of the
-// large path), vectorised across V blocks: transpose in, butterflies with
-// lanes as blocks, transpose out.
-template <class T, bool Inv>
-void firstPassSeqVec(int m, Cx<T>* W, int64_t i0, int64_t i1) {
+// The first pass over a block already in bit-reversed order: V consecutive
+// blocks at a time, transposed in so that lanes are blocks.
+template <class T, int R, bool Inv>
+void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     constexpr int V = sizeof(T) == 4 ? 8 : 4;
     using CV = CVec<T, V>;
-    const int R = (m & 1) ? 8 : 16;
-    static constexpr uint8_t r4[16] = {0, 8, 4, 12, 2, 10, 6, 14, 1, 9, 5, 13, 3, 11, 7, 15};
-    static constexpr uint8_t r3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
-    for (int64_t i = i0; i < i1; i += V) {
-        Cx<T>* p = W + R * i;
-        CV e[16], a[16];
-        // e[j] lane b = element j of block i + b
-        if constexpr (sizeof(T) == 4) {
-            for (int h = 0; h < R / 8; ++h) {
-                __m512 r[8], t[8];
-                for (int b = 0; b < 8; ++b) r[b] = CV::load(p + R * b + 8 * h).v;
-                transpose8x8(r, t);
-                for (int j = 0; j < 8; ++j) e[8 * h + j].v = t[j];
-            }
-        } else {
-            for (int h = 0; h < R / 4; ++h) {
-                __m512d r[4], t[4];
-                for (int b = 0; b < 4; ++b) r[b] = CV::load(p + R * b + 4 * h).v;
-                transpose4x4(r, t);
-                for (int j = 0; j < 4; ++j) e[4 * h + j].v = t[j];
-            }
-        }
-        if (R == 16) {
-            for (int j = 0; j < 16; ++j) a[j] = e[r4[j]];
-            vdft<T, CV, 16, Inv>(a);
-        } else {
-            for (int j = 0; j < 8; ++j) a[j] = e[r3[j]];
-            vdft<T, CV, 8, Inv>(a);
-        }
-        if constexpr (sizeof(T) == 4) {
-            for (int h = 0; h < R / 8; ++h) {
-                __m512 r[8], t[8];
-                for (int q = 0; q < 8; ++q) r[q] = a[8 * h + q].v;
-                transpose8x8<true>(r, t);
-                for (int b = 0; b < 8; ++b) CV{t[b]}.store(p + R * b + 8 * h);
-            }
-        } else {
-            for (int h = 0; h < R / 4; ++h) {
-                __m512d r[4], t[4];
-                for (int q = 0; q < 4; ++q) r[q] = a[4 * h + q].v;
-                transpose4x4<true>(r, t);
-                for (int b = 0; b < 4; ++b) CV{t[b]}.store(p + R * b + 4 * h);
-            }
-        }
-    }
-}
-
-// One radix-4 pass: blocks of 4S, each from four sub-blocks of S, over
-// the group form; the last pass writes interleaved values. Twiddles come in
-// the same group form, for j = 1, 2, 3 per group of V.
-template <class T, bool Inv, bool Last>
-void pass4(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw) {
-    using G = GVec<T>;
-    constexpr int V = G::V;
-    const T* tf = reinterpret_cast<const T*>(tw);
-    const int64_t S2 = 2 * S;
-    auto mul = [](G a, const T* w) -> G {
-        G x = G::load(w);
-        if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
-        else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
-    };
-    for (int64_t b = 0; b < nBlocks; ++b) {
-        const T* p = reinterpret_cast<const T*>(in + b * 4 * S);
-        T* q = reinterpret_cast<T*>(out + b * 4 * S);
-        const T* t = tf;
-        for (int64_t k = 0; k < S2; k += 2 * V, t += 6 * V) {
-            G b0 = G::load(p + k), b1 = G::load(p + k + S2), b2 = G::load(p + k + 2 * S2), b3 = G::load(p + k + 3 * S2);
-            G c1 = mul(b1, t + 2 * V), c2 = mul(b2, t), c3 = mul(b3, t + 4 * V);
-            G u0{G::add(b0.re, c1.re), G::add(b0.im, c1.im)}, u1{G::sub(b0.re, c1.re), G::sub(b0.im, c1.im)};
-            G v0{G::add(c2.re, c3.re), G::add(c2.im, c3.im)}, d{G::sub(c2.re, c3.re), G::sub(c2.im, c3.im)};
-            G o0{G::add(u0.re, v0.re), G::add(u0.im, v0.im)}, o2{G::sub(u0.re, v0.re), G::sub(u0.im, v0.im)};
-            G o1, o3;
-            // u1 -/+ i*d (forward), u1 +/- i*d (inverse)
-            if constexpr (!Inv) {
-                o1 = {G::add(u1.re, d.im), G::sub(u1.im, d.re)};
-                o3 = {G::sub(u1.re, d.im), G::add(u1.im, d.re)};
-            } else {
-                o1 = {G::sub(u1.re, d.im), G::add(u1.im, d.re)};
-                o3 = {G::add(u1.re, d.im), G::sub(u1.im, d.re)};
-            }
-            if constexpr (Last) {
-                o0.storeCx(q + k); o1.storeCx(q + k + S2); o2.storeCx(q + k + 2 * S2); o3.storeCx(q + k + 3 * S2);
-            } else {
-                o0.store(q + k); o1.store(q + k + S2); o2.store(q + k + 2 * S2); o3.store(q + k + 3 * S2);
-            }
-        }
-    }
-}
-
-template <class T, bool Inv>
-VRX_INLINE void runPass(const Cx<T>* in, Cx<T>* out, int64_t S, int64_t nBlocks, const Cx<T>* tw, bool last) {
-    if (last) pass4<T, Inv, true>(in, out, S, nBlocks, tw);
-    else pass4<T, Inv, false>(in, out, S, nBlocks, tw);
-}
-
-// The radix engine for order m >= 4: the first pass into W, then the passes,
-// chunk by chunk while the blocks fit a chunk, the last pass into out.
-template <class T, bool Inv, First F>
-void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const Cx<T>* src, const T* sRe, const T* sIm,
-              Cx<T>* W, Cx<T>* out) {
     const int64_t N = int64_t(1) << m;
-    const int s0 = (m & 1) ? 3 : 4;
-    const int64_t R0 = int64_t(1) << s0;
-    const int64_t C = N < Limits<T>::kChunk ? N : Limits<T>::kChunk;
-    const int logC = __builtin_ctzll(static_cast<unsigned long long>(C));
-    const int sLast = m - 2;
-    int64_t off = 0;
-    int sOuter = s0;
-    while (sOuter + 2 <= logC && sOuter <= sLast) sOuter += 2;
-    constexpr bool kVecFirst = (F == First::Interleaved);
-    if constexpr (kVecFirst) firstPassVec<T, Inv>(m, brev, src, W);
-    for (int64_t base = 0; base < N; base += C) {
-        if constexpr (F == First::Sequential) firstPassSeqVec<T, Inv>(m, W, base / R0, (base + C) / R0);
-        else if constexpr (!kVecFirst) {
-            firstPass<T, Inv, F>(m, brev, src, sRe, sIm, W, base / R0, (base + C) / R0);
-            toGroups<T>(W + base, C);
+    constexpr int LR = R == 32 ? 5 : (R == 16 ? 4 : 3);
+    CV f[21];
+    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, f);
+    for (int64_t i = 0; i < N; i += int64_t(R) * V) {
+        CV e[R], a[R];
+        for (int h = 0; h < R / V; ++h) {
+            CV r[V];
+            for (int b = 0; b < V; ++b) r[b] = CV::load(src + i + R * b + V * h);
+            transposeV<CV>(r);
+            for (int j = 0; j < V; ++j) e[V * h + j] = r[j];
         }
-        off = 0;
-        for (int s = s0; s < sOuter; s += 2) {
-            int64_t S = int64_t(1) << s;
-            runPass<T, Inv>(W + base, (s == sLast ? out : W) + base, S, C / (4 * S), tw + off, s == sLast);
-            off += 3 * S;
-        }
-    }
-    for (int s = sOuter; s <= sLast; s += 2) {
-        int64_t S = int64_t(1) << s;
-        runPass<T, Inv>(W, s == sLast ? out : W, S, N / (4 * S), tw + off, s == sLast);
-        off += 3 * S;
+        for (int j = 0; j < R; ++j) a[j] = e[revBits(static_cast<uint32_t>(j), LR)];
+        firstBfly<T, CV, R, Inv>(a, f);
+        storeGroups<T, CV, R>(a, [&](int b) { return W + i + R * b; });
     }
 }
 
-template <class T> void scaleCx(Cx<T>* p, int64_t n, T s) {
-    T* f = reinterpret_cast<T*>(p);
-    for (int64_t i = 0; i < 2 * n; ++i) f[i] *= s;
+template <class T> VRX_INLINE T sqrtHalf() { return fixTab<T>()[128]; }
+
+// One pass of the schedule over len values from base.
+template <class T, bool Inv, Out O>
+VRX_INLINE void runPass(const PassStep& p, Cx<T>* W, Cx<T>* out, T* re, T* im, int64_t base, int64_t len,
+                        const Cx<T>* tw) {
+    const int64_t S = int64_t(1) << p.s;
+    const int64_t nb = len >> (p.s + p.t);
+    if (p.t == 2) pass4<T, Inv, O>(W + base, out + base, re ? re + base : re, im ? im + base : im, S, nb, tw);
+    else pass8<T, Inv, O>(W + base, out + base, re ? re + base : re, im ? im + base : im, S, nb, tw, sqrtHalf<T>());
 }
+
+// The radix engine for order m >= 7: the first pass into W, the passes whose
+// blocks fit a chunk chunk by chunk, the rest over the whole array; the last
+// pass writes the destination in the form O (out, or re and im).
+template <class T, bool Inv, bool Seq, Out O>
+void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src, Cx<T>* W, Cx<T>* out, T* re, T* im) {
+    PassStep ps[16];
+    const int np = radixSchedule<T>(m, ps);
+    int64_t off[16];
+    off[1] = 0;
+    for (int i = 1; i + 1 < np; ++i) off[i + 1] = off[i] + ((int64_t(1) << ps[i].t) - 1) * (int64_t(1) << ps[i].s);
+    const int64_t N = int64_t(1) << m;
+    // the first pass, fused with the pass at s = 2 where the schedule has one
+    int first = 2;
+    if (ps[0].t == 3) {
+        first = 1;
+        if constexpr (sizeof(T) == 8) {
+            if constexpr (Seq) firstPassSeq<T, 8, Inv>(m, src.cx, W, tw);
+            else firstPassRev<T, 8, Inv, O == Out::Split>(m, brev, src, W, tw);
+        }
+    } else if (ps[1].t == 2) {
+        if constexpr (Seq) firstPassSeq<T, 16, Inv>(m, src.cx, W, tw);
+        else firstPassRev<T, 16, Inv, O == Out::Split>(m, brev, src, W, tw);
+    } else {
+        if constexpr (sizeof(T) == 8) {
+            if constexpr (Seq) firstPassSeq<T, 32, Inv>(m, src.cx, W, tw);
+            else firstPassRev<T, 32, Inv, O == Out::Split>(m, brev, src, W, tw);
+        }
+    }
+    const int logC = m < Limits<T>::kChunkLog ? m : Limits<T>::kChunkLog;
+    const int64_t C = int64_t(1) << logC;
+    int chunkEnd = first;
+    while (chunkEnd < np && ps[chunkEnd].s + ps[chunkEnd].t <= logC) ++chunkEnd;
+    auto run = [&](int i, int64_t base, int64_t len) {
+        if (i == np - 1) runPass<T, Inv, O>(ps[i], W, out, re, im, base, len, tw + off[i]);
+        else runPass<T, Inv, Out::Group>(ps[i], W, W, nullptr, nullptr, base, len, tw + off[i]);
+    };
+    if (chunkEnd > first)
+        for (int64_t base = 0; base < N; base += C)
+            for (int i = first; i < chunkEnd; ++i) run(i, base, C);
+    for (int i = chunkEnd; i < np; ++i) run(i, 0, N);
+}
+
+template <class T> VRX_INLINE void scaleBy(T* p, int64_t n, T s) {
+    if constexpr (sizeof(T) == 4) N0(vrxsMulC_32f_I)(s, p, static_cast<int>(n));
+    else N0(vrxsMulC_64f_I)(s, p, static_cast<int>(n));
+}
+
 
 template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int ord) {
     T c, s;
@@ -621,15 +563,20 @@ template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int or
 
 }  // namespace
 
-template <class T, bool Inv> void radixBlock(int m, const Cx<T>* tw, Cx<T>* p, Cx<T>*) {
-    radixRun<T, Inv, First::Sequential>(m, tw, nullptr, nullptr, nullptr, nullptr, p, p);
+// A block already in bit-reversed order: in place when it is 32-byte
+// aligned, through work otherwise; the result stays in the group form.
+template <class T, bool Inv> void radixBlock(int m, const Cx<T>* tw, Cx<T>* p, Cx<T>* work) {
+    Cx<T>* W = (reinterpret_cast<uintptr_t>(p) & 31) ? work : p;
+    radixRun<T, Inv, true, Out::Group>(m, tw, nullptr, SrcRef<T>{p, nullptr, nullptr}, W, p, nullptr, nullptr);
 }
 
 // ------------------------------------------------------------ table builders
 
 template <class T> int64_t radixTwiddleCount(int m) {
+    PassStep ps[16];
+    const int np = radixSchedule<T>(m, ps);
     int64_t n = 0;
-    for (int s = (m & 1) ? 3 : 4; s <= m - 2; s += 2) n += 3 * (int64_t(1) << s);
+    for (int i = 1; i < np; ++i) n += ((int64_t(1) << ps[i].t) - 1) * (int64_t(1) << ps[i].s);
     return n;
 }
 
@@ -642,25 +589,27 @@ uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
     return align64(reinterpret_cast<uint8_t*>(tab + n + 1));
 }
 
+// Pass by pass in the order of the schedule: for each group of positions k,
+// for j = 1 .. r-1, the real parts then the imaginary parts of w^(j*k).
 template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
-    for (int s = (m & 1) ? 3 : 4; s <= m - 2; s += 2) {
+    PassStep ps[16];
+    const int np = radixSchedule<T>(m, ps);
+    T* f = reinterpret_cast<T*>(d);
+    for (int i = 1; i < np; ++i) {
+        const int s = ps[i].s, ord = ps[i].s + ps[i].t, r = 1 << ps[i].t;
         const int64_t S = int64_t(1) << s;
-        // groups of G real parts then G imaginary parts
-        constexpr int G = GVec<T>::V;
-        T* f = reinterpret_cast<T*>(d);
+        const int G = twGroup<T>(s);
         for (int64_t k0 = 0; k0 < S; k0 += G)
-            for (int j = 1; j <= 3; ++j) {
+            for (int j = 1; j < r; ++j) {
                 for (int kk = 0; kk < G; ++kk) {
-                    Cx<T> w = twAt<T>(st, j * (k0 + kk), s + 2);
+                    Cx<T> w = twAt<T>(st, j * (k0 + kk), ord);
                     f[kk] = w.re;
                     f[G + kk] = w.im;
                 }
                 f += 2 * G;
             }
-        d = reinterpret_cast<Cx<T>*>(f);
     }
 }
-
 
 template <class T> int32_t complexWorkSize(int m) {
     if (m <= 6) return 0;
@@ -695,32 +644,24 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
         largeRun<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
         return;
     }
-    if constexpr (sizeof(T) == 4) {
-        // 128 single-precision points fit the registers: one in-register kernel
-        if (m == 7 && !split) {
-            const C* s = reinterpret_cast<const C*>(srcRe);
-            C* d = reinterpret_cast<C*>(dstRe);
-            if (scale != T(0)) smallVec<T, 8, 16, Inv, true>(s, d, scale);
-            else smallVec<T, 8, 16, Inv, false>(s, d, scale);
-            return;
-        }
-    }
     const C* tw = static_cast<const C*>(plan->twiddleTab);
     const int32_t* brev = plan->bitRevTab;
     const int64_t N = int64_t(1) << m;
     if (!split) {
         const C* s = reinterpret_cast<const C*>(srcRe);
         C* d = reinterpret_cast<C*>(dstRe);
-        C* W = (static_cast<const void*>(s) == static_cast<const void*>(d)) ? reinterpret_cast<C*>(work) : d;
-        radixRun<T, Inv, First::Interleaved>(m, tw, brev, s, nullptr, nullptr, W, d);
-        if (scale != T(0)) scaleCx(d, N, scale);
+        // the destination holds the passes unless it is the source or not 32-byte aligned
+        const bool viaWork = static_cast<const void*>(s) == static_cast<const void*>(d) ||
+                             (reinterpret_cast<uintptr_t>(d) & 31) != 0;
+        C* W = viaWork ? reinterpret_cast<C*>(work) : d;
+        radixRun<T, Inv, false, Out::Cx>(m, tw, brev, SrcRef<T>{s, nullptr, nullptr}, W, d, nullptr, nullptr);
+        if (scale != T(0)) scaleBy<T>(dstRe, 2 * N, scale);
     } else {
         C* W = reinterpret_cast<C*>(work);
-        radixRun<T, Inv, First::Split>(m, tw, brev, nullptr, srcRe, srcIm, W, W);
+        radixRun<T, Inv, false, Out::Split>(m, tw, brev, SrcRef<T>{nullptr, srcRe, srcIm}, W, W, dstRe, dstIm);
         if (scale != T(0)) {
-            for (int64_t i = 0; i < N; ++i) { dstRe[i] = W[i].re * scale; dstIm[i] = W[i].im * scale; }
-        } else {
-            for (int64_t i = 0; i < N; ++i) { dstRe[i] = W[i].re; dstIm[i] = W[i].im; }
+            scaleBy<T>(dstRe, N, scale);
+            scaleBy<T>(dstIm, N, scale);
         }
     }
 }

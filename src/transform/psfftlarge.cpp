@@ -20,6 +20,13 @@ VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
     return x >> (32 - bits);
 }
 
+// Interleaved values again from the group form the row transform leaves.
+template <class T> void fromGroups(Cx<T>* p, int64_t n) {
+    T* f = reinterpret_cast<T*>(p);
+    constexpr int V = GVec<T>::V;
+    for (int64_t i = 0; i < 2 * n; i += 2 * V) GVec<T>::load(f + i).storeCx(f + i);
+}
+
 template <class T> void scaleCx(Cx<T>* p, int64_t n, T s) {
     T* f = reinterpret_cast<T*>(p);
     for (int64_t i = 0; i < 2 * n; ++i) f[i] *= s;
@@ -113,6 +120,7 @@ void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t 
         if (st.cx) row = st.cx + at;
         else { row = work; st.gather(at, rowLen, row); }
         radixBlock<T, Inv>(sub, tw, row, work);
+        fromGroups<T>(row, rowLen);
         if (scale != T(0)) scaleCx(row, rowLen, scale);
         if (!st.cx) st.scatter(at, rowLen, row);
     }

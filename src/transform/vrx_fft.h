@@ -43,6 +43,7 @@ template <> struct Limits<float> {
     static constexpr int kTileOrder = 6;       // large path: 64 x 64 tiles
     static constexpr int kMinWork = 65536;     // two tiles
     static constexpr int kChunk = 2048;        // complex elements of a cache chunk
+    static constexpr int kChunkLog = 11;
     static constexpr int kLargeFirst = 19;
 };
 template <> struct Limits<double> {
@@ -50,6 +51,7 @@ template <> struct Limits<double> {
     static constexpr int kTileOrder = 5;       // 32 x 32 tiles
     static constexpr int kMinWork = 32768;
     static constexpr int kChunk = 1024;
+    static constexpr int kChunkLog = 10;
     static constexpr int kLargeFirst = 18;
 };
 
@@ -86,6 +88,11 @@ template <class T> struct SineTab {
             default: c = sv; s = -cv; break;
         }
     }
+};
+
+// One pass of the radix engine: merges blocks of 2^s values by radix 2^t.
+struct PassStep {
+    int s, t;
 };
 
 // Bytes of the radix engine's twiddle table for complex order m.

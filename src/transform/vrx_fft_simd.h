@@ -153,62 +153,45 @@ template <> struct CVec<double, 4> {
 };
 
 // The group form between passes: V complex values stored as V real parts
-// followed by V imaginary parts (V = 8 for float, 4 for double), so that
-// complex products need no shuffles.
+// followed by V imaginary parts, one register each (V = 16 for float, 8
+// for double), so that complex products need no shuffles.
 template <class T> struct GVec;
 template <> struct GVec<float> {
-    static constexpr int V = 8;
-    __m256 re, im;
-    static VRX_INLINE GVec load(const float* p) { return {_mm256_loadu_ps(p), _mm256_loadu_ps(p + 8)}; }
-    VRX_INLINE void store(float* p) const { _mm256_storeu_ps(p, re); _mm256_storeu_ps(p + 8, im); }
+    static constexpr int V = 16;
+    __m512 re, im;
+    static VRX_INLINE GVec load(const float* p) { return {_mm512_loadu_ps(p), _mm512_loadu_ps(p + 16)}; }
+    VRX_INLINE void store(float* p) const { _mm512_storeu_ps(p, re); _mm512_storeu_ps(p + 16, im); }
     // writes the V values interleaved again
     VRX_INLINE void storeCx(float* p) const {
-        const __m512i idx = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
-        _mm512_storeu_ps(p, _mm512_permutex2var_ps(_mm512_castps256_ps512(re), idx, _mm512_castps256_ps512(im)));
+        const __m512i lo = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
+        const __m512i hi = _mm512_setr_epi32(8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
+        _mm512_storeu_ps(p, _mm512_permutex2var_ps(re, lo, im));
+        _mm512_storeu_ps(p + 16, _mm512_permutex2var_ps(re, hi, im));
     }
-    static VRX_INLINE __m256 add(__m256 a, __m256 b) { return _mm256_add_ps(a, b); }
-    static VRX_INLINE __m256 sub(__m256 a, __m256 b) { return _mm256_sub_ps(a, b); }
-    static VRX_INLINE __m256 mulv(__m256 a, __m256 b) { return _mm256_mul_ps(a, b); }
-    static VRX_INLINE __m256 splat(float c) { return _mm256_set1_ps(c); }
-    static VRX_INLINE void storeHalf(float* p, __m256 v) { _mm256_storeu_ps(p, v); }
-    static VRX_INLINE __m256 loadHalf(const float* p) { return _mm256_loadu_ps(p); }
+    static VRX_INLINE __m512 add(__m512 a, __m512 b) { return _mm512_add_ps(a, b); }
+    static VRX_INLINE __m512 sub(__m512 a, __m512 b) { return _mm512_sub_ps(a, b); }
+    static VRX_INLINE __m512 mulv(__m512 a, __m512 b) { return _mm512_mul_ps(a, b); }
+    static VRX_INLINE __m512 splat(float c) { return _mm512_set1_ps(c); }
+    static VRX_INLINE void storeHalf(float* p, __m512 v) { _mm512_storeu_ps(p, v); }
+    static VRX_INLINE __m512 loadHalf(const float* p) { return _mm512_loadu_ps(p); }
 };
 template <> struct GVec<double> {
-    static constexpr int V = 4;
-    __m256d re, im;
-    static VRX_INLINE GVec load(const double* p) { return {_mm256_loadu_pd(p), _mm256_loadu_pd(p + 4)}; }
-    VRX_INLINE void store(double* p) const { _mm256_storeu_pd(p, re); _mm256_storeu_pd(p + 4, im); }
+    static constexpr int V = 8;
+    __m512d re, im;
+    static VRX_INLINE GVec load(const double* p) { return {_mm512_loadu_pd(p), _mm512_loadu_pd(p + 8)}; }
+    VRX_INLINE void store(double* p) const { _mm512_storeu_pd(p, re); _mm512_storeu_pd(p + 8, im); }
     VRX_INLINE void storeCx(double* p) const {
-        const __m512i idx = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
-        _mm512_storeu_pd(p, _mm512_permutex2var_pd(_mm512_castpd256_pd512(re), idx, _mm512_castpd256_pd512(im)));
+        const __m512i lo = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
+        const __m512i hi = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
+        _mm512_storeu_pd(p, _mm512_permutex2var_pd(re, lo, im));
+        _mm512_storeu_pd(p + 8, _mm512_permutex2var_pd(re, hi, im));
     }
-    static VRX_INLINE __m256d add(__m256d a, __m256d b) { return _mm256_add_pd(a, b); }
-    static VRX_INLINE __m256d sub(__m256d a, __m256d b) { return _mm256_sub_pd(a, b); }
-    static VRX_INLINE __m256d mulv(__m256d a, __m256d b) { return _mm256_mul_pd(a, b); }
-    static VRX_INLINE __m256d splat(double c) { return _mm256_set1_pd(c); }
-    static VRX_INLINE void storeHalf(double* p, __m256d v) { _mm256_storeu_pd(p, v); }
-    static VRX_INLINE __m256d loadHalf(const double* p) { return _mm256_loadu_pd(p); }
+    static VRX_INLINE __m512d add(__m512d a, __m512d b) { return _mm512_add_pd(a, b); }
+    static VRX_INLINE __m512d sub(__m512d a, __m512d b) { return _mm512_sub_pd(a, b); }
+    static VRX_INLINE __m512d mulv(__m512d a, __m512d b) { return _mm512_mul_pd(a, b); }
+    static VRX_INLINE __m512d splat(double c) { return _mm512_set1_pd(c); }
+    static VRX_INLINE void storeHalf(double* p, __m512d v) { _mm512_storeu_pd(p, v); }
+    static VRX_INLINE __m512d loadHalf(const double* p) { return _mm512_loadu_pd(p); }
 };
-
-// Interleaved register of V complex values -> the group form of the same values.
-VRX_INLINE __m512 toGroup(__m512 v) {
-    return _mm512_permutexvar_ps(_mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15), v);
-}
-VRX_INLINE __m512d toGroup(__m512d v) { return _mm512_permutexvar_pd(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), v); }
-
-// Group form of n interleaved complex values in place (n a multiple of 8).
-template <class T> VRX_INLINE void toGroups(Cx<T>* p, int64_t n) {
-    T* f = reinterpret_cast<T*>(p);
-    if constexpr (sizeof(T) == 4)
-        for (int64_t i = 0; i < 2 * n; i += 16) _mm512_storeu_ps(f + i, toGroup(_mm512_loadu_ps(f + i)));
-    else
-        for (int64_t i = 0; i < 2 * n; i += 8) _mm512_storeu_pd(f + i, toGroup(_mm512_loadu_pd(f + i)));
-}
-
-// Vector width (in complex values) of a pass whose half-span is S.
-template <class T> constexpr int passWidth(int64_t S) {
-    if constexpr (sizeof(T) == 4) return S >= 8 ? 8 : 4;
-    else return 4;
-}
 
 }  // namespace n0::fft
