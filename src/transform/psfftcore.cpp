@@ -320,7 +320,7 @@ template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o)
 // which reads the input in bit-reversed order and needs no factors; each
 // further entry merges blocks of 2^s values by radix 2^t, reading its
 // factors from the twiddle table in this order.
-template <class T> int radixSchedule(int m, PassStep* ps) {
+template <class T> constexpr int radixSchedule(int m, PassStep* ps) {
     int n = 0;
     int s = (sizeof(T) == 4 || m >= 11 || m == 4) ? 2 : 3;
     ps[n++] = {0, s};
@@ -344,6 +344,26 @@ template <class T> int radixSchedule(int m, PassStep* ps) {
     }
     return n;
 }
+
+// The schedules of all orders of the radix engine, with the offset of each
+// pass's factors in the twiddle table.
+struct Schedule {
+    int np;
+    PassStep ps[12];
+    int32_t off[12];
+};
+template <class T> struct Schedules {
+    Schedule s[Limits<T>::kRadixLast + 1];
+    constexpr Schedules() : s{} {
+        for (int m = 5; m <= Limits<T>::kRadixLast; ++m) {
+            Schedule& x = s[m];
+            x.np = radixSchedule<T>(m, x.ps);
+            x.off[0] = x.off[1] = 0;
+            for (int i = 1; i + 1 < x.np; ++i) x.off[i + 1] = x.off[i] + ((1 << x.ps[i].t) - 1) * (1 << x.ps[i].s);
+        }
+    }
+};
+template <class T> inline constexpr Schedules<T> kSchedules{};
 
 // Positions per factor group of the pass at s: the width of the group
 // form, or all positions of a pass that has fewer (the pass at s = 2).
@@ -507,16 +527,47 @@ VRX_INLINE void runPass(const PassStep& p, Cx<T>* W, Cx<T>* out, T* re, T* im, i
     else pass8<T, Inv, O>(W + base, out + base, re ? re + base : re, im ? im + base : im, S, nb, tw, sqrtHalf<T>());
 }
 
+// Order 7 in single precision: the first pass (fused with the pass at s = 2)
+// and the radix-8 pass at s = 4 that completes the schedule, without leaving
+// the registers; the eight blocks of 16 are the eight lanes, lane j holding
+// the block that the last pass takes as its sub-block j.
+template <bool Inv, Out O, bool Split>
+void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, const Cx<float>* tw) {
+    using CV = CVec<float, 8>;
+    using G = GVec<float>;
+    CV f[9];
+    loadFirstFactors<float, CV, 16>(tw, f);
+    CV a[16];
+    for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
+    vdft16tw<float, CV, Inv>(a, f);
+    __m512 r0[8], r1[8], t0[8], t1[8];
+    for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
+    transpose8x8<true>(r0, t0);
+    transpose8x8<true>(r1, t1);
+    const float* t = reinterpret_cast<const float*>(tw + kSchedules<float>.s[7].off[2]);
+    G c[8];
+    for (int j = 0; j < 8; ++j) {
+        G g{_mm512_shuffle_f32x4(t0[j], t1[j], 0x44), _mm512_shuffle_f32x4(t0[j], t1[j], 0xEE)};
+        c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, t + 32 * (j - 1));
+    }
+    bfly8Group<float, Inv, O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
+}
+
 // The radix engine for order m >= 7: the first pass into W, the passes whose
 // blocks fit a chunk chunk by chunk, the rest over the whole array; the last
 // pass writes the destination in the form O (out, or re and im).
 template <class T, bool Inv, bool Seq, Out O>
 void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src, Cx<T>* W, Cx<T>* out, T* re, T* im) {
-    PassStep ps[16];
-    const int np = radixSchedule<T>(m, ps);
-    int64_t off[16];
-    off[1] = 0;
-    for (int i = 1; i + 1 < np; ++i) off[i + 1] = off[i] + ((int64_t(1) << ps[i].t) - 1) * (int64_t(1) << ps[i].s);
+    if constexpr (sizeof(T) == 4 && !Seq) {
+        if (m == 7) {
+            radix7f<Inv, O, O == Out::Split>(src, out, re, im, tw);
+            return;
+        }
+    }
+    const Schedule& sc = kSchedules<T>.s[m];
+    const int np = sc.np;
+    const PassStep* ps = sc.ps;
+    const int32_t* off = sc.off;
     const int64_t N = int64_t(1) << m;
     // the first pass, fused with the pass at s = 2 where the schedule has one
     int first = 2;

@@ -82,6 +82,30 @@ void pass4(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, int64_t nBlocks
     }
 }
 
+// The radix-8 butterfly of one group of positions: c[j] holds sub-block j
+// (natural order), already multiplied by its factors; X[q] goes to e + q*S.
+template <class T, bool Inv, Out O>
+VRX_INLINE void bfly8Group(const GVec<T>* c, T* dst, T* re, T* im, int64_t e, int64_t S, T sqrtHalf) {
+    using P = GOps<T>;
+    using G = typename P::G;
+    // even half: 4-point transform of j = 0, 2, 4, 6
+    G t0 = P::add(c[0], c[4]), t1 = P::sub(c[0], c[4]), t2 = P::add(c[2], c[6]), t3 = P::sub(c[2], c[6]);
+    G E0 = P::add(t0, t2), E1 = P::template addRot<Inv>(t1, t3), E2 = P::sub(t0, t2), E3 = P::template subRot<Inv>(t1, t3);
+    // odd half: j = 1, 3, 5, 7, then the factors exp(-2*pi*i*q/8)
+    G s0 = P::add(c[1], c[5]), s1 = P::sub(c[1], c[5]), s2 = P::add(c[3], c[7]), s3 = P::sub(c[3], c[7]);
+    G O0 = P::add(s0, s2), O2 = P::sub(s0, s2);
+    G O1 = P::template w8<Inv>(P::template addRot<Inv>(s1, s3), sqrtHalf);
+    G O3 = P::template w8<Inv>(P::template subRot<Inv>(s1, s3), sqrtHalf);
+    P::template put<O>(P::add(E0, O0), dst, re, im, e);
+    P::template put<O>(P::add(E1, O1), dst, re, im, e + S);
+    P::template put<O>(P::template addRot<Inv>(E2, O2), dst, re, im, e + 2 * S);
+    P::template put<O>(P::template addRot<Inv>(E3, O3), dst, re, im, e + 3 * S);
+    P::template put<O>(P::sub(E0, O0), dst, re, im, e + 4 * S);
+    P::template put<O>(P::sub(E1, O1), dst, re, im, e + 5 * S);
+    P::template put<O>(P::template subRot<Inv>(E2, O2), dst, re, im, e + 6 * S);
+    P::template put<O>(P::template subRot<Inv>(E3, O3), dst, re, im, e + 7 * S);
+}
+
 // Radix-8 pass over nBlocks blocks of 8S values.
 template <class T, bool Inv, Out O>
 void pass8(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, int64_t nBlocks, const Cx<T>* tw, T sqrtHalf) {
@@ -91,37 +115,17 @@ void pass8(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, int64_t nBlocks
     const T* tf = reinterpret_cast<const T*>(tw);
     const T* src = reinterpret_cast<const T*>(in);
     T* dst = reinterpret_cast<T*>(out);
+    static constexpr int kRev3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
     for (int64_t b = 0; b < nBlocks; ++b) {
         const int64_t e0 = b * 8 * S;
         const T* t = tf;
         for (int64_t k = 0; k < S; k += V, t += 14 * V) {
             const T* p = src + 2 * (e0 + k);
             // memory slot q holds j = rev3(q); factor j sits at t + 2V(j-1)
-            G c0 = G::load(p);
-            G c4 = P::template mul<Inv>(G::load(p + 2 * S), t + 6 * V);
-            G c2 = P::template mul<Inv>(G::load(p + 4 * S), t + 2 * V);
-            G c6 = P::template mul<Inv>(G::load(p + 6 * S), t + 10 * V);
-            G c1 = P::template mul<Inv>(G::load(p + 8 * S), t);
-            G c5 = P::template mul<Inv>(G::load(p + 10 * S), t + 8 * V);
-            G c3 = P::template mul<Inv>(G::load(p + 12 * S), t + 4 * V);
-            G c7 = P::template mul<Inv>(G::load(p + 14 * S), t + 12 * V);
-            // even half: 4-point transform of j = 0, 2, 4, 6
-            G t0 = P::add(c0, c4), t1 = P::sub(c0, c4), t2 = P::add(c2, c6), t3 = P::sub(c2, c6);
-            G E0 = P::add(t0, t2), E1 = P::template addRot<Inv>(t1, t3), E2 = P::sub(t0, t2), E3 = P::template subRot<Inv>(t1, t3);
-            // odd half: j = 1, 3, 5, 7, then the factors exp(-2*pi*i*q/8)
-            G s0 = P::add(c1, c5), s1 = P::sub(c1, c5), s2 = P::add(c3, c7), s3 = P::sub(c3, c7);
-            G O0 = P::add(s0, s2), O2 = P::sub(s0, s2);
-            G O1 = P::template w8<Inv>(P::template addRot<Inv>(s1, s3), sqrtHalf);
-            G O3 = P::template w8<Inv>(P::template subRot<Inv>(s1, s3), sqrtHalf);
-            const int64_t e = e0 + k;
-            P::template put<O>(P::add(E0, O0), dst, re, im, e);
-            P::template put<O>(P::add(E1, O1), dst, re, im, e + S);
-            P::template put<O>(P::template addRot<Inv>(E2, O2), dst, re, im, e + 2 * S);
-            P::template put<O>(P::template addRot<Inv>(E3, O3), dst, re, im, e + 3 * S);
-            P::template put<O>(P::sub(E0, O0), dst, re, im, e + 4 * S);
-            P::template put<O>(P::sub(E1, O1), dst, re, im, e + 5 * S);
-            P::template put<O>(P::template subRot<Inv>(E2, O2), dst, re, im, e + 6 * S);
-            P::template put<O>(P::template subRot<Inv>(E3, O3), dst, re, im, e + 7 * S);
+            G c[8];
+            c[0] = G::load(p);
+            for (int q = 1; q < 8; ++q) c[kRev3[q]] = P::template mul<Inv>(G::load(p + 2 * q * S), t + 2 * V * (kRev3[q] - 1));
+            bfly8Group<T, Inv, O>(c, dst, re, im, e0 + k, S, sqrtHalf);
         }
     }
 }
