@@ -420,13 +420,17 @@ template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const C
 }
 
 // Radix-16 first pass in lanes: the radix-4 first pass and the radix-4 pass
-// at s = 2 in registers, the latter with its factors f[3*(j-1) + (k-1)].
-template <class T, class CV, bool Inv> VRX_INLINE void vdft16tw(CV* a, const CV* f) {
+// at s = 2 in registers, the latter with its factors fr/fi[3*(j-1) + (k-1)] (real and
+// imaginary parts in every lane).
+template <class T, class CV, bool Inv> VRX_INLINE void vdft16tw(CV* a, const CV* fr, const CV* fi) {
     CV y[4][4];
     for (int n2 = 0; n2 < 4; ++n2) {
         vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
         if (n2 != 0)
-            for (int k1 = 1; k1 < 4; ++k1) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], f[3 * (n2 - 1) + (k1 - 1)]);
+            for (int k1 = 1; k1 < 4; ++k1) {
+                const int x = 3 * (n2 - 1) + (k1 - 1);
+                y[n2][k1] = CV::template mulSplit<Inv>(y[n2][k1], fr[x], fi[x]);
+            }
     }
     for (int k1 = 0; k1 < 4; ++k1) {
         CV o[4];
@@ -436,13 +440,17 @@ template <class T, class CV, bool Inv> VRX_INLINE void vdft16tw(CV* a, const CV*
 }
 
 // Radix-32 first pass in lanes: the radix-4 first pass and the radix-8 pass
-// at s = 2, the latter with its factors f[3*(j-1) + (k-1)].
-template <class T, class CV, bool Inv> VRX_INLINE void vdft32tw(CV* a, const CV* f) {
+// at s = 2, the latter with its factors fr/fi[3*(j-1) + (k-1)] (real and
+// imaginary parts in every lane).
+template <class T, class CV, bool Inv> VRX_INLINE void vdft32tw(CV* a, const CV* fr, const CV* fi) {
     CV y[8][4];
     for (int n2 = 0; n2 < 8; ++n2) {
         vbfly4<CV, Inv>(a[n2], a[8 + n2], a[16 + n2], a[24 + n2], y[n2]);
         if (n2 != 0)
-            for (int k1 = 1; k1 < 4; ++k1) y[n2][k1] = CV::template mul<Inv>(y[n2][k1], f[3 * (n2 - 1) + (k1 - 1)]);
+            for (int k1 = 1; k1 < 4; ++k1) {
+                const int x = 3 * (n2 - 1) + (k1 - 1);
+                y[n2][k1] = CV::template mulSplit<Inv>(y[n2][k1], fr[x], fi[x]);
+            }
     }
     for (int k1 = 0; k1 < 4; ++k1) {
         CV in[8], o[8];
@@ -453,18 +461,22 @@ template <class T, class CV, bool Inv> VRX_INLINE void vdft32tw(CV* a, const CV*
 }
 
 // Butterfly of the first pass over R = 8, 16 or 32 lanes-as-blocks.
-template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* f) {
-    if constexpr (R == 32) vdft32tw<T, CV, Inv>(a, f);
-    else if constexpr (R == 16) vdft16tw<T, CV, Inv>(a, f);
+template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* fr, const CV* fi) {
+    if constexpr (R == 32) vdft32tw<T, CV, Inv>(a, fr, fi);
+    else if constexpr (R == 16) vdft16tw<T, CV, Inv>(a, fr, fi);
     else vdft<T, CV, R, Inv>(a);
 }
 
 // Factors of the pass at s = 2 (radix R/4, four positions) broadcast for
 // the fused first pass.
-template <class T, class CV, int R> VRX_INLINE void loadFirstFactors(const Cx<T>* tw, CV* f) {
+template <class T, class CV, int R> VRX_INLINE void loadFirstFactors(const Cx<T>* tw, CV* fr, CV* fi) {
     const T* t = reinterpret_cast<const T*>(tw);
     for (int j = 1; j < R / 4; ++j)
-        for (int k = 1; k < 4; ++k) f[3 * (j - 1) + (k - 1)] = CV::bcast({t[8 * (j - 1) + k], t[8 * (j - 1) + 4 + k]});
+        for (int k = 1; k < 4; ++k) {
+            const T re = t[8 * (j - 1) + k], im = t[8 * (j - 1) + 4 + k];
+            fr[3 * (j - 1) + (k - 1)] = CV::bcast({re, re});
+            fi[3 * (j - 1) + (k - 1)] = CV::bcast({im, im});
+        }
 }
 
 // The first pass with bit-reversed reads: blocks i + rev(l)*G (l < V) read V
@@ -480,13 +492,13 @@ void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, con
     const int64_t G = N / (int64_t(R) * V);
     int64_t rv[8];
     for (int l = 0; l < V; ++l) rv[l] = int64_t(revBits(static_cast<uint32_t>(l), LV)) * G;
-    CV f[21];
-    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, f);
+    CV fr[21], fi[21];
+    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
     for (int64_t i = 0; i < G; ++i) {
         const int64_t base = brev[i * (R / 4)] >> 1;
         CV a[R];
         for (int j = 0; j < R; ++j) a[j] = loadSrc<T, V, Split>(src, base + j * stride);
-        firstBfly<T, CV, R, Inv>(a, f);
+        firstBfly<T, CV, R, Inv>(a, fr, fi);
         storeGroups<T, CV, R>(a, [&](int l) { return W + R * (i + rv[l]); });
     }
 }
@@ -499,8 +511,8 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     using CV = CVec<T, V>;
     const int64_t N = int64_t(1) << m;
     constexpr int LR = R == 32 ? 5 : (R == 16 ? 4 : 3);
-    CV f[21];
-    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, f);
+    CV fr[21], fi[21];
+    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
     for (int64_t i = 0; i < N; i += int64_t(R) * V) {
         CV e[R], a[R];
         for (int h = 0; h < R / V; ++h) {
@@ -510,7 +522,7 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
             for (int j = 0; j < V; ++j) e[V * h + j] = r[j];
         }
         for (int j = 0; j < R; ++j) a[j] = e[revBits(static_cast<uint32_t>(j), LR)];
-        firstBfly<T, CV, R, Inv>(a, f);
+        firstBfly<T, CV, R, Inv>(a, fr, fi);
         storeGroups<T, CV, R>(a, [&](int b) { return W + i + R * b; });
     }
 }
@@ -535,11 +547,11 @@ template <bool Inv, Out O, bool Split>
 void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, const Cx<float>* tw) {
     using CV = CVec<float, 8>;
     using G = GVec<float>;
-    CV f[9];
-    loadFirstFactors<float, CV, 16>(tw, f);
+    CV fr[9], fi[9];
+    loadFirstFactors<float, CV, 16>(tw, fr, fi);
     CV a[16];
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
-    vdft16tw<float, CV, Inv>(a, f);
+    vdft16tw<float, CV, Inv>(a, fr, fi);
     __m512 r0[8], r1[8], t0[8], t1[8];
     for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
     transpose8x8<true>(r0, t0);
