@@ -101,37 +101,61 @@ void owns_initTabTwdBase_32f(int order, float* tab) {
     N0(vrxsCos_32f_A24)(tab + e + 1, tab + e + 1, static_cast<int>(q - e));
 }
 
-// Recombination tables of a real plan of order n (see the real transforms).
-// Single level: for k = 1 .. N/4 the pair of factors of k, adjacent, so
-// that a vector of pairs lines up with a vector of complex values. Two
-// levels: a fine part of F pairs, then the coarse factors for k = F*j.
-template <class T> constexpr int kFine = sizeof(T) == 4 ? 1024 : 512;
+// Recombination tables of a real plan of order n, theta(k) = 2*pi*k/N.
+// Factors are stored in pairs by two: first(k), first(k+1), second(k),
+// second(k+1) for k = 1, 3, 5, ..., so that two factors of one kind load
+// together. Single level (k = 1 .. N/4): forward 0.5*cos and 0.5 - 0.5*sin,
+// inverse cos and -sin. Two levels: a fine part of kRecombFine factors
+// cos, -sin for k = 1 .. kRecombFine in the same pairing, then the coarse
+// factors (cos, -sin) of theta(kRecombFine*j), j = 0 .. N/(4*kRecombFine) - 1,
+// adjacent; both directions hold the same values.
+constexpr int kRecombFine = 512;
 template <class T> bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
+
+template <class T> VRX_INLINE void putPaired(T* d, int64_t k, T first, T second) {
+    const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
+    d[4 * g + odd] = first;
+    d[4 * g + 2 + odd] = second;
+}
 
 template <class T> uint8_t* buildRecomb(int order, const SineTab<T>& st, T* d, bool fwd) {
     const int64_t N = int64_t(1) << order;
     const int64_t q = N / 4;
     const bool two = recombTwoLevel<T>(order);
-    const int64_t nFine = two ? kFine<T> : q;
+    const int64_t nFine = two ? kRecombFine : q;
     for (int64_t k = 1; k <= nFine; ++k) {
         T c, s;
         st.cosSin(k, order, c, s);
-        T first, second;
-        if (fwd && !two) { first = T(0.5) * c; second = T(0.5) - T(0.5) * s; }
-        else { first = c; second = -s; }
-        d[2 * (k - 1)] = first;
-        d[2 * (k - 1) + 1] = second;
+        if (fwd && !two) putPaired(d, k, T(0.5) * c, T(0.5) - T(0.5) * s);
+        else putPaired(d, k, c, -s);
     }
     T* e = d + 2 * nFine;
     if (two) {
-        for (int64_t j = 0; j < N / (4 * kFine<T>); ++j) {
+        for (int64_t j = 0; j < q / kRecombFine; ++j) {
             T c, s;
-            st.cosSin(j * kFine<T>, order, c, s);
+            st.cosSin(j * kRecombFine, order, c, s);
             *e++ = c;
             *e++ = -s;
         }
     }
     return reinterpret_cast<uint8_t*>(e);
+}
+
+// Both recombination tables behind the complex tables at p. A two-level
+// table that would outgrow its share of the plan (single precision from
+// order 22, where the coarse part passes the reserved room) is built once
+// and serves both directions, its values being the same.
+template <class T> uint8_t* buildRecombTables(Plan* plan, int order, int64_t room, const SineTab<T>& st, uint8_t* p) {
+    p = align64(p);
+    plan->recombFwdTab = p;
+    uint8_t* e = buildRecomb<T>(order, st, reinterpret_cast<T*>(p), true);
+    if (recombTwoLevel<T>(order) && align64(e) - p > room) {
+        plan->recombInvTab = p;
+        return e;
+    }
+    p = align64(e);
+    plan->recombInvTab = p;
+    return buildRecomb<T>(order, st, reinterpret_cast<T*>(p), false);
 }
 
 template <class T>
@@ -191,14 +215,7 @@ VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint
     } else {
         plan->workSize = 0;
     }
-    if (k.real) {
-        p = align64(p);
-        plan->recombFwdTab = p;
-        p = buildRecomb<T>(order, st, reinterpret_cast<T*>(p), true);
-        p = align64(p);
-        plan->recombInvTab = p;
-        p = buildRecomb<T>(order, st, reinterpret_cast<T*>(p), false);
-    }
+    if (k.real) p = buildRecombTables<T>(plan, order, recombSize(k, order), st, p);
     *ppPlan = plan;
     return vrxOk;
 }

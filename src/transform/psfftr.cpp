@@ -1,7 +1,13 @@
 // Real FFT: a complex transform of half length plus one recombination pass,
-// with the three packed spectrum forms CCS, Pack and Perm.
+// with the three packed spectrum forms CCS, Pack and Perm. Up to N = 16 the
+// transforms are straight-line real kernels.
 #include "vrx_fft.h"
-#include "vrx_fft_simd.h"
+
+#include <immintrin.h>
+
+// The shuffle intrinsics of g++ 12 start from an undefined register, which
+// its uninitialised-value analysis reports once they are inlined.
+#pragma GCC diagnostic ignored "-Wuninitialized"
 
 using namespace n0::fft;
 
@@ -14,14 +20,18 @@ template <class T> VRX_INLINE T planScale(const Plan* p) {
     else return p->normScale.d;
 }
 
-template <class T> constexpr int kFine = sizeof(T) == 4 ? 1024 : 512;
+// Two-level recombination tables: kFine fine factors, then one coarse
+// factor per kFine values of k.
+constexpr int kFine = 512;
 template <class T> VRX_INLINE bool twoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
+
+// ------------------------------------------------------------ packed forms
 
 // Perm -> requested form, in place in the destination.
 template <class T> void permToForm(T* d, int64_t N, Form f) {
     if (f == Form::Pack) {
         if (N >= 3) {
-            T v = d[1];
+            const T v = d[1];
             memmove(d + 1, d + 2, static_cast<size_t>(N - 2) * sizeof(T));
             d[N - 1] = v;
         }
@@ -33,235 +43,396 @@ template <class T> void permToForm(T* d, int64_t N, Form f) {
     }
 }
 
-// Source in the given form -> Perm in the destination (safe in place).
-template <class T> void formToPerm(const T* s, T* d, int64_t N, Form f) {
-    if (f == Form::Perm) {
+// Pack -> Perm positions in the destination, from the end, so that an
+// in-place call reads every value before it is overwritten.
+template <class T> void unfoldPack(const T* s, T* d, int64_t N) {
+    if (N <= 2) {
         if (s != d) memmove(d, s, static_cast<size_t>(N) * sizeof(T));
-    } else if (f == Form::CCS) {
-        T r0 = s[0];
-        T rh = N > 1 ? s[N] : T(0);
-        if (N > 2 && s != d) memmove(d + 2, s + 2, static_cast<size_t>(N - 2) * sizeof(T));
-        d[0] = r0;
-        if (N > 1) d[1] = rh;
-    } else {
-        if (N <= 2) {
-            if (s != d) memmove(d, s, static_cast<size_t>(N) * sizeof(T));
-            return;
-        }
-        T last = s[N - 1];
-        T r0 = s[0];
-        memmove(d + 2, s + 1, static_cast<size_t>(N - 2) * sizeof(T));
-        d[0] = r0;
-        d[1] = last;
-    }
-}
-
-// Small real transforms (N <= 16) through the straight-line complex kernels.
-template <class T, bool Inv> void smallReal(T* d, int order, T scale) {
-    const int64_t N = int64_t(1) << order;
-    alignas(64) Cx<T> z[16];
-    if (!Inv) {
-        // N reals in, Perm out; at N = 16 the complex input is built in
-        // registers, so that the kernel's wide loads meet wide stores
-        if (N == 16) {
-            if constexpr (sizeof(T) == 4) {
-                __m512 x = _mm512_loadu_ps(reinterpret_cast<const float*>(d)), zero = _mm512_setzero_ps();
-                const __m512i lo = _mm512_set_epi32(16, 7, 16, 6, 16, 5, 16, 4, 16, 3, 16, 2, 16, 1, 16, 0);
-                const __m512i hi = _mm512_set_epi32(16, 15, 16, 14, 16, 13, 16, 12, 16, 11, 16, 10, 16, 9, 16, 8);
-                _mm512_store_ps(reinterpret_cast<float*>(z), _mm512_permutex2var_ps(x, lo, zero));
-                _mm512_store_ps(reinterpret_cast<float*>(z + 8), _mm512_permutex2var_ps(x, hi, zero));
-            } else {
-                const __m512i lo = _mm512_set_epi64(8, 3, 8, 2, 8, 1, 8, 0), hi = _mm512_set_epi64(8, 7, 8, 6, 8, 5, 8, 4);
-                const __m512d zero = _mm512_setzero_pd();
-                for (int h = 0; h < 2; ++h) {
-                    __m512d x = _mm512_loadu_pd(reinterpret_cast<const double*>(d) + 8 * h);
-                    _mm512_store_pd(reinterpret_cast<double*>(z + 8 * h), _mm512_permutex2var_pd(x, lo, zero));
-                    _mm512_store_pd(reinterpret_cast<double*>(z + 8 * h + 4), _mm512_permutex2var_pd(x, hi, zero));
-                }
-            }
-        } else {
-            for (int64_t i = 0; i < N; ++i) z[i] = {d[i], T(0)};
-        }
-        smallComplex<T, false>(order, z, z, scale);
-        d[0] = z[0].re;
-        if (N == 1) return;
-        const T rh = z[N / 2].re;
-        memcpy(d + 2, z + 1, static_cast<size_t>(N - 2) * sizeof(T));
-        d[1] = rh;
-    } else {
-        // Perm in, N reals out
-        z[0] = {d[0], T(0)};
-        if (N > 1) z[N / 2] = {d[1], T(0)};
-        for (int64_t k = 1; k < N / 2; ++k) {
-            z[k] = {d[2 * k], d[2 * k + 1]};
-            z[N - k] = {d[2 * k], -d[2 * k + 1]};
-        }
-        smallComplex<T, true>(order, z, z, scale);
-        for (int64_t i = 0; i < N; ++i) d[i] = z[i].re;
-    }
-}
-
-// Vector helpers of the recombination: lanes reversed, real and imaginary
-// parts of a vector of factor pairs spread over both halves of each lane.
-VRX_INLINE __m512 revLanes(__m512 v) {
-    return _mm512_castpd_ps(_mm512_permutexvar_pd(_mm512_set_epi64(0, 1, 2, 3, 4, 5, 6, 7), _mm512_castps_pd(v)));
-}
-VRX_INLINE __m512d revLanes(__m512d v) { return _mm512_shuffle_f64x2(v, v, 0x1B); }
-VRX_INLINE __m512 dupFirst(__m512 v) { return _mm512_moveldup_ps(v); }
-VRX_INLINE __m512 dupSecond(__m512 v) { return _mm512_movehdup_ps(v); }
-VRX_INLINE __m512d dupFirst(__m512d v) { return _mm512_movedup_pd(v); }
-VRX_INLINE __m512d dupSecond(__m512d v) { return _mm512_permute_pd(v, 0xFF); }
-VRX_INLINE __m512 swapRI(__m512 v) { return _mm512_permute_ps(v, 0xB1); }
-VRX_INLINE __m512d swapRI(__m512d v) { return _mm512_permute_pd(v, 0x55); }
-VRX_INLINE __m512 vadd(__m512 a, __m512 b) { return _mm512_add_ps(a, b); }
-VRX_INLINE __m512d vadd(__m512d a, __m512d b) { return _mm512_add_pd(a, b); }
-VRX_INLINE __m512 vsub(__m512 a, __m512 b) { return _mm512_sub_ps(a, b); }
-VRX_INLINE __m512d vsub(__m512d a, __m512d b) { return _mm512_sub_pd(a, b); }
-VRX_INLINE __m512 vmul(__m512 a, __m512 b) { return _mm512_mul_ps(a, b); }
-VRX_INLINE __m512d vmul(__m512d a, __m512d b) { return _mm512_mul_pd(a, b); }
-template <class T> struct RV;
-template <> struct RV<float> {
-    using V = __m512;
-    static constexpr int n = 8;
-    static VRX_INLINE V ld(const void* p) { return _mm512_loadu_ps(static_cast<const float*>(p)); }
-    static VRX_INLINE void st(void* p, V v) { _mm512_storeu_ps(static_cast<float*>(p), v); }
-    static VRX_INLINE V negOdd(V v) { return CVec<float, 8>::negOdd(v); }
-    static VRX_INLINE V negEven(V v) { return CVec<float, 8>::negEven(v); }
-    static VRX_INLINE V bc(float x) { return _mm512_set1_ps(x); }
-};
-template <> struct RV<double> {
-    using V = __m512d;
-    static constexpr int n = 4;
-    static VRX_INLINE V ld(const void* p) { return _mm512_loadu_pd(static_cast<const double*>(p)); }
-    static VRX_INLINE void st(void* p, V v) { _mm512_storeu_pd(static_cast<double*>(p), v); }
-    static VRX_INLINE V negOdd(V v) { return CVec<double, 4>::negOdd(v); }
-    static VRX_INLINE V negEven(V v) { return CVec<double, 4>::negEven(v); }
-    static VRX_INLINE V bc(double x) { return _mm512_set1_pd(x); }
-};
-
-// Forward recombination of the half-length spectrum z (M values) into Perm.
-template <class T> void realRecombine(Cx<T>* z, int64_t M, const T* tab, int order) {
-    const Cx<T> z0 = z[0];
-    z[0] = {z0.re + z0.im, z0.re - z0.im};
-    if (!twoLevel<T>(order)) {
-        using R = RV<T>;
-        constexpr int L = R::n;
-        int64_t k = 1;
-        // front lanes k .. k+L-1 against back lanes M-k .. M-k-L+1, the same
-        // arithmetic as the scalar loop below
-        for (; k + L <= M / 2; k += L) {
-            auto x = R::ld(z + k);
-            auto y = revLanes(R::ld(z + M - k - L + 1));
-            auto f = R::ld(tab + 2 * (k - 1));
-            auto c = dupFirst(f), s = dupSecond(f);
-            auto yc = R::negOdd(y), xc = R::negOdd(x);
-            auto d = vsub(x, yc);
-            auto pq = vadd(vmul(d, s), R::negOdd(vmul(swapRI(d), c)));
-            R::st(z + k, vadd(pq, yc));
-            R::st(z + M - k - L + 1, revLanes(vadd(R::negEven(pq), xc)));
-        }
-        for (; k <= M / 2; ++k) {
-            const T c = tab[2 * (k - 1)], s = tab[2 * (k - 1) + 1];
-            const Cx<T> x = z[k], y = z[M - k];
-            const T dr = x.re - y.re, di = x.im + y.im;
-            const T P = dr * s + c * di;
-            const T Q = di * s - c * dr;
-            z[k] = {y.re + P, Q - y.im};
-            z[M - k] = {x.re - P, Q - x.im};
-        }
         return;
     }
-    const int F = kFine<T>;
-    const T* coarse = tab + 2 * F;
-    const T h = T(0.5);
+    const T last = s[N - 1], r0 = s[0];
+    memmove(d + 2, s + 1, static_cast<size_t>(N - 2) * sizeof(T));
+    d[1] = last;
+    d[0] = r0;
+}
+
+// ------------------------------------------------------------ real kernels up to N = 16
+
+// cos and sin of 2*pi*k/N for the kernels (k < N/4, N <= 16).
+constexpr long double kC16 = 0.923879532511286756128183189396788933L;  // cos(pi/8)
+constexpr long double kS16 = 0.382683432365089771728459984030398866L;  // sin(pi/8)
+constexpr long double kR2 = 0.707106781186547524400844362104849039L;   // sqrt(1/2)
+template <class T, int N> constexpr T kCos(int k) {
+    const int j = k * (16 / N);
+    return j == 0 ? T(1) : j == 1 ? T(kC16) : j == 2 ? T(kR2) : T(kS16);
+}
+template <class T, int N> constexpr T kSin(int k) {
+    const int j = k * (16 / N);
+    return j == 0 ? T(0) : j == 1 ? T(kS16) : j == 2 ? T(kR2) : T(kC16);
+}
+
+// N reals at stride S into X[0..N/2] (re, im), by halves: even and odd
+// samples, joined with the factors exp(-2*pi*i*k/N).
+template <class T, int N, int S> VRX_INLINE void rfwd(const T* x, T* re, T* im) {
+    if constexpr (N == 1) {
+        re[0] = x[0];
+        im[0] = T(0);
+    } else if constexpr (N == 2) {
+        re[0] = x[0] + x[S];
+        re[1] = x[0] - x[S];
+        im[0] = im[1] = T(0);
+    } else {
+        constexpr int H = N / 4;
+        T er[H + 1], ei[H + 1], orr[H + 1], oi[H + 1];
+        rfwd<T, N / 2, 2 * S>(x, er, ei);
+        rfwd<T, N / 2, 2 * S>(x + S, orr, oi);
+        re[0] = er[0] + orr[0];
+        re[N / 2] = er[0] - orr[0];
+        im[0] = im[N / 2] = T(0);
+        re[H] = er[H];
+        im[H] = -orr[H];
+#pragma GCC unroll 8
+        for (int k = 1; k < H; ++k) {
+            const T c = kCos<T, N>(k), s = kSin<T, N>(k);
+            const T tr = c * orr[k] + s * oi[k], ti = c * oi[k] - s * orr[k];
+            re[k] = er[k] + tr;
+            im[k] = ei[k] + ti;
+            re[N / 2 - k] = er[k] - tr;
+            im[N / 2 - k] = ti - ei[k];
+        }
+    }
+}
+
+// X[0..N/2] (re, im) of a real sequence into its N values at stride S,
+// unscaled: even samples from X[k] + X[k+N/2], odd ones from
+// (X[k] - X[k+N/2]) exp(2*pi*i*k/N).
+template <class T, int N, int S> VRX_INLINE void rinv(const T* re, const T* im, T* x) {
+    if constexpr (N == 1) {
+        x[0] = re[0];
+    } else if constexpr (N == 2) {
+        x[0] = re[0] + re[1];
+        x[S] = re[0] - re[1];
+    } else {
+        constexpr int H = N / 4;
+        T er[H + 1], ei[H + 1], orr[H + 1], oi[H + 1];
+        er[0] = re[0] + re[N / 2];
+        orr[0] = re[0] - re[N / 2];
+        ei[0] = oi[0] = T(0);
+        er[H] = re[H] + re[H];
+        ei[H] = T(0);
+        orr[H] = -(im[H] + im[H]);
+        oi[H] = T(0);
+#pragma GCC unroll 8
+        for (int k = 1; k < H; ++k) {
+            const T c = kCos<T, N>(k), s = kSin<T, N>(k);
+            const T ar = re[k] + re[N / 2 - k], ai = im[k] - im[N / 2 - k];
+            const T dr = re[k] - re[N / 2 - k], di = im[k] + im[N / 2 - k];
+            er[k] = ar;
+            ei[k] = ai;
+            orr[k] = dr * c - di * s;
+            oi[k] = dr * s + di * c;
+        }
+        rinv<T, N / 2, 2 * S>(er, ei, x);
+        rinv<T, N / 2, 2 * S>(orr, oi, x + S);
+    }
+}
+
+// Forward kernel: N reals to Perm, scaled when Scale.
+template <class T, int N, bool Scale> void rFFTfwd(const T* s, T* d, T scale) {
+    T re[N / 2 + 1], im[N / 2 + 1];
+    rfwd<T, N, 1>(s, re, im);
+    if constexpr (N == 1) {
+        d[0] = Scale ? re[0] * scale : re[0];
+    } else {
+        T o[N];
+        o[0] = re[0];
+        o[1] = re[N / 2];
+#pragma GCC unroll 8
+        for (int k = 1; k < N / 2; ++k) { o[2 * k] = re[k]; o[2 * k + 1] = im[k]; }
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) d[i] = Scale ? o[i] * scale : o[i];
+    }
+}
+
+// Inverse kernel: Perm to N reals, scaled when Scale.
+template <class T, int N, bool Scale> void rFFTinv(const T* s, T* d, T scale) {
+    T re[N / 2 + 1], im[N / 2 + 1], o[N];
+    re[0] = s[0];
+    im[0] = T(0);
+    if constexpr (N > 1) {
+        re[N / 2] = s[1];
+        im[N / 2] = T(0);
+#pragma GCC unroll 8
+        for (int k = 1; k < N / 2; ++k) { re[k] = s[2 * k]; im[k] = s[2 * k + 1]; }
+    }
+    rinv<T, N, 1>(re, im, o);
+#pragma GCC unroll 16
+    for (int i = 0; i < N; ++i) d[i] = Scale ? o[i] * scale : o[i];
+}
+
+template <class T, bool Inv, bool Scale> void smallRealS(int order, const T* s, T* d, T scale) {
+    switch (order) {
+        case 0: Inv ? rFFTinv<T, 1, Scale>(s, d, scale) : rFFTfwd<T, 1, Scale>(s, d, scale); break;
+        case 1: Inv ? rFFTinv<T, 2, Scale>(s, d, scale) : rFFTfwd<T, 2, Scale>(s, d, scale); break;
+        case 2: Inv ? rFFTinv<T, 4, Scale>(s, d, scale) : rFFTfwd<T, 4, Scale>(s, d, scale); break;
+        case 3: Inv ? rFFTinv<T, 8, Scale>(s, d, scale) : rFFTfwd<T, 8, Scale>(s, d, scale); break;
+        default: Inv ? rFFTinv<T, 16, Scale>(s, d, scale) : rFFTfwd<T, 16, Scale>(s, d, scale); break;
+    }
+}
+template <class T, bool Inv> VRX_INLINE void smallReal(int order, const T* s, T* d, T scale) {
+    if (scale != T(0)) smallRealS<T, Inv, true>(order, s, d, scale);
+    else smallRealS<T, Inv, false>(order, s, d, scale);
+}
+
+// ------------------------------------------------------------ recombination
+
+// L complex values per step held as L real lanes and L imaginary lanes.
+template <class T> struct SV;
+template <> struct SV<float> {
+    using V = __m512;
+    using I = int32_t;
+    static constexpr int L = 16;
+    static VRX_INLINE V ld(const float* p) { return _mm512_loadu_ps(p); }
+    static VRX_INLINE void st(float* p, V v) { _mm512_storeu_ps(p, v); }
+    static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
+    static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_ps(a, i, b); }
+    static VRX_INLINE V add(V a, V b) { return _mm512_add_ps(a, b); }
+    static VRX_INLINE V sub(V a, V b) { return _mm512_sub_ps(a, b); }
+    static VRX_INLINE V mul(V a, V b) { return _mm512_mul_ps(a, b); }
+    static VRX_INLINE V set1(float x) { return _mm512_set1_ps(x); }
+};
+template <> struct SV<double> {
+    using V = __m512d;
+    using I = int64_t;
+    static constexpr int L = 8;
+    static VRX_INLINE V ld(const double* p) { return _mm512_loadu_pd(p); }
+    static VRX_INLINE void st(double* p, V v) { _mm512_storeu_pd(p, v); }
+    static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
+    static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_pd(a, i, b); }
+    static VRX_INLINE V add(V a, V b) { return _mm512_add_pd(a, b); }
+    static VRX_INLINE V sub(V a, V b) { return _mm512_sub_pd(a, b); }
+    static VRX_INLINE V mul(V a, V b) { return _mm512_mul_pd(a, b); }
+    static VRX_INLINE V set1(double x) { return _mm512_set1_pd(x); }
+};
+
+// Lane selectors over a pair of registers (indices 0 .. 2L-1): split of L
+// complex values into real and imaginary lanes, the same for a block read
+// backwards, the inverse moves, and the two kinds of factor of a table
+// stored in pairs by two.
+template <class I, int L> struct Sel {
+    alignas(64) I re[L], im[L], reRev[L], imRev[L], lo[L], hi[L], loRev[L], hiRev[L], first[L], second[L];
+    constexpr Sel() : re{}, im{}, reRev{}, imRev{}, lo{}, hi{}, loRev{}, hiRev{}, first{}, second{} {
+        for (int i = 0; i < L; ++i) {
+            re[i] = I(2 * i);
+            im[i] = I(2 * i + 1);
+            reRev[i] = I(2 * (L - 1 - i));
+            imRev[i] = I(2 * (L - 1 - i) + 1);
+            first[i] = I(4 * (i / 2) + (i & 1));
+            second[i] = I(4 * (i / 2) + 2 + (i & 1));
+            // memory slot i of the first and of the second output register
+            const int c0 = i / 2, c1 = L / 2 + i / 2;
+            lo[i] = I((i & 1) ? L + c0 : c0);
+            hi[i] = I((i & 1) ? L + c1 : c1);
+            loRev[i] = I((i & 1) ? L + (L - 1 - c0) : L - 1 - c0);
+            hiRev[i] = I((i & 1) ? L + (L - 1 - c1) : L - 1 - c1);
+        }
+    }
+};
+template <class T> inline constexpr Sel<typename SV<T>::I, SV<T>::L> kSel{};
+
+template <class T> struct Lanes {
+    using S = SV<T>;
+    using V = typename S::V;
+    __m512i re, im, reRev, imRev, lo, hi, loRev, hiRev, first, second;
+    VRX_INLINE Lanes() {
+        const auto& q = kSel<T>;
+        re = S::ldi(q.re); im = S::ldi(q.im); reRev = S::ldi(q.reRev); imRev = S::ldi(q.imRev);
+        lo = S::ldi(q.lo); hi = S::ldi(q.hi); loRev = S::ldi(q.loRev); hiRev = S::ldi(q.hiRev);
+        first = S::ldi(q.first); second = S::ldi(q.second);
+    }
+    // x = z[k .. k+L-1], y = z[M-k], z[M-k-1], ... (read backwards)
+    VRX_INLINE void load(const T* z, int64_t M, int64_t k, V& xr, V& xi, V& yr, V& yi) const {
+        constexpr int L = S::L;
+        const T* f = z + 2 * k;
+        const T* b = z + 2 * (M - k - L + 1);
+        const V f0 = S::ld(f), f1 = S::ld(f + L), b0 = S::ld(b), b1 = S::ld(b + L);
+        xr = S::perm(f0, re, f1);
+        xi = S::perm(f0, im, f1);
+        yr = S::perm(b0, reRev, b1);
+        yi = S::perm(b0, imRev, b1);
+    }
+    // front values to z[k ..], then back values to z[M-k], z[M-k-1], ...
+    VRX_INLINE void store(T* z, int64_t M, int64_t k, V fr, V fi, V br, V bi) const {
+        constexpr int L = S::L;
+        T* f = z + 2 * k;
+        T* b = z + 2 * (M - k - L + 1);
+        S::st(f, S::perm(fr, lo, fi));
+        S::st(f + L, S::perm(fr, hi, fi));
+        S::st(b, S::perm(br, loRev, bi));
+        S::st(b + L, S::perm(br, hiRev, bi));
+    }
+    // factors of k .. k+L-1 (k odd) from a table in pairs by two
+    VRX_INLINE void factors(const T* tab, int64_t k, V& a, V& b) const {
+        const T* t = tab + 2 * (k - 1);
+        const V t0 = S::ld(t), t1 = S::ld(t + S::L);
+        a = S::perm(t0, first, t1);
+        b = S::perm(t0, second, t1);
+    }
+};
+
+// The two factors of k in a table in pairs by two.
+template <class T> VRX_INLINE void factor(const T* tab, int64_t k, T& a, T& b) {
+    const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
+    a = tab[4 * g + odd];
+    b = tab[4 * g + 2 + odd];
+}
+
+// Blocks of L values of k from the front meet L from the back; the last
+// block reaches k = M/2, where both sides stand on one value: every load
+// comes before the stores and the back store lands last. Values of k that
+// no block takes (M/2 below L) run through the scalar form, which has the
+// same arithmetic.
+template <class T> VRX_INLINE int64_t vectorEnd(int64_t M) { return M / 2 >= SV<T>::L ? M / 2 + 1 : 1; }
+
+// Forward recombination in place of the half-length spectrum into Perm,
+// k = 1 .. M/2, single-level factors c = 0.5*cos, s = 0.5 - 0.5*sin.
+template <class T> void realRecombine1(T* z, int64_t M, const T* tab) {
+    using S = SV<T>;
+    using V = typename S::V;
+    constexpr int L = S::L;
+    const int64_t kv = vectorEnd<T>(M);
     int64_t k = 1;
-    {
-        // groups of L lanes never cross a coarse step, since L divides F
-        using R = RV<T>;
-        constexpr int L = R::n;
-        using CV = CVec<T, L>;
-        for (; k + L <= M / 2; k += L) {
-            int64_t j = (k - 1) / F, kf = k - j * F;
-            CV W = CV::template mul<false>(CV::load(reinterpret_cast<const Cx<T>*>(tab) + (kf - 1)),
-                                           CV::bcast({coarse[2 * j], coarse[2 * j + 1]}));
-            auto x = R::ld(z + k);
-            auto y = revLanes(R::ld(z + M - k - L + 1));
-            auto yc = R::negOdd(y);
-            CV A{vmul(vadd(x, yc), R::bc(h))}, D{vmul(vsub(x, yc), R::bc(h))};
-            CV B = CV::template rot<false>(CV::template mul<false>(D, W));
-            (A + B).store(z + k);
-            R::st(z + M - k - L + 1, revLanes(R::negOdd((A - B).v)));
+    if (kv > 1) {
+        const Lanes<T> ln;
+        for (; k < kv; k += L) {
+            V xr, xi, yr, yi, c, s;
+            ln.load(z, M, k, xr, xi, yr, yi);
+            ln.factors(tab, k, c, s);
+            const V dr = S::sub(xr, yr), di = S::add(xi, yi);
+            const V P = S::add(S::mul(dr, s), S::mul(c, di));
+            const V Q = S::sub(S::mul(di, s), S::mul(c, dr));
+            ln.store(z, M, k, S::add(yr, P), S::sub(Q, yi), S::sub(xr, P), S::sub(Q, xi));
         }
     }
     for (; k <= M / 2; ++k) {
-        int64_t j = (k - 1) / F, kf = k - j * F;
-        const Cx<T> f = {tab[2 * (kf - 1)], tab[2 * (kf - 1) + 1]};
-        const Cx<T> g = {coarse[2 * j], coarse[2 * j + 1]};
-        const Cx<T> W = {f.re * g.re - f.im * g.im, f.re * g.im + f.im * g.re};
-        const Cx<T> x = z[k], y = z[M - k];
-        const Cx<T> A = {h * (x.re + y.re), h * (x.im - y.im)};
-        const Cx<T> D = {h * (x.re - y.re), h * (x.im + y.im)};
-        const Cx<T> P = {W.re * D.re - W.im * D.im, W.re * D.im + W.im * D.re};
-        const Cx<T> B = {P.im, -P.re};
-        z[k] = {A.re + B.re, A.im + B.im};
-        z[M - k] = {A.re - B.re, B.im - A.im};
+        T c, s;
+        factor(tab, k, c, s);
+        const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (M - k)], yi = z[2 * (M - k) + 1];
+        const T dr = xr - yr, di = xi + yi;
+        const T P = dr * s + c * di;
+        const T Q = di * s - c * dr;
+        z[2 * k] = yr + P;
+        z[2 * k + 1] = Q - yi;
+        z[2 * (M - k)] = xr - P;
+        z[2 * (M - k) + 1] = Q - xi;
     }
 }
 
-// Inverse recombination: Perm in z (after the head) into the half-length
-// spectrum, twice its value.
-template <class T> void ccsRecombine(Cx<T>* z, int64_t M, const T* tab, int order) {
-    const Cx<T> z0 = z[0];
-    z[0] = {z0.re + z0.im, z0.re - z0.im};
-    const bool two = twoLevel<T>(order);
-    const int F = kFine<T>;
-    const T* coarse = tab + 2 * F;
+// Two levels: W = fine(k') * coarse(j) for k = k' + kFine*j; A = 0.5*(x +
+// conj y), D = 0.5*(x - conj y), B = -i*W*D; z[k] = A + B, z[M-k] =
+// conj(A - B).
+template <class T> VRX_INLINE void twoLevelW(const T* tab, int64_t k, T& wr, T& wi) {
+    const T* coarse = tab + 2 * kFine;
+    const int64_t j = (k - 1) / kFine, kf = k - j * kFine;
+    T fr, fi;
+    factor(tab, kf, fr, fi);
+    const T gr = coarse[2 * j], gi = coarse[2 * j + 1];
+    wr = fr * gr - fi * gi;
+    wi = fr * gi + fi * gr;
+}
+
+template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
+    using S = SV<T>;
+    using V = typename S::V;
+    constexpr int L = S::L;
+    const T* coarse = tab + 2 * kFine;
+    const int64_t kv = vectorEnd<T>(M);
     int64_t k = 1;
-    {
-        using R = RV<T>;
-        constexpr int L = R::n;
-        using CV = CVec<T, L>;
-        for (; k + L <= M / 2; k += L) {
-            auto x = R::ld(z + k);
-            auto y = revLanes(R::ld(z + M - k - L + 1));
-            typename R::V f;
-            if (!two) {
-                f = R::ld(tab + 2 * (k - 1));
+    if (kv > 1) {
+        const Lanes<T> ln;
+        const V h = S::set1(T(0.5));
+        // L divides kFine: a block never crosses a coarse step
+        for (; k < kv; k += L) {
+            const int64_t j = (k - 1) / kFine, kf = k - j * kFine;
+            const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
+            V xr, xi, yr, yi, fr, fi;
+            ln.load(z, M, k, xr, xi, yr, yi);
+            ln.factors(tab, kf, fr, fi);
+            const V wr = S::sub(S::mul(fr, gr), S::mul(fi, gi));
+            const V wi = S::add(S::mul(fr, gi), S::mul(fi, gr));
+            const V ar = S::mul(h, S::add(xr, yr)), ai = S::mul(h, S::sub(xi, yi));
+            const V dr = S::mul(h, S::sub(xr, yr)), di = S::mul(h, S::add(xi, yi));
+            const V pr = S::sub(S::mul(wr, dr), S::mul(wi, di));
+            const V pi = S::add(S::mul(wr, di), S::mul(wi, dr));
+            const V nr = S::sub(S::set1(T(0)), pr);
+            ln.store(z, M, k, S::add(ar, pi), S::add(ai, nr), S::sub(ar, pi), S::sub(nr, ai));
+        }
+    }
+    const T h = T(0.5);
+    for (; k <= M / 2; ++k) {
+        T wr, wi;
+        twoLevelW(tab, k, wr, wi);
+        const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (M - k)], yi = z[2 * (M - k) + 1];
+        const T ar = h * (xr + yr), ai = h * (xi - yi);
+        const T dr = h * (xr - yr), di = h * (xi + yi);
+        const T pr = wr * dr - wi * di, pi = wr * di + wi * dr;
+        const T nr = T(0) - pr;
+        z[2 * k] = ar + pi;
+        z[2 * k + 1] = ai + nr;
+        z[2 * (M - k)] = ar - pi;
+        z[2 * (M - k) + 1] = nr - ai;
+    }
+}
+
+// Inverse recombination of a Perm spectrum s (values from index 2 on) into
+// the half-length spectrum in d, twice its value, k = 1 .. M/2; the head
+// is set by the caller. d may be s.
+template <class T, bool Two> void ccsRecombine(const T* s, T* d, int64_t M, const T* tab) {
+    using S = SV<T>;
+    using V = typename S::V;
+    constexpr int L = S::L;
+    const int64_t kv = vectorEnd<T>(M);
+    int64_t k = 1;
+    if (kv > 1) {
+        const Lanes<T> ln;
+        const T* coarse = tab + 2 * kFine;
+        for (; k < kv; k += L) {
+            V xr, xi, yr, yi, a, b;
+            ln.load(s, M, k, xr, xi, yr, yi);
+            if constexpr (!Two) {
+                ln.factors(tab, k, a, b);
             } else {
-                int64_t j = (k - 1) / F, kf = k - j * F;
-                f = CV::template mul<false>(CV::load(reinterpret_cast<const Cx<T>*>(tab) + (kf - 1)),
-                                            CV::bcast({coarse[2 * j], coarse[2 * j + 1]})).v;
+                const int64_t j = (k - 1) / kFine, kf = k - j * kFine;
+                const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
+                V fr, fi;
+                ln.factors(tab, kf, fr, fi);
+                a = S::sub(S::mul(fr, gr), S::mul(fi, gi));
+                b = S::add(S::mul(fr, gi), S::mul(fi, gr));
             }
-            auto a = dupFirst(f), b = dupSecond(f);
-            auto yc = R::negOdd(y);
-            auto d = vsub(x, yc);
-            auto S = vadd(x, yc);
-            auto ut = vadd(vmul(d, b), R::negEven(vmul(swapRI(d), a)));
-            R::st(z + k, vadd(S, ut));
-            R::st(z + M - k - L + 1, revLanes(R::negOdd(vsub(S, ut))));
+            const V dr = S::sub(xr, yr), di = S::add(xi, yi);
+            const V U = S::sub(S::mul(b, dr), S::mul(a, di));
+            const V Tt = S::add(S::mul(a, dr), S::mul(b, di));
+            const V sr = S::add(xr, yr), si = S::sub(xi, yi);
+            ln.store(d, M, k, S::add(sr, U), S::add(si, Tt), S::sub(sr, U), S::sub(Tt, si));
         }
     }
     for (; k <= M / 2; ++k) {
         T a, b;
-        if (!two) {
-            a = tab[2 * (k - 1)];
-            b = tab[2 * (k - 1) + 1];
-        } else {
-            int64_t j = (k - 1) / F, kf = k - j * F;
-            const T fr = tab[2 * (kf - 1)], fi = tab[2 * (kf - 1) + 1];
-            const T gr = coarse[2 * j], gi = coarse[2 * j + 1];
-            a = fr * gr - fi * gi;
-            b = fr * gi + fi * gr;
-        }
-        const Cx<T> x = z[k], y = z[M - k];
-        const T dr = x.re - y.re, di = x.im + y.im;
+        if constexpr (!Two) factor(tab, k, a, b);
+        else twoLevelW(tab, k, a, b);
+        const T xr = s[2 * k], xi = s[2 * k + 1], yr = s[2 * (M - k)], yi = s[2 * (M - k) + 1];
+        const T dr = xr - yr, di = xi + yi;
         const T U = b * dr - a * di;
         const T Tt = a * dr + b * di;
-        const T sr = x.re + y.re, si = x.im - y.im;
-        z[k] = {sr + U, si + Tt};
-        z[M - k] = {sr - U, Tt - si};
+        const T sr = xr + yr, si = xi - yi;
+        d[2 * k] = sr + U;
+        d[2 * k + 1] = si + Tt;
+        d[2 * (M - k)] = sr - U;
+        d[2 * (M - k) + 1] = Tt - si;
     }
 }
+
+// ------------------------------------------------------------ transforms
 
 template <class T>
 VRX_INLINE VrxStatus checkReal(const void* planV, int32_t id, const void* s, const void* d, const Vrx8u* pBuf) {
@@ -281,12 +452,18 @@ VrxStatus fwdReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
     const int64_t N = int64_t(1) << order;
     const T scale = plan->fwdNorm ? planScale<T>(plan) : T(0);
     if (order <= 4) {
-        if (pSrc != pDst) memmove(pDst, pSrc, static_cast<size_t>(N) * sizeof(T));
-        smallReal<T, false>(pDst, order, scale);
+        smallReal<T, false>(order, pSrc, pDst, scale);
     } else {
+        // N reals as N/2 complex values; the scale goes with the complex
+        // transform, before the (linear) recombination
         uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
         complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, scale, work);
-        realRecombine<T>(reinterpret_cast<Cx<T>*>(pDst), N / 2, static_cast<const T*>(plan->recombFwdTab), order);
+        const T p = pDst[0], q = pDst[1];
+        pDst[0] = p + q;
+        pDst[1] = p - q;
+        const T* tab = static_cast<const T*>(plan->recombFwdTab);
+        if (twoLevel<T>(order)) realRecombine2<T>(pDst, N / 2, tab);
+        else realRecombine1<T>(pDst, N / 2, tab);
     }
     permToForm<T>(pDst, N, f);
     return vrxOk;
@@ -299,13 +476,33 @@ VrxStatus invReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
     const int order = plan->order;
     const int64_t N = int64_t(1) << order;
     const T scale = plan->invNorm ? planScale<T>(plan) : T(0);
-    formToPerm<T>(pSrc, pDst, N, f);
+    const T* s = pSrc;
+    T rh;  // R(N/2)
+    if (f == Form::Pack) {
+        unfoldPack<T>(pSrc, pDst, N);
+        s = pDst;
+        rh = N > 1 ? s[1] : T(0);
+    } else {
+        rh = f == Form::CCS ? (N > 1 ? s[N] : T(0)) : (N > 1 ? s[1] : T(0));
+    }
     if (order <= 4) {
-        smallReal<T, true>(pDst, order, scale);
+        if (f == Form::CCS) {
+            // Perm in the destination: R(N/2) to position 1, the rest in place
+            const T r0 = s[0];
+            if (N > 2 && s != pDst) memmove(pDst + 2, s + 2, static_cast<size_t>(N - 2) * sizeof(T));
+            pDst[0] = r0;
+            if (N > 1) pDst[1] = rh;
+            s = pDst;
+        }
+        smallReal<T, true>(order, s, pDst, scale);
         return vrxOk;
     }
-    Cx<T>* z = reinterpret_cast<Cx<T>*>(pDst);
-    ccsRecombine<T>(z, N / 2, static_cast<const T*>(plan->recombInvTab), order);
+    const T r0 = s[0];
+    const T* tab = static_cast<const T*>(plan->recombInvTab);
+    if (twoLevel<T>(order)) ccsRecombine<T, true>(s, pDst, N / 2, tab);
+    else ccsRecombine<T, false>(s, pDst, N / 2, tab);
+    pDst[0] = r0 + rh;
+    pDst[1] = r0 - rh;
     uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
     complexTransform<T, true>(plan, order - 1, pDst, nullptr, pDst, nullptr, false, scale, work);
     return vrxOk;
