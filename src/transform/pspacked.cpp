@@ -15,28 +15,32 @@ namespace {
 
 enum class Form { CCS, Pack, Perm };
 
-// X[k] of a packed array, 1 <= k <= N/2.
-template <class T, Form F> VRX_INLINE void readX(const T* s, int64_t N, int64_t k, T& re, T& im) {
-    if (2 * k == N) {
-        re = (F == Form::CCS) ? s[N] : (F == Form::Pack ? s[N - 1] : s[1]);
-        im = T(0);
-        return;
-    }
-    if (F == Form::CCS || (F == Form::Perm && (N & 1) == 0)) { re = s[2 * k]; im = s[2 * k + 1]; }
-    else { re = s[2 * k - 1]; im = s[2 * k]; }
+// The conjugate flip of the upper half: conj(src[n-1-i]) to dst[i].
+VRX_INLINE VrxStatus conjFlip(const Vrx32f* s, Vrx32f* d, int n) {
+    return N0(vrxsConjFlip_32fc)(reinterpret_cast<const Vrx32fc*>(s), reinterpret_cast<Vrx32fc*>(d), n);
+}
+VRX_INLINE VrxStatus conjFlip(const Vrx64f* s, Vrx64f* d, int n) {
+    return N0(vrxsConjFlip_64fc)(reinterpret_cast<const Vrx64fc*>(s), reinterpret_cast<Vrx64fc*>(d), n);
 }
 
-// Expansion from the end, so that an in-place call reads each value before
-// any store reaches it.
+// Full spectrum of N values from a packed array: out[0] = (R(0), 0),
+// out[k] = X[k] up to N/2, out[N-k] = conj(X[k]). The upper half is
+// written first, above everything the source occupies, then the lower half
+// moves up from the end, so that an in-place call reads every value before
+// a store reaches it.
 template <class T, Form F> void expand(const T* s, T* d, int64_t N) {
+    const int64_t cnt = (N - 1) / 2;  // k = 1 .. cnt lie below N/2
+    const bool packLike = F == Form::Pack || (F == Form::Perm && (N & 1));
+    const T* x1 = packLike ? s + 1 : s + 2;  // X[1], X[2], ... as complex values
     const T r0 = s[0];
-    for (int64_t k = N / 2; k >= 1; --k) {
-        T re, im;
-        readX<T, F>(s, N, k, re, im);
-        if (N - k != k) { d[2 * (N - k)] = re; d[2 * (N - k) + 1] = -im; }
-        d[2 * k] = re;
-        d[2 * k + 1] = im;
+    T rh = T(0);
+    if ((N & 1) == 0 && N >= 2) rh = F == Form::CCS ? s[N] : F == Form::Pack ? s[N - 1] : s[1];
+    if (cnt > 0) conjFlip(x1, d + 2 * (N - cnt), static_cast<int>(cnt));
+    if ((N & 1) == 0 && N >= 2) {
+        d[N] = rh;
+        d[N + 1] = T(0);
     }
+    if (cnt > 0 && x1 != d + 2) memmove(d + 2, x1, static_cast<size_t>(2 * cnt) * sizeof(T));
     d[0] = r0;
     d[1] = T(0);
 }
