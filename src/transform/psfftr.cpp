@@ -218,44 +218,56 @@ template <> struct SV<double> {
 // Lane selectors over a pair of registers (indices 0 .. 2L-1): split of L
 // complex values into real and imaginary lanes, the same for a block read
 // backwards, the inverse moves, and the two kinds of factor of a table
-// stored in pairs by two.
+// stored in pairs by two. The half forms take L/2 values from one register
+// and repeat them in the upper lanes.
 template <class I, int L> struct Sel {
-    alignas(64) I re[L], im[L], reRev[L], imRev[L], lo[L], hi[L], loRev[L], hiRev[L], first[L], second[L];
-    constexpr Sel() : re{}, im{}, reRev{}, imRev{}, lo{}, hi{}, loRev{}, hiRev{}, first{}, second{} {
+    struct Set { alignas(64) I re[L], im[L], reRev[L], imRev[L], lo[L], hi[L], loRev[L], hiRev[L], first[L], second[L]; };
+    Set full, half;
+    constexpr Sel() : full{}, half{} {
         for (int i = 0; i < L; ++i) {
-            re[i] = I(2 * i);
-            im[i] = I(2 * i + 1);
-            reRev[i] = I(2 * (L - 1 - i));
-            imRev[i] = I(2 * (L - 1 - i) + 1);
-            first[i] = I(4 * (i / 2) + (i & 1));
-            second[i] = I(4 * (i / 2) + 2 + (i & 1));
+            const int h = i % (L / 2), c0 = i / 2, c1 = L / 2 + i / 2;
+            full.re[i] = I(2 * i);
+            full.im[i] = I(2 * i + 1);
+            full.reRev[i] = I(2 * (L - 1 - i));
+            full.imRev[i] = I(2 * (L - 1 - i) + 1);
+            full.first[i] = I(4 * (i / 2) + (i & 1));
+            full.second[i] = I(4 * (i / 2) + 2 + (i & 1));
             // memory slot i of the first and of the second output register
-            const int c0 = i / 2, c1 = L / 2 + i / 2;
-            lo[i] = I((i & 1) ? L + c0 : c0);
-            hi[i] = I((i & 1) ? L + c1 : c1);
-            loRev[i] = I((i & 1) ? L + (L - 1 - c0) : L - 1 - c0);
-            hiRev[i] = I((i & 1) ? L + (L - 1 - c1) : L - 1 - c1);
+            full.lo[i] = half.lo[i] = I((i & 1) ? L + c0 : c0);
+            full.hi[i] = half.hi[i] = I((i & 1) ? L + c1 : c1);
+            full.loRev[i] = I((i & 1) ? L + (L - 1 - c0) : L - 1 - c0);
+            full.hiRev[i] = I((i & 1) ? L + (L - 1 - c1) : L - 1 - c1);
+            half.re[i] = I(2 * h);
+            half.im[i] = I(2 * h + 1);
+            half.reRev[i] = I(2 * (L / 2 - 1 - h));
+            half.imRev[i] = I(2 * (L / 2 - 1 - h) + 1);
+            half.first[i] = I(4 * (h / 2) + (h & 1));
+            half.second[i] = I(4 * (h / 2) + 2 + (h & 1));
+            half.loRev[i] = I((i & 1) ? L + (L / 2 - 1 - c0) : L / 2 - 1 - c0);
+            half.hiRev[i] = half.loRev[i];
         }
     }
 };
 template <class T> inline constexpr Sel<typename SV<T>::I, SV<T>::L> kSel{};
 
-template <class T> struct Lanes {
+// B = L values of k per block (Half: L/2, all lanes computing copies).
+template <class T, bool Half> struct Lanes {
     using S = SV<T>;
     using V = typename S::V;
+    static constexpr int B = Half ? S::L / 2 : S::L;
     __m512i re, im, reRev, imRev, lo, hi, loRev, hiRev, first, second;
     VRX_INLINE Lanes() {
-        const auto& q = kSel<T>;
+        const auto& q = Half ? kSel<T>.half : kSel<T>.full;
         re = S::ldi(q.re); im = S::ldi(q.im); reRev = S::ldi(q.reRev); imRev = S::ldi(q.imRev);
         lo = S::ldi(q.lo); hi = S::ldi(q.hi); loRev = S::ldi(q.loRev); hiRev = S::ldi(q.hiRev);
         first = S::ldi(q.first); second = S::ldi(q.second);
     }
-    // x = z[k .. k+L-1], y = z[M-k], z[M-k-1], ... (read backwards)
+    // x = z[k .. k+B-1], y = z[M-k], z[M-k-1], ... (read backwards)
     VRX_INLINE void load(const T* z, int64_t M, int64_t k, V& xr, V& xi, V& yr, V& yi) const {
-        constexpr int L = S::L;
         const T* f = z + 2 * k;
-        const T* b = z + 2 * (M - k - L + 1);
-        const V f0 = S::ld(f), f1 = S::ld(f + L), b0 = S::ld(b), b1 = S::ld(b + L);
+        const T* b = z + 2 * (M - k - B + 1);
+        const V f0 = S::ld(f), b0 = S::ld(b);
+        const V f1 = Half ? f0 : S::ld(f + S::L), b1 = Half ? b0 : S::ld(b + S::L);
         xr = S::perm(f0, re, f1);
         xi = S::perm(f0, im, f1);
         yr = S::perm(b0, reRev, b1);
@@ -263,22 +275,40 @@ template <class T> struct Lanes {
     }
     // front values to z[k ..], then back values to z[M-k], z[M-k-1], ...
     VRX_INLINE void store(T* z, int64_t M, int64_t k, V fr, V fi, V br, V bi) const {
-        constexpr int L = S::L;
         T* f = z + 2 * k;
-        T* b = z + 2 * (M - k - L + 1);
+        T* b = z + 2 * (M - k - B + 1);
         S::st(f, S::perm(fr, lo, fi));
-        S::st(f + L, S::perm(fr, hi, fi));
+        if (!Half) S::st(f + S::L, S::perm(fr, hi, fi));
         S::st(b, S::perm(br, loRev, bi));
-        S::st(b + L, S::perm(br, hiRev, bi));
+        if (!Half) S::st(b + S::L, S::perm(br, hiRev, bi));
     }
-    // factors of k .. k+L-1 (k odd) from a table in pairs by two
+    // factors of k .. k+B-1 (k odd) from a table in pairs by two
     VRX_INLINE void factors(const T* tab, int64_t k, V& a, V& b) const {
         const T* t = tab + 2 * (k - 1);
-        const V t0 = S::ld(t), t1 = S::ld(t + S::L);
+        const V t0 = S::ld(t), t1 = Half ? t0 : S::ld(t + S::L);
         a = S::perm(t0, first, t1);
         b = S::perm(t0, second, t1);
     }
 };
+
+// Runs step(lanes, k) over blocks of k = 1 .. M/2 and returns the first k
+// left to the scalar form. The last block reaches k = M/2, where front and
+// back stand on one value: every load comes before the stores and the back
+// store lands last, as in the scalar form, which has the same arithmetic.
+template <class T, class Step> VRX_INLINE int64_t vectorBlocks(int64_t M, Step step) {
+    constexpr int L = SV<T>::L;
+    if (M / 2 >= L) {
+        const Lanes<T, false> ln;
+        for (int64_t k = 1; k <= M / 2; k += L) step(ln, k);
+        return M / 2 + 1;
+    }
+    if (M / 2 == L / 2) {
+        const Lanes<T, true> ln;
+        step(ln, int64_t(1));
+        return M / 2 + 1;
+    }
+    return 1;
+}
 
 // The two factors of k in a table in pairs by two.
 template <class T> VRX_INLINE void factor(const T* tab, int64_t k, T& a, T& b) {
@@ -287,33 +317,20 @@ template <class T> VRX_INLINE void factor(const T* tab, int64_t k, T& a, T& b) {
     b = tab[4 * g + 2 + odd];
 }
 
-// Blocks of L values of k from the front meet L from the back; the last
-// block reaches k = M/2, where both sides stand on one value: every load
-// comes before the stores and the back store lands last. Values of k that
-// no block takes (M/2 below L) run through the scalar form, which has the
-// same arithmetic.
-template <class T> VRX_INLINE int64_t vectorEnd(int64_t M) { return M / 2 >= SV<T>::L ? M / 2 + 1 : 1; }
-
 // Forward recombination in place of the half-length spectrum into Perm,
 // k = 1 .. M/2, single-level factors c = 0.5*cos, s = 0.5 - 0.5*sin.
 template <class T> void realRecombine1(T* z, int64_t M, const T* tab) {
     using S = SV<T>;
     using V = typename S::V;
-    constexpr int L = S::L;
-    const int64_t kv = vectorEnd<T>(M);
-    int64_t k = 1;
-    if (kv > 1) {
-        const Lanes<T> ln;
-        for (; k < kv; k += L) {
-            V xr, xi, yr, yi, c, s;
-            ln.load(z, M, k, xr, xi, yr, yi);
-            ln.factors(tab, k, c, s);
-            const V dr = S::sub(xr, yr), di = S::add(xi, yi);
-            const V P = S::add(S::mul(dr, s), S::mul(c, di));
-            const V Q = S::sub(S::mul(di, s), S::mul(c, dr));
-            ln.store(z, M, k, S::add(yr, P), S::sub(Q, yi), S::sub(xr, P), S::sub(Q, xi));
-        }
-    }
+    int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
+        V xr, xi, yr, yi, c, s;
+        ln.load(z, M, k0, xr, xi, yr, yi);
+        ln.factors(tab, k0, c, s);
+        const V dr = S::sub(xr, yr), di = S::add(xi, yi);
+        const V P = S::add(S::mul(dr, s), S::mul(c, di));
+        const V Q = S::sub(S::mul(di, s), S::mul(c, dr));
+        ln.store(z, M, k0, S::add(yr, P), S::sub(Q, yi), S::sub(xr, P), S::sub(Q, xi));
+    });
     for (; k <= M / 2; ++k) {
         T c, s;
         factor(tab, k, c, s);
@@ -344,30 +361,24 @@ template <class T> VRX_INLINE void twoLevelW(const T* tab, int64_t k, T& wr, T& 
 template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
     using S = SV<T>;
     using V = typename S::V;
-    constexpr int L = S::L;
     const T* coarse = tab + 2 * kFine;
-    const int64_t kv = vectorEnd<T>(M);
-    int64_t k = 1;
-    if (kv > 1) {
-        const Lanes<T> ln;
-        const V h = S::set1(T(0.5));
-        // L divides kFine: a block never crosses a coarse step
-        for (; k < kv; k += L) {
-            const int64_t j = (k - 1) / kFine, kf = k - j * kFine;
-            const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
-            V xr, xi, yr, yi, fr, fi;
-            ln.load(z, M, k, xr, xi, yr, yi);
-            ln.factors(tab, kf, fr, fi);
-            const V wr = S::sub(S::mul(fr, gr), S::mul(fi, gi));
-            const V wi = S::add(S::mul(fr, gi), S::mul(fi, gr));
-            const V ar = S::mul(h, S::add(xr, yr)), ai = S::mul(h, S::sub(xi, yi));
-            const V dr = S::mul(h, S::sub(xr, yr)), di = S::mul(h, S::add(xi, yi));
-            const V pr = S::sub(S::mul(wr, dr), S::mul(wi, di));
-            const V pi = S::add(S::mul(wr, di), S::mul(wi, dr));
-            const V nr = S::sub(S::set1(T(0)), pr);
-            ln.store(z, M, k, S::add(ar, pi), S::add(ai, nr), S::sub(ar, pi), S::sub(nr, ai));
-        }
-    }
+    const V hv = S::set1(T(0.5));
+    // blocks divide kFine: a block never crosses a coarse step
+    int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
+        const int64_t j = (k0 - 1) / kFine, kf = k0 - j * kFine;
+        const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
+        V xr, xi, yr, yi, fr, fi;
+        ln.load(z, M, k0, xr, xi, yr, yi);
+        ln.factors(tab, kf, fr, fi);
+        const V wr = S::sub(S::mul(fr, gr), S::mul(fi, gi));
+        const V wi = S::add(S::mul(fr, gi), S::mul(fi, gr));
+        const V ar = S::mul(hv, S::add(xr, yr)), ai = S::mul(hv, S::sub(xi, yi));
+        const V dr = S::mul(hv, S::sub(xr, yr)), di = S::mul(hv, S::add(xi, yi));
+        const V pr = S::sub(S::mul(wr, dr), S::mul(wi, di));
+        const V pi = S::add(S::mul(wr, di), S::mul(wi, dr));
+        const V nr = S::sub(S::set1(T(0)), pr);
+        ln.store(z, M, k0, S::add(ar, pi), S::add(ai, nr), S::sub(ar, pi), S::sub(nr, ai));
+    });
     const T h = T(0.5);
     for (; k <= M / 2; ++k) {
         T wr, wi;
@@ -390,32 +401,26 @@ template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
 template <class T, bool Two> void ccsRecombine(const T* s, T* d, int64_t M, const T* tab) {
     using S = SV<T>;
     using V = typename S::V;
-    constexpr int L = S::L;
-    const int64_t kv = vectorEnd<T>(M);
-    int64_t k = 1;
-    if (kv > 1) {
-        const Lanes<T> ln;
-        const T* coarse = tab + 2 * kFine;
-        for (; k < kv; k += L) {
-            V xr, xi, yr, yi, a, b;
-            ln.load(s, M, k, xr, xi, yr, yi);
-            if constexpr (!Two) {
-                ln.factors(tab, k, a, b);
-            } else {
-                const int64_t j = (k - 1) / kFine, kf = k - j * kFine;
-                const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
-                V fr, fi;
-                ln.factors(tab, kf, fr, fi);
-                a = S::sub(S::mul(fr, gr), S::mul(fi, gi));
-                b = S::add(S::mul(fr, gi), S::mul(fi, gr));
-            }
-            const V dr = S::sub(xr, yr), di = S::add(xi, yi);
-            const V U = S::sub(S::mul(b, dr), S::mul(a, di));
-            const V Tt = S::add(S::mul(a, dr), S::mul(b, di));
-            const V sr = S::add(xr, yr), si = S::sub(xi, yi);
-            ln.store(d, M, k, S::add(sr, U), S::add(si, Tt), S::sub(sr, U), S::sub(Tt, si));
+    const T* coarse = tab + 2 * kFine;
+    int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
+        V xr, xi, yr, yi, a, b;
+        ln.load(s, M, k0, xr, xi, yr, yi);
+        if constexpr (!Two) {
+            ln.factors(tab, k0, a, b);
+        } else {
+            const int64_t j = (k0 - 1) / kFine, kf = k0 - j * kFine;
+            const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
+            V fr, fi;
+            ln.factors(tab, kf, fr, fi);
+            a = S::sub(S::mul(fr, gr), S::mul(fi, gi));
+            b = S::add(S::mul(fr, gi), S::mul(fi, gr));
         }
-    }
+        const V dr = S::sub(xr, yr), di = S::add(xi, yi);
+        const V U = S::sub(S::mul(b, dr), S::mul(a, di));
+        const V Tt = S::add(S::mul(a, dr), S::mul(b, di));
+        const V sr = S::add(xr, yr), si = S::sub(xi, yi);
+        ln.store(d, M, k0, S::add(sr, U), S::add(si, Tt), S::sub(sr, U), S::sub(Tt, si));
+    });
     for (; k <= M / 2; ++k) {
         T a, b;
         if constexpr (!Two) factor(tab, k, a, b);
