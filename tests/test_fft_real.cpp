@@ -78,7 +78,7 @@ template <class T> void roundTrips(std::initializer_list<int> orders) {
                     const T* r = inPlace ? spec.as<T>() : out.as<T>();
                     EXPECT_LT(relErr(r, x.data(), n, flag == vrxFftScaleNone ? LD(n) : 1), 2 * bound<T>(order))
                         << order << " " << flag << " " << f << " " << inPlace;
-                    EXPECT_TRUE(src.guardsIntact() && spec.guardsIntact() && out.guardsIntact() && (!m.work || m.work->guardsIntact()));
+                    EXPECT_TRUE(src.guardsIntact() && spec.guardsIntact() && out.guardsIntact() && m.spec->guardsIntact() && (!m.work || m.work->guardsIntact()));
                 }
         }
     }
@@ -152,6 +152,7 @@ TEST(FftRealAccuracy, SingleTonesAtOrder22) {
     EXPECT_LT(relRms(y, ref), bound<float>(order));
     ASSERT_EQ(vrxsFFTInv_CCSToR_32f(d.data(), r.data(), p, m.workPtr()), vrxOk);
     EXPECT_LT(relErr(r.data(), s.data(), n, LD(n)), 2 * bound<float>(order));
+    EXPECT_TRUE(m.spec->guardsIntact() && m.init->guardsIntact());
 }
 
 // ------------------------------------------------------------ packed operations
