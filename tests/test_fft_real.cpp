@@ -62,23 +62,23 @@ template <class T> void roundTrips(std::initializer_list<int> orders) {
             for (Form f : {kPerm, kCCS, kPack})
                 for (bool inPlace : {false, true}) {
                     const size_t len = packedLen(f, n);
-                    vt::Buffer src(n * sizeof(T), 8), spec(len * sizeof(T), 24), out(n * sizeof(T), 40);
-                    T* io = inPlace ? spec.as<T>() : src.as<T>();
+                    vt::Buffer src(n * sizeof(T), 8), freq(len * sizeof(T), 24), out(n * sizeof(T), 40);
+                    T* io = inPlace ? freq.as<T>() : src.as<T>();
                     memcpy(io, x.data(), n * sizeof(T));
-                    ASSERT_EQ(call<T>(false, f, inPlace ? nullptr : io, spec.as<T>(), p, m.workPtr()), vrxOk);
+                    ASSERT_EQ(call<T>(false, f, inPlace ? nullptr : io, freq.as<T>(), p, m.workPtr()), vrxOk);
                     std::vector<CLD> X(n / 2 + 1);
-                    for (size_t k = 0; k <= n / 2; ++k) X[k] = packedAt(f, spec.as<T>(), n, k);
+                    for (size_t k = 0; k <= n / 2; ++k) X[k] = packedAt(f, freq.as<T>(), n, k);
                     if (first.empty()) first = X;
                     EXPECT_TRUE(X == first) << order << " " << f << " " << inPlace;
-                    std::vector<T> keep(spec.as<T>(), spec.as<T>() + len);
-                    ASSERT_EQ(call<T>(true, f, inPlace ? nullptr : spec.as<T>(), inPlace ? spec.as<T>() : out.as<T>(), p, m.workPtr()), vrxOk);
+                    std::vector<T> keep(freq.as<T>(), freq.as<T>() + len);
+                    ASSERT_EQ(call<T>(true, f, inPlace ? nullptr : freq.as<T>(), inPlace ? freq.as<T>() : out.as<T>(), p, m.workPtr()), vrxOk);
                     if (!inPlace) {
-                        EXPECT_TRUE(std::equal(keep.begin(), keep.end(), spec.as<T>()) && std::equal(x.begin(), x.end(), src.as<T>()));
+                        EXPECT_TRUE(std::equal(keep.begin(), keep.end(), freq.as<T>()) && std::equal(x.begin(), x.end(), src.as<T>()));
                     }
-                    const T* r = inPlace ? spec.as<T>() : out.as<T>();
+                    const T* r = inPlace ? freq.as<T>() : out.as<T>();
                     EXPECT_LT(relErr(r, x.data(), n, flag == vrxFftScaleNone ? LD(n) : 1), 2 * bound<T>(order))
                         << order << " " << flag << " " << f << " " << inPlace;
-                    EXPECT_TRUE(src.guardsIntact() && spec.guardsIntact() && out.guardsIntact() && m.spec->guardsIntact() && (!m.work || m.work->guardsIntact()));
+                    EXPECT_TRUE(src.guardsIntact() && freq.guardsIntact() && out.guardsIntact() && m.spec->guardsIntact() && (!m.work || m.work->guardsIntact()));
                 }
         }
     }
