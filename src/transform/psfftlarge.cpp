@@ -51,6 +51,12 @@ VRX_INLINE void copy64(void* d, const void* s, int64_t n) {
     }
 }
 
+// Fetches n bytes (a multiple of 64) towards the second-level cache.
+VRX_INLINE void prefetchRow(const void* p, int64_t n) {
+    const char* c = static_cast<const char*>(p);
+    for (int64_t i = 0; i < n; i += 64) _mm_prefetch(c + i, _MM_HINT_T1);
+}
+
 // ------------------------------------------------------------ phase 1
 
 // Tiles of K x K units of U (one element: a complex value, or one real of
@@ -59,9 +65,14 @@ template <class U, int K> struct Tile {
     static constexpr int64_t kBytes = int64_t(K) * int64_t(sizeof(U));
     static_assert(kBytes % 64 == 0, "tile rows are whole cache lines");
 
-    // BlkMerge: the tile's rows into contiguous memory.
-    static VRX_INLINE void merge(const U* base, int64_t rowStride, U* t) {
-        for (int h = 0; h < K; ++h) copy64(t + h * K, base + h * rowStride, kBytes);
+    // BlkMerge: the tile's rows into contiguous memory; the rows of the
+    // tile at next (if any) are fetched ahead meanwhile.
+    static VRX_INLINE void merge(const U* base, int64_t rowStride, U* t, const U* next, const U* next2 = nullptr) {
+        for (int h = 0; h < K; ++h) {
+            if (next) prefetchRow(next + h * rowStride, kBytes);
+            if (next2) prefetchRow(next2 + h * rowStride, kBytes);
+            copy64(t + h * K, base + h * rowStride, kBytes);
+        }
     }
     // BlkSplit: back to rows.
     static VRX_INLINE void split(U* base, int64_t rowStride, const U* t) {
@@ -105,17 +116,26 @@ void bitRevInPlace(U* d, int m, const int32_t* tab, const int32_t* list, U* work
     const int64_t nTiles = int64_t(1) << (m - 2 * k);
     U* A = work;
     U* B = work + K * K;
-    for (int64_t i = 0; i < nTiles; ++i) {
+    // the next tile pair that has work to do
+    auto nextPair = [&](int64_t i) {
+        for (++i; i < nTiles && tab[i] < (i << k); ++i) {}
+        return i;
+    };
+    for (int64_t i = nextPair(-1); i < nTiles;) {
         const int64_t a = i << k, b = tab[i];
+        const int64_t ni = nextPair(i);
+        const U* na = ni < nTiles ? d + (ni << k) : nullptr;
+        const U* nb = ni < nTiles && tab[ni] != (ni << k) ? d + tab[ni] : nullptr;
+        i = ni;
         if (b > a) {
-            TL::merge(d + a, rowStride, A);
-            TL::merge(d + b, rowStride, B);
+            TL::merge(d + a, rowStride, A, na);
+            TL::merge(d + b, rowStride, B, nb);
             TL::reverse(A, list);
             TL::reverse(B, list);
             TL::split(d + a, rowStride, B);
             TL::split(d + b, rowStride, A);
-        } else if (b == a) {
-            TL::merge(d + a, rowStride, A);
+        } else {
+            TL::merge(d + a, rowStride, A, na, nb);
             TL::reverse(A, list);
             TL::split(d + a, rowStride, A);
         }
@@ -140,7 +160,7 @@ void bitRevOutOfPlace(const U* s, U* d, int m, const int32_t* tab, const int32_t
     const int64_t rowStride = int64_t(1) << (m - k);
     const int64_t nTiles = int64_t(1) << (m - 2 * k);
     for (int64_t i = 0; i < nTiles; ++i) {
-        TL::merge(s + tab[i], rowStride, work);
+        TL::merge(s + tab[i], rowStride, work, i + 1 < nTiles ? s + tab[i + 1] : nullptr);
         TL::reverse(work, list);
         TL::split(d + (i << k), rowStride, work);
     }
@@ -284,11 +304,33 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
     const C* step = static_cast<const C*>(plan->stepTab[level]);
     const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
     const T sh = sqrtHalf<T>();
+    // factors of one column group, and the share of the next group's that
+    // each row's merge fetches ahead
+    int64_t perGroup = 0;
+    for (int64_t t = 0, c = w; t < blk;) {
+        const int tl = blk == t + 2 ? 2 : (blk == t + 4 || blk == t + 6) ? 2 : 3;
+        perGroup += blk == t + 2 ? c : ((int64_t(1) << tl) - 1) * c;
+        c <<= tl;
+        t += tl;
+    }
+    const int64_t tabBytes = perGroup * int64_t(sizeof(C));
+    const int64_t tabShare = ((tabBytes / rows) + 63) & ~int64_t(63);
+    const int64_t rowBytes = 2 * w * int64_t(sizeof(T));
     for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
         // BlkMerge
+        const bool ahead = c0 + w < rowLen;
+        const char* nextTab = reinterpret_cast<const char*>(step + perGroup);
         for (int64_t r = 0; r < rows; ++r) {
             const int64_t at = base + r * rowLen + c0;
-            if (dt.cx) copy64(work + 2 * r * w, dt.cx + 2 * at, 2 * w * int64_t(sizeof(T)));
+            if (ahead) {
+                if (r * tabShare < tabBytes) prefetchRow(nextTab + r * tabShare, tabShare);
+                if (dt.cx) prefetchRow(dt.cx + 2 * (at + w), rowBytes);
+                else {
+                    prefetchRow(dt.re + at + w, rowBytes / 2);
+                    prefetchRow(dt.im + at + w, rowBytes / 2);
+                }
+            }
+            if (dt.cx) copy64(work + 2 * r * w, dt.cx + 2 * at, rowBytes);
             else toGroups<T>(dt.re + at, dt.im + at, work + 2 * r * w, w);
         }
         int64_t c = w;
@@ -314,7 +356,7 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
         // (the same bytes either way), or the split arrays
         for (int64_t r = 0; r < rows; ++r) {
             const int64_t at = base + r * rowLen + c0;
-            if (dt.cx) copy64(dt.cx + 2 * at, work + 2 * r * w, 2 * w * int64_t(sizeof(T)));
+            if (dt.cx) copy64(dt.cx + 2 * at, work + 2 * r * w, rowBytes);
             else fromGroups<T>(work + 2 * r * w, dt.re + at, dt.im + at, w);
         }
     }
