@@ -59,6 +59,37 @@ VRX_INLINE void prefetchRow(const void* p, int64_t n) {
 
 // ------------------------------------------------------------ phase 1
 
+// Units of the bit reversal: the complex element, or one real.
+struct U128 { uint64_t a, b; };
+template <class T> using CxUnit = typename std::conditional<sizeof(T) == 4, uint64_t, U128>::type;
+template <class T> using ReUnit = typename std::conditional<sizeof(T) == 4, uint32_t, uint64_t>::type;
+
+// Two adjacent units (x0, x1) in a register; transpose writes (a0, b0) to
+// qa and (a1, b1) to qb.
+template <class U> struct Pair2;
+template <> struct Pair2<uint32_t> {
+    static VRX_INLINE __m128i load(const uint32_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); }
+    static VRX_INLINE void transpose(__m128i a, __m128i b, uint32_t* qa, uint32_t* qb) {
+        const __m128d x = _mm_castsi128_pd(_mm_unpacklo_epi32(a, b));
+        _mm_storel_pd(reinterpret_cast<double*>(qa), x);
+        _mm_storeh_pd(reinterpret_cast<double*>(qb), x);
+    }
+};
+template <> struct Pair2<uint64_t> {
+    static VRX_INLINE __m128i load(const uint64_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+    static VRX_INLINE void transpose(__m128i a, __m128i b, uint64_t* qa, uint64_t* qb) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(qa), _mm_unpacklo_epi64(a, b));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(qb), _mm_unpackhi_epi64(a, b));
+    }
+};
+template <> struct Pair2<U128> {
+    static VRX_INLINE __m256i load(const U128* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+    static VRX_INLINE void transpose(__m256i a, __m256i b, U128* qa, U128* qb) {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(qa), _mm256_permute2x128_si256(a, b, 0x20));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(qb), _mm256_permute2x128_si256(a, b, 0x31));
+    }
+};
+
 // Tiles of K x K units of U (one element: a complex value, or one real of
 // split data). The rows of a tile lie rowStride units apart.
 template <class U, int K> struct Tile {
@@ -84,25 +115,21 @@ template <class U, int K> struct Tile {
     // with the two bits swapped; self-reversed middles (and middle 0, which
     // the list leaves out) only exchange the two mixed combinations.
     static VRX_INLINE void reverse(U* t, const int32_t* list) {
+        using X = Pair2<U>;
         constexpr int64_t H = int64_t(K) * K / 2;
         const int32_t* e = list;
         for (; *e; e += 2) {
             U* pi = t + (e[0] >> 1);
             U* pr = t + (e[1] >> 1);
-            const U a0 = pi[0], a1 = pi[1], b0 = pi[H], b1 = pi[H + 1];
-            const U c0 = pr[0], c1 = pr[1], d0 = pr[H], d1 = pr[H + 1];
-            pr[0] = a0; pr[1] = b0; pr[H] = a1; pr[H + 1] = b1;
-            pi[0] = c0; pi[1] = d0; pi[H] = c1; pi[H + 1] = d1;
+            const auto a = X::load(pi), b = X::load(pi + H), c = X::load(pr), d = X::load(pr + H);
+            X::transpose(a, b, pr, pr + H);
+            X::transpose(c, d, pi, pi + H);
         }
         for (++e; *e; ++e) {
             U* pi = t + (e[0] >> 1);
-            const U x = pi[1];
-            pi[1] = pi[H];
-            pi[H] = x;
+            X::transpose(X::load(pi), X::load(pi + H), pi, pi + H);
         }
-        const U x = t[1];
-        t[1] = t[H];
-        t[H] = x;
+        X::transpose(X::load(t), X::load(t + H), t, t + H);
     }
 };
 
@@ -173,10 +200,6 @@ void bitRev(const U* s, U* d, int m, const int32_t* tab, U* work) {
     else bitRevOutOfPlace<U, K>(s, d, m, tab, list, work);
 }
 
-// Units of the bit reversal: the complex element, or one real.
-struct U128 { uint64_t a, b; };
-template <class T> using CxUnit = typename std::conditional<sizeof(T) == 4, uint64_t, U128>::type;
-template <class T> using ReUnit = typename std::conditional<sizeof(T) == 4, uint32_t, uint64_t>::type;
 
 // ------------------------------------------------------------ phases 2 and 3
 
