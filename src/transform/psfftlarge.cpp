@@ -203,11 +203,7 @@ void bitRev(const U* s, U* d, int m, const int32_t* tab, U* work) {
 
 // ------------------------------------------------------------ phases 2 and 3
 
-// The last radix-4 pass of a column group, where one block remains: S
-// positions per sub-block (slots j = 0, 2, 1, 3). Position p of the upper
-// half (p >= S/2) has the factors of p - S/2 times exp(-2*pi*i*j/8), so the
-// table holds the lower half only: for each group of V positions, V real and
-// V imaginary parts of w^k, then of w^2k; w^3k is their product.
+// a*x (forward) or a*conj(x) (inverse), both in the group form
 template <class T, bool Inv>
 VRX_INLINE GVec<T> mulG(GVec<T> a, GVec<T> x) {
     using G = GVec<T>;
@@ -215,6 +211,11 @@ VRX_INLINE GVec<T> mulG(GVec<T> a, GVec<T> x) {
     else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
 }
 
+// The last radix-4 pass of a column group, where one block remains: S
+// positions per sub-block (slots j = 0, 2, 1, 3). Position p of the upper
+// half (p >= S/2) has the factors of p - S/2 times exp(-2*pi*i*j/8), so the
+// table holds the lower half only: for each group of V positions, V real and
+// V imaginary parts of w^k, then of w^2k; w^3k is their product.
 template <class T, bool Inv, Out O>
 void passLast4(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, const Cx<T>* tw, T sqrtHalf) {
     using P = GOps<T>;
