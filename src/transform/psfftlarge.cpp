@@ -319,8 +319,11 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
         } else {
             interleave<T>(dt.re + at, dt.im + at, work, rowLen);
             radixBlock<T, Inv>(sub, tw, cw, cw);
-            if (scale != T(0)) scaleBy<T>(work, 2 * rowLen, scale);
             fromGroups<T>(work, dt.re + at, dt.im + at, rowLen);
+            if (scale != T(0)) {
+                scaleBy<T>(dt.re + at, rowLen, scale);
+                scaleBy<T>(dt.im + at, rowLen, scale);
+            }
         }
     }
 
