@@ -335,7 +335,7 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
     // each row's merge fetches ahead
     int64_t perGroup = 0;
     for (int64_t t = 0, c = w; t < blk;) {
-        const int tl = blk == t + 2 ? 2 : (blk == t + 4 || blk == t + 6) ? 2 : 3;
+        const int tl = (blk == t + 2 || blk == t + 4 || blk == t + 6) ? 2 : 3;
         perGroup += blk == t + 2 ? c : ((int64_t(1) << tl) - 1) * c;
         c <<= tl;
         t += tl;
@@ -363,6 +363,7 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
         int64_t c = w;
         for (int t = 0; t < blk;) {
             if (blk == t + 2) {
+                // level 0, interleaved data: ordinary complex values again
                 if (dt.cx && level == 0) passLast4<T, Inv, Out::Cx>(cw, cw, nullptr, nullptr, c, step, sh);
                 else passLast4<T, Inv, Out::Group>(cw, cw, nullptr, nullptr, c, step, sh);
                 step += c;
@@ -379,8 +380,9 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
                 t += 3;
             }
         }
-        // BlkSplit: interleaved values at level 0, the group form deeper
-        // (the same bytes either way), or the split arrays
+        // BlkSplit: at level 0 the last pass has interleaved the values
+        // again, deeper the group form stays (the same bytes either way);
+        // split data goes back to its two arrays
         for (int64_t r = 0; r < rows; ++r) {
             const int64_t at = base + r * rowLen + c0;
             if (dt.cx) copy64(dt.cx + 2 * at, work + 2 * r * w, rowBytes);
