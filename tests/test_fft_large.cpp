@@ -1,6 +1,7 @@
 // FFT at large orders: the blocked large path and the two-level
-// recombination against a long-double reference FFT.
-#include "test_fft_common.h"
+// recombination against a long-double reference FFT; the same bits for every
+// placement and alignment, and scaling exact to the bit.
+#include "test_fft_large_common.h"
 
 using namespace ft;
 
@@ -62,5 +63,104 @@ template <class T> void realAgainstReference(int from, int to) {
 
 TEST(FftLarge, RealSingleTwoLevelRecombinationAndLargePath) { realAgainstReference<float>(18, 21); }
 TEST(FftLarge, RealDoubleTwoLevelRecombinationAndLargePath) { realAgainstReference<double>(16, 20); }
+
+struct PlaceCase {
+    int order;
+    Layout lay;
+    Place pl;
+    size_t off;  // byte offset of the data from a 64-byte boundary
+};
+
+// Every placement and alignment gives the bits of the aligned out-of-place
+// call, in both directions.
+template <class T> void samePlacementBits(const std::vector<PlaceCase>& cases) {
+    for (const PlaceCase& c : cases) {
+        const auto x = randomValues<T>(size_t(2) << c.order, 77 + c.order);
+        for (bool inv : {false, true}) {
+            const auto ref = transform<T>(c.lay, Place::OutOfPlace, c.order, vrxFftScaleNone, inv, 0, x);
+            const auto y = transform<T>(c.lay, c.pl, c.order, vrxFftScaleNone, inv, c.off, x);
+            EXPECT_EQ(firstDiff(y, ref), -1) << "order " << c.order << " split " << (c.lay == Layout::Split)
+                                             << " placement " << int(c.pl) << " offset " << c.off << " inverse " << inv;
+        }
+    }
+}
+
+TEST(FftLarge, SinglePlacementsAndAlignmentsGiveTheSameBits) {
+    samePlacementBits<float>({
+        {19, Layout::Interleaved, Place::InPlace, 0},
+        {19, Layout::Split, Place::ReInPlace, 4},
+        {20, Layout::Interleaved, Place::OutOfPlace, 8},   // rows not 32-byte aligned
+        {22, Layout::Interleaved, Place::InPlace, 4},
+        {22, Layout::Split, Place::InPlace, 0},
+        {23, Layout::Interleaved, Place::InPlace, 8},     // out of place: copy, then in place
+        {23, Layout::Split, Place::ReInPlace, 0},
+    });
+}
+TEST(FftLarge, DoublePlacementsAndAlignmentsGiveTheSameBits) {
+    samePlacementBits<double>({
+        {18, Layout::Interleaved, Place::InPlace, 0},
+        {18, Layout::Split, Place::ReInPlace, 8},
+        {19, Layout::Interleaved, Place::OutOfPlace, 16},
+        {21, Layout::Split, Place::InPlace, 4},
+        {22, Layout::Interleaved, Place::InPlace, 24},
+        {22, Layout::Split, Place::OutOfPlace, 8},
+    });
+}
+
+// ------------------------------------------------------------ scaling
+
+struct ScaleCase {
+    int order;
+    Layout lay;
+    int flag;
+    bool inv;
+};
+
+// A scaled transform equals the unscaled one times the flag's scale: to the
+// bit when the scale is a power of two (so also when the direction is not
+// scaled at all), within rounding otherwise.
+template <class T> void scaledLikeUnscaled(const std::vector<ScaleCase>& cases) {
+    for (const ScaleCase& c : cases) {
+        const size_t n = size_t(1) << c.order;
+        const auto x = randomValues<T>(2 * n, 5 + c.order);
+        const auto plain = transform<T>(c.lay, Place::OutOfPlace, c.order, vrxFftScaleNone, c.inv, 0, x);
+        const auto y = transform<T>(c.lay, Place::InPlace, c.order, c.flag, c.inv, 0, x);
+        const LD s = flagScale(c.flag, c.inv, c.order);
+        int e;
+        const bool pow2 = frexpl(s, &e) == 0.5L;
+        std::vector<T> want(2 * n);
+        for (size_t i = 0; i < 2 * n; ++i) want[i] = static_cast<T>(plain[i] * s);
+        if (pow2) {
+            EXPECT_EQ(firstDiff(y, want), -1) << "order " << c.order << " flag " << c.flag << " inverse " << c.inv;
+        } else {
+            LD num = 0, den = 0;
+            for (size_t i = 0; i < 2 * n; ++i) {
+                num += (y[i] - plain[i] * s) * (y[i] - plain[i] * s);
+                den += plain[i] * s * plain[i] * s;
+            }
+            EXPECT_LE(sqrtl(num / den), (sizeof(T) == 4 ? 2e-7L : 4e-16L)) << "order " << c.order << " flag " << c.flag;
+        }
+    }
+}
+
+TEST(FftLarge, SingleScaleFlagsScaleEveryRowOnce) {
+    scaledLikeUnscaled<float>({
+        {19, Layout::Interleaved, vrxFftScaleFwd, false},
+        {19, Layout::Split, vrxFftScaleFwd, true},
+        {20, Layout::Split, vrxFftScaleInv, true},
+        {20, Layout::Interleaved, vrxFftScaleSqrt, false},
+        {21, Layout::Interleaved, vrxFftScaleSqrt, true},
+        {23, Layout::Interleaved, vrxFftScaleInv, true},
+    });
+}
+TEST(FftLarge, DoubleScaleFlagsScaleEveryRowOnce) {
+    scaledLikeUnscaled<double>({
+        {18, Layout::Split, vrxFftScaleSqrt, false},
+        {19, Layout::Interleaved, vrxFftScaleInv, false},
+        {19, Layout::Interleaved, vrxFftScaleSqrt, true},
+        {20, Layout::Interleaved, vrxFftScaleInv, true},
+        {22, Layout::Split, vrxFftScaleFwd, false},
+    });
+}
 
 }  // namespace

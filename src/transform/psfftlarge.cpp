@@ -1,9 +1,20 @@
-// The large path of the complex FFT: tile bit reversal, row transforms by
-// the radix engine, and outer passes over groups of columns, recursing while
-// the rows are too long for the radix engine alone. Also the builders and
-// size rules of its tables.
+// The large path of the complex FFT. Three phases:
+//   1. bit reversal tile by tile: a tile of 2^k rows of 2^k elements is
+//      gathered into work, reversed in place with the in-tile list, and
+//      written to its partner's place;
+//   2. every row of 2^sub points transformed by the radix engine (group
+//      form result), scaled right away, or the whole procedure one level
+//      deeper when the row is too long for the engine alone;
+//   3. the outer passes across rows, for one group of w columns at a time
+//      gathered into work: radix 8, 8, 4 at block order 8, radix 4, 4 at
+//      block order 4, each pass with its factors laid out per column group
+//      in the order the passes read them.
+// Also the builders and size rules of its tables.
 #include "vrx_fft.h"
+#include "vrx_fft_pass.h"
 #include "vrx_fft_simd.h"
+
+#include <type_traits>
 
 #pragma GCC diagnostic ignored "-Wuninitialized"
 
@@ -20,146 +31,363 @@ VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
     return x >> (32 - bits);
 }
 
-// Interleaved values again from the group form the row transform leaves.
-template <class T> void fromGroups(Cx<T>* p, int64_t n) {
-    T* f = reinterpret_cast<T*>(p);
-    constexpr int V = GVec<T>::V;
-    for (int64_t i = 0; i < 2 * n; i += 2 * V) GVec<T>::load(f + i).storeCx(f + i);
-}
+// Out of place up to this order the tiles go straight from the source to
+// the destination; above it the source is copied first and reversed in place.
+constexpr int kDirectLast = 22;
+// Elements per piece of that copy.
+constexpr int64_t kCopyPiece = int64_t(1) << 23;
 
-template <class T> void scaleCx(Cx<T>* p, int64_t n, T s) {
-    T* f = reinterpret_cast<T*>(p);
-    for (int64_t i = 0; i < 2 * n; ++i) f[i] *= s;
-}
-// ------------------------------------------------------------ large path
-
-// Where the data of the large path lives: interleaved, or split arrays.
-template <class T> struct Store {
-    Cx<T>* cx;
-    T* re;
-    T* im;
-    VRX_INLINE void gather(int64_t idx, int64_t n, Cx<T>* d) const {
-        if (cx) memcpy(d, cx + idx, static_cast<size_t>(n) * sizeof(Cx<T>));
-        else for (int64_t i = 0; i < n; ++i) d[i] = {re[idx + i], im[idx + i]};
+// Copies n bytes, a multiple of 64.
+VRX_INLINE void copy64(void* d, const void* s, int64_t n) {
+    uint8_t* dp = static_cast<uint8_t*>(d);
+    const uint8_t* sp = static_cast<const uint8_t*>(s);
+    for (int64_t i = 0; i < n; i += 128) {
+        __m512i a = _mm512_loadu_si512(sp + i);
+        if (i + 64 < n) {
+            __m512i b = _mm512_loadu_si512(sp + i + 64);
+            _mm512_storeu_si512(dp + i + 64, b);
+        }
+        _mm512_storeu_si512(dp + i, a);
     }
-    VRX_INLINE void scatter(int64_t idx, int64_t n, const Cx<T>* s) const {
-        if (cx) memcpy(cx + idx, s, static_cast<size_t>(n) * sizeof(Cx<T>));
-        else for (int64_t i = 0; i < n; ++i) { re[idx + i] = s[i].re; im[idx + i] = s[i].im; }
+}
+
+// Fetches n bytes (a multiple of 64) towards the second-level cache.
+VRX_INLINE void prefetchRow(const void* p, int64_t n) {
+    const char* c = static_cast<const char*>(p);
+    for (int64_t i = 0; i < n; i += 64) _mm_prefetch(c + i, _MM_HINT_T1);
+}
+
+// ------------------------------------------------------------ phase 1
+
+// Units of the bit reversal: the complex element, or one real.
+struct U128 { uint64_t a, b; };
+template <class T> using CxUnit = typename std::conditional<sizeof(T) == 4, uint64_t, U128>::type;
+template <class T> using ReUnit = typename std::conditional<sizeof(T) == 4, uint32_t, uint64_t>::type;
+
+// Two adjacent units (x0, x1) in a register; transpose writes (a0, b0) to
+// qa and (a1, b1) to qb.
+template <class U> struct Pair2;
+template <> struct Pair2<uint32_t> {
+    static VRX_INLINE __m128i load(const uint32_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); }
+    static VRX_INLINE void transpose(__m128i a, __m128i b, uint32_t* qa, uint32_t* qb) {
+        const __m128d x = _mm_castsi128_pd(_mm_unpacklo_epi32(a, b));
+        _mm_storel_pd(reinterpret_cast<double*>(qa), x);
+        _mm_storeh_pd(reinterpret_cast<double*>(qb), x);
+    }
+};
+template <> struct Pair2<uint64_t> {
+    static VRX_INLINE __m128i load(const uint64_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+    static VRX_INLINE void transpose(__m128i a, __m128i b, uint64_t* qa, uint64_t* qb) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(qa), _mm_unpacklo_epi64(a, b));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(qb), _mm_unpackhi_epi64(a, b));
+    }
+};
+template <> struct Pair2<U128> {
+    static VRX_INLINE __m256i load(const U128* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+    static VRX_INLINE void transpose(__m256i a, __m256i b, U128* qa, U128* qb) {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(qa), _mm256_permute2x128_si256(a, b, 0x20));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(qb), _mm256_permute2x128_si256(a, b, 0x31));
     }
 };
 
-// Bit reversal of 2^m elements of type E through tiles of 2^k x 2^k: the
-// index (hi, mid, lo) goes to (rev lo, rev mid, rev hi). tileTab[i] holds
-// rev(i) << k for the middle bits.
-template <class E>
-void bitRevTiles(const E* src, E* dst, int m, int k, const int32_t* tileTab, E* buf) {
-    const int64_t K = int64_t(1) << k;
+// Tiles of K x K units of U (one element: a complex value, or one real of
+// split data). The rows of a tile lie rowStride units apart.
+template <class U, int K> struct Tile {
+    static constexpr int64_t kBytes = int64_t(K) * int64_t(sizeof(U));
+    static_assert(kBytes % 64 == 0, "tile rows are whole cache lines");
+
+    // BlkMerge: the tile's rows into contiguous memory; the rows of the
+    // tile at next (if any) are fetched ahead meanwhile.
+    static VRX_INLINE void merge(const U* base, int64_t rowStride, U* t, const U* next, const U* next2 = nullptr) {
+        for (int h = 0; h < K; ++h) {
+            if (next) prefetchRow(next + h * rowStride, kBytes);
+            if (next2) prefetchRow(next2 + h * rowStride, kBytes);
+            copy64(t + h * K, base + h * rowStride, kBytes);
+        }
+    }
+    // BlkSplit: back to rows.
+    static VRX_INLINE void split(U* base, int64_t rowStride, const U* t) {
+        for (int h = 0; h < K; ++h) copy64(base + h * rowStride, t + h * K, kBytes);
+    }
+    // BitRev1_Blk: full reversal of the 2k-bit index within the tile. The
+    // index is (top bit, middle bits, low bit); list entries are four times
+    // a middle value. Pairs (i, r) exchange all four (top, low) combinations
+    // with the two bits swapped; self-reversed middles (and middle 0, which
+    // the list leaves out) only exchange the two mixed combinations.
+    static VRX_INLINE void reverse(U* t, const int32_t* list) {
+        using X = Pair2<U>;
+        constexpr int64_t H = int64_t(K) * K / 2;
+        const int32_t* e = list;
+        for (; *e; e += 2) {
+            U* pi = t + (e[0] >> 1);
+            U* pr = t + (e[1] >> 1);
+            const auto a = X::load(pi), b = X::load(pi + H), c = X::load(pr), d = X::load(pr + H);
+            X::transpose(a, b, pr, pr + H);
+            X::transpose(c, d, pi, pi + H);
+        }
+        for (++e; *e; ++e) {
+            U* pi = t + (e[0] >> 1);
+            X::transpose(X::load(pi), X::load(pi + H), pi, pi + H);
+        }
+        X::transpose(X::load(t), X::load(t + H), t, t + H);
+    }
+};
+
+// Full bit reversal of 2^m units in place, tile pair by tile pair through
+// the two halves of work.
+template <class U, int K>
+void bitRevInPlace(U* d, int m, const int32_t* tab, const int32_t* list, U* work) {
+    using TL = Tile<U, K>;
+    constexpr int k = __builtin_ctz(K);
     const int64_t rowStride = int64_t(1) << (m - k);
     const int64_t nTiles = int64_t(1) << (m - 2 * k);
-    uint8_t rk[64];
-    for (int i = 0; i < K; ++i) rk[i] = static_cast<uint8_t>(revBits(static_cast<uint32_t>(i), k));
-    E* A = buf;
-    E* B = buf + K * K;
-    auto gatherTile = [&](const E* base, int64_t tileOff, E* t) {
-        for (int64_t h = 0; h < K; ++h) memcpy(t + h * K, base + h * rowStride + tileOff, static_cast<size_t>(K) * sizeof(E));
+    U* A = work;
+    U* B = work + K * K;
+    // the next tile pair that has work to do
+    auto nextPair = [&](int64_t i) {
+        for (++i; i < nTiles && tab[i] < (i << k); ++i) {}
+        return i;
     };
-    auto writeTile = [&](E* base, int64_t tileOff, const E* t) {
-        for (int64_t h = 0; h < K; ++h) {
-            E* row = base + h * rowStride + tileOff;
-            const E* col = t + rk[h];
-            for (int64_t l = 0; l < K; ++l) row[l] = col[rk[l] * K];
-        }
-    };
-    for (int64_t i = 0; i < nTiles; ++i) {
-        int64_t a = i << k, b = tileTab[i];
-        if (src != dst) {
-            gatherTile(src, b, A);
-            writeTile(dst, a, A);
-        } else if (b > a) {
-            gatherTile(dst, a, A);
-            gatherTile(dst, b, B);
-            writeTile(dst, a, B);
-            writeTile(dst, b, A);
-        } else if (b == a) {
-            gatherTile(dst, a, A);
-            writeTile(dst, a, A);
+    for (int64_t i = nextPair(-1); i < nTiles;) {
+        const int64_t a = i << k, b = tab[i];
+        const int64_t ni = nextPair(i);
+        const U* na = ni < nTiles ? d + (ni << k) : nullptr;
+        const U* nb = ni < nTiles && tab[ni] != (ni << k) ? d + tab[ni] : nullptr;
+        i = ni;
+        if (b > a) {
+            TL::merge(d + a, rowStride, A, na);
+            TL::merge(d + b, rowStride, B, nb);
+            TL::reverse(A, list);
+            TL::reverse(B, list);
+            TL::split(d + a, rowStride, B);
+            TL::split(d + b, rowStride, A);
+        } else {
+            TL::merge(d + a, rowStride, A, na, nb);
+            TL::reverse(A, list);
+            TL::split(d + a, rowStride, A);
         }
     }
 }
 
-// Layout of a level's step table: for each stage t < blk, W_{2^(sub+t+1)}^c
-// for c < 2^sub; then W_{2^blk}^j for j < 2^(blk-1).
-template <class T> int64_t stepCount(int blk, int sub) { return int64_t(blk) * (int64_t(1) << sub) + (int64_t(1) << (blk - 1)); }
-
-// Widest column group of the large path's outer passes.
-constexpr int64_t kMaxCols = 64;
-
-VRX_INLINE void splitDup(CVec<float, 8> w, CVec<float, 8>& wr, CVec<float, 8>& wi) {
-    wr.v = _mm512_moveldup_ps(w.v);
-    wi.v = _mm512_movehdup_ps(w.v);
+// Full bit reversal of 2^m units from src to dst (different arrays).
+template <class U, int K>
+void bitRevOutOfPlace(const U* s, U* d, int m, const int32_t* tab, const int32_t* list, U* work) {
+    using TL = Tile<U, K>;
+    constexpr int k = __builtin_ctz(K);
+    if (m > kDirectLast) {
+        const int64_t n = int64_t(1) << m;
+        for (int64_t i = 0; i < n; i += kCopyPiece) {
+            const int64_t len = n - i < kCopyPiece ? n - i : kCopyPiece;
+            N0(vrxsCopy_8u)(reinterpret_cast<const Vrx8u*>(s + i), reinterpret_cast<Vrx8u*>(d + i),
+                            static_cast<int>(len * int64_t(sizeof(U))));
+        }
+        bitRevInPlace<U, K>(d, m, tab, list, work);
+        return;
+    }
+    const int64_t rowStride = int64_t(1) << (m - k);
+    const int64_t nTiles = int64_t(1) << (m - 2 * k);
+    for (int64_t i = 0; i < nTiles; ++i) {
+        TL::merge(s + tab[i], rowStride, work, i + 1 < nTiles ? s + tab[i + 1] : nullptr);
+        TL::reverse(work, list);
+        TL::split(d + (i << k), rowStride, work);
+    }
 }
-VRX_INLINE void splitDup(CVec<double, 4> w, CVec<double, 4>& wr, CVec<double, 4>& wi) {
-    wr.v = _mm512_movedup_pd(w.v);
-    wi.v = _mm512_permute_pd(w.v, 0xFF);
+
+template <class U, int K>
+void bitRev(const U* s, U* d, int m, const int32_t* tab, U* work) {
+    const int32_t* list = tab + (int64_t(1) << (m - 2 * __builtin_ctz(K)));
+    if (s == d) bitRevInPlace<U, K>(d, m, tab, list, work);
+    else bitRevOutOfPlace<U, K>(s, d, m, tab, list, work);
 }
 
+
+// ------------------------------------------------------------ phases 2 and 3
+
+// a*x (forward) or a*conj(x) (inverse), both in the group form
 template <class T, bool Inv>
-void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t base, Cx<T>* work, T scale) {
+VRX_INLINE GVec<T> mulG(GVec<T> a, GVec<T> x) {
+    using G = GVec<T>;
+    if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
+    else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
+}
+
+// The last radix-4 pass of a column group, where one block remains: S
+// positions per sub-block (slots j = 0, 2, 1, 3). Position p of the upper
+// half (p >= S/2) has the factors of p - S/2 times exp(-2*pi*i*j/8), so the
+// table holds the lower half only: for each group of V positions, V real and
+// V imaginary parts of w^k, then of w^2k; w^3k is their product.
+template <class T, bool Inv, Out O>
+void passLast4(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, const Cx<T>* tw, T sqrtHalf) {
+    using P = GOps<T>;
+    using G = typename P::G;
+    constexpr int V = P::V;
+    const T* t = reinterpret_cast<const T*>(tw);
+    const T* src = reinterpret_cast<const T*>(in);
+    T* dst = reinterpret_cast<T*>(out);
+    const int64_t H = S / 2;
+    for (int64_t k = 0; k < H; k += V, t += 4 * V) {
+        const G f1 = G::load(t), f2 = G::load(t + 2 * V);
+        const G f3 = mulG<T, false>(f1, f2);
+        {
+            const T* p = src + 2 * k;
+            G b0 = G::load(p), b1 = G::load(p + 2 * S), b2 = G::load(p + 4 * S), b3 = G::load(p + 6 * S);
+            G c1 = mulG<T, Inv>(b1, f2), c2 = mulG<T, Inv>(b2, f1), c3 = mulG<T, Inv>(b3, f3);
+            G u0 = P::add(b0, c1), u1 = P::sub(b0, c1), v0 = P::add(c2, c3), d = P::sub(c2, c3);
+            P::template put<O>(P::add(u0, v0), dst, re, im, k);
+            P::template put<O>(P::template addRot<Inv>(u1, d), dst, re, im, k + S);
+            P::template put<O>(P::sub(u0, v0), dst, re, im, k + 2 * S);
+            P::template put<O>(P::template subRot<Inv>(u1, d), dst, re, im, k + 3 * S);
+        }
+        {
+            // y_j = z_j * exp(-2*pi*i*j/8): y2 = -i z2, y1 + y3 and y1 - y3
+            // as one eighth-turn of z1 -+ i z3
+            const int64_t e = k + H;
+            const T* p = src + 2 * e;
+            G b0 = G::load(p), b1 = G::load(p + 2 * S), b2 = G::load(p + 4 * S), b3 = G::load(p + 6 * S);
+            G z2 = mulG<T, Inv>(b1, f2), z1 = mulG<T, Inv>(b2, f1), z3 = mulG<T, Inv>(b3, f3);
+            G u0 = P::template addRot<Inv>(b0, z2), u1 = P::template subRot<Inv>(b0, z2);
+            G v0 = P::template w8<Inv>(P::template addRot<Inv>(z1, z3), sqrtHalf);
+            G d = P::template w8<Inv>(P::template subRot<Inv>(z1, z3), sqrtHalf);
+            P::template put<O>(P::add(u0, v0), dst, re, im, e);
+            P::template put<O>(P::template addRot<Inv>(u1, d), dst, re, im, e + S);
+            P::template put<O>(P::sub(u0, v0), dst, re, im, e + 2 * S);
+            P::template put<O>(P::template subRot<Inv>(u1, d), dst, re, im, e + 3 * S);
+        }
+    }
+}
+
+template <class T> VRX_INLINE T sqrtHalf() { return fixTwiddle<T>(1, 8).re; }
+
+template <class T> VRX_INLINE void scaleBy(T* p, int64_t n, T s) {
+    if constexpr (sizeof(T) == 4) N0(vrxsMulC_32f_I)(s, p, static_cast<int>(n));
+    else N0(vrxsMulC_64f_I)(s, p, static_cast<int>(n));
+}
+
+// Where the data lives: interleaved (cx, in T units) or split arrays.
+// Positions count complex values.
+template <class T> struct Data {
+    T* cx;
+    T* re;
+    T* im;
+};
+
+// n split values (a multiple of V) to ordinary interleaved complex.
+template <class T> VRX_INLINE void interleave(const T* re, const T* im, T* d, int64_t n) {
+    using G = GVec<T>;
+    constexpr int V = G::V;
+    for (int64_t i = 0; i < n; i += V) G{G::loadHalf(re + i), G::loadHalf(im + i)}.storeCx(d + 2 * i);
+}
+// n split values into the group form, and back.
+template <class T> VRX_INLINE void toGroups(const T* re, const T* im, T* d, int64_t n) {
+    using G = GVec<T>;
+    constexpr int V = G::V;
+    for (int64_t i = 0; i < n; i += V) {
+        G::storeHalf(d + 2 * i, G::loadHalf(re + i));
+        G::storeHalf(d + 2 * i + V, G::loadHalf(im + i));
+    }
+}
+template <class T> VRX_INLINE void fromGroups(const T* s, T* re, T* im, int64_t n) {
+    using G = GVec<T>;
+    constexpr int V = G::V;
+    for (int64_t i = 0; i < n; i += V) {
+        G::storeHalf(re + i, G::loadHalf(s + 2 * i));
+        G::storeHalf(im + i, G::loadHalf(s + 2 * i + V));
+    }
+}
+
+// One level of order m over the 2^m points from position base: rows, then
+// the outer passes. Work is 64-byte aligned.
+template <class T, bool Inv>
+void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t base, T* work, T scale) {
+    using C = Cx<T>;
+    if (level > 1) __builtin_unreachable();  // the largest orders need two levels
     const int blk = blockOrder<T>(m);
     const int sub = m - blk;
     const int64_t rows = int64_t(1) << blk, rowLen = int64_t(1) << sub;
-    const Cx<T>* tw = static_cast<const Cx<T>*>(plan->twiddleTab);
-    // rows
+    const C* tw = static_cast<const C*>(plan->twiddleTab);
+    C* cw = reinterpret_cast<C*>(work);
+
+    // phase 2: the rows
     for (int64_t r = 0; r < rows; ++r) {
-        int64_t at = base + r * rowLen;
+        const int64_t at = base + r * rowLen;
         if (sub > Limits<T>::kRadixLast) {
-            largeLevel<T, Inv>(plan, sub, level + 1, st, at, work, scale);
-            continue;
-        }
-        Cx<T>* row;
-        if (st.cx) row = st.cx + at;
-        else { row = work; st.gather(at, rowLen, row); }
-        radixBlock<T, Inv>(sub, tw, row, work);
-        fromGroups<T>(row, rowLen);
-        if (scale != T(0)) scaleCx(row, rowLen, scale);
-        if (!st.cx) st.scatter(at, rowLen, row);
-    }
-    // outer passes over groups of columns
-    const Cx<T>* step = static_cast<const Cx<T>*>(plan->stepTab[level]);
-    const Cx<T>* small = step + int64_t(blk) * rowLen;
-    constexpr int V = sizeof(T) == 4 ? 8 : 4;
-    using CV = CVec<T, V>;
-    const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
-    CV twr[kMaxCols / V], twi[kMaxCols / V];
-    for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
-        for (int64_t r = 0; r < rows; ++r) st.gather(base + r * rowLen + c0, w, work + r * w);
-        for (int t = 0; t < blk; ++t) {
-            const int64_t half = int64_t(1) << t;
-            const Cx<T>* stg = step + int64_t(t) * rowLen + c0;
-            for (int64_t rp = 0; rp < half; ++rp) {
-                Cx<T> f = small[rp << (blk - t - 1)];
-                Cx<T> fv[V];
-                for (int i = 0; i < V; ++i) fv[i] = f;
-                CV F = CV::load(fv);
-                // the factors of this row pair, once for all its groups, as
-                // duplicated real parts and imaginary parts
-                for (int64_t cc = 0; cc < w; cc += V) {
-                    CV tv = CV::template mul<false>(CV::load(stg + cc), F);
-                    splitDup(tv, twr[cc / V], twi[cc / V]);
-                }
-                for (int64_t g = 0; g < rows; g += 2 * half) {
-                    Cx<T>* pa = work + (g + rp) * w;
-                    Cx<T>* pb = work + (g + rp + half) * w;
-                    for (int64_t cc = 0; cc < w; cc += V) {
-                        CV a = CV::load(pa + cc);
-                        CV bt = CV::template mulSplit<Inv>(CV::load(pb + cc), twr[cc / V], twi[cc / V]);
-                        (a + bt).store(pa + cc);
-                        (a - bt).store(pb + cc);
-                    }
-                }
+            largeLevel<T, Inv>(plan, sub, level + 1, dt, at, work, scale);
+        } else if (dt.cx) {
+            T* row = dt.cx + 2 * at;
+            radixBlock<T, Inv>(sub, tw, reinterpret_cast<C*>(row), cw);
+            if (scale != T(0)) scaleBy<T>(row, 2 * rowLen, scale);
+        } else {
+            interleave<T>(dt.re + at, dt.im + at, work, rowLen);
+            radixBlock<T, Inv>(sub, tw, cw, cw);
+            fromGroups<T>(work, dt.re + at, dt.im + at, rowLen);
+            if (scale != T(0)) {
+                scaleBy<T>(dt.re + at, rowLen, scale);
+                scaleBy<T>(dt.im + at, rowLen, scale);
             }
         }
-        for (int64_t r = 0; r < rows; ++r) st.scatter(base + r * rowLen + c0, w, work + r * w);
+    }
+
+    // phase 3: the outer passes, column group by column group
+    const C* step = static_cast<const C*>(plan->stepTab[level]);
+    const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
+    const T sh = sqrtHalf<T>();
+    // factors of one column group, and the share of the next group's that
+    // each row's merge fetches ahead
+    int64_t perGroup = 0;
+    for (int64_t t = 0, c = w; t < blk;) {
+        const int tl = (blk == t + 2 || blk == t + 4 || blk == t + 6) ? 2 : 3;
+        perGroup += blk == t + 2 ? c : ((int64_t(1) << tl) - 1) * c;
+        c <<= tl;
+        t += tl;
+    }
+    const int64_t tabBytes = perGroup * int64_t(sizeof(C));
+    const int64_t tabShare = ((tabBytes / rows) + 63) & ~int64_t(63);
+    const int64_t rowBytes = 2 * w * int64_t(sizeof(T));
+    for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
+        // BlkMerge
+        const bool ahead = c0 + w < rowLen;
+        const char* nextTab = reinterpret_cast<const char*>(step + perGroup);
+        for (int64_t r = 0; r < rows; ++r) {
+            const int64_t at = base + r * rowLen + c0;
+            if (ahead) {
+                if (r * tabShare < tabBytes) prefetchRow(nextTab + r * tabShare, tabShare);
+                if (dt.cx) prefetchRow(dt.cx + 2 * (at + w), rowBytes);
+                else {
+                    prefetchRow(dt.re + at + w, rowBytes / 2);
+                    prefetchRow(dt.im + at + w, rowBytes / 2);
+                }
+            }
+            if (dt.cx) copy64(work + 2 * r * w, dt.cx + 2 * at, rowBytes);
+            else toGroups<T>(dt.re + at, dt.im + at, work + 2 * r * w, w);
+        }
+        int64_t c = w;
+        for (int t = 0; t < blk;) {
+            if (blk == t + 2) {
+                // level 0, interleaved data: ordinary complex values again
+                if (dt.cx && level == 0) passLast4<T, Inv, Out::Cx>(cw, cw, nullptr, nullptr, c, step, sh);
+                else passLast4<T, Inv, Out::Group>(cw, cw, nullptr, nullptr, c, step, sh);
+                step += c;
+                t += 2;
+            } else if (blk == t + 4 || blk == t + 6) {
+                pass4<T, Inv, Out::Group>(cw, cw, nullptr, nullptr, c, rows >> (t + 2), step);
+                step += 3 * c;
+                c *= 4;
+                t += 2;
+            } else {
+                pass8<T, Inv, Out::Group>(cw, cw, nullptr, nullptr, c, rows >> (t + 3), step, sh);
+                step += 7 * c;
+                c *= 8;
+                t += 3;
+            }
+        }
+        // BlkSplit: at level 0 the last pass has interleaved the values
+        // again, deeper the group form stays (the same bytes either way);
+        // split data goes back to its two arrays
+        for (int64_t r = 0; r < rows; ++r) {
+            const int64_t at = base + r * rowLen + c0;
+            if (dt.cx) copy64(dt.cx + 2 * at, work + 2 * r * w, rowBytes);
+            else fromGroups<T>(work + 2 * r * w, dt.re + at, dt.im + at, w);
+        }
     }
 }
 
@@ -168,21 +396,24 @@ void largeLevel(const Plan* plan, int m, int level, const Store<T>& st, int64_t 
 template <class T, bool Inv>
 void largeRun(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm, bool split,
               T scale, uint8_t* work) {
-    const int k = Limits<T>::kTileOrder;
-    const int32_t* tiles = plan->bitRevTab;
+    constexpr int K = 1 << Limits<T>::kTileOrder;
+    const int32_t* tab = plan->bitRevTab;
     if (!split) {
-        using E = Cx<T>;
-        bitRevTiles<E>(reinterpret_cast<const E*>(srcRe), reinterpret_cast<E*>(dstRe), m, k, tiles,
-                       reinterpret_cast<E*>(work));
-        Store<T> st{reinterpret_cast<Cx<T>*>(dstRe), nullptr, nullptr};
-        largeLevel<T, Inv>(plan, m, 0, st, 0, reinterpret_cast<Cx<T>*>(work), scale);
+        using U = CxUnit<T>;
+        bitRev<U, K>(reinterpret_cast<const U*>(srcRe), reinterpret_cast<U*>(dstRe), m, tab,
+                     reinterpret_cast<U*>(work));
+        largeLevel<T, Inv>(plan, m, 0, Data<T>{dstRe, nullptr, nullptr}, 0, reinterpret_cast<T*>(work), scale);
     } else {
-        bitRevTiles<T>(srcRe, dstRe, m, k, tiles, reinterpret_cast<T*>(work));
-        bitRevTiles<T>(srcIm, dstIm, m, k, tiles, reinterpret_cast<T*>(work));
-        Store<T> st{nullptr, dstRe, dstIm};
-        largeLevel<T, Inv>(plan, m, 0, st, 0, reinterpret_cast<Cx<T>*>(work), scale);
+        using U = ReUnit<T>;
+        bitRev<U, K>(reinterpret_cast<const U*>(srcRe), reinterpret_cast<U*>(dstRe), m, tab,
+                     reinterpret_cast<U*>(work));
+        bitRev<U, K>(reinterpret_cast<const U*>(srcIm), reinterpret_cast<U*>(dstIm), m, tab,
+                     reinterpret_cast<U*>(work));
+        largeLevel<T, Inv>(plan, m, 0, Data<T>{nullptr, dstRe, dstIm}, 0, reinterpret_cast<T*>(work), scale);
     }
 }
+
+// ------------------------------------------------------------ tables
 
 namespace {
 
@@ -190,6 +421,27 @@ template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int or
     T c, s;
     st.cosSin(j, ord, c, s);
     return {c, -s};
+}
+
+// Factors of one pass for positions p (q = p / w rows down, column c0 +
+// p % w): w_ord^(j*k) with k = c0 + p % w + 2^sub * q, for j = js[0 ..
+// nj-1], for each group of V positions V real parts then V imaginary parts.
+template <class T>
+T* stepFactors(T* f, const SineTab<T>& st, int64_t c0, int64_t w, int sub, int ord, int64_t positions,
+               const int* js, int nj) {
+    constexpr int V = GVec<T>::V;
+    for (int64_t p0 = 0; p0 < positions; p0 += V)
+        for (int ji = 0; ji < nj; ++ji) {
+            for (int l = 0; l < V; ++l) {
+                const int64_t p = p0 + l;
+                const int64_t k = c0 + p % w + (p / w << sub);
+                const Cx<T> v = twAt<T>(st, js[ji] * k, ord);
+                f[l] = v.re;
+                f[V + l] = v.im;
+            }
+            f += 2 * V;
+        }
+    return f;
 }
 
 template <class T> uint8_t* buildStep(Plan* plan, int m, int level, const SineTab<T>& st, uint8_t* p) {
@@ -205,12 +457,25 @@ template <class T> uint8_t* buildStep(Plan* plan, int m, int level, const SineTa
     }
     p = align64(p);
     plan->stepTab[level] = p;
-    Cx<T>* d = reinterpret_cast<Cx<T>*>(p);
+    T* f = reinterpret_cast<T*>(p);
+    static constexpr int kJ[7] = {1, 2, 3, 4, 5, 6, 7};
     const int64_t rowLen = int64_t(1) << sub;
-    for (int t = 0; t < blk; ++t)
-        for (int64_t c = 0; c < rowLen; ++c) *d++ = twAt<T>(st, c, sub + t + 1);
-    for (int64_t j = 0; j < (int64_t(1) << (blk - 1)); ++j) *d++ = twAt<T>(st, j, blk);
-    return reinterpret_cast<uint8_t*>(d);
+    const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
+    for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
+        int64_t c = w;
+        for (int t = 0; t < blk;) {
+            if (blk == t + 2) {
+                f = stepFactors<T>(f, st, c0, w, sub, m, c / 2, kJ, 2);
+                t += 2;
+            } else {
+                const int tl = (blk == t + 4 || blk == t + 6) ? 2 : 3;
+                f = stepFactors<T>(f, st, c0, w, sub, sub + t + tl, c, kJ, (1 << tl) - 1);
+                c <<= tl;
+                t += tl;
+            }
+        }
+    }
+    return reinterpret_cast<uint8_t*>(f);
 }
 
 }  // namespace
