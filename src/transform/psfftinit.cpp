@@ -109,8 +109,6 @@ void owns_initTabTwdBase_32f(int order, float* tab) {
 // cos, -sin for k = 1 .. kRecombFine in the same pairing, then the coarse
 // factors (cos, -sin) of theta(kRecombFine*j), j = 0 .. N/(4*kRecombFine) - 1,
 // adjacent; both directions hold the same values.
-constexpr int kRecombFine = 512;
-template <class T> bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
 
 template <class T> VRX_INLINE void putPaired(T* d, int64_t k, T first, T second) {
     const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;

@@ -20,10 +20,7 @@ template <class T> VRX_INLINE T planScale(const Plan* p) {
     else return p->normScale.d;
 }
 
-// Two-level recombination tables: kFine fine factors, then one coarse
-// factor per kFine values of k.
-constexpr int kFine = 512;
-template <class T> VRX_INLINE bool twoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
+constexpr int kFine = kRecombFine;
 
 // ------------------------------------------------------------ packed forms
 
@@ -467,7 +464,7 @@ VrxStatus fwdReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
         pDst[0] = p + q;
         pDst[1] = p - q;
         const T* tab = static_cast<const T*>(plan->recombFwdTab);
-        if (twoLevel<T>(order)) realRecombine2<T>(pDst, N / 2, tab);
+        if (recombTwoLevel<T>(order)) realRecombine2<T>(pDst, N / 2, tab);
         else realRecombine1<T>(pDst, N / 2, tab);
     }
     permToForm<T>(pDst, N, f);
@@ -504,7 +501,7 @@ VrxStatus invReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
     }
     const T r0 = s[0];
     const T* tab = static_cast<const T*>(plan->recombInvTab);
-    if (twoLevel<T>(order)) ccsRecombine<T, true>(s, pDst, N / 2, tab);
+    if (recombTwoLevel<T>(order)) ccsRecombine<T, true>(s, pDst, N / 2, tab);
     else ccsRecombine<T, false>(s, pDst, N / 2, tab);
     pDst[0] = r0 + rh;
     pDst[1] = r0 - rh;

@@ -65,6 +65,12 @@ template <class T> VRX_INLINE int bufferOrder(int m) {
     return (sizeof(T) == 4 ? 10 : 9) + (b == 8 ? 4 : 0);
 }
 
+// Recombination tables of real plans: one level up to a half length of
+// 2^17 (single) or 2^15 (double), two levels above, with kRecombFine fine
+// factors and one coarse factor per kRecombFine values of k.
+constexpr int kRecombFine = 512;
+template <class T> VRX_INLINE bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
+
 // Table builders and the engine (templates instantiated for float and
 // double in the engine modules).
 template <class T> struct Cx { T re, im; };
