@@ -2,7 +2,7 @@
 // at every order up to 22: it needs no reference transform at all. The
 // orders above 22 run by hand:
 //   test_fft_selftest --gtest_also_run_disabled_tests --gtest_filter=*Highest*
-#include "test_fft_common.h"
+#include "test_fft_large_common.h"
 
 using namespace ft;
 
@@ -10,53 +10,19 @@ namespace {
 
 // ------------------------------------------------------------ self-test
 
-// Linearity, impulse and time shift for the forward complex transform.
-template <class T> void selfTest(Layout lay, int order) {
-    const size_t n = size_t(1) << order;
-    const LD tol = bound<T>(order) * 4;
-    const LD twoPi = 6.283185307179586476925286766559005768L;
-    vt::Rng rng(order * 31 + (lay == Layout::Split));
-    auto x = roundTo<T>(randomSignal(n, rng.next()));
-    auto y = roundTo<T>(randomSignal(n, rng.next()));
-    const CLD a(rng.uniform() - 0.5, rng.uniform() - 0.5), b(rng.uniform() - 0.5, rng.uniform() - 0.5);
-    // linearity: F(a x + b y) = a F(x) + b F(y)
-    std::vector<CLD> comb(n);
-    for (size_t i = 0; i < n; ++i) comb[i] = a * x[i] + b * y[i];
-    comb = roundTo<T>(comb);
-    auto fx = runComplex<T>(lay, order, vrxFftScaleNone, false, false, 0, x);
-    auto fy = runComplex<T>(lay, order, vrxFftScaleNone, false, true, 0, y);
-    auto fc = runComplex<T>(lay, order, vrxFftScaleNone, false, false, 4, comb);
-    std::vector<CLD> rhs(n);
-    for (size_t i = 0; i < n; ++i) rhs[i] = a * fx[i] + b * fy[i];
-    EXPECT_LE(relRms(fc, rhs), tol) << "linearity order " << order;
-    for (auto* v : {&y, &comb, &fy, &fc, &rhs}) std::vector<CLD>().swap(*v);
-    // impulse at a random position j: X[k] = exp(-2 pi i j k / N)
-    std::vector<CLD> imp(n, CLD(0, 0));
-    const size_t j = rng.next() % n;
-    imp[j] = 1;
-    auto fi = runComplex<T>(lay, order, vrxFftScaleNone, false, true, 0, imp);
-    std::vector<CLD> w(n), ri(n);
-    for (size_t k = 0; k < n; ++k) {
-        LD ang = twoPi * static_cast<LD>(k) / static_cast<LD>(n);
-        w[k] = CLD(cosl(ang), -sinl(ang));
-    }
-    for (size_t k = 0; k < n; ++k) ri[k] = w[(j * k) % n];
-    EXPECT_LE(relRms(fi, ri), tol) << "impulse order " << order;
-    for (auto* v : {&imp, &fi, &ri}) std::vector<CLD>().swap(*v);
-    // time shift by one: F(x[n-1]) [k] = F(x)[k] exp(-2 pi i k / N)
-    std::vector<CLD> xs(n);
-    for (size_t i = 0; i < n; ++i) xs[(i + 1) % n] = x[i];
-    auto fs = runComplex<T>(lay, order, vrxFftScaleNone, false, false, 0, xs);
-    std::vector<CLD> rs(n);
-    for (size_t k = 0; k < n; ++k) rs[k] = fx[k] * w[k];
-    EXPECT_LE(relRms(fs, rs), tol) << "shift order " << order;
-}
+constexpr Place kPlaces[] = {Place::OutOfPlace, Place::InPlace, Place::ReInPlace};
 
 TEST(FftSelfTest, SingleEveryOrderTo22) {
-    for (int order = 0; order <= 22; ++order) selfTest<float>(order % 3 == 0 ? Layout::Split : Layout::Interleaved, order);
+    for (int order = 0; order <= 22; ++order) {
+        const Layout lay = order % 3 == 0 ? Layout::Split : Layout::Interleaved;
+        threeProperties<float>(lay, lay == Layout::Split ? kPlaces[(order / 3) % 3] : kPlaces[order % 2], order);
+    }
 }
 TEST(FftSelfTest, DoubleEveryOrderTo22) {
-    for (int order = 0; order <= 22; ++order) selfTest<double>(order % 3 == 1 ? Layout::Split : Layout::Interleaved, order);
+    for (int order = 0; order <= 22; ++order) {
+        const Layout lay = order % 3 == 1 ? Layout::Split : Layout::Interleaved;
+        threeProperties<double>(lay, lay == Layout::Split ? kPlaces[(order / 3) % 3] : kPlaces[order % 2], order);
+    }
 }
 
 // The highest orders of every kind (several GiB of memory): by hand. Light

@@ -19,14 +19,6 @@ template <class T> VRX_INLINE const T* fixTab();
 template <> VRX_INLINE const float* fixTab<float>() { return fft_fix_twiddle_table_32f; }
 template <> VRX_INLINE const double* fixTab<double>() { return fft_fix_twiddle_table_64f; }
 
-VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
-    if (bits <= 0) return 0;
-    x = ((x >> 1) & 0x55555555u) | ((x & 0x55555555u) << 1);
-    x = ((x >> 2) & 0x33333333u) | ((x & 0x33333333u) << 2);
-    x = ((x >> 4) & 0x0F0F0F0Fu) | ((x & 0x0F0F0F0Fu) << 4);
-    x = __builtin_bswap32(x);
-    return x >> (32 - bits);
-}
 
 // ------------------------------------------------------------ small kernels
 
@@ -527,7 +519,6 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     }
 }
 
-template <class T> VRX_INLINE T sqrtHalf() { return fixTab<T>()[128]; }
 
 // One pass of the schedule over len values from base.
 template <class T, bool Inv, Out O>
@@ -612,10 +603,6 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
     for (int i = chunkEnd; i < np; ++i) run(i, 0, N);
 }
 
-template <class T> VRX_INLINE void scaleBy(T* p, int64_t n, T s) {
-    if constexpr (sizeof(T) == 4) N0(vrxsMulC_32f_I)(s, p, static_cast<int>(n));
-    else N0(vrxsMulC_64f_I)(s, p, static_cast<int>(n));
-}
 
 
 template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int ord) {

@@ -22,14 +22,6 @@ namespace n0::fft {
 
 namespace {
 
-VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
-    if (bits <= 0) return 0;
-    x = ((x >> 1) & 0x55555555u) | ((x & 0x55555555u) << 1);
-    x = ((x >> 2) & 0x33333333u) | ((x & 0x33333333u) << 2);
-    x = ((x >> 4) & 0x0F0F0F0Fu) | ((x & 0x0F0F0F0Fu) << 4);
-    x = __builtin_bswap32(x);
-    return x >> (32 - bits);
-}
 
 // Out of place up to this order the tiles go straight from the source to
 // the destination; above it the source is copied first and reversed in place.
@@ -204,12 +196,6 @@ void bitRev(const U* s, U* d, int m, const int32_t* tab, U* work) {
 // ------------------------------------------------------------ phases 2 and 3
 
 // a*x (forward) or a*conj(x) (inverse), both in the group form
-template <class T, bool Inv>
-VRX_INLINE GVec<T> mulG(GVec<T> a, GVec<T> x) {
-    using G = GVec<T>;
-    if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
-    else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
-}
 
 // The last radix-4 pass of a column group, where one block remains: S
 // positions per sub-block (slots j = 0, 2, 1, 3). Position p of the upper
@@ -227,11 +213,11 @@ void passLast4(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, const Cx<T>
     const int64_t H = S / 2;
     for (int64_t k = 0; k < H; k += V, t += 4 * V) {
         const G f1 = G::load(t), f2 = G::load(t + 2 * V);
-        const G f3 = mulG<T, false>(f1, f2);
+        const G f3 = GOps<T>::template mulG<false>(f1, f2);
         {
             const T* p = src + 2 * k;
             G b0 = G::load(p), b1 = G::load(p + 2 * S), b2 = G::load(p + 4 * S), b3 = G::load(p + 6 * S);
-            G c1 = mulG<T, Inv>(b1, f2), c2 = mulG<T, Inv>(b2, f1), c3 = mulG<T, Inv>(b3, f3);
+            G c1 = GOps<T>::template mulG<Inv>(b1, f2), c2 = GOps<T>::template mulG<Inv>(b2, f1), c3 = GOps<T>::template mulG<Inv>(b3, f3);
             G u0 = P::add(b0, c1), u1 = P::sub(b0, c1), v0 = P::add(c2, c3), d = P::sub(c2, c3);
             P::template put<O>(P::add(u0, v0), dst, re, im, k);
             P::template put<O>(P::template addRot<Inv>(u1, d), dst, re, im, k + S);
@@ -244,7 +230,7 @@ void passLast4(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, const Cx<T>
             const int64_t e = k + H;
             const T* p = src + 2 * e;
             G b0 = G::load(p), b1 = G::load(p + 2 * S), b2 = G::load(p + 4 * S), b3 = G::load(p + 6 * S);
-            G z2 = mulG<T, Inv>(b1, f2), z1 = mulG<T, Inv>(b2, f1), z3 = mulG<T, Inv>(b3, f3);
+            G z2 = GOps<T>::template mulG<Inv>(b1, f2), z1 = GOps<T>::template mulG<Inv>(b2, f1), z3 = GOps<T>::template mulG<Inv>(b3, f3);
             G u0 = P::template addRot<Inv>(b0, z2), u1 = P::template subRot<Inv>(b0, z2);
             G v0 = P::template w8<Inv>(P::template addRot<Inv>(z1, z3), sqrtHalf);
             G d = P::template w8<Inv>(P::template subRot<Inv>(z1, z3), sqrtHalf);
@@ -256,12 +242,6 @@ void passLast4(const Cx<T>* in, Cx<T>* out, T* re, T* im, int64_t S, const Cx<T>
     }
 }
 
-template <class T> VRX_INLINE T sqrtHalf() { return fixTwiddle<T>(1, 8).re; }
-
-template <class T> VRX_INLINE void scaleBy(T* p, int64_t n, T s) {
-    if constexpr (sizeof(T) == 4) N0(vrxsMulC_32f_I)(s, p, static_cast<int>(n));
-    else N0(vrxsMulC_64f_I)(s, p, static_cast<int>(n));
-}
 
 // Where the data lives: interleaved (cx, in T units) or split arrays.
 // Positions count complex values.

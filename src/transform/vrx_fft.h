@@ -36,6 +36,16 @@ VRX_INLINE uintptr_t align64(uintptr_t a) { return (a + 63) & ~uintptr_t(63); }
 template <class T> VRX_INLINE T* align64(T* p) { return reinterpret_cast<T*>(align64(reinterpret_cast<uintptr_t>(p))); }
 VRX_INLINE int32_t a64(int64_t x) { return static_cast<int32_t>((x + 63) & ~int64_t(63)); }
 
+// The low `bits` bits of x in reverse order.
+VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
+    if (bits <= 0) return 0;
+    x = ((x >> 1) & 0x55555555u) | ((x & 0x55555555u) << 1);
+    x = ((x >> 2) & 0x33333333u) | ((x & 0x33333333u) << 2);
+    x = ((x >> 4) & 0x0F0F0F0Fu) | ((x & 0x0F0F0F0Fu) << 4);
+    x = __builtin_bswap32(x);
+    return x >> (32 - bits);
+}
+
 // Per-width constants of the engine.
 template <class T> struct Limits;
 template <> struct Limits<float> {

@@ -26,9 +26,8 @@ template <class T> struct GOps {
     static constexpr int V = G::V;
     static VRX_INLINE G add(G a, G b) { return {G::add(a.re, b.re), G::add(a.im, b.im)}; }
     static VRX_INLINE G sub(G a, G b) { return {G::sub(a.re, b.re), G::sub(a.im, b.im)}; }
-    // a*w (forward) or a*conj(w) (inverse), w from V real and V imaginary parts
-    template <bool Inv> static VRX_INLINE G mul(G a, const T* w) {
-        G x = G::load(w);
+    // a*x (forward) or a*conj(x) (inverse)
+    template <bool Inv> static VRX_INLINE G mulG(G a, G x) {
         if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
         else return {G::add(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::sub(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
     }
@@ -41,6 +40,8 @@ template <class T> struct GOps {
         if constexpr (!Inv) return {G::sub(a.re, d.im), G::add(a.im, d.re)};
         else return {G::add(a.re, d.im), G::sub(a.im, d.re)};
     }
+    // the same with x as V real parts then V imaginary parts in memory
+    template <bool Inv> static VRX_INLINE G mul(G a, const T* w) { return mulG<Inv>(a, G::load(w)); }
     // times exp(-i*pi/4) (forward) or exp(+i*pi/4) (inverse)
     template <bool Inv> static VRX_INLINE G w8(G a, T c) {
         const auto cv = G::splat(c);
@@ -53,6 +54,15 @@ template <class T> struct GOps {
         else { G::storeHalf(re + e, v.re); G::storeHalf(im + e, v.im); }
     }
 };
+
+// cos(pi/4) of the constant table, the factor of the eighth turns.
+template <class T> VRX_INLINE T sqrtHalf() { return fixTwiddle<T>(1, 8).re; }
+
+// Multiplies n values by s in place (the norm scaling).
+template <class T> VRX_INLINE void scaleBy(T* p, int64_t n, T s) {
+    if constexpr (sizeof(T) == 4) N0(vrxsMulC_32f_I)(s, p, static_cast<int>(n));
+    else N0(vrxsMulC_64f_I)(s, p, static_cast<int>(n));
+}
 
 // Radix-4 pass over nBlocks blocks of 4S values. in/out index complex
 // values; with Out::Split, re/im receive the values instead of out.
