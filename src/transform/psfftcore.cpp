@@ -1,6 +1,6 @@
-// The complex FFT engine: straight-line kernels up to length 64, the
-// radix-4/8 pass engine with the input permuted in its first pass, and the
-// blocked large path with tile bit reversal. Also the builders of the tables
+// The complex FFT engine: straight-line kernels up to length 64 and the
+// radix-4/8 pass engine with the input permuted in its first pass (the
+// blocked large path is in psfftlarge.cpp). Also the builders of the tables
 // that the engine reads, so that the layout lives in one place.
 #include "vrx_fft.h"
 #include "vrx_fft_simd.h"
