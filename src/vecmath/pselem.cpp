@@ -161,39 +161,19 @@ VrxStatus N0(vrxsArctan_64f_I)(Vrx64f* p, int len) { return N0(vrxsArctan_64f)(p
 // ---------------------------------------------------------------- SumLn
 // A negative element makes the sum NaN, else a zero one makes it -inf,
 // both from the shared constants.
-VrxStatus N0(vrxsSumLn_64f)(const Vrx64f* s, int len, Vrx64f* pSum) {
+template <class S, class R> VrxStatus sumLnTo(const S* s, int len, R* pSum) {
     if (VrxStatus st = checkArgs(len, s, pSum)) return st;
     TrapGuard trapGuard;
     LnScan sc;
     double sum;
     VrxStatus st = sumLn(s, len, &sum, sc);
-    *pSum = sc.neg ? n0::constant64f(n0_vrxConstantOfNAN_64f) : sc.zero ? n0::constant64f(n0_vrxConstantOfINF_NEG_64f) : sum;
+    if constexpr (sizeof(R) == 8)
+        *pSum = sc.neg ? n0::constant64f(n0_vrxConstantOfNAN_64f) : sc.zero ? n0::constant64f(n0_vrxConstantOfINF_NEG_64f) : sum;
+    else
+        *pSum = sc.neg ? n0::constant32f(n0_vrxConstantOfNAN_32f) : sc.zero ? n0::constant32f(n0_vrxConstantOfINF_NEG_32f) : toFloat(sum);
     return st;
 }
-VrxStatus N0(vrxsSumLn_32f64f)(const Vrx32f* s, int len, Vrx64f* pSum) {
-    if (VrxStatus st = checkArgs(len, s, pSum)) return st;
-    TrapGuard trapGuard;
-    LnScan sc;
-    double sum;
-    VrxStatus st = sumLn(s, len, &sum, sc);
-    *pSum = sc.neg ? n0::constant64f(n0_vrxConstantOfNAN_64f) : sc.zero ? n0::constant64f(n0_vrxConstantOfINF_NEG_64f) : sum;
-    return st;
-}
-VrxStatus N0(vrxsSumLn_32f)(const Vrx32f* s, int len, Vrx32f* pSum) {
-    if (VrxStatus st = checkArgs(len, s, pSum)) return st;
-    TrapGuard trapGuard;
-    LnScan sc;
-    double sum;
-    VrxStatus st = sumLn(s, len, &sum, sc);
-    *pSum = sc.neg ? n0::constant32f(n0_vrxConstantOfNAN_32f) : sc.zero ? n0::constant32f(n0_vrxConstantOfINF_NEG_32f) : toFloat(sum);
-    return st;
-}
-VrxStatus N0(vrxsSumLn_16s32f)(const Vrx16s* s, int len, Vrx32f* pSum) {
-    if (VrxStatus st = checkArgs(len, s, pSum)) return st;
-    TrapGuard trapGuard;
-    LnScan sc;
-    double sum;
-    VrxStatus st = sumLn(s, len, &sum, sc);
-    *pSum = sc.neg ? n0::constant32f(n0_vrxConstantOfNAN_32f) : sc.zero ? n0::constant32f(n0_vrxConstantOfINF_NEG_32f) : toFloat(sum);
-    return st;
-}
+VrxStatus N0(vrxsSumLn_64f)(const Vrx64f* s, int len, Vrx64f* pSum) { return sumLnTo(s, len, pSum); }
+VrxStatus N0(vrxsSumLn_32f64f)(const Vrx32f* s, int len, Vrx64f* pSum) { return sumLnTo(s, len, pSum); }
+VrxStatus N0(vrxsSumLn_32f)(const Vrx32f* s, int len, Vrx32f* pSum) { return sumLnTo(s, len, pSum); }
+VrxStatus N0(vrxsSumLn_16s32f)(const Vrx16s* s, int len, Vrx32f* pSum) { return sumLnTo(s, len, pSum); }

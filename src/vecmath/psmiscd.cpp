@@ -173,14 +173,7 @@ VrxStatus runPowx(const Vrx64f* src, Vrx64f e, Vrx64f* dst, int len) {
         D8 y = powVec(x, ev, rare);
         rare &= m;
         _mm512_mask_storeu_pd(dst + at, m, y);
-        if (VRX_UNLIKELY(rare)) {
-            alignas(64) double t[8];
-            _mm512_store_pd(t, x);
-            for (unsigned b = rare; b; b &= b - 1) {
-                int i = __builtin_ctz(b);
-                dst[at + i] = pow(t[i], e);
-            }
-        }
+        if (VRX_UNLIKELY(rare)) eachRare(x, rare, [&](int j, double v) { dst[at + j] = pow(v, e); });
     };
     int i = 0;
     for (; i + 8 <= len; i += 8) block(i, 0xFF);

@@ -142,21 +142,32 @@ void rareTier(double x, double* ps, double* pc) {
 }
 
 // ------------------------------------------------------------- kernels
-template <int Tier>  // 0 LA, 1 HA, 3 single
+// The shared part of the tiers (0 LA, 1 HA, 3 single): reduction of |x|,
+// sine and cosine of the reduced argument, the quadrant; the lanes beyond
+// the fast range are returned as rare.
+template <int Tier> VRX_INLINE __mmask8 core(D8 x, D8& s, D8& c, I16& q) {
+    D8 ax = dabs(x), n;
+    const __mmask8 rare = notBelow(ax, Tier == 3 ? kFastLimitS : kFastLimit);
+    if (Tier == 1) {
+        D8 rh, rl;
+        reduceHA(ax, n, rh, rl);
+        polyHA(rh, rl, s, c);
+    } else if (Tier == 0) {
+        polyLA(reduceLA(ax, n), s, c);
+    } else {
+        polyS(reduceLA(ax, n), s, c);
+    }
+    q = quadrant(n);
+    return rare;
+}
+
+template <int Tier>
 struct SinK {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
-        D8 ax = dabs(x), n, s, c;
-        rare = notBelow(ax, Tier == 3 ? kFastLimitS : kFastLimit);
-        if (Tier == 1) {
-            D8 rh, rl;
-            reduceHA(ax, n, rh, rl);
-            polyHA(rh, rl, s, c);
-        } else if (Tier == 0) {
-            polyLA(reduceLA(ax, n), s, c);
-        } else {
-            polyS(reduceLA(ax, n), s, c);
-        }
-        return xorp(pickSin(quadrant(n), s, c), signOf(x));
+        D8 s, c;
+        I16 q;
+        rare = core<Tier>(x, s, c, q);
+        return xorp(pickSin(q, s, c), signOf(x));
     }
     static double rare(double x) {
         double r;
@@ -168,18 +179,10 @@ struct SinK {
 template <int Tier>
 struct CosK {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
-        D8 ax = dabs(x), n, s, c;
-        rare = notBelow(ax, Tier == 3 ? kFastLimitS : kFastLimit);
-        if (Tier == 1) {
-            D8 rh, rl;
-            reduceHA(ax, n, rh, rl);
-            polyHA(rh, rl, s, c);
-        } else if (Tier == 0) {
-            polyLA(reduceLA(ax, n), s, c);
-        } else {
-            polyS(reduceLA(ax, n), s, c);
-        }
-        return pickCos(quadrant(n), s, c);
+        D8 s, c;
+        I16 q;
+        rare = core<Tier>(x, s, c, q);
+        return pickCos(q, s, c);
     }
     static double rare(double x) {
         double r;
@@ -191,18 +194,9 @@ struct CosK {
 template <int Tier>
 struct SinCosK {
     static VRX_INLINE void vec(D8 x, D8& so, D8& co, __mmask8& rare) {
-        D8 ax = dabs(x), n, s, c;
-        rare = notBelow(ax, Tier == 3 ? kFastLimitS : kFastLimit);
-        if (Tier == 1) {
-            D8 rh, rl;
-            reduceHA(ax, n, rh, rl);
-            polyHA(rh, rl, s, c);
-        } else if (Tier == 0) {
-            polyLA(reduceLA(ax, n), s, c);
-        } else {
-            polyS(reduceLA(ax, n), s, c);
-        }
-        I16 q = quadrant(n);
+        D8 s, c;
+        I16 q;
+        rare = core<Tier>(x, s, c, q);
         so = xorp(pickSin(q, s, c), signOf(x));
         co = pickCos(q, s, c);
     }

@@ -130,6 +130,24 @@ VRX_INLINE __mmask8 tailMask8(int n) { return static_cast<__mmask8>((1u << n) - 
 VRX_INLINE __mmask16 tailMask16(int n) { return static_cast<__mmask16>((1u << n) - 1u); }
 
 // --------------------------------------------------------------- drivers
+// Calls f(j, x[j]) for every lane j whose bit is set in rare.
+template <class F> VRX_INLINE void eachRare(D8 x, unsigned rare, F f) {
+    alignas(64) double t[8];
+    _mm512_store_pd(t, x);
+    for (; rare; rare &= rare - 1) {
+        const int j = __builtin_ctz(rare);
+        f(j, t[j]);
+    }
+}
+template <class F> VRX_INLINE void eachRare(F16 x, unsigned rare, F f) {
+    alignas(64) float t[16];
+    _mm512_store_ps(t, x);
+    for (; rare; rare &= rare - 1) {
+        const int j = __builtin_ctz(rare);
+        f(j, t[j]);
+    }
+}
+
 // K::vec(D8 x, __mmask8& rare) -> D8 ; K::rare(double) -> double
 template <class K>
 VRX_INLINE VrxStatus runD1(const double* src, double* dst, int len) {
@@ -138,14 +156,7 @@ VRX_INLINE VrxStatus runD1(const double* src, double* dst, int len) {
     KernelFrame frame;
     int i = 0;
     auto fixRare = [&](D8 x, __mmask8 rare, int at) {
-        alignas(64) double t[8];
-        _mm512_store_pd(t, x);
-        unsigned m = rare;
-        while (m) {
-            int j = __builtin_ctz(m);
-            m &= m - 1;
-            dst[at + j] = K::rare(t[j]);
-        }
+        eachRare(x, rare, [&](int j, double v) { dst[at + j] = K::rare(v); });
     };
     for (; i + 8 <= len; i += 8) {
         D8 x = _mm512_loadu_pd(src + i);
@@ -173,14 +184,7 @@ VRX_INLINE VrxStatus runD12(const double* src, double* dstA, double* dstB, int l
     if (!src || !dstA || !dstB) return vrxErrNullPtr;
     KernelFrame frame;
     auto fixRare = [&](D8 x, __mmask8 rare, int at) {
-        alignas(64) double t[8];
-        _mm512_store_pd(t, x);
-        unsigned m = rare;
-        while (m) {
-            int j = __builtin_ctz(m);
-            m &= m - 1;
-            K::rare(t[j], dstA + at + j, dstB + at + j);
-        }
+        eachRare(x, rare, [&](int j, double v) { K::rare(v, dstA + at + j, dstB + at + j); });
     };
     int i = 0;
     for (; i + 8 <= len; i += 8) {
@@ -212,14 +216,7 @@ VRX_INLINE VrxStatus runS1(const float* src, float* dst, int len) {
     if (!src || !dst) return vrxErrNullPtr;
     KernelFrame frame;
     auto fixRare = [&](D8 x, __mmask8 rare, int at) {
-        alignas(64) double t[8];
-        _mm512_store_pd(t, x);
-        unsigned m = rare;
-        while (m) {
-            int j = __builtin_ctz(m);
-            m &= m - 1;
-            dst[at + j] = toFloat(K::rare(t[j]));
-        }
+        eachRare(x, rare, [&](int j, double v) { dst[at + j] = toFloat(K::rare(v)); });
     };
     auto block = [&](int at, __mmask16 m) {
         F16 v = _mm512_maskz_loadu_ps(m, src + at);
@@ -246,17 +243,12 @@ VRX_INLINE VrxStatus runS12(const float* src, float* dstA, float* dstB, int len)
     if (!src || !dstA || !dstB) return vrxErrNullPtr;
     KernelFrame frame;
     auto fixRare = [&](D8 x, __mmask8 rare, int at) {
-        alignas(64) double t[8];
-        _mm512_store_pd(t, x);
-        unsigned m = rare;
-        while (m) {
-            int j = __builtin_ctz(m);
-            m &= m - 1;
+        eachRare(x, rare, [&](int j, double v) {
             double a, b;
-            K::rare(t[j], &a, &b);
+            K::rare(v, &a, &b);
             dstA[at + j] = toFloat(a);
             dstB[at + j] = toFloat(b);
-        }
+        });
     };
     auto block = [&](int at, __mmask16 m) {
         F16 v = _mm512_maskz_loadu_ps(m, src + at);
@@ -287,12 +279,7 @@ VRX_INLINE VrxStatus runF1(const float* src, float* dst, int len) {
     if (!src || !dst) return vrxErrNullPtr;
     KernelFrame frame;
     auto fixRare = [&](F16 x, __mmask16 rare, int at) {
-        alignas(64) float t[16];
-        _mm512_store_ps(t, x);
-        for (unsigned b = rare; b; b &= b - 1) {
-            int j = __builtin_ctz(b);
-            dst[at + j] = K::rare(t[j]);
-        }
+        eachRare(x, rare, [&](int j, float v) { dst[at + j] = K::rare(v); });
     };
     int i = 0;
     // two independent vectors a step
@@ -332,14 +319,7 @@ VRX_INLINE VrxStatus runF12(const float* src, float* dstA, float* dstB, int len)
         rare &= m;
         _mm512_mask_storeu_ps(dstA + at, m, a);
         _mm512_mask_storeu_ps(dstB + at, m, b);
-        if (VRX_UNLIKELY(rare)) {
-            alignas(64) float t[16];
-            _mm512_store_ps(t, x);
-            for (unsigned k = rare; k; k &= k - 1) {
-                int j = __builtin_ctz(k);
-                K::rare(t[j], dstA + at + j, dstB + at + j);
-            }
-        }
+        if (VRX_UNLIKELY(rare)) eachRare(x, rare, [&](int j, float v) { K::rare(v, dstA + at + j, dstB + at + j); });
     };
     int i = 0;
     for (; i + 16 <= len; i += 16) block(i, 0xFFFF);
