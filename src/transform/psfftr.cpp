@@ -2,6 +2,7 @@
 // with the three packed spectrum forms CCS, Pack and Perm. Up to N = 16 the
 // transforms are straight-line real kernels.
 #include "vrx_fft.h"
+#include "vrx_fft_simd.h"
 
 #include <immintrin.h>
 
@@ -185,31 +186,19 @@ template <class T, bool Inv> VRX_INLINE void smallReal(int order, const T* s, T*
 
 // L complex values per step held as L real lanes and L imaginary lanes.
 template <class T> struct SV;
-template <> struct SV<float> {
+template <> struct SV<float> : GVec<float> {
     using V = __m512;
     using I = int32_t;
     static constexpr int L = 16;
-    static VRX_INLINE V ld(const float* p) { return _mm512_loadu_ps(p); }
-    static VRX_INLINE void st(float* p, V v) { _mm512_storeu_ps(p, v); }
     static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
     static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_ps(a, i, b); }
-    static VRX_INLINE V add(V a, V b) { return _mm512_add_ps(a, b); }
-    static VRX_INLINE V sub(V a, V b) { return _mm512_sub_ps(a, b); }
-    static VRX_INLINE V mul(V a, V b) { return _mm512_mul_ps(a, b); }
-    static VRX_INLINE V set1(float x) { return _mm512_set1_ps(x); }
 };
-template <> struct SV<double> {
+template <> struct SV<double> : GVec<double> {
     using V = __m512d;
     using I = int64_t;
     static constexpr int L = 8;
-    static VRX_INLINE V ld(const double* p) { return _mm512_loadu_pd(p); }
-    static VRX_INLINE void st(double* p, V v) { _mm512_storeu_pd(p, v); }
     static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
     static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_pd(a, i, b); }
-    static VRX_INLINE V add(V a, V b) { return _mm512_add_pd(a, b); }
-    static VRX_INLINE V sub(V a, V b) { return _mm512_sub_pd(a, b); }
-    static VRX_INLINE V mul(V a, V b) { return _mm512_mul_pd(a, b); }
-    static VRX_INLINE V set1(double x) { return _mm512_set1_pd(x); }
 };
 
 // Lane selectors over a pair of registers (indices 0 .. 2L-1): split of L
@@ -263,8 +252,8 @@ template <class T, bool Half> struct Lanes {
     VRX_INLINE void load(const T* z, int64_t M, int64_t k, V& xr, V& xi, V& yr, V& yi) const {
         const T* f = z + 2 * k;
         const T* b = z + 2 * (M - k - B + 1);
-        const V f0 = S::ld(f), b0 = S::ld(b);
-        const V f1 = Half ? f0 : S::ld(f + S::L), b1 = Half ? b0 : S::ld(b + S::L);
+        const V f0 = S::loadHalf(f), b0 = S::loadHalf(b);
+        const V f1 = Half ? f0 : S::loadHalf(f + S::L), b1 = Half ? b0 : S::loadHalf(b + S::L);
         xr = S::perm(f0, re, f1);
         xi = S::perm(f0, im, f1);
         yr = S::perm(b0, reRev, b1);
@@ -274,15 +263,15 @@ template <class T, bool Half> struct Lanes {
     VRX_INLINE void store(T* z, int64_t M, int64_t k, V fr, V fi, V br, V bi) const {
         T* f = z + 2 * k;
         T* b = z + 2 * (M - k - B + 1);
-        S::st(f, S::perm(fr, lo, fi));
-        if (!Half) S::st(f + S::L, S::perm(fr, hi, fi));
-        S::st(b, S::perm(br, loRev, bi));
-        if (!Half) S::st(b + S::L, S::perm(br, hiRev, bi));
+        S::storeHalf(f, S::perm(fr, lo, fi));
+        if (!Half) S::storeHalf(f + S::L, S::perm(fr, hi, fi));
+        S::storeHalf(b, S::perm(br, loRev, bi));
+        if (!Half) S::storeHalf(b + S::L, S::perm(br, hiRev, bi));
     }
     // factors of k .. k+B-1 (k odd) from a table in pairs by two
     VRX_INLINE void factors(const T* tab, int64_t k, V& a, V& b) const {
         const T* t = tab + 2 * (k - 1);
-        const V t0 = S::ld(t), t1 = Half ? t0 : S::ld(t + S::L);
+        const V t0 = S::loadHalf(t), t1 = Half ? t0 : S::loadHalf(t + S::L);
         a = S::perm(t0, first, t1);
         b = S::perm(t0, second, t1);
     }
@@ -324,8 +313,8 @@ template <class T> void realRecombine1(T* z, int64_t M, const T* tab) {
         ln.load(z, M, k0, xr, xi, yr, yi);
         ln.factors(tab, k0, c, s);
         const V dr = S::sub(xr, yr), di = S::add(xi, yi);
-        const V P = S::add(S::mul(dr, s), S::mul(c, di));
-        const V Q = S::sub(S::mul(di, s), S::mul(c, dr));
+        const V P = S::add(S::mulv(dr, s), S::mulv(c, di));
+        const V Q = S::sub(S::mulv(di, s), S::mulv(c, dr));
         ln.store(z, M, k0, S::add(yr, P), S::sub(Q, yi), S::sub(xr, P), S::sub(Q, xi));
     });
     for (; k <= M / 2; ++k) {
@@ -359,21 +348,21 @@ template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
     using S = SV<T>;
     using V = typename S::V;
     const T* coarse = tab + 2 * kFine;
-    const V hv = S::set1(T(0.5));
+    const V hv = S::splat(T(0.5));
     // blocks divide kFine: a block never crosses a coarse step
     int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
         const int64_t j = (k0 - 1) / kFine, kf = k0 - j * kFine;
-        const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
+        const V gr = S::splat(coarse[2 * j]), gi = S::splat(coarse[2 * j + 1]);
         V xr, xi, yr, yi, fr, fi;
         ln.load(z, M, k0, xr, xi, yr, yi);
         ln.factors(tab, kf, fr, fi);
-        const V wr = S::sub(S::mul(fr, gr), S::mul(fi, gi));
-        const V wi = S::add(S::mul(fr, gi), S::mul(fi, gr));
-        const V ar = S::mul(hv, S::add(xr, yr)), ai = S::mul(hv, S::sub(xi, yi));
-        const V dr = S::mul(hv, S::sub(xr, yr)), di = S::mul(hv, S::add(xi, yi));
-        const V pr = S::sub(S::mul(wr, dr), S::mul(wi, di));
-        const V pi = S::add(S::mul(wr, di), S::mul(wi, dr));
-        const V nr = S::sub(S::set1(T(0)), pr);
+        const V wr = S::sub(S::mulv(fr, gr), S::mulv(fi, gi));
+        const V wi = S::add(S::mulv(fr, gi), S::mulv(fi, gr));
+        const V ar = S::mulv(hv, S::add(xr, yr)), ai = S::mulv(hv, S::sub(xi, yi));
+        const V dr = S::mulv(hv, S::sub(xr, yr)), di = S::mulv(hv, S::add(xi, yi));
+        const V pr = S::sub(S::mulv(wr, dr), S::mulv(wi, di));
+        const V pi = S::add(S::mulv(wr, di), S::mulv(wi, dr));
+        const V nr = S::sub(S::splat(T(0)), pr);
         ln.store(z, M, k0, S::add(ar, pi), S::add(ai, nr), S::sub(ar, pi), S::sub(nr, ai));
     });
     const T h = T(0.5);
@@ -406,15 +395,15 @@ template <class T, bool Two> void ccsRecombine(const T* s, T* d, int64_t M, cons
             ln.factors(tab, k0, a, b);
         } else {
             const int64_t j = (k0 - 1) / kFine, kf = k0 - j * kFine;
-            const V gr = S::set1(coarse[2 * j]), gi = S::set1(coarse[2 * j + 1]);
+            const V gr = S::splat(coarse[2 * j]), gi = S::splat(coarse[2 * j + 1]);
             V fr, fi;
             ln.factors(tab, kf, fr, fi);
-            a = S::sub(S::mul(fr, gr), S::mul(fi, gi));
-            b = S::add(S::mul(fr, gi), S::mul(fi, gr));
+            a = S::sub(S::mulv(fr, gr), S::mulv(fi, gi));
+            b = S::add(S::mulv(fr, gi), S::mulv(fi, gr));
         }
         const V dr = S::sub(xr, yr), di = S::add(xi, yi);
-        const V U = S::sub(S::mul(b, dr), S::mul(a, di));
-        const V Tt = S::add(S::mul(a, dr), S::mul(b, di));
+        const V U = S::sub(S::mulv(b, dr), S::mulv(a, di));
+        const V Tt = S::add(S::mulv(a, dr), S::mulv(b, di));
         const V sr = S::add(xr, yr), si = S::sub(xi, yi);
         ln.store(d, M, k0, S::add(sr, U), S::add(si, Tt), S::sub(sr, U), S::sub(Tt, si));
     });
