@@ -11,12 +11,10 @@ template <class T> VRX_INLINE T planScale(const Plan* p) {
     else return p->normScale.d;
 }
 
+// Plan and data pointers are checked by the callers.
 template <class T, bool Inv>
-VrxStatus run(const void* planV, int32_t id, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, Vrx8u* pBuf) {
-    if (!planV) return vrxErrNullPtr;
+VrxStatus run(const void* planV, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, Vrx8u* pBuf) {
     const Plan* plan = static_cast<const Plan*>(planV);
-    if (plan->idWord != id) return vrxErrBadSpec;
-    if (!sRe || !dRe || (split && (!sIm || !dIm))) return vrxErrNullPtr;
     if (!pBuf && plan->workSize > 0) return vrxErrNullPtr;
     const bool norm = Inv ? plan->invNorm != 0 : plan->fwdNorm != 0;
     const T scale = norm ? planScale<T>(plan) : T(0);
@@ -30,7 +28,7 @@ VRX_INLINE VrxStatus runC(const void* plan, int32_t id, const C* s, C* d, Vrx8u*
     if (!plan) return vrxErrNullPtr;
     if (static_cast<const Plan*>(plan)->idWord != id) return vrxErrBadSpec;
     if (!s || !d) return vrxErrNullPtr;
-    return run<T, Inv>(plan, id, reinterpret_cast<const T*>(s), nullptr, reinterpret_cast<T*>(d), nullptr, false, pBuf);
+    return run<T, Inv>(plan, reinterpret_cast<const T*>(s), nullptr, reinterpret_cast<T*>(d), nullptr, false, pBuf);
 }
 
 template <class T, bool Inv>
@@ -38,7 +36,7 @@ VRX_INLINE VrxStatus runS(const void* plan, int32_t id, const T* sRe, const T* s
     if (!plan) return vrxErrNullPtr;
     if (static_cast<const Plan*>(plan)->idWord != id) return vrxErrBadSpec;
     if (!sRe || !sIm || !dRe || !dIm) return vrxErrNullPtr;
-    return run<T, Inv>(plan, id, sRe, sIm, dRe, dIm, true, pBuf);
+    return run<T, Inv>(plan, sRe, sIm, dRe, dIm, true, pBuf);
 }
 
 }  // namespace
