@@ -1019,6 +1019,18 @@ VRXAPI(VrxStatus, vrxsMulPackConj_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, i
 
 /* ------------------------------------------------------- end of transforms */
 
+/* ------------------------------------ statistics: sums, deviations, norms */
+
+/* ---------------------------------- end of sums, deviations and norms */
+
+/* -------------------------------- statistics: extrema, counts and search */
+
+/* ------------------------------------- end of extrema, counts and search */
+
+/* -------------------------------------------------------------- sorting */
+
+/* ------------------------------------------------------- end of sorting */
+
 
 #undef VRXAPI
 
