@@ -1031,6 +1031,10 @@ VRXAPI(VrxStatus, vrxsMulPackConj_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, i
 
 /* ------------------------------------------------------- end of sorting */
 
+/* ------------------------------------------------- windows, tones, ramps */
+
+/* ------------------------------------------ end of windows, tones, ramps */
+
 
 #undef VRXAPI
 
