@@ -32,22 +32,20 @@ constexpr int64_t kCopyPiece = int64_t(1) << 23;
 
 // Copies n bytes, a multiple of 64.
 VRX_INLINE void copy64(void* d, const void* s, int64_t n) {
-    uint8_t* dp = static_cast<uint8_t*>(d);
-    const uint8_t* sp = static_cast<const uint8_t*>(s);
-    for (int64_t i = 0; i < n; i += 128) {
-        __m512i a = _mm512_loadu_si512(sp + i);
-        if (i + 64 < n) {
-            __m512i b = _mm512_loadu_si512(sp + i + 64);
-            _mm512_storeu_si512(dp + i + 64, b);
-        }
-        _mm512_storeu_si512(dp + i, a);
+    using Q = simd::V<int64_t>;
+    int64_t* dp = static_cast<int64_t*>(d);
+    const int64_t* sp = static_cast<const int64_t*>(s);
+    for (int64_t i = 0; i < n / 8; i += 16) {
+        const Q::R a = Q::load(sp + i);
+        if (i + 8 < n / 8) Q::store(dp + i + 8, Q::load(sp + i + 8));
+        Q::store(dp + i, a);
     }
 }
 
 // Fetches n bytes (a multiple of 64) towards the second-level cache.
 VRX_INLINE void prefetchRow(const void* p, int64_t n) {
     const char* c = static_cast<const char*>(p);
-    for (int64_t i = 0; i < n; i += 64) _mm_prefetch(c + i, _MM_HINT_T1);
+    for (int64_t i = 0; i < n; i += 64) simd::prefetchL2(c + i);
 }
 
 // ------------------------------------------------------------ phase 1
@@ -58,7 +56,8 @@ template <class T> using CxUnit = typename std::conditional<sizeof(T) == 4, uint
 template <class T> using ReUnit = typename std::conditional<sizeof(T) == 4, uint32_t, uint64_t>::type;
 
 // Two adjacent units (x0, x1) in a register; transpose writes (a0, b0) to
-// qa and (a1, b1) to qb.
+// qa and (a1, b1) to qb. Raw intrinsics: 2 x 2 transposes of 32-, 64- and
+// 128-bit units in xmm and ymm registers have no name in the SIMD layer.
 template <class U> struct Pair2;
 template <> struct Pair2<uint32_t> {
     static VRX_INLINE __m128i load(const uint32_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); }

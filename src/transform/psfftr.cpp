@@ -5,11 +5,7 @@
 #include "vrx_fft_simd.h"
 #include "vrx_layout.h"
 
-#include <immintrin.h>
-
-// The shuffle intrinsics of g++ 12 start from an undefined register, which
-// its uninitialised-value analysis reports once they are inlined.
-#pragma GCC diagnostic ignored "-Wuninitialized"
+#include <type_traits>
 
 using namespace n0::fft;
 using n0::ObjId;
@@ -187,20 +183,12 @@ template <class T, bool Inv> VRX_INLINE void smallReal(int order, const T* s, T*
 // ------------------------------------------------------------ recombination
 
 // L complex values per step held as L real lanes and L imaginary lanes.
-template <class T> struct SV;
-template <> struct SV<float> : GVec<float> {
-    using V = __m512;
-    using I = int32_t;
-    static constexpr int L = 16;
-    static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
-    static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_ps(a, i, b); }
-};
-template <> struct SV<double> : GVec<double> {
-    using V = __m512d;
-    using I = int64_t;
-    static constexpr int L = 8;
-    static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
-    static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_pd(a, i, b); }
+template <class T> struct SV : GVec<T> {
+    using V = typename GVec<T>::R;
+    using I = typename std::conditional<sizeof(T) == 4, int32_t, int64_t>::type;
+    static constexpr int L = GVec<T>::V;
+    static VRX_INLINE __m512i ldi(const I* p) { return n0::simd::V<I>::load(p); }
+    static VRX_INLINE V perm(V a, __m512i i, V b) { return GVec<T>::W::permute2(a, i, b); }
 };
 
 // Lane selectors over a pair of registers (indices 0 .. 2L-1): split of L

@@ -5,7 +5,6 @@
 #include "vrx_fft_own.h"
 #include "vrx_fft_simd.h"
 
-#include <immintrin.h>
 
 // The vectorisers of g++ 12 turn complex products into fused
 // multiply-add-subtract instructions whatever the contraction setting; they
