@@ -6,6 +6,7 @@
 #include "vrx_fft_simd.h"
 #include "vrx_fft_pass.h"
 #include "vrx_fft_sintab.h"
+#include "vrx_fft_layout.h"
 
 // The shuffle intrinsics of g++ 12 start from an undefined register, which
 // its uninitialised-value analysis reports once they are inlined.
@@ -116,6 +117,9 @@ template <class T, int R, int V> struct LaneTwSplit {
 };
 template <class T, int R, int V> inline constexpr LaneTwSplit<T, R, V> kLaneTwSplit{};
 
+// Transposes of V x V complex values in registers. Raw intrinsics: the
+// unpacks and 128-bit-lane shuffles of a transpose have no name in the SIMD
+// layer (nor has the ymm register of the 4 x 4 single-precision form).
 VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     __m256d a0 = _mm256_castps_pd(r[0]), a1 = _mm256_castps_pd(r[1]), a2 = _mm256_castps_pd(r[2]), a3 = _mm256_castps_pd(r[3]);
     __m256d t0 = _mm256_unpacklo_pd(a0, a1), t1 = _mm256_unpackhi_pd(a0, a1);
@@ -255,13 +259,15 @@ template <int E, int sel> struct GroupIdx {
     static constexpr auto tab = make();
 };
 VRX_INLINE __m512i groupIdxVec(int E, int sel) {
-    if (E == 4) return _mm512_loadu_si512(sel ? GroupIdx<4, 1>::tab.v : GroupIdx<4, 0>::tab.v);
-    return _mm512_loadu_si512(sel ? GroupIdx<2, 1>::tab.v : GroupIdx<2, 0>::tab.v);
+    using I = simd::V<int32_t>;
+    if (E == 4) return I::load(sel ? GroupIdx<4, 1>::tab.v : GroupIdx<4, 0>::tab.v);
+    return I::load(sel ? GroupIdx<2, 1>::tab.v : GroupIdx<2, 0>::tab.v);
 }
 
 // Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j;
 // with Group, each o[l] comes out in the group form.
 template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
+    using F = simd::V<float>;
     __m512d t[8];
     for (int k = 0; k < 4; ++k) {
         t[2 * k] = _mm512_unpacklo_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
@@ -275,10 +281,10 @@ template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
         __m512d q45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0xDD);
         if constexpr (Group) {
             const __m512i i0 = groupIdxVec(4, 0), i1 = groupIdxVec(4, 1);
-            o[0 + odd] = _mm512_permutex2var_ps(asPs(p01), i0, asPs(p45));
-            o[4 + odd] = _mm512_permutex2var_ps(asPs(p01), i1, asPs(p45));
-            o[2 + odd] = _mm512_permutex2var_ps(asPs(q01), i0, asPs(q45));
-            o[6 + odd] = _mm512_permutex2var_ps(asPs(q01), i1, asPs(q45));
+            o[0 + odd] = F::permute2(asPs(p01), i0, asPs(p45));
+            o[4 + odd] = F::permute2(asPs(p01), i1, asPs(p45));
+            o[2 + odd] = F::permute2(asPs(q01), i0, asPs(q45));
+            o[6 + odd] = F::permute2(asPs(q01), i1, asPs(q45));
         } else {
             o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
             o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
@@ -290,14 +296,15 @@ template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
 
 // Transpose of 4 x 4 complex doubles (128-bit elements).
 template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
+    using D = simd::V<double>;
     __m512d t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44), t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
     __m512d t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44), t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
     if constexpr (Group) {
         const __m512i i0 = groupIdxVec(2, 0), i1 = groupIdxVec(2, 1);
-        o[0] = _mm512_permutex2var_pd(t0, i0, t2);
-        o[1] = _mm512_permutex2var_pd(t0, i1, t2);
-        o[2] = _mm512_permutex2var_pd(t1, i0, t3);
-        o[3] = _mm512_permutex2var_pd(t1, i1, t3);
+        o[0] = D::permute2(t0, i0, t2);
+        o[1] = D::permute2(t0, i1, t2);
+        o[2] = D::permute2(t1, i0, t3);
+        o[3] = D::permute2(t1, i1, t3);
     } else {
         o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
         o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
@@ -307,35 +314,6 @@ template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o)
 }
 
 // ------------------------------------------------------------ radix engine
-
-// The schedule of radices for complex order m. Entry 0 is the first pass,
-// which reads the input in bit-reversed order and needs no factors; each
-// further entry merges blocks of 2^s values by radix 2^t, reading its
-// factors from the twiddle table in this order.
-template <class T> constexpr int radixSchedule(int m, PassStep* ps) {
-    int n = 0;
-    int s = (sizeof(T) == 4 || m >= 11 || m == 4) ? 2 : 3;
-    ps[n++] = {0, s};
-    while (s < m) {
-        const int r = m - s;
-        int t;
-        if constexpr (sizeof(T) == 4) {
-            if (r == 3) t = 3;
-            else if (r >= 5 && s > 2 && m < 12) t = 3;
-            else if (s == 4 && (m & 1)) t = 3;
-            else t = 2;
-        } else {
-            if (r == 2 || r == 4) t = 2;
-            else if (m < 11) t = 3;
-            else if ((m & 1) == 0) t = 2;
-            else if (m == 11) t = s < 5 ? 3 : 2;
-            else t = (m >= 15 && s == 8) ? 2 : 3;
-        }
-        ps[n++] = {s, t};
-        s += t;
-    }
-    return n;
-}
 
 // The schedules of all orders of the radix engine, with the offset of each
 // pass's factors in the twiddle table.
@@ -368,21 +346,24 @@ template <class T> struct SrcRef {
     const T* im;
 };
 
+// V values of split data interleaved into one register. Raw intrinsics:
+// the half-register loads have no name in the SIMD layer.
 template <class T, int V, bool Split> VRX_INLINE CVec<T, V> loadSrc(const SrcRef<T>& s, int64_t idx) {
     if constexpr (!Split) return CVec<T, V>::load(s.cx + idx);
     else if constexpr (sizeof(T) == 4) {
         const __m512i ix = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
-        return {_mm512_permutex2var_ps(_mm512_castps256_ps512(_mm256_loadu_ps(s.re + idx)), ix,
-                                       _mm512_castps256_ps512(_mm256_loadu_ps(s.im + idx)))};
+        return {simd::V<float>::permute2(_mm512_castps256_ps512(_mm256_loadu_ps(s.re + idx)), ix,
+                                         _mm512_castps256_ps512(_mm256_loadu_ps(s.im + idx)))};
     } else {
         const __m512i ix = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
-        return {_mm512_permutex2var_pd(_mm512_castpd256_pd512(_mm256_loadu_pd(s.re + idx)), ix,
-                                       _mm512_castpd256_pd512(_mm256_loadu_pd(s.im + idx)))};
+        return {simd::V<double>::permute2(_mm512_castpd256_pd512(_mm256_loadu_pd(s.re + idx)), ix,
+                                          _mm512_castpd256_pd512(_mm256_loadu_pd(s.im + idx)))};
     }
 }
 
 // Stores the R outputs of V lanes-as-blocks in the group form: lane l's
-// values are block dst(l), R complex values.
+// values are block dst(l), R complex values. Raw intrinsics: the 128-bit-lane
+// shuffles that join two transposed halves have no name in the SIMD layer.
 template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const CV* a, D dst) {
     if constexpr (sizeof(T) == 4) {
         static_assert(R == 16, "single precision blocks are of 16");
@@ -392,8 +373,8 @@ template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const C
         transpose8x8<true>(r1, t1);
         for (int l = 0; l < 8; ++l) {
             float* d = reinterpret_cast<float*>(dst(l));
-            _mm512_storeu_ps(d, _mm512_shuffle_f32x4(t0[l], t1[l], 0x44));
-            _mm512_storeu_ps(d + 16, _mm512_shuffle_f32x4(t0[l], t1[l], 0xEE));
+            simd::V<float>::store(d, _mm512_shuffle_f32x4(t0[l], t1[l], 0x44));
+            simd::V<float>::store(d + 16, _mm512_shuffle_f32x4(t0[l], t1[l], 0xEE));
         }
     } else {
         for (int g = 0; g < R / 8; ++g) {
@@ -404,8 +385,8 @@ template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const C
             transpose4x4<true>(rb, tb);
             for (int l = 0; l < 4; ++l) {
                 double* d = reinterpret_cast<double*>(dst(l) + 8 * g);
-                _mm512_storeu_pd(d, _mm512_shuffle_f64x2(ta[l], tb[l], 0x44));
-                _mm512_storeu_pd(d + 8, _mm512_shuffle_f64x2(ta[l], tb[l], 0xEE));
+                simd::V<double>::store(d, _mm512_shuffle_f64x2(ta[l], tb[l], 0x44));
+                simd::V<double>::store(d + 8, _mm512_shuffle_f64x2(ta[l], tb[l], 0xEE));
             }
         }
     }
@@ -550,6 +531,7 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     const float* t = reinterpret_cast<const float*>(tw + kSchedules<float>.s[7].off[2]);
     G c[8];
     for (int j = 0; j < 8; ++j) {
+        // raw: the 128-bit-lane shuffles of storeGroups, kept in registers
         G g{_mm512_shuffle_f32x4(t0[j], t1[j], 0x44), _mm512_shuffle_f32x4(t0[j], t1[j], 0xEE)};
         c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, t + 32 * (j - 1));
     }
@@ -622,21 +604,12 @@ template <class T, bool Inv> void radixBlock(int m, const Cx<T>* tw, Cx<T>* p, C
 
 // ------------------------------------------------------------ table builders
 
-template <class T> int64_t radixTwiddleCount(int m) {
-    PassStep ps[16];
-    const int np = radixSchedule<T>(m, ps);
-    int64_t n = 0;
-    for (int i = 1; i < np; ++i) n += ((int64_t(1) << ps[i].t) - 1) * (int64_t(1) << ps[i].s);
-    return n;
-}
-
-uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
-    if (m < 2) return align64(reinterpret_cast<uint8_t*>(tab));
+void initTabBitRevNorm(int m, int32_t* tab) {
+    if (m < 2) return;
     const int bits = m - 2;
     const int64_t n = int64_t(1) << bits;
     for (int64_t i = 0; i < n; ++i) tab[i] = static_cast<int32_t>(2 * revBits(static_cast<uint32_t>(i), bits));
     tab[n] = 0;
-    return align64(reinterpret_cast<uint8_t*>(tab + n + 1));
 }
 
 // Pass by pass in the order of the schedule: for each group of positions k,
@@ -659,12 +632,6 @@ template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
                 f += 2 * G;
             }
     }
-}
-
-template <class T> int32_t complexWorkSize(int m) {
-    if (m <= 6) return 0;
-    if (m <= Limits<T>::kRadixLast) return a64(int64_t(sizeof(Cx<T>)) << m);
-    return static_cast<int32_t>(largeWorkSize<T>(m));
 }
 
 
@@ -724,9 +691,7 @@ template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* d
 #define VRX_FFT_INSTANTIATE(T)                                                                          \
     template void smallComplex<T, false>(int, const Cx<T>*, Cx<T>*, T);                                \
     template void smallComplex<T, true>(int, const Cx<T>*, Cx<T>*, T);                                 \
-    template int64_t radixTwiddleCount<T>(int);                                                        \
     template void initTabTwdL1<T>(int, const SineTab<T>&, Cx<T>*);                                     \
-    template int32_t complexWorkSize<T>(int);                                                          \
     template void radixBlock<T, false>(int, const Cx<T>*, Cx<T>*, Cx<T>*);                             \
     template void radixBlock<T, true>(int, const Cx<T>*, Cx<T>*, Cx<T>*);                              \
     template void complexTransform<T, false>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*); \

@@ -3,14 +3,12 @@
 // transforms are straight-line real kernels.
 #include "vrx_fft.h"
 #include "vrx_fft_simd.h"
+#include "vrx_layout.h"
 
-#include <immintrin.h>
-
-// The shuffle intrinsics of g++ 12 start from an undefined register, which
-// its uninitialised-value analysis reports once they are inlined.
-#pragma GCC diagnostic ignored "-Wuninitialized"
+#include <type_traits>
 
 using namespace n0::fft;
+using n0::ObjId;
 
 namespace {
 
@@ -185,20 +183,12 @@ template <class T, bool Inv> VRX_INLINE void smallReal(int order, const T* s, T*
 // ------------------------------------------------------------ recombination
 
 // L complex values per step held as L real lanes and L imaginary lanes.
-template <class T> struct SV;
-template <> struct SV<float> : GVec<float> {
-    using V = __m512;
-    using I = int32_t;
-    static constexpr int L = 16;
-    static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
-    static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_ps(a, i, b); }
-};
-template <> struct SV<double> : GVec<double> {
-    using V = __m512d;
-    using I = int64_t;
-    static constexpr int L = 8;
-    static VRX_INLINE __m512i ldi(const I* p) { return _mm512_load_si512(p); }
-    static VRX_INLINE V perm(V a, __m512i i, V b) { return _mm512_permutex2var_pd(a, i, b); }
+template <class T> struct SV : GVec<T> {
+    using V = typename GVec<T>::R;
+    using I = typename std::conditional<sizeof(T) == 4, int32_t, int64_t>::type;
+    static constexpr int L = GVec<T>::V;
+    static VRX_INLINE __m512i ldi(const I* p) { return n0::simd::V<I>::load(p); }
+    static VRX_INLINE V perm(V a, __m512i i, V b) { return GVec<T>::W::permute2(a, i, b); }
 };
 
 // Lane selectors over a pair of registers (indices 0 .. 2L-1): split of L
@@ -425,20 +415,19 @@ template <class T, bool Two> void ccsRecombine(const T* s, T* d, int64_t M, cons
 
 // ------------------------------------------------------------ transforms
 
+// The plan of a real transform of T, and the checks of every entry.
 template <class T>
-VRX_INLINE VrxStatus checkReal(const void* planV, int32_t id, const void* s, const void* d, const Vrx8u* pBuf) {
-    if (!planV) return vrxErrNullPtr;
-    const Plan* plan = static_cast<const Plan*>(planV);
-    if (plan->idWord != id) return vrxErrBadSpec;
+VRX_INLINE VrxStatus openReal(const void* planV, const void* s, const void* d, const Vrx8u* pBuf, const Plan** plan) {
+    if (VrxStatus st = n0::open(planV, sizeof(T) == 4 ? ObjId::FftR32f : ObjId::FftR64f, plan)) return st;
     if (!s || !d) return vrxErrNullPtr;
-    if (!pBuf && plan->workSize > 0) return vrxErrNullPtr;
+    if (!pBuf && (*plan)->workSize > 0) return vrxErrNullPtr;
     return vrxOk;
 }
 
 template <class T>
-VrxStatus fwdReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
-    if (VrxStatus st = checkReal<T>(planV, id, pSrc, pDst, pBuf)) return st;
-    const Plan* plan = static_cast<const Plan*>(planV);
+VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
+    const Plan* plan;
+    if (VrxStatus st = openReal<T>(planV, pSrc, pDst, pBuf, &plan)) return st;
     const int order = plan->order;
     const int64_t N = int64_t(1) << order;
     const T scale = plan->fwdNorm ? planScale<T>(plan) : T(0);
@@ -461,9 +450,9 @@ VrxStatus fwdReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
 }
 
 template <class T>
-VrxStatus invReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
-    if (VrxStatus st = checkReal<T>(planV, id, pSrc, pDst, pBuf)) return st;
-    const Plan* plan = static_cast<const Plan*>(planV);
+VrxStatus invReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
+    const Plan* plan;
+    if (VrxStatus st = openReal<T>(planV, pSrc, pDst, pBuf, &plan)) return st;
     const int order = plan->order;
     const int64_t N = int64_t(1) << order;
     const T scale = plan->invNorm ? planScale<T>(plan) : T(0);
@@ -501,30 +490,28 @@ VrxStatus invReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
 
 }  // namespace
 
-#define VRX_REAL_FWD(F, T, ID, FORM)                                                                   \
-    VrxStatus N0(vrxsFFTFwd_RTo##F##_##T)(const Vrx##T* pSrc, Vrx##T* pDst, const VrxsFftPlan_R_##T* plan, Vrx8u* pBuf) { \
-        return fwdReal<Vrx##T>(plan, ID, pSrc, pDst, pBuf, FORM);                                       \
-    }                                                                                                   \
-    VrxStatus N0(vrxsFFTFwd_RTo##F##_##T##_I)(Vrx##T* pSrcDst, const VrxsFftPlan_R_##T* plan, Vrx8u* pBuf) { \
-        return N0(vrxsFFTFwd_RTo##F##_##T)(pSrcDst, pSrcDst, plan, pBuf);                               \
-    }
-#define VRX_REAL_INV(F, T, ID, FORM)                                                                   \
-    VrxStatus N0(vrxsFFTInv_##F##ToR_##T)(const Vrx##T* pSrc, Vrx##T* pDst, const VrxsFftPlan_R_##T* plan, Vrx8u* pBuf) { \
-        return invReal<Vrx##T>(plan, ID, pSrc, pDst, pBuf, FORM);                                       \
-    }                                                                                                   \
-    VrxStatus N0(vrxsFFTInv_##F##ToR_##T##_I)(Vrx##T* pSrcDst, const VrxsFftPlan_R_##T* plan, Vrx8u* pBuf) { \
-        return N0(vrxsFFTInv_##F##ToR_##T)(pSrcDst, pSrcDst, plan, pBuf);                               \
-    }
-
-VRX_REAL_FWD(CCS, 32f, kIdR32f, Form::CCS)
-VRX_REAL_FWD(Pack, 32f, kIdR32f, Form::Pack)
-VRX_REAL_FWD(Perm, 32f, kIdR32f, Form::Perm)
-VRX_REAL_FWD(CCS, 64f, kIdR64f, Form::CCS)
-VRX_REAL_FWD(Pack, 64f, kIdR64f, Form::Pack)
-VRX_REAL_FWD(Perm, 64f, kIdR64f, Form::Perm)
-VRX_REAL_INV(CCS, 32f, kIdR32f, Form::CCS)
-VRX_REAL_INV(Pack, 32f, kIdR32f, Form::Pack)
-VRX_REAL_INV(Perm, 32f, kIdR32f, Form::Perm)
-VRX_REAL_INV(CCS, 64f, kIdR64f, Form::CCS)
-VRX_REAL_INV(Pack, 64f, kIdR64f, Form::Pack)
-VRX_REAL_INV(Perm, 64f, kIdR64f, Form::Perm)
+// The _I forms are the two-array forms with source and destination the same.
+VrxStatus N0(vrxsFFTFwd_RToCCS_32f)(const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrc, pDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTFwd_RToCCS_32f_I)(Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrcDst, pSrcDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTFwd_RToPack_32f)(const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrc, pDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTFwd_RToPack_32f_I)(Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrcDst, pSrcDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTFwd_RToPerm_32f)(const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrc, pDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTFwd_RToPerm_32f_I)(Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrcDst, pSrcDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTFwd_RToCCS_64f)(const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrc, pDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTFwd_RToCCS_64f_I)(Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrcDst, pSrcDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTFwd_RToPack_64f)(const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrc, pDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTFwd_RToPack_64f_I)(Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrcDst, pSrcDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTFwd_RToPerm_64f)(const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrc, pDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTFwd_RToPerm_64f_I)(Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return fwdReal(plan, pSrcDst, pSrcDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTInv_CCSToR_32f)(const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return invReal(plan, pSrc, pDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTInv_CCSToR_32f_I)(Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return invReal(plan, pSrcDst, pSrcDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTInv_PackToR_32f)(const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return invReal(plan, pSrc, pDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTInv_PackToR_32f_I)(Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return invReal(plan, pSrcDst, pSrcDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTInv_PermToR_32f)(const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return invReal(plan, pSrc, pDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTInv_PermToR_32f_I)(Vrx32f* pSrcDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf) { return invReal(plan, pSrcDst, pSrcDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTInv_CCSToR_64f)(const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return invReal(plan, pSrc, pDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTInv_CCSToR_64f_I)(Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return invReal(plan, pSrcDst, pSrcDst, pBuf, Form::CCS); }
+VrxStatus N0(vrxsFFTInv_PackToR_64f)(const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return invReal(plan, pSrc, pDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTInv_PackToR_64f_I)(Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return invReal(plan, pSrcDst, pSrcDst, pBuf, Form::Pack); }
+VrxStatus N0(vrxsFFTInv_PermToR_64f)(const Vrx64f* pSrc, Vrx64f* pDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return invReal(plan, pSrc, pDst, pBuf, Form::Perm); }
+VrxStatus N0(vrxsFFTInv_PermToR_64f_I)(Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf) { return invReal(plan, pSrcDst, pSrcDst, pBuf, Form::Perm); }

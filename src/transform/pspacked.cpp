@@ -5,7 +5,6 @@
 #include "vrx_fft_own.h"
 #include "vrx_fft_simd.h"
 
-#include <immintrin.h>
 
 // The vectorisers of g++ 12 turn complex products into fused
 // multiply-add-subtract instructions whatever the contraction setting; they
@@ -83,69 +82,71 @@ template <class T> void mulPerm(const T* a, const T* b, T* d, int len) {
     pairsMul<T, false>(a + 2, b + 2, d + 2, (n - 2) / 2);
 }
 
+// Expansion: in place when source and destination are one array (the
+// in-place form's checks then apply), else the two-array checks.
+template <class T, Form F, class C> VrxStatus conjI(C* pSrcDst, int lenDst) {
+    if (VrxStatus st = n0::checkArgs(lenDst, pSrcDst)) return st;
+    if (F == Form::CCS && lenDst <= 2) return vrxOk;
+    expand<T, F>(reinterpret_cast<const T*>(pSrcDst), reinterpret_cast<T*>(pSrcDst), lenDst);
+    return vrxOk;
+}
+template <class T, Form F, class C> VrxStatus conjExpand(const T* pSrc, C* pDst, int lenDst) {
+    if (static_cast<const void*>(pSrc) == static_cast<const void*>(pDst)) return conjI<T, F>(pDst, lenDst);
+    if (VrxStatus st = n0::checkArgs(lenDst, pSrc, pDst)) return st;
+    expand<T, F>(pSrc, reinterpret_cast<T*>(pDst), lenDst);
+    return vrxOk;
+}
+
+// Products: Pack (Conj: times the conjugate) or Perm layout. A two-source
+// call whose destination is one of its sources runs as the in-place form.
+template <class T, Form F, bool Conj> VrxStatus mulI(const T* pSrc, T* pSrcDst, int len) {
+    if (VrxStatus st = n0::checkArgs(len, pSrc, pSrcDst)) return st;
+    if constexpr (F == Form::Perm) mulPerm<T>(pSrc, pSrcDst, pSrcDst, len);
+    else mulPack<T, Conj>(pSrc, pSrcDst, pSrcDst, len);
+    return vrxOk;
+}
+template <class T, Form F> VrxStatus mul(const T* pSrc1, const T* pSrc2, T* pDst, int len) {
+    if (pSrc2 == pDst) return mulI<T, F, false>(pSrc1, pDst, len);
+    if (pSrc1 == pDst) return mulI<T, F, false>(pSrc2, pDst, len);
+    if (VrxStatus st = n0::checkArgs(len, pSrc1, pSrc2, pDst)) return st;
+    if constexpr (F == Form::Perm) mulPerm<T>(pSrc1, pSrc2, pDst, len);
+    else mulPack<T, false>(pSrc1, pSrc2, pDst, len);
+    return vrxOk;
+}
+template <class T> VrxStatus mulPackConj(const T* pSrc1, const T* pSrc2, T* pDst, int len) {
+    if (VrxStatus st = n0::checkArgs(len, pSrc1, pSrc2, pDst)) return st;
+    mulPack<T, true>(pSrc1, pSrc2, pDst, len);
+    return vrxOk;
+}
+
 }  // namespace
 
 // ------------------------------------------------------------ expansion
 
-#define VRX_CONJ(NAME, F, T, TC)                                                                        \
-    VrxStatus N0(vrxsConj##NAME##_##TC##_I)(Vrx##TC * pSrcDst, int lenDst) {                           \
-        if (VrxStatus st = n0::checkArgs(lenDst, pSrcDst)) return st;                                  \
-        if (F == Form::CCS && lenDst <= 2) return vrxOk;                                               \
-        expand<Vrx##T, F>(reinterpret_cast<const Vrx##T*>(pSrcDst), reinterpret_cast<Vrx##T*>(pSrcDst), lenDst); \
-        return vrxOk;                                                                                   \
-    }                                                                                                   \
-    VrxStatus N0(vrxsConj##NAME##_##TC)(const Vrx##T* pSrc, Vrx##TC* pDst, int lenDst) {              \
-        if (static_cast<const void*>(pSrc) == static_cast<const void*>(pDst))                          \
-            return N0(vrxsConj##NAME##_##TC##_I)(pDst, lenDst);                                         \
-        if (VrxStatus st = n0::checkArgs(lenDst, pSrc, pDst)) return st;                               \
-        expand<Vrx##T, F>(pSrc, reinterpret_cast<Vrx##T*>(pDst), lenDst);                              \
-        return vrxOk;                                                                                   \
-    }
-
-VRX_CONJ(Ccs, Form::CCS, 32f, 32fc)
-VRX_CONJ(Pack, Form::Pack, 32f, 32fc)
-VRX_CONJ(Perm, Form::Perm, 32f, 32fc)
-VRX_CONJ(Ccs, Form::CCS, 64f, 64fc)
-VRX_CONJ(Pack, Form::Pack, 64f, 64fc)
-VRX_CONJ(Perm, Form::Perm, 64f, 64fc)
+VrxStatus N0(vrxsConjCcs_32fc_I)(Vrx32fc* pSrcDst, int lenDst) { return conjI<Vrx32f, Form::CCS>(pSrcDst, lenDst); }
+VrxStatus N0(vrxsConjCcs_32fc)(const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst) { return conjExpand<Vrx32f, Form::CCS>(pSrc, pDst, lenDst); }
+VrxStatus N0(vrxsConjPack_32fc_I)(Vrx32fc* pSrcDst, int lenDst) { return conjI<Vrx32f, Form::Pack>(pSrcDst, lenDst); }
+VrxStatus N0(vrxsConjPack_32fc)(const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst) { return conjExpand<Vrx32f, Form::Pack>(pSrc, pDst, lenDst); }
+VrxStatus N0(vrxsConjPerm_32fc_I)(Vrx32fc* pSrcDst, int lenDst) { return conjI<Vrx32f, Form::Perm>(pSrcDst, lenDst); }
+VrxStatus N0(vrxsConjPerm_32fc)(const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst) { return conjExpand<Vrx32f, Form::Perm>(pSrc, pDst, lenDst); }
+VrxStatus N0(vrxsConjCcs_64fc_I)(Vrx64fc* pSrcDst, int lenDst) { return conjI<Vrx64f, Form::CCS>(pSrcDst, lenDst); }
+VrxStatus N0(vrxsConjCcs_64fc)(const Vrx64f* pSrc, Vrx64fc* pDst, int lenDst) { return conjExpand<Vrx64f, Form::CCS>(pSrc, pDst, lenDst); }
+VrxStatus N0(vrxsConjPack_64fc_I)(Vrx64fc* pSrcDst, int lenDst) { return conjI<Vrx64f, Form::Pack>(pSrcDst, lenDst); }
+VrxStatus N0(vrxsConjPack_64fc)(const Vrx64f* pSrc, Vrx64fc* pDst, int lenDst) { return conjExpand<Vrx64f, Form::Pack>(pSrc, pDst, lenDst); }
+VrxStatus N0(vrxsConjPerm_64fc_I)(Vrx64fc* pSrcDst, int lenDst) { return conjI<Vrx64f, Form::Perm>(pSrcDst, lenDst); }
+VrxStatus N0(vrxsConjPerm_64fc)(const Vrx64f* pSrc, Vrx64fc* pDst, int lenDst) { return conjExpand<Vrx64f, Form::Perm>(pSrc, pDst, lenDst); }
 
 // ------------------------------------------------------------ products
 
-#define VRX_MULPACKED(T)                                                                                \
-    VrxStatus N0(vrxsMulPack_##T##_I)(const Vrx##T* pSrc, Vrx##T* pSrcDst, int len) {                  \
-        if (VrxStatus st = n0::checkArgs(len, pSrc, pSrcDst)) return st;                               \
-        mulPack<Vrx##T, false>(pSrc, pSrcDst, pSrcDst, len);                                            \
-        return vrxOk;                                                                                   \
-    }                                                                                                   \
-    VrxStatus N0(vrxsMulPack_##T)(const Vrx##T* pSrc1, const Vrx##T* pSrc2, Vrx##T* pDst, int len) {   \
-        if (pSrc2 == pDst) return N0(vrxsMulPack_##T##_I)(pSrc1, pDst, len);                           \
-        if (pSrc1 == pDst) return N0(vrxsMulPack_##T##_I)(pSrc2, pDst, len);                           \
-        if (VrxStatus st = n0::checkArgs(len, pSrc1, pSrc2, pDst)) return st;                          \
-        mulPack<Vrx##T, false>(pSrc1, pSrc2, pDst, len);                                                \
-        return vrxOk;                                                                                   \
-    }                                                                                                   \
-    VrxStatus N0(vrxsMulPerm_##T##_I)(const Vrx##T* pSrc, Vrx##T* pSrcDst, int len) {                  \
-        if (VrxStatus st = n0::checkArgs(len, pSrc, pSrcDst)) return st;                               \
-        mulPerm<Vrx##T>(pSrc, pSrcDst, pSrcDst, len);                                                   \
-        return vrxOk;                                                                                   \
-    }                                                                                                   \
-    VrxStatus N0(vrxsMulPerm_##T)(const Vrx##T* pSrc1, const Vrx##T* pSrc2, Vrx##T* pDst, int len) {   \
-        if (pSrc2 == pDst) return N0(vrxsMulPerm_##T##_I)(pSrc1, pDst, len);                           \
-        if (pSrc1 == pDst) return N0(vrxsMulPerm_##T##_I)(pSrc2, pDst, len);                           \
-        if (VrxStatus st = n0::checkArgs(len, pSrc1, pSrc2, pDst)) return st;                          \
-        mulPerm<Vrx##T>(pSrc1, pSrc2, pDst, len);                                                       \
-        return vrxOk;                                                                                   \
-    }                                                                                                   \
-    VrxStatus N0(vrxsMulPackConj_##T##_I)(const Vrx##T* pSrc, Vrx##T* pSrcDst, int len) {              \
-        if (VrxStatus st = n0::checkArgs(len, pSrc, pSrcDst)) return st;                               \
-        mulPack<Vrx##T, true>(pSrc, pSrcDst, pSrcDst, len);                                             \
-        return vrxOk;                                                                                   \
-    }                                                                                                   \
-    VrxStatus N0(ownsMulPackConj_##T)(const Vrx##T* pSrc1, const Vrx##T* pSrc2, Vrx##T* pDst, int len) { \
-        if (VrxStatus st = n0::checkArgs(len, pSrc1, pSrc2, pDst)) return st;                          \
-        mulPack<Vrx##T, true>(pSrc1, pSrc2, pDst, len);                                                 \
-        return vrxOk;                                                                                   \
-    }
-
-VRX_MULPACKED(32f)
-VRX_MULPACKED(64f)
+VrxStatus N0(vrxsMulPack_32f_I)(const Vrx32f* pSrc, Vrx32f* pSrcDst, int len) { return mulI<Vrx32f, Form::Pack, false>(pSrc, pSrcDst, len); }
+VrxStatus N0(vrxsMulPack_32f)(const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len) { return mul<Vrx32f, Form::Pack>(pSrc1, pSrc2, pDst, len); }
+VrxStatus N0(vrxsMulPerm_32f_I)(const Vrx32f* pSrc, Vrx32f* pSrcDst, int len) { return mulI<Vrx32f, Form::Perm, false>(pSrc, pSrcDst, len); }
+VrxStatus N0(vrxsMulPerm_32f)(const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len) { return mul<Vrx32f, Form::Perm>(pSrc1, pSrc2, pDst, len); }
+VrxStatus N0(vrxsMulPackConj_32f_I)(const Vrx32f* pSrc, Vrx32f* pSrcDst, int len) { return mulI<Vrx32f, Form::Pack, true>(pSrc, pSrcDst, len); }
+VrxStatus N0(ownsMulPackConj_32f)(const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len) { return mulPackConj<Vrx32f>(pSrc1, pSrc2, pDst, len); }
+VrxStatus N0(vrxsMulPack_64f_I)(const Vrx64f* pSrc, Vrx64f* pSrcDst, int len) { return mulI<Vrx64f, Form::Pack, false>(pSrc, pSrcDst, len); }
+VrxStatus N0(vrxsMulPack_64f)(const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len) { return mul<Vrx64f, Form::Pack>(pSrc1, pSrc2, pDst, len); }
+VrxStatus N0(vrxsMulPerm_64f_I)(const Vrx64f* pSrc, Vrx64f* pSrcDst, int len) { return mulI<Vrx64f, Form::Perm, false>(pSrc, pSrcDst, len); }
+VrxStatus N0(vrxsMulPerm_64f)(const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len) { return mul<Vrx64f, Form::Perm>(pSrc1, pSrc2, pDst, len); }
+VrxStatus N0(vrxsMulPackConj_64f_I)(const Vrx64f* pSrc, Vrx64f* pSrcDst, int len) { return mulI<Vrx64f, Form::Pack, true>(pSrc, pSrcDst, len); }
+VrxStatus N0(ownsMulPackConj_64f)(const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len) { return mulPackConj<Vrx64f>(pSrc1, pSrc2, pDst, len); }

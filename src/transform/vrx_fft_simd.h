@@ -6,8 +6,7 @@
 #include "vrx_base.h"
 #include "vrx_fft.h"
 #include "vrx_fft_sintab.h"
-
-#include <immintrin.h>
+#include "simd/simd.h"
 
 namespace n0::fft {
 
@@ -37,50 +36,46 @@ template <class T> VRX_INLINE Cx<T> fixTwiddle(int64_t k, int64_t L) {
     return {c, -s};
 }
 
-template <class T, int V> struct CVec;
-
-// 8 complex floats in a zmm register.
-template <> struct CVec<float, 8> {
-    __m512 v;
-    static VRX_INLINE CVec load(const Cx<float>* p) { return {_mm512_loadu_ps(reinterpret_cast<const float*>(p))}; }
-    VRX_INLINE void store(Cx<float>* p) const { _mm512_storeu_ps(reinterpret_cast<float*>(p), v); }
-    friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {_mm512_add_ps(a.v, b.v)}; }
-    friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {_mm512_sub_ps(a.v, b.v)}; }
-    static VRX_INLINE __m512 negEven(__m512 x) {
-        return _mm512_castsi512_ps(_mm512_xor_si512(_mm512_castps_si512(x), _mm512_set1_epi64(0x0000000080000000ll)));
-    }
-    static VRX_INLINE __m512 negOdd(__m512 x) {
-        return _mm512_castsi512_ps(_mm512_xor_si512(_mm512_castps_si512(x), _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull))));
-    }
+// V complex values of T in one zmm register (V = 8 for float, 4 for
+// double): lanes (re, im) in pairs.
+template <class T, int V> struct CVec {
+    using W = simd::V<T>;
+    using R = typename W::R;
+    static_assert(V == W::N / 2, "one register of complex values");
+    R v;
+    static VRX_INLINE CVec load(const Cx<T>* p) { return {W::load(reinterpret_cast<const T*>(p))}; }
+    VRX_INLINE void store(Cx<T>* p) const { W::store(reinterpret_cast<T*>(p), v); }
+    friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {W::add(a.v, b.v)}; }
+    friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {W::sub(a.v, b.v)}; }
+    // the sign of the real (even) or of the imaginary (odd) lanes flipped
+    static VRX_INLINE R negEven(R x) { return W::xorb(x, W::set2(T(-0.0), T(0))); }
+    static VRX_INLINE R negOdd(R x) { return W::xorb(x, W::set2(T(0), T(-0.0))); }
+    // a*w (forward) or a*conj(w) (inverse), products rounded, then added
     template <bool Inv> static VRX_INLINE CVec mul(CVec a, CVec w) {
-        __m512 wr = _mm512_moveldup_ps(w.v), wi = _mm512_movehdup_ps(w.v);
-        __m512 as = _mm512_permute_ps(a.v, 0xB1);
-        __m512 p = _mm512_mul_ps(a.v, wr), q = _mm512_mul_ps(as, wi);
-        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
-        else return {_mm512_add_ps(p, negOdd(q))};
+        return mulSplit<Inv>(a, {W::dupRe(w.v)}, {W::dupIm(w.v)});
     }
+    // multiplies by -i (forward) or +i (inverse)
     template <bool Inv> static VRX_INLINE CVec rot(CVec a) {
-        __m512 s = _mm512_permute_ps(a.v, 0xB1);
+        const R s = W::swapPair(a.v);
         if constexpr (!Inv) return {negOdd(s)};
         else return {negEven(s)};
     }
-    static VRX_INLINE CVec scale(CVec a, float s) { return {_mm512_mul_ps(a.v, _mm512_set1_ps(s))}; }
+    static VRX_INLINE CVec scale(CVec a, T s) { return {W::mul(a.v, W::set1(s))}; }
     // product with factors given as duplicated real parts and imaginary parts
     template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
-        __m512 p = _mm512_mul_ps(a.v, wr.v), q = _mm512_mul_ps(_mm512_permute_ps(a.v, 0xB1), wi.v);
-        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
-        else return {_mm512_add_ps(p, negOdd(q))};
+        const R p = W::mul(a.v, wr.v), q = W::mul(W::swapPair(a.v), wi.v);
+        if constexpr (!Inv) return {W::add(p, negEven(q))};
+        else return {W::add(p, negOdd(q))};
     }
     // product with a constant factor: the same bits as mul with bcast(w)
-    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<float> w) {
-        __m512 p = _mm512_mul_ps(a.v, _mm512_set1_ps(w.re)), q = _mm512_mul_ps(_mm512_permute_ps(a.v, 0xB1), _mm512_set1_ps(w.im));
-        if constexpr (!Inv) return {_mm512_add_ps(p, negEven(q))};
-        else return {_mm512_add_ps(p, negOdd(q))};
+    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<T> w) {
+        return mulSplit<Inv>(a, {W::set1(w.re)}, {W::set1(w.im)});
     }
-    static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm512_broadcast_f32x4(_mm_setr_ps(w.re, w.im, w.re, w.im))}; }
+    static VRX_INLINE CVec bcast(Cx<T> w) { return {W::set2(w.re, w.im)}; }
 };
 
-// 4 complex floats in a ymm register.
+// 4 complex floats in a ymm register (the kernels of 16 and 32 points).
+// Raw intrinsics: the SIMD layer names zmm registers only.
 template <> struct CVec<float, 4> {
     __m256 v;
     static VRX_INLINE CVec load(const Cx<float>* p) { return {_mm256_loadu_ps(reinterpret_cast<const float*>(p))}; }
@@ -112,86 +107,29 @@ template <> struct CVec<float, 4> {
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm256_setr_ps(w.re, w.im, w.re, w.im, w.re, w.im, w.re, w.im)}; }
 };
 
-// 4 complex doubles in a zmm register.
-template <> struct CVec<double, 4> {
-    __m512d v;
-    static VRX_INLINE CVec load(const Cx<double>* p) { return {_mm512_loadu_pd(reinterpret_cast<const double*>(p))}; }
-    VRX_INLINE void store(Cx<double>* p) const { _mm512_storeu_pd(reinterpret_cast<double*>(p), v); }
-    friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {_mm512_add_pd(a.v, b.v)}; }
-    friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {_mm512_sub_pd(a.v, b.v)}; }
-    static VRX_INLINE __m512d x(__m512d a, unsigned long long pat0, unsigned long long pat1) {
-        __m512i m = _mm512_set_epi64(static_cast<long long>(pat1), static_cast<long long>(pat0), static_cast<long long>(pat1), static_cast<long long>(pat0),
-                                     static_cast<long long>(pat1), static_cast<long long>(pat0), static_cast<long long>(pat1), static_cast<long long>(pat0));
-        return _mm512_castsi512_pd(_mm512_xor_si512(_mm512_castpd_si512(a), m));
-    }
-    static VRX_INLINE __m512d negEven(__m512d a) { return x(a, 0x8000000000000000ull, 0); }
-    static VRX_INLINE __m512d negOdd(__m512d a) { return x(a, 0, 0x8000000000000000ull); }
-    template <bool Inv> static VRX_INLINE CVec mul(CVec a, CVec w) {
-        __m512d wr = _mm512_movedup_pd(w.v), wi = _mm512_permute_pd(w.v, 0xFF);
-        __m512d as = _mm512_permute_pd(a.v, 0x55);
-        __m512d p = _mm512_mul_pd(a.v, wr), q = _mm512_mul_pd(as, wi);
-        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
-        else return {_mm512_add_pd(p, negOdd(q))};
-    }
-    template <bool Inv> static VRX_INLINE CVec rot(CVec a) {
-        __m512d s = _mm512_permute_pd(a.v, 0x55);
-        if constexpr (!Inv) return {negOdd(s)};
-        else return {negEven(s)};
-    }
-    static VRX_INLINE CVec scale(CVec a, double s) { return {_mm512_mul_pd(a.v, _mm512_set1_pd(s))}; }
-    template <bool Inv> static VRX_INLINE CVec mulSplit(CVec a, CVec wr, CVec wi) {
-        __m512d p = _mm512_mul_pd(a.v, wr.v), q = _mm512_mul_pd(_mm512_permute_pd(a.v, 0x55), wi.v);
-        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
-        else return {_mm512_add_pd(p, negOdd(q))};
-    }
-    template <bool Inv> static VRX_INLINE CVec mulc(CVec a, Cx<double> w) {
-        __m512d p = _mm512_mul_pd(a.v, _mm512_set1_pd(w.re)), q = _mm512_mul_pd(_mm512_permute_pd(a.v, 0x55), _mm512_set1_pd(w.im));
-        if constexpr (!Inv) return {_mm512_add_pd(p, negEven(q))};
-        else return {_mm512_add_pd(p, negOdd(q))};
-    }
-    static VRX_INLINE CVec bcast(Cx<double> w) { return {_mm512_broadcast_f64x4(_mm256_setr_pd(w.re, w.im, w.re, w.im))}; }
-};
-
 // The group form between passes: V complex values stored as V real parts
 // followed by V imaginary parts, one register each (V = 16 for float, 8
 // for double), so that complex products need no shuffles.
-template <class T> struct GVec;
-template <> struct GVec<float> {
-    static constexpr int V = 16;
-    __m512 re, im;
-    static VRX_INLINE GVec load(const float* p) { return {_mm512_loadu_ps(p), _mm512_loadu_ps(p + 16)}; }
-    VRX_INLINE void store(float* p) const { _mm512_storeu_ps(p, re); _mm512_storeu_ps(p + 16, im); }
+template <class T> struct GVec {
+    using W = simd::V<T>;
+    using R = typename W::R;
+    static constexpr int V = W::N;
+    R re, im;
+    static VRX_INLINE GVec load(const T* p) { return {W::load(p), W::load(p + V)}; }
+    VRX_INLINE void store(T* p) const { W::store(p, re); W::store(p + V, im); }
     // writes the V values interleaved again
-    VRX_INLINE void storeCx(float* p) const {
-        const __m512i lo = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
-        const __m512i hi = _mm512_setr_epi32(8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
-        _mm512_storeu_ps(p, _mm512_permutex2var_ps(re, lo, im));
-        _mm512_storeu_ps(p + 16, _mm512_permutex2var_ps(re, hi, im));
+    VRX_INLINE void storeCx(T* p) const {
+        R lo, hi;
+        simd::interleave(re, im, lo, hi);
+        W::store(p, lo);
+        W::store(p + V, hi);
     }
-    static VRX_INLINE __m512 add(__m512 a, __m512 b) { return _mm512_add_ps(a, b); }
-    static VRX_INLINE __m512 sub(__m512 a, __m512 b) { return _mm512_sub_ps(a, b); }
-    static VRX_INLINE __m512 mulv(__m512 a, __m512 b) { return _mm512_mul_ps(a, b); }
-    static VRX_INLINE __m512 splat(float c) { return _mm512_set1_ps(c); }
-    static VRX_INLINE void storeHalf(float* p, __m512 v) { _mm512_storeu_ps(p, v); }
-    static VRX_INLINE __m512 loadHalf(const float* p) { return _mm512_loadu_ps(p); }
-};
-template <> struct GVec<double> {
-    static constexpr int V = 8;
-    __m512d re, im;
-    static VRX_INLINE GVec load(const double* p) { return {_mm512_loadu_pd(p), _mm512_loadu_pd(p + 8)}; }
-    VRX_INLINE void store(double* p) const { _mm512_storeu_pd(p, re); _mm512_storeu_pd(p + 8, im); }
-    VRX_INLINE void storeCx(double* p) const {
-        const __m512i lo = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
-        const __m512i hi = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
-        _mm512_storeu_pd(p, _mm512_permutex2var_pd(re, lo, im));
-        _mm512_storeu_pd(p + 8, _mm512_permutex2var_pd(re, hi, im));
-    }
-    static VRX_INLINE __m512d add(__m512d a, __m512d b) { return _mm512_add_pd(a, b); }
-    static VRX_INLINE __m512d sub(__m512d a, __m512d b) { return _mm512_sub_pd(a, b); }
-    static VRX_INLINE __m512d mulv(__m512d a, __m512d b) { return _mm512_mul_pd(a, b); }
-    static VRX_INLINE __m512d splat(double c) { return _mm512_set1_pd(c); }
-    static VRX_INLINE void storeHalf(double* p, __m512d v) { _mm512_storeu_pd(p, v); }
-    static VRX_INLINE __m512d loadHalf(const double* p) { return _mm512_loadu_pd(p); }
+    static VRX_INLINE R add(R a, R b) { return W::add(a, b); }
+    static VRX_INLINE R sub(R a, R b) { return W::sub(a, b); }
+    static VRX_INLINE R mulv(R a, R b) { return W::mul(a, b); }
+    static VRX_INLINE R splat(T c) { return W::set1(c); }
+    static VRX_INLINE void storeHalf(T* p, R v) { W::store(p, v); }
+    static VRX_INLINE R loadHalf(const T* p) { return W::load(p); }
 };
 
 }  // namespace n0::fft

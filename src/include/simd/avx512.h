@@ -87,6 +87,8 @@ template <> struct V<float> {
     static VRX_INLINE R swapPair(R a) { return _mm512_permute_ps(a, 0xB1); }
     // even lanes a*b - c, odd lanes a*b + c, one rounding each
     static VRX_INLINE R fmaddsub(R a, R b, R c) { return _mm512_fmaddsub_ps(a, b, c); }
+    // lane i takes lane idx[i] of the pair (a, b), lanes 0..N-1 from a and N..2N-1 from b
+    static VRX_INLINE R permute2(R a, __m512i idx, R b) { return _mm512_permutex2var_ps(a, idx, b); }
 };
 
 // ----------------------------------------------------------------- double
@@ -141,6 +143,7 @@ template <> struct V<double> {
     static VRX_INLINE R dupIm(R a) { return _mm512_permute_pd(a, 0xFF); }
     static VRX_INLINE R swapPair(R a) { return _mm512_permute_pd(a, 0x55); }
     static VRX_INLINE R fmaddsub(R a, R b, R c) { return _mm512_fmaddsub_pd(a, b, c); }
+    static VRX_INLINE R permute2(R a, __m512i idx, R b) { return _mm512_permutex2var_pd(a, idx, b); }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers
@@ -275,5 +278,8 @@ VRX_INLINE void narrowSat8u(uint8_t* p, __mmask16 m, __m512i v) {
 
 // Orders earlier streaming stores before later stores.
 VRX_INLINE void streamFence() { _mm_sfence(); }
+
+// Fetches the cache line of p towards the second-level cache.
+VRX_INLINE void prefetchL2(const void* p) { _mm_prefetch(static_cast<const char*>(p), _MM_HINT_T1); }
 
 }  // namespace n0::simd
