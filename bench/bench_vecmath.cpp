@@ -6,27 +6,14 @@
 // and exported float function against long double over ten million
 // arguments each (and the special values) instead of timing.
 
-// The tier entries are internal: their sources are compiled in here, with
-// the library's own rule of no contraction.
-#pragma GCC optimize("fp-contract=off")
+// The tier entries are internal: they are declared by the library's internal
+// headers and linked from its objects, compiled with the library's flags.
 #include <math.h>
 
 #include <bit>
 
-#include "../src/vecmath/vm_abs.h"
-#include "../src/vecmath/vm_exp.h"
-#include "../src/vecmath/vm_kernels.h"
-#include "../src/vecmath/vm_log.h"
 #include "vrx_tiers.h"
-#include "../src/vecmath/iface_vrx.cpp"
-#include "../src/vecmath/psatan.cpp"
-#include "../src/vecmath/psexpd.cpp"
-#include "../src/vecmath/psfloat.cpp"
-#include "../src/vecmath/pslnd.cpp"
-#include "../src/vecmath/psmiscd.cpp"
-#include "../src/vecmath/psreduce.cpp"
-#include "../src/vecmath/pssincosd.cpp"
-#pragma GCC reset_options
+#include "../src/vecmath/vm_kernels.h"
 
 #include <benchmark/benchmark.h>
 #include <math.h>

@@ -10,6 +10,11 @@
 #                     stub order, each holding the address of n0_vrxsX
 #   vrxs.map          linker version script: the exports global, all else local
 #   vrxs_exports.txt  the export names, one a line, in table order
+#   vrxs_signatures.h the export table for the tests: one line per export,
+#                     VRX_EXPORT(vrxsX, "pSrc,pDst,len", "const Vrx32f* pSrc, ...")
+#                     with the parameter names, comma-separated and in order
+#                     ("" for none), and the argument list as written; the
+#                     includer defines VRX_EXPORT
 
 if(NOT HEADER OR NOT OUT_DIR)
   message(FATAL_ERROR "vrx_exports.cmake needs HEADER and OUT_DIR")
@@ -17,11 +22,29 @@ endif()
 
 file(STRINGS "${HEADER}" lines REGEX "^VRXAPI\\(")
 set(names "")
+set(sigs "/* generated from the export table; do not edit */\n")
 foreach(line IN LISTS lines)
-  if(NOT line MATCHES "^VRXAPI\\([^,]+, *(vrxs[A-Za-z0-9_]+) *, *\\(.*\\)\\)[ \t]*$")
+  if(NOT line MATCHES "^VRXAPI\\([^,]+, *(vrxs[A-Za-z0-9_]+) *, *\\((.*)\\)\\)[ \t]*$")
     message(FATAL_ERROR "malformed export line in ${HEADER}: ${line}")
   endif()
-  list(APPEND names "${CMAKE_MATCH_1}")
+  set(name "${CMAKE_MATCH_1}")
+  string(STRIP "${CMAKE_MATCH_2}" args)
+  list(APPEND names "${name}")
+  # Parameter names: the last identifier of each comma-separated argument.
+  set(pnames "")
+  if(NOT args STREQUAL "void" AND NOT args STREQUAL "")
+    string(REPLACE "," ";" arglist "${args}")
+    foreach(a IN LISTS arglist)
+      string(STRIP "${a}" a)
+      if(NOT a MATCHES "[*& ]([A-Za-z_][A-Za-z0-9_]*)$")
+        message(FATAL_ERROR "unnamed parameter \"${a}\" of ${name} in ${HEADER}")
+      endif()
+      list(APPEND pnames "${CMAKE_MATCH_1}")
+    endforeach()
+  endif()
+  string(REPLACE ";" "," pnames "${pnames}")
+  string(REGEX REPLACE "  +" " " argtext "${args}")
+  string(APPEND sigs "VRX_EXPORT(${name}, \"${pnames}\", \"${argtext}\")\n")
 endforeach()
 
 list(LENGTH names count)
@@ -66,3 +89,4 @@ file(MAKE_DIRECTORY "${OUT_DIR}")
 file(WRITE "${OUT_DIR}/vrxs_stubs.S" "${stubs}${slots}")
 file(WRITE "${OUT_DIR}/vrxs.map" "${map}")
 file(WRITE "${OUT_DIR}/vrxs_exports.txt" "${list_txt}")
+file(WRITE "${OUT_DIR}/vrxs_signatures.h" "${sigs}")
