@@ -186,6 +186,10 @@ template <class T> struct VInt<T, 4> {
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi32_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi32(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si32(_mm512_castsi512_si128(a))); }
+    // lanes moved up by K places, 0 shifted in: (0, .., 0, a0, .., a[15-K])
+    template <int K> static VRX_INLINE R shiftUp(R a) { return _mm512_alignr_epi32(a, _mm512_setzero_si512(), 16 - K); }
+    // lane 15 in every lane
+    static VRX_INLINE R broadcastLast(R a) { return _mm512_permutexvar_epi32(_mm512_set1_epi32(15), a); }
 };
 
 template <class T> struct VInt<T, 8> {
@@ -244,6 +248,8 @@ VRX_INLINE __m512d lowToDouble(__m512 a) { return _mm512_cvtps_pd(_mm512_castps5
 VRX_INLINE __m512d highToDouble(__m512 a) {
     return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
 }
+// Signed 32-bit lanes to float in the caller's rounding mode (exact up to 2^24).
+VRX_INLINE __m512 int32ToFloat(__m512i a) { return _mm512_cvtepi32_ps(a); }
 // Two registers of doubles rounded to nearest (ties to even) into one of
 // floats, whatever the caller's mode: lo fills lanes 0..7, hi lanes 8..15.
 VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
