@@ -107,53 +107,75 @@ VRX_INLINE VrxStatus maxOrderFloat(const T* pSrc, int len, int* pOrder) {
 }
 
 // ---------------------------------------------------------- ZeroCrossing
-// Pair counts over (x[i], x[i+1]). Compares give lane masks; the counts are
-// popcounts of mask expressions.
-struct ZcCounts {
-    int64_t product = 0, signBit = 0, signDiff = 0;  // signDiff: sum of |s(b) - s(a)|
-};
+// Per-pair contributions in 32-bit lanes, summed over the pairs
+// (x[i], x[i+1]) of one measure. Lanes past the end read 0 and so
+// contribute 0 under every measure. Lane counts stay below 2^31.
+using I32 = simd::V<int32_t>;
+using U32 = simd::V<uint32_t>;
 
-VRX_INLINE void zcMasks(ZcCounts& c, unsigned valid, unsigned prodNeg, unsigned negA, unsigned negB,
-                        unsigned posA, unsigned posB, unsigned signA, unsigned signB) {
-    const unsigned opposite = ((posA & negB) | (negA & posB)) & valid;
-    const unsigned zeroA = ~(posA | negA), zeroB = ~(posB | negB);
-    c.product += __builtin_popcount(prodNeg & valid);
-    c.signBit += __builtin_popcount((signA ^ signB) & valid);
-    c.signDiff += 2 * __builtin_popcount(opposite) + __builtin_popcount((zeroA ^ zeroB) & valid);
+VRX_INLINE int64_t laneSum(I32::R a) {
+    alignas(64) int32_t t[16];
+    I32::store(t, a);
+    int64_t s = 0;
+    for (int j = 0; j < 16; ++j) s += t[j];
+    return s;
 }
 
-VRX_INLINE ZcCounts zc32f(const float* p, int pairs) {
-    using F = simd::V<float>;
-    using I = simd::V<int32_t>;
-    ZcCounts c;
-    const F::R z = F::zero();
-    const I::R zi = I::zero();
-    for (int i = 0; i < pairs; i += 16) {
-        const unsigned valid = i + 16 <= pairs ? 0xFFFFu : simd::tail<float>(static_cast<size_t>(pairs - i));
-        const F::R a = F::loadm(static_cast<F::M>(valid), p + i), b = F::loadm(static_cast<F::M>(valid), p + i + 1);
-        zcMasks(c, valid, F::lt(F::mul(a, b), z), F::lt(a, z), F::lt(b, z), F::gt(a, z), F::gt(b, z),
-                I::lt(simd::bitsOf(a), zi), I::lt(simd::bitsOf(b), zi));
-    }
-    return c;
-}
-
-VRX_INLINE ZcCounts zc16s(const int16_t* p, int pairs) {
-    using I = simd::V<int32_t>;
-    ZcCounts c;
-    const I::R z = I::zero();
+template <class F>
+VRX_INLINE int64_t pairSum32f(const float* p, int pairs, F f) {
+    using Fl = simd::V<float>;
+    I32::R acc0 = I32::zero(), acc1 = I32::zero();
     int i = 0;
-    for (; i + 16 <= pairs; i += 16) {
-        const I::R a = simd::widen16s(p + i), b = simd::widen16s(p + i + 1);
-        const unsigned na = I::lt(a, z), nb = I::lt(b, z), pa = I::gt(a, z), pb = I::gt(b, z);
-        // the exact product is negative exactly when the signs are strictly opposite
-        zcMasks(c, 0xFFFFu, (pa & nb) | (na & pb), na, nb, pa, pb, na, nb);
+    for (; i + 32 <= pairs; i += 32) {
+        acc0 = I32::add(acc0, f(Fl::load(p + i), Fl::load(p + i + 1)));
+        acc1 = I32::add(acc1, f(Fl::load(p + i + 16), Fl::load(p + i + 17)));
     }
-    for (; i < pairs; ++i) {
-        const int a = p[i], b = p[i + 1];
-        const unsigned na = a < 0, nb = b < 0, pa = a > 0, pb = b > 0;
-        zcMasks(c, 1u, (pa & nb) | (na & pb), na, nb, pa, pb, na, nb);
+    for (; i < pairs; i += 16) {
+        const Fl::M m = i + 16 <= pairs ? Fl::kAll : simd::tail<float>(static_cast<size_t>(pairs - i));
+        acc0 = I32::add(acc0, f(Fl::loadm(m, p + i), Fl::loadm(m, p + i + 1)));
     }
-    return c;
+    return laneSum(I32::add(acc0, acc1));
+}
+
+template <class F>
+VRX_INLINE int64_t pairSum16s(const int16_t* p, int pairs, F f) {
+    using S = Src<int16_t>;
+    I32::R acc0 = I32::zero(), acc1 = I32::zero();
+    int i = 0;
+    for (; i + 32 <= pairs; i += 32) {
+        acc0 = I32::add(acc0, f(S::load(p + i), S::load(p + i + 1)));
+        acc1 = I32::add(acc1, f(S::load(p + i + 16), S::load(p + i + 17)));
+    }
+    for (; i < pairs; i += 16) {
+        const int n = pairs - i < 16 ? pairs - i : 16;
+        acc0 = I32::add(acc0, f(S::loadFill(p + i, n, 0), S::loadFill(p + i + 1, n, 0)));
+    }
+    return laneSum(I32::add(acc0, acc1));
+}
+
+// 1 where the top bits of a and b differ
+VRX_INLINE I32::R signBitsDiffer(I32::R a, I32::R b) { return U32::shr<31>(I32::xorb(a, b)); }
+
+VRX_INLINE int64_t zc32f(const float* p, int pairs, int type) {
+    using Fl = simd::V<float>;
+    const Fl::R z = Fl::zero();
+    const I32::R one = I32::set1(1), none = I32::set1(-1), zi = I32::zero();
+    if (type == vrxZcProduct)
+        return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return I32::blend(Fl::lt(Fl::mul(a, b), z), zi, one); });
+    if (type == vrxZcSignBit)
+        return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return signBitsDiffer(simd::bitsOf(a), simd::bitsOf(b)); });
+    auto sgn = [&](Fl::R x) { return I32::blend(Fl::gt(x, z), I32::blend(Fl::lt(x, z), zi, none), one); };
+    return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return I32::abs(I32::sub(sgn(b), sgn(a))); });
+}
+
+VRX_INLINE int64_t zc16s(const int16_t* p, int pairs, int type) {
+    const I32::R one = I32::set1(1), none = I32::set1(-1);
+    if (type == vrxZcProduct)  // the exact product of two 16-bit values fits the lane
+        return pairSum16s(p, pairs, [&](I32::R a, I32::R b) { return U32::shr<31>(I32::mullo(a, b)); });
+    if (type == vrxZcSignBit)
+        return pairSum16s(p, pairs, [&](I32::R a, I32::R b) { return signBitsDiffer(a, b); });
+    auto sgn = [&](I32::R x) { return I32::min(I32::max(x, none), one); };
+    return pairSum16s(p, pairs, [&](I32::R a, I32::R b) { return I32::abs(I32::sub(sgn(b), sgn(a))); });
 }
 
 template <class T>
@@ -162,14 +184,15 @@ VRX_INLINE VrxStatus zeroCrossing(const T* pSrc, int len, Vrx32f* pValZC, int zc
     if (len == 0) return vrxErrBadLength;
     if (zcType < vrxZcProduct || zcType > vrxZcSignDiff) return vrxErrRange;
     const int pairs = len > 1 ? len - 1 : 0;
-    ZcCounts c;
-    if constexpr (sizeof(T) == 4) c = zc32f(pSrc, pairs);
-    else c = zc16s(pSrc, pairs);
     float r;
-    if (zcType == vrxZcProduct) r = static_cast<float>(c.product);
-    else if (zcType == vrxZcSignBit) r = static_cast<float>(c.signBit);
-    else if constexpr (sizeof(T) == 4) r = 0.5f * static_cast<float>(c.signDiff);
-    else r = static_cast<float>(c.signDiff >> 1);
+    if constexpr (sizeof(T) == 4) {
+        const int64_t c = zc32f(pSrc, pairs, zcType);
+        r = zcType == vrxZcSignDiff ? 0.5f * static_cast<float>(c) : static_cast<float>(c);
+    } else {
+        // the 16-bit sign-difference sum is halved by a shift: an integer result
+        const int64_t c = zc16s(pSrc, pairs, zcType);
+        r = static_cast<float>(zcType == vrxZcSignDiff ? c >> 1 : c);
+    }
     *pValZC = r;
     return vrxOk;
 }
