@@ -93,7 +93,17 @@ template <class W> struct XfAbs {
 template <int32_t Cap> struct XfAbsSat {
     using W = simd::V<int32_t>;
     VRX_INLINE W::R operator()(W::R x) const { return W::abs(W::max(x, W::set1(-Cap))); }
+    // the same on 16-bit lanes (Cap 0x7FFF)
+    VRX_INLINE __m256i operator()(__m256i x) const {
+        using NW = simd::VNarrow<int16_t>;
+        return NW::abs(NW::max(x, NW::set1(static_cast<int16_t>(-Cap))));
+    }
 };
+
+// 8- and 16-bit data whose transform also runs on 16-bit lanes take the
+// AVX2 compare-and-select kernels below.
+template <class T, class Xf>
+inline constexpr bool kNarrowLanes = sizeof(T) <= 2 && (std::is_same_v<Xf, XfId> || std::is_same_v<Xf, XfAbsSat<0x7FFF>>);
 
 // Scalar value of the transform of one element.
 template <class T, class Xf>
@@ -106,10 +116,36 @@ template <class W>
 VRX_INLINE void storeLanes(typename W::T* t, typename W::R v) { W::store(t, v); }
 
 // ----------------------------------------------------------------- folds
+// AVX2 form of foldValue for 8/16-bit data: 32 bytes a register, four
+// chains, the tail element by element.
+template <class T, class Op, class Xf>
+VRX_INLINE int32_t foldNarrow(const T* p, int len, Xf xf) {
+    using NW = simd::VNarrow<T>;
+    using R = typename NW::R;
+    constexpr int N = NW::N;
+    const R init = xf(NW::set1(p[0]));
+    R a0 = init, a1 = init, a2 = init, a3 = init;
+    int i = 0;
+    for (; i + 4 * N <= len; i += 4 * N) {
+        a0 = Op::template v<NW>(a0, xf(NW::load(p + i)));
+        a1 = Op::template v<NW>(a1, xf(NW::load(p + i + N)));
+        a2 = Op::template v<NW>(a2, xf(NW::load(p + i + 2 * N)));
+        a3 = Op::template v<NW>(a3, xf(NW::load(p + i + 3 * N)));
+    }
+    for (; i + N <= len; i += N) a0 = Op::template v<NW>(a0, xf(NW::load(p + i)));
+    a0 = Op::template v<NW>(Op::template v<NW>(a0, a1), Op::template v<NW>(a2, a3));
+    alignas(32) T t[N];
+    NW::store(t, a0);
+    int32_t r = t[0];
+    for (int j = 1; j < N; ++j) r = Op::s(r, static_cast<int32_t>(t[j]));
+    for (; i < len; ++i) r = Op::s(r, xfOne(p[i], xf));
+    return r;
+}
+
 // The extreme of xf(p[0..len)) under Op, len >= 1. Four register chains,
 // lanes folded at the end.
 template <class T, class Op, class Xf>
-VRX_INLINE typename Src<T>::E foldValue(const T* p, int len, Xf xf) {
+VRX_INLINE typename Src<T>::E foldWide(const T* p, int len, Xf xf) {
     using S = Src<T>;
     using W = typename S::W;
     using R = typename S::R;
@@ -134,38 +170,71 @@ VRX_INLINE typename Src<T>::E foldValue(const T* p, int len, Xf xf) {
     return r;
 }
 
-// Minimum and maximum of p[0..len) in one pass.
+template <class T, class Op, class Xf>
+VRX_INLINE typename Src<T>::E foldValue(const T* p, int len, Xf xf) {
+    if constexpr (kNarrowLanes<T, Xf>) return foldNarrow<T, Op>(p, len, xf);
+    else return foldWide<T, Op>(p, len, xf);
+}
+
+// Minimum and maximum of p[0..len) in one pass: AVX2 on 8/16-bit lanes
+// with the tail element by element, masked tails on wider lanes.
 template <class T>
 VRX_INLINE void foldMinMax(const T* p, int len, typename Src<T>::E& mn, typename Src<T>::E& mx) {
-    using S = Src<T>;
-    using W = typename S::W;
-    using R = typename S::R;
-    using E = typename S::E;
-    constexpr int N = S::N;
-    const R init = W::set1(static_cast<E>(p[0]));
-    R l0 = init, l1 = init, h0 = init, h1 = init;
-    int i = 0;
-    for (; i + 2 * N <= len; i += 2 * N) {
-        R x = S::load(p + i), y = S::load(p + i + N);
-        l0 = W::min(l0, x); h0 = W::max(h0, x);
-        l1 = W::min(l1, y); h1 = W::max(h1, y);
+    if constexpr (sizeof(T) <= 2) {
+        using NW = simd::VNarrow<T>;
+        using R = typename NW::R;
+        constexpr int N = NW::N;
+        const R init = NW::set1(p[0]);
+        R l0 = init, l1 = init, h0 = init, h1 = init;
+        int i = 0;
+        for (; i + 2 * N <= len; i += 2 * N) {
+            R x = NW::load(p + i), y = NW::load(p + i + N);
+            l0 = NW::min(l0, x); h0 = NW::max(h0, x);
+            l1 = NW::min(l1, y); h1 = NW::max(h1, y);
+        }
+        for (; i + N <= len; i += N) {
+            R x = NW::load(p + i);
+            l0 = NW::min(l0, x); h0 = NW::max(h0, x);
+        }
+        alignas(32) T a[N], b[N];
+        NW::store(a, NW::min(l0, l1));
+        NW::store(b, NW::max(h0, h1));
+        T lo = a[0], hi = b[0];
+        for (int j = 1; j < N; ++j) { lo = a[j] < lo ? a[j] : lo; hi = b[j] > hi ? b[j] : hi; }
+        for (; i < len; ++i) { lo = p[i] < lo ? p[i] : lo; hi = p[i] > hi ? p[i] : hi; }
+        mn = lo;
+        mx = hi;
+    } else {
+        using S = Src<T>;
+        using W = typename S::W;
+        using R = typename S::R;
+        using E = typename S::E;
+        constexpr int N = S::N;
+        const R init = W::set1(static_cast<E>(p[0]));
+        R l0 = init, l1 = init, h0 = init, h1 = init;
+        int i = 0;
+        for (; i + 2 * N <= len; i += 2 * N) {
+            R x = S::load(p + i), y = S::load(p + i + N);
+            l0 = W::min(l0, x); h0 = W::max(h0, x);
+            l1 = W::min(l1, y); h1 = W::max(h1, y);
+        }
+        for (; i + N <= len; i += N) {
+            R x = S::load(p + i);
+            l0 = W::min(l0, x); h0 = W::max(h0, x);
+        }
+        if (i < len) {
+            R x = S::loadFill(p + i, len - i, p[0]);
+            l0 = W::min(l0, x); h0 = W::max(h0, x);
+        }
+        l0 = W::min(l0, l1);
+        h0 = W::max(h0, h1);
+        alignas(64) E a[N], b[N];
+        storeLanes<W>(a, l0);
+        storeLanes<W>(b, h0);
+        mn = a[0];
+        mx = b[0];
+        for (int j = 1; j < N; ++j) { mn = OpMin::s(mn, a[j]); mx = OpMax::s(mx, b[j]); }
     }
-    for (; i + N <= len; i += N) {
-        R x = S::load(p + i);
-        l0 = W::min(l0, x); h0 = W::max(h0, x);
-    }
-    if (i < len) {
-        R x = S::loadFill(p + i, len - i, p[0]);
-        l0 = W::min(l0, x); h0 = W::max(h0, x);
-    }
-    l0 = W::min(l0, l1);
-    h0 = W::max(h0, h1);
-    alignas(64) E a[N], b[N];
-    storeLanes<W>(a, l0);
-    storeLanes<W>(b, h0);
-    mn = a[0];
-    mx = b[0];
-    for (int j = 1; j < N; ++j) { mn = OpMin::s(mn, a[j]); mx = OpMax::s(mx, b[j]); }
 }
 
 // ------------------------------------------------------- first positions

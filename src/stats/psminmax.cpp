@@ -89,27 +89,31 @@ VRX_INLINE VrxStatus minMaxIndx(const T* pSrc, int len, T* pMin, int* pMinIndx, 
 
 // ---------------------------------------------------------------- Every
 // d[i] = op(a[i], b[i]); b is the operand that passes through on NaN. Native
-// lanes take the tail under a mask; 8/16-bit data are widened, and the tail
-// of fewer than 16 runs element by element.
+// lanes take the tail under a mask; 8/16-bit data run on AVX2 lanes with the
+// tail element by element.
 template <class Op, class T>
 VRX_INLINE void everyKernel(const T* a, const T* b, T* d, int len) {
-    using S = Src<T>;
-    using W = typename S::W;
-    constexpr int N = S::N;
-    int i = 0;
-    for (; i + N <= len; i += N) {
-        auto r = Op::template v<W>(S::load(a + i), S::load(b + i));
-        if constexpr (std::is_same_v<T, uint8_t>) simd::narrowSat8u(d + i, 0xFFFF, r);
-        else if constexpr (std::is_same_v<T, uint16_t>) simd::narrowSat16u(d + i, 0xFFFF, r);
-        else if constexpr (std::is_same_v<T, int16_t>) simd::narrowSat16s(d + i, 0xFFFF, r);
-        else W::store(d + i, r);
-    }
-    if (i < len) {
-        if constexpr (sizeof(T) >= 4) {
+    if constexpr (sizeof(T) <= 2) {
+        // AVX2 on 8/16-bit lanes, 32 bytes a register
+        using NW = simd::VNarrow<T>;
+        constexpr int N = NW::N;
+        int i = 0;
+        for (; i + 2 * N <= len; i += 2 * N) {
+            auto r0 = Op::template v<NW>(NW::load(a + i), NW::load(b + i));
+            auto r1 = Op::template v<NW>(NW::load(a + i + N), NW::load(b + i + N));
+            NW::store(d + i, r0);
+            NW::store(d + i + N, r1);
+        }
+        for (; i + N <= len; i += N) NW::store(d + i, Op::template v<NW>(NW::load(a + i), NW::load(b + i)));
+        for (; i < len; ++i) d[i] = Op::s(a[i], b[i]);
+    } else {
+        using W = simd::V<T>;
+        constexpr int N = W::N;
+        int i = 0;
+        for (; i + N <= len; i += N) W::store(d + i, Op::template v<W>(W::load(a + i), W::load(b + i)));
+        if (i < len) {
             const auto m = simd::tail<T>(static_cast<size_t>(len - i));
             W::storem(d + i, m, Op::template v<W>(W::loadm(m, a + i), W::loadm(m, b + i)));
-        } else {
-            for (; i < len; ++i) d[i] = Op::s(a[i], b[i]);
         }
     }
 }

@@ -279,6 +279,37 @@ VRX_INLINE void narrowSat8u(uint8_t* p, __mmask16 m, __m512i v) {
     _mm512_mask_cvtusepi32_storeu_epi8(p, m, _mm512_max_epi32(v, _mm512_setzero_si512()));
 }
 
+// Compare-and-select on 8- and 16-bit lanes with AVX2, 32 bytes a register
+// (32 of uint8_t, 16 of int16_t or uint16_t): for kernels that only compare
+// or select such data. No masks: tails run element by element.
+template <class T> struct VNarrow;
+template <class T> struct VNarrowBase {
+    using R = __m256i;
+    static constexpr int N = static_cast<int>(32 / sizeof(T));
+    static VRX_INLINE R load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+    static VRX_INLINE void store(T* p, R v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+};
+template <> struct VNarrow<uint8_t> : VNarrowBase<uint8_t> {
+    using T = uint8_t;
+    static VRX_INLINE R set1(T v) { return _mm256_set1_epi8(static_cast<char>(v)); }
+    static VRX_INLINE R min(R a, R b) { return _mm256_min_epu8(a, b); }
+    static VRX_INLINE R max(R a, R b) { return _mm256_max_epu8(a, b); }
+};
+template <> struct VNarrow<uint16_t> : VNarrowBase<uint16_t> {
+    using T = uint16_t;
+    static VRX_INLINE R set1(T v) { return _mm256_set1_epi16(static_cast<short>(v)); }
+    static VRX_INLINE R min(R a, R b) { return _mm256_min_epu16(a, b); }
+    static VRX_INLINE R max(R a, R b) { return _mm256_max_epu16(a, b); }
+};
+template <> struct VNarrow<int16_t> : VNarrowBase<int16_t> {
+    using T = int16_t;
+    static VRX_INLINE R set1(T v) { return _mm256_set1_epi16(v); }
+    static VRX_INLINE R min(R a, R b) { return _mm256_min_epi16(a, b); }
+    static VRX_INLINE R max(R a, R b) { return _mm256_max_epi16(a, b); }
+    // |a|, with -32768 staying -32768
+    static VRX_INLINE R abs(R a) { return _mm256_abs_epi16(a); }
+};
+
 // Orders earlier streaming stores before later stores.
 VRX_INLINE void streamFence() { _mm_sfence(); }
 
