@@ -298,13 +298,23 @@ VRX_INLINE Best<typename Src<T>::E> argBestLanes(const T* p, int len, Xf xf) {
         M m = Op::template better<W>(v, b0);
         b0 = W::blend(m, b0, v); x0 = IW::blend(m, x0, c0);
     }
-    alignas(64) E tv[4 * N];
-    alignas(64) IE ti[4 * N];
-    storeLanes<W>(tv, b0); storeLanes<W>(tv + N, b1); storeLanes<W>(tv + 2 * N, b2); storeLanes<W>(tv + 3 * N, b3);
-    IW::store(ti, x0); IW::store(ti + N, x1); IW::store(ti + 2 * N, x2); IW::store(ti + 3 * N, x3);
+    // the four sets merged lane by lane (better value, or equal value and
+    // lower index), then the lanes
+    auto merge = [](R& b, IR& x, R c, IR y) {
+        const M take = Op::template better<W>(c, b) | (W::eq(c, b) & IW::lt(y, x));
+        b = W::blend(take, b, c);
+        x = IW::blend(take, x, y);
+    };
+    merge(b0, x0, b1, x1);
+    merge(b2, x2, b3, x3);
+    merge(b0, x0, b2, x2);
+    alignas(64) E tv[N];
+    alignas(64) IE ti[N];
+    storeLanes<W>(tv, b0);
+    IW::store(ti, x0);
     E bv = tv[0];
     IE bi = ti[0];
-    for (int j = 1; j < 4 * N; ++j) {
+    for (int j = 1; j < N; ++j) {
         if (Op::sBetter(tv[j], bv) || (tv[j] == bv && ti[j] < bi)) { bv = tv[j]; bi = ti[j]; }
     }
     return {bv, static_cast<int>(bi)};
