@@ -1025,6 +1025,148 @@ VRXAPI(VrxStatus, vrxsMulPackConj_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, i
 
 /* -------------------------------- statistics: extrema, counts and search */
 
+/* Zero-crossing measures of vrxsZeroCrossing_*. */
+enum { vrxZcProduct = 0, vrxZcSignBit = 1, vrxZcSignDiff = 2 };
+
+/* Extremes of a vector. Floating-point forms keep max(running, x) lane by
+ * lane, where an unordered compare yields x: a NaN replaces what its lane
+ * held before, so the result for data with NaN is not defined (no status). */
+VRXAPI(VrxStatus, vrxsMin_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMin))
+VRXAPI(VrxStatus, vrxsMin_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMin))
+VRXAPI(VrxStatus, vrxsMin_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMin))
+VRXAPI(VrxStatus, vrxsMin_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMin))
+VRXAPI(VrxStatus, vrxsMax_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMax))
+VRXAPI(VrxStatus, vrxsMax_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMax))
+VRXAPI(VrxStatus, vrxsMax_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMax))
+VRXAPI(VrxStatus, vrxsMax_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMax))
+
+/* Smallest and largest magnitude. The magnitude of an integer saturates:
+ * -32768 counts as 32767 and -2^31 as 2^31-1, so the result fits the type. */
+VRXAPI(VrxStatus, vrxsMinAbs_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMinAbs))
+VRXAPI(VrxStatus, vrxsMinAbs_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMinAbs))
+VRXAPI(VrxStatus, vrxsMinAbs_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMinAbs))
+VRXAPI(VrxStatus, vrxsMinAbs_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMinAbs))
+VRXAPI(VrxStatus, vrxsMaxAbs_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMaxAbs))
+VRXAPI(VrxStatus, vrxsMaxAbs_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMaxAbs))
+VRXAPI(VrxStatus, vrxsMaxAbs_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMaxAbs))
+VRXAPI(VrxStatus, vrxsMaxAbs_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMaxAbs))
+
+/* Extreme value and the index of its first occurrence. pIndx is optional
+ * (null: the value only, no error). NaN elements never win a strict compare;
+ * a NaN first element is returned with index 0. vrxsMinIndx_32f and
+ * vrxsMaxIndx_32f keep their lane indices in single precision from length 34
+ * on a 4-byte aligned source: the index is exact up to 2^24 only. A source
+ * that is not 4-byte aligned is scanned element by element. */
+VRXAPI(VrxStatus, vrxsMinIndx_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMin, int* pIndx))
+VRXAPI(VrxStatus, vrxsMinIndx_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMin, int* pIndx))
+VRXAPI(VrxStatus, vrxsMinIndx_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMin, int* pIndx))
+VRXAPI(VrxStatus, vrxsMinIndx_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMin, int* pIndx))
+VRXAPI(VrxStatus, vrxsMaxIndx_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMax, int* pIndx))
+VRXAPI(VrxStatus, vrxsMaxIndx_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMax, int* pIndx))
+VRXAPI(VrxStatus, vrxsMaxIndx_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMax, int* pIndx))
+VRXAPI(VrxStatus, vrxsMaxIndx_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMax, int* pIndx))
+
+/* Smallest or largest saturated magnitude and its first index; each element
+ * is saturated before the compare, so -32768 ties with 32767 and the first
+ * wins. pIndx is optional. */
+VRXAPI(VrxStatus, vrxsMinAbsIndx_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMinAbs, int* pIndx))
+VRXAPI(VrxStatus, vrxsMinAbsIndx_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMinAbs, int* pIndx))
+VRXAPI(VrxStatus, vrxsMaxAbsIndx_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMaxAbs, int* pIndx))
+VRXAPI(VrxStatus, vrxsMaxAbsIndx_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMaxAbs, int* pIndx))
+
+/* Minimum and maximum in one pass (NaN as for vrxsMin_*). */
+VRXAPI(VrxStatus, vrxsMinMax_8u, (const Vrx8u* pSrc, int len, Vrx8u* pMin, Vrx8u* pMax))
+VRXAPI(VrxStatus, vrxsMinMax_16u, (const Vrx16u* pSrc, int len, Vrx16u* pMin, Vrx16u* pMax))
+VRXAPI(VrxStatus, vrxsMinMax_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMin, Vrx16s* pMax))
+VRXAPI(VrxStatus, vrxsMinMax_32u, (const Vrx32u* pSrc, int len, Vrx32u* pMin, Vrx32u* pMax))
+VRXAPI(VrxStatus, vrxsMinMax_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMin, Vrx32s* pMax))
+VRXAPI(VrxStatus, vrxsMinMax_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMin, Vrx32f* pMax))
+VRXAPI(VrxStatus, vrxsMinMax_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMin, Vrx64f* pMax))
+
+/* Minimum and maximum with the first index of each; all four result
+ * pointers are required. The values come from one pass, the indices from a
+ * scan for the first equal element: an index stays 0 when nothing compares
+ * equal (a NaN result). */
+VRXAPI(VrxStatus, vrxsMinMaxIndx_8u, (const Vrx8u* pSrc, int len, Vrx8u* pMin, int* pMinIndx, Vrx8u* pMax, int* pMaxIndx))
+VRXAPI(VrxStatus, vrxsMinMaxIndx_16u, (const Vrx16u* pSrc, int len, Vrx16u* pMin, int* pMinIndx, Vrx16u* pMax, int* pMaxIndx))
+VRXAPI(VrxStatus, vrxsMinMaxIndx_16s, (const Vrx16s* pSrc, int len, Vrx16s* pMin, int* pMinIndx, Vrx16s* pMax, int* pMaxIndx))
+VRXAPI(VrxStatus, vrxsMinMaxIndx_32u, (const Vrx32u* pSrc, int len, Vrx32u* pMin, int* pMinIndx, Vrx32u* pMax, int* pMaxIndx))
+VRXAPI(VrxStatus, vrxsMinMaxIndx_32s, (const Vrx32s* pSrc, int len, Vrx32s* pMin, int* pMinIndx, Vrx32s* pMax, int* pMaxIndx))
+VRXAPI(VrxStatus, vrxsMinMaxIndx_32f, (const Vrx32f* pSrc, int len, Vrx32f* pMin, int* pMinIndx, Vrx32f* pMax, int* pMaxIndx))
+VRXAPI(VrxStatus, vrxsMinMaxIndx_64f, (const Vrx64f* pSrc, int len, Vrx64f* pMin, int* pMinIndx, Vrx64f* pMax, int* pMaxIndx))
+
+/* Element-wise minimum: pDst[i] = min(pSrc1[i], pSrc2[i]); when either
+ * element is NaN the result is the element of pSrc2. The _I forms write
+ * min(pSrc[i], pSrcDst[i]) over pSrcDst, the second source. */
+VRXAPI(VrxStatus, vrxsMinEvery_8u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_16u, (const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* pDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_32f, (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_64f, (const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_8u_I, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_16u_I, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_16s_I, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_32s_I, (const Vrx32s* pSrc, Vrx32s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_32f_I, (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMinEvery_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
+
+/* Element-wise maximum, the counterpart of vrxsMinEvery_* (NaN: pSrc2). */
+VRXAPI(VrxStatus, vrxsMaxEvery_8u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_16u, (const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* pDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_32f, (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_64f, (const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_8u_I, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_16u_I, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_16s_I, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_32s_I, (const Vrx32s* pSrc, Vrx32s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_32f_I, (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsMaxEvery_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
+
+/* Order of a vector: the bit position, counted from 1, of the top bit of
+ * its largest magnitude (0 for all zeros); -32768 counts as 32768 (16) and
+ * -2^31 as 2^31 (32). Checks the length (-6) BEFORE the pointers (-8). */
+VRXAPI(VrxStatus, vrxsMaxOrder_16s, (const Vrx16s* pSrc, int len, int* pOrder))
+VRXAPI(VrxStatus, vrxsMaxOrder_32s, (const Vrx32s* pSrc, int len, int* pOrder))
+/* Floating-point order: biased exponent of the largest finite magnitude
+ * minus 126 (1.0 gives 1, 0.5 gives 0; 0 for all zeros; subnormals -126).
+ * Infinities and NaNs count as 0 and give vrxWarnNanArg (9), the order still
+ * written. Checks the length before the pointers. The MXCSR invalid flag is
+ * read after a first pass: when set (by this call or left set by the caller)
+ * a second, filtering pass runs and the flag is cleared on return. */
+VRXAPI(VrxStatus, vrxsMaxOrder_32f, (const Vrx32f* pSrc, int len, int* pOrder))
+/* As vrxsMaxOrder_32f, biased exponent minus 1022. */
+VRXAPI(VrxStatus, vrxsMaxOrder_64f, (const Vrx64f* pSrc, int len, int* pOrder))
+
+/* Number of elements x with lowerBound < x < upperBound (both bounds
+ * exclusive; lowerBound >= upperBound counts 0). */
+VRXAPI(VrxStatus, vrxsCountInRange_32s, (const Vrx32s* pSrc, int len, int* pCount, Vrx32s lowerBound, Vrx32s upperBound))
+
+/* Zero crossings over the neighbour pairs (x[i], x[i+1]), written as a
+ * float. zcType vrxZcProduct: pairs whose single-precision product is below
+ * 0; vrxZcSignBit: pairs whose sign bits differ (-0 is negative);
+ * vrxZcSignDiff: half the sum of |sign(x[i+1]) - sign(x[i])|, so a step to
+ * or from zero is worth 0.5. Length 1 gives 0. Only len == 0 is rejected
+ * (-6; a negative length is not tested), then an unknown zcType gives
+ * vrxErrRange (-7). */
+VRXAPI(VrxStatus, vrxsZeroCrossing_32f, (const Vrx32f* pSrc, int len, Vrx32f* pValZC, int zcType))
+/* As vrxsZeroCrossing_32f on 16-bit data: the product is exact, 0 counts as
+ * positive, and vrxZcSignDiff is the integer floor of half the sum. */
+VRXAPI(VrxStatus, vrxsZeroCrossing_16s32f, (const Vrx16s* pSrc, int len, Vrx32f* pValZC, int zcType))
+
+/* Nearest entry of an ascending table to inpVal: its value and index; a tie
+ * goes to the lower index. tblLen below 1 gives -6. */
+VRXAPI(VrxStatus, vrxsFindNearestOne_16u, (Vrx16u inpVal, Vrx16u* pOutVal, int* pOutIndx, const Vrx16u* pTable, int tblLen))
+/* vrxsFindNearestOne_16u for each of len values; -6 when len or tblLen is
+ * below 1 (all four pointers are checked first). */
+VRXAPI(VrxStatus, vrxsFindNearest_16u, (const Vrx16u* pVals, Vrx16u* pOutVals, int* pOutIndx, int len, const Vrx16u* pTable, int tblLen))
+
+/* Running sum over a window of winSize elements in single precision:
+ * pDst[i] = x[i] + ... + x[i+winSize-1] for i < len, formed as one sum that
+ * is updated by the exact integer difference x[i+winSize] - x[i] converted
+ * to float, never recomputed. The source must hold len + winSize elements.
+ * winSize below 1 gives vrxErrMaskSize (-33), tested after the length. */
+VRXAPI(VrxStatus, vrxsSumWindow_8u32f, (const Vrx8u* pSrc, Vrx32f* pDst, int len, int winSize))
+VRXAPI(VrxStatus, vrxsSumWindow_16s32f, (const Vrx16s* pSrc, Vrx32f* pDst, int len, int winSize))
+
 /* ------------------------------------- end of extrema, counts and search */
 
 /* -------------------------------------------------------------- sorting */

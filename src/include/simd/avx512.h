@@ -189,6 +189,10 @@ template <class T> struct VInt<T, 4> {
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi32_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi32(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si32(_mm512_castsi512_si128(a))); }
+    // lanes moved up by K places, 0 shifted in: (0, .., 0, a0, .., a[15-K])
+    template <int K> static VRX_INLINE R shiftUp(R a) { return _mm512_alignr_epi32(a, _mm512_setzero_si512(), 16 - K); }
+    // lane 15 in every lane
+    static VRX_INLINE R broadcastLast(R a) { return _mm512_permutexvar_epi32(_mm512_set1_epi32(15), a); }
 };
 
 template <class T> struct VInt<T, 8> {
@@ -247,6 +251,8 @@ VRX_INLINE __m512d lowToDouble(__m512 a) { return _mm512_cvtps_pd(_mm512_castps5
 VRX_INLINE __m512d highToDouble(__m512 a) {
     return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
 }
+// Signed 32-bit lanes to float in the caller's rounding mode (exact up to 2^24).
+VRX_INLINE __m512 int32ToFloat(__m512i a) { return _mm512_cvtepi32_ps(a); }
 // Two registers of doubles rounded to nearest (ties to even) into one of
 // floats, whatever the caller's mode: lo fills lanes 0..7, hi lanes 8..15.
 VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
@@ -275,6 +281,37 @@ VRX_INLINE void narrowSat8s(int8_t* p, __mmask16 m, __m512i v) { _mm512_mask_cvt
 VRX_INLINE void narrowSat8u(uint8_t* p, __mmask16 m, __m512i v) {
     _mm512_mask_cvtusepi32_storeu_epi8(p, m, _mm512_max_epi32(v, _mm512_setzero_si512()));
 }
+
+// Compare-and-select on 8- and 16-bit lanes with AVX2, 32 bytes a register
+// (32 of uint8_t, 16 of int16_t or uint16_t): for kernels that only compare
+// or select such data. No masks: tails run element by element.
+template <class T> struct VNarrow;
+template <class T> struct VNarrowBase {
+    using R = __m256i;
+    static constexpr int N = static_cast<int>(32 / sizeof(T));
+    static VRX_INLINE R load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+    static VRX_INLINE void store(T* p, R v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+};
+template <> struct VNarrow<uint8_t> : VNarrowBase<uint8_t> {
+    using T = uint8_t;
+    static VRX_INLINE R set1(T v) { return _mm256_set1_epi8(static_cast<char>(v)); }
+    static VRX_INLINE R min(R a, R b) { return _mm256_min_epu8(a, b); }
+    static VRX_INLINE R max(R a, R b) { return _mm256_max_epu8(a, b); }
+};
+template <> struct VNarrow<uint16_t> : VNarrowBase<uint16_t> {
+    using T = uint16_t;
+    static VRX_INLINE R set1(T v) { return _mm256_set1_epi16(static_cast<short>(v)); }
+    static VRX_INLINE R min(R a, R b) { return _mm256_min_epu16(a, b); }
+    static VRX_INLINE R max(R a, R b) { return _mm256_max_epu16(a, b); }
+};
+template <> struct VNarrow<int16_t> : VNarrowBase<int16_t> {
+    using T = int16_t;
+    static VRX_INLINE R set1(T v) { return _mm256_set1_epi16(v); }
+    static VRX_INLINE R min(R a, R b) { return _mm256_min_epi16(a, b); }
+    static VRX_INLINE R max(R a, R b) { return _mm256_max_epi16(a, b); }
+    // |a|, with -32768 staying -32768
+    static VRX_INLINE R abs(R a) { return _mm256_abs_epi16(a); }
+};
 
 // Orders earlier streaming stores before later stores.
 VRX_INLINE void streamFence() { _mm_sfence(); }

@@ -1,0 +1,106 @@
+// Table search (FindNearest, FindNearestOne) and the running window sum
+// (SumWindow).
+#include "vrx_extrema.h"
+
+using namespace n0;
+
+namespace {
+
+// ---------------------------------------------------------- FindNearest
+// Index of the entry of the ascending table t[0..n) nearest to v: the ends
+// first, then a binary descent that keeps t[b] <= v < t[b + k], then the
+// nearer of t[b] and t[b + 1], the lower on a tie.
+VRX_INLINE int nearestIndex(unsigned v, const Vrx16u* t, int n) {
+    if (n == 1 || v <= t[0]) return 0;
+    if (v >= t[n - 1]) return n - 1;
+    int b = 0, k = n - 1;
+    while (k > 1) {
+        const int s = k;
+        k >>= 1;
+        if (v >= t[b + k]) {
+            b += k;
+            k = s - k;
+        }
+    }
+    return v - t[b] <= t[b + 1] - v ? b : b + 1;
+}
+
+// ------------------------------------------------------------ SumWindow
+// The running single-precision sum. While every partial sum stays within
+// 2^24 in magnitude each float addition is exact, so the sums are the exact
+// integer window sums: those are formed 16 at a time as a prefix sum of the
+// differences x[i+w] - x[i] in 32-bit lanes. Beyond that bound the sum runs
+// element by element in single precision, never recomputed.
+template <class T>
+VRX_INLINE void sumWindowExact(const T* p, float* d, int len, int w) {
+    using I = simd::V<int32_t>;
+    using F = simd::V<float>;
+    int32_t s = 0;
+    for (int j = 0; j < w; ++j) s += p[j];
+    I::R carry = I::set1(s);
+    int i = 0;
+    for (; i + 16 <= len; i += 16) {
+        // reads x[i+w .. i+w+15], within the len + w elements of the source
+        const I::R dv = I::sub(ext::Src<T>::load(p + i + w), ext::Src<T>::load(p + i));
+        I::R inc = I::add(dv, I::shiftUp<1>(dv));
+        inc = I::add(inc, I::shiftUp<2>(inc));
+        inc = I::add(inc, I::shiftUp<4>(inc));
+        inc = I::add(inc, I::shiftUp<8>(inc));
+        F::store(d + i, simd::int32ToFloat(I::add(carry, I::sub(inc, dv))));
+        carry = I::add(carry, I::broadcastLast(inc));
+    }
+    s = I::first(carry);
+    for (; i < len; ++i) {
+        d[i] = static_cast<float>(s);
+        if (i + 1 < len) s += static_cast<int32_t>(p[i + w]) - static_cast<int32_t>(p[i]);
+    }
+}
+
+template <class T>
+VRX_INLINE void sumWindowRunning(const T* p, float* d, int len, int w) {
+    float s = 0.0f;
+    for (int j = 0; j < w; ++j) s += static_cast<float>(p[j]);
+    for (int i = 0; i < len; ++i) {
+        d[i] = s;
+        if (i + 1 < len) s += static_cast<float>(static_cast<int32_t>(p[i + w]) - static_cast<int32_t>(p[i]));
+    }
+}
+
+template <class T>
+VRX_INLINE VrxStatus sumWindow(const T* pSrc, Vrx32f* pDst, int len, int winSize) {
+    if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
+    if (winSize < 1) return vrxErrMaskSize;
+    constexpr int64_t kMaxMagnitude = sizeof(T) == 1 ? 255 : 32768;
+    if (static_cast<int64_t>(winSize) * kMaxMagnitude <= (int64_t(1) << 24)) sumWindowExact(pSrc, pDst, len, winSize);
+    else sumWindowRunning(pSrc, pDst, len, winSize);
+    return vrxOk;
+}
+
+}  // namespace
+
+VrxStatus N0(vrxsFindNearestOne_16u)(Vrx16u inpVal, Vrx16u* pOutVal, int* pOutIndx, const Vrx16u* pTable, int tblLen) {
+    if (VrxStatus st = checkArgs(tblLen, pOutVal, pOutIndx, pTable)) return st;
+    const int k = nearestIndex(inpVal, pTable, tblLen);
+    *pOutVal = pTable[k];
+    *pOutIndx = k;
+    return vrxOk;
+}
+
+// Pointers first, then either length below 1.
+VrxStatus N0(vrxsFindNearest_16u)(const Vrx16u* pVals, Vrx16u* pOutVals, int* pOutIndx, int len, const Vrx16u* pTable, int tblLen) {
+    if (anyNull(pVals, pOutVals, pOutIndx, pTable)) return vrxErrNullPtr;
+    if (len < 1 || tblLen < 1) return vrxErrBadLength;
+    if (tblLen == 1) {
+        for (int i = 0; i < len; ++i) { pOutVals[i] = pTable[0]; pOutIndx[i] = 0; }
+        return vrxOk;
+    }
+    for (int i = 0; i < len; ++i) {
+        const int k = nearestIndex(pVals[i], pTable, tblLen);
+        pOutVals[i] = pTable[k];
+        pOutIndx[i] = k;
+    }
+    return vrxOk;
+}
+
+VrxStatus N0(vrxsSumWindow_8u32f)(const Vrx8u* pSrc, Vrx32f* pDst, int len, int winSize) { return sumWindow(pSrc, pDst, len, winSize); }
+VrxStatus N0(vrxsSumWindow_16s32f)(const Vrx16s* pSrc, Vrx32f* pDst, int len, int winSize) { return sumWindow(pSrc, pDst, len, winSize); }

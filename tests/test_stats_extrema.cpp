@@ -1,0 +1,355 @@
+// Extremes and their positions: every value and Indx form against a scalar
+// reference over lengths 1..300 with duplicated extremes, the 16-bit forms
+// across 4096-element blocks, the single-precision Indx paths (33/34 and
+// misaligned sources), saturated magnitudes, NaN rules of the element-wise
+// forms, and the failure statuses of the whole family with nothing written.
+#include <float.h>
+#include <math.h>
+
+#include <functional>
+#include <limits>
+#include <string>
+
+#include "vrx_test.h"
+
+namespace {
+
+// Data with many repeats: extremes occur at several positions, in
+// different lanes and unrolled register sets.
+template <class T>
+std::vector<T> repeats(vt::Rng& rng, int n) {
+    std::vector<T> v(n);
+    for (auto& x : v) {
+        if constexpr (std::is_floating_point_v<T>) x = static_cast<T>(rng.range(-6, 6)) * T(0.5);
+        else if constexpr (std::is_signed_v<T>) x = static_cast<T>(rng.range(-6, 6));
+        else x = static_cast<T>(rng.range(0, 9));
+    }
+    if (n > 8 && rng.range(0, 1)) {
+        // the type's extremes, twice each
+        v[rng.range(0, n - 1)] = std::numeric_limits<T>::lowest();
+        v[rng.range(0, n - 1)] = std::numeric_limits<T>::lowest();
+        v[rng.range(0, n - 1)] = std::numeric_limits<T>::max();
+        v[rng.range(0, n - 1)] = std::numeric_limits<T>::max();
+    }
+    return v;
+}
+
+// Saturated magnitude as the library defines it.
+template <class T> T satAbs(T x) {
+    if constexpr (std::is_floating_point_v<T>) return std::fabs(x);
+    else return x == std::numeric_limits<T>::lowest() ? std::numeric_limits<T>::max() : static_cast<T>(x < 0 ? -x : x);
+}
+
+template <class T, class Key>
+int firstBest(const std::vector<T>& v, bool wantMax, Key key) {
+    int k = 0;
+    for (int i = 1; i < static_cast<int>(v.size()); ++i) {
+        if (wantMax ? key(v[i]) > key(v[k]) : key(v[i]) < key(v[k])) k = i;
+    }
+    return k;
+}
+
+template <class T>
+using IndxFn = std::function<VrxStatus(const T*, int, T*, int*)>;
+
+// An Indx form against the reference; with a null index pointer the value
+// is the same and nothing else is written.
+template <class T>
+void checkIndx(const char* name, IndxFn<T> f, bool wantMax, bool abs) {
+    vt::Rng rng(7);
+    for (int len = 1; len <= 300; ++len) {
+        for (int rep = 0; rep < 3; ++rep) {
+            auto x = repeats<T>(rng, len);
+            auto key = [abs](T a) { return abs ? satAbs(a) : a; };
+            const int k = firstBest(x, wantMax, key);
+            T val{};
+            int idx = -1;
+            ASSERT_EQ(f(x.data(), len, &val, &idx), vrxOk) << name;
+            ASSERT_EQ(idx, k) << name << " len " << len;
+            ASSERT_EQ(val, key(x[k])) << name << " len " << len;
+            T val2{};
+            ASSERT_EQ(f(x.data(), len, &val2, nullptr), vrxOk) << name;
+            ASSERT_EQ(val2, val) << name;
+        }
+    }
+}
+
+TEST(Extrema, IndxFormsTakeTheFirstPosition) {
+    checkIndx<Vrx16s>("MinIndx_16s", vrxsMinIndx_16s, false, false);
+    checkIndx<Vrx16s>("MaxIndx_16s", vrxsMaxIndx_16s, true, false);
+    checkIndx<Vrx32s>("MinIndx_32s", vrxsMinIndx_32s, false, false);
+    checkIndx<Vrx32s>("MaxIndx_32s", vrxsMaxIndx_32s, true, false);
+    checkIndx<Vrx32f>("MinIndx_32f", vrxsMinIndx_32f, false, false);
+    checkIndx<Vrx32f>("MaxIndx_32f", vrxsMaxIndx_32f, true, false);
+    checkIndx<Vrx64f>("MinIndx_64f", vrxsMinIndx_64f, false, false);
+    checkIndx<Vrx64f>("MaxIndx_64f", vrxsMaxIndx_64f, true, false);
+    checkIndx<Vrx16s>("MinAbsIndx_16s", vrxsMinAbsIndx_16s, false, true);
+    checkIndx<Vrx16s>("MaxAbsIndx_16s", vrxsMaxAbsIndx_16s, true, true);
+    checkIndx<Vrx32s>("MinAbsIndx_32s", vrxsMinAbsIndx_32s, false, true);
+    checkIndx<Vrx32s>("MaxAbsIndx_32s", vrxsMaxAbsIndx_32s, true, true);
+}
+
+template <class T>
+void checkValues(const char* name, std::function<VrxStatus(const T*, int, T*)> mn, std::function<VrxStatus(const T*, int, T*)> mx,
+                 std::function<VrxStatus(const T*, int, T*)> mnAbs, std::function<VrxStatus(const T*, int, T*)> mxAbs) {
+    vt::Rng rng(11);
+    for (int len = 1; len <= 300; ++len) {
+        auto x = repeats<T>(rng, len);
+        auto id = [](T a) { return a; };
+        auto ab = [](T a) { return satAbs(a); };
+        T r;
+        ASSERT_EQ(mn(x.data(), len, &r), vrxOk);
+        ASSERT_EQ(r, x[firstBest(x, false, id)]) << name << " min " << len;
+        ASSERT_EQ(mx(x.data(), len, &r), vrxOk);
+        ASSERT_EQ(r, x[firstBest(x, true, id)]) << name << " max " << len;
+        ASSERT_EQ(mnAbs(x.data(), len, &r), vrxOk);
+        ASSERT_EQ(r, satAbs(x[firstBest(x, false, ab)])) << name << " minabs " << len;
+        ASSERT_EQ(mxAbs(x.data(), len, &r), vrxOk);
+        ASSERT_EQ(r, satAbs(x[firstBest(x, true, ab)])) << name << " maxabs " << len;
+    }
+}
+
+TEST(Extrema, ValueForms) {
+    checkValues<Vrx16s>("16s", vrxsMin_16s, vrxsMax_16s, vrxsMinAbs_16s, vrxsMaxAbs_16s);
+    checkValues<Vrx32s>("32s", vrxsMin_32s, vrxsMax_32s, vrxsMinAbs_32s, vrxsMaxAbs_32s);
+    checkValues<Vrx32f>("32f", vrxsMin_32f, vrxsMax_32f, vrxsMinAbs_32f, vrxsMaxAbs_32f);
+    checkValues<Vrx64f>("64f", vrxsMin_64f, vrxsMax_64f, vrxsMinAbs_64f, vrxsMaxAbs_64f);
+}
+
+template <class T>
+void checkMinMax(const char* name, std::function<VrxStatus(const T*, int, T*, T*)> mm,
+                 std::function<VrxStatus(const T*, int, T*, int*, T*, int*)> mmi) {
+    vt::Rng rng(13);
+    auto id = [](T a) { return a; };
+    for (int len = 1; len <= 300; ++len) {
+        auto x = repeats<T>(rng, len);
+        const int kn = firstBest(x, false, id), kx = firstBest(x, true, id);
+        T a, b;
+        ASSERT_EQ(mm(x.data(), len, &a, &b), vrxOk);
+        ASSERT_EQ(a, x[kn]) << name << " " << len;
+        ASSERT_EQ(b, x[kx]) << name << " " << len;
+        int ia = -1, ib = -1;
+        ASSERT_EQ(mmi(x.data(), len, &a, &ia, &b, &ib), vrxOk);
+        ASSERT_EQ(a, x[kn]) << name << " " << len;
+        ASSERT_EQ(b, x[kx]) << name << " " << len;
+        ASSERT_EQ(ia, kn) << name << " " << len;
+        ASSERT_EQ(ib, kx) << name << " " << len;
+    }
+}
+
+TEST(Extrema, MinMaxAndMinMaxIndx) {
+    checkMinMax<Vrx8u>("8u", vrxsMinMax_8u, vrxsMinMaxIndx_8u);
+    checkMinMax<Vrx16u>("16u", vrxsMinMax_16u, vrxsMinMaxIndx_16u);
+    checkMinMax<Vrx16s>("16s", vrxsMinMax_16s, vrxsMinMaxIndx_16s);
+    checkMinMax<Vrx32u>("32u", vrxsMinMax_32u, vrxsMinMaxIndx_32u);
+    checkMinMax<Vrx32s>("32s", vrxsMinMax_32s, vrxsMinMaxIndx_32s);
+    checkMinMax<Vrx32f>("32f", vrxsMinMax_32f, vrxsMinMaxIndx_32f);
+    checkMinMax<Vrx64f>("64f", vrxsMinMax_64f, vrxsMinMaxIndx_64f);
+}
+
+// Equal extremes in different 4096-element blocks keep the first; a later
+// block that strictly improves takes over.
+TEST(Extrema, SixteenBitBlocks) {
+    const int len = 3 * 4096 + 77;
+    std::vector<Vrx16s> x(len, 0);
+    for (int i = 0; i < len; ++i) x[i] = static_cast<Vrx16s>((i * 7) % 100 - 50);
+    x[4100] = 900; x[9000] = 900; x[len - 3] = 900;          // blocks 1, 2 and the last
+    x[5000] = -900; x[12290] = -900;
+    Vrx16s v; int k;
+    ASSERT_EQ(vrxsMaxIndx_16s(x.data(), len, &v, &k), vrxOk);
+    EXPECT_EQ(v, 900); EXPECT_EQ(k, 4100);
+    ASSERT_EQ(vrxsMinIndx_16s(x.data(), len, &v, &k), vrxOk);
+    EXPECT_EQ(v, -900); EXPECT_EQ(k, 5000);
+    ASSERT_EQ(vrxsMaxAbsIndx_16s(x.data(), len, &v, &k), vrxOk);
+    EXPECT_EQ(v, 900); EXPECT_EQ(k, 4100);
+    x[len - 2] = 901;                                         // the short last block wins
+    ASSERT_EQ(vrxsMaxIndx_16s(x.data(), len, &v, &k), vrxOk);
+    EXPECT_EQ(v, 901); EXPECT_EQ(k, len - 2);
+    x[3] = -32768; x[8000] = 32767;                           // saturated tie: the first
+    ASSERT_EQ(vrxsMaxAbsIndx_16s(x.data(), len, &v, &k), vrxOk);
+    EXPECT_EQ(v, 32767); EXPECT_EQ(k, 3);
+}
+
+// Lengths around the switch to float lane indices, sources at byte offsets
+// 0..3 (1..3: the element-by-element path).
+TEST(Extrema, SinglePrecisionIndxPaths) {
+    vt::Rng rng(17);
+    for (int len : {1, 15, 16, 17, 33, 34, 35, 64, 65, 200}) {
+        for (size_t off = 0; off < 4; ++off) {
+            auto x = repeats<Vrx32f>(rng, len);
+            vt::Buffer b(len * sizeof(float), off);
+            memcpy(b.data(), x.data(), len * sizeof(float));
+            const Vrx32f* p = reinterpret_cast<const Vrx32f*>(b.data());
+            auto id = [](float a) { return a; };
+            float v; int k;
+            ASSERT_EQ(vrxsMaxIndx_32f(p, len, &v, &k), vrxOk);
+            EXPECT_EQ(k, firstBest(x, true, id)) << len << " off " << off;
+            EXPECT_EQ(v, x[k]);
+            ASSERT_EQ(vrxsMinIndx_32f(p, len, &v, &k), vrxOk);
+            EXPECT_EQ(k, firstBest(x, false, id)) << len << " off " << off;
+            EXPECT_EQ(v, x[k]);
+        }
+    }
+    // a NaN first element is returned with index 0 (short and misaligned paths);
+    // a later NaN is passed over
+    for (size_t off : {size_t(0), size_t(1)}) {
+        std::vector<float> x(33, 1.0f);
+        x[0] = NAN; x[20] = 5.0f; x[10] = -5.0f;
+        vt::Buffer b(33 * sizeof(float), off);
+        memcpy(b.data(), x.data(), sizeof(float) * 33);
+        const Vrx32f* p = reinterpret_cast<const Vrx32f*>(b.data());
+        float v; int k = -1;
+        ASSERT_EQ(vrxsMaxIndx_32f(p, 33, &v, &k), vrxOk);
+        EXPECT_TRUE(std::isnan(v)); EXPECT_EQ(k, 0);
+        x[0] = 0.0f; x[5] = NAN;
+        memcpy(b.data(), x.data(), sizeof(float) * 33);
+        ASSERT_EQ(vrxsMaxIndx_32f(p, 33, &v, &k), vrxOk);
+        EXPECT_EQ(v, 5.0f); EXPECT_EQ(k, 20);
+        ASSERT_EQ(vrxsMinIndx_32f(p, 33, &v, &k), vrxOk);
+        EXPECT_EQ(v, -5.0f); EXPECT_EQ(k, 10);
+    }
+}
+
+TEST(Extrema, SaturatedMagnitudes) {
+    const Vrx16s m16[] = {-32768}, t16[] = {32767, -32768}, u16[] = {-32768, 32767};
+    Vrx16s v; int k;
+    ASSERT_EQ(vrxsMaxAbs_16s(m16, 1, &v), vrxOk); EXPECT_EQ(v, 32767);
+    ASSERT_EQ(vrxsMinAbs_16s(m16, 1, &v), vrxOk); EXPECT_EQ(v, 32767);
+    ASSERT_EQ(vrxsMaxAbsIndx_16s(t16, 2, &v, &k), vrxOk); EXPECT_EQ(v, 32767); EXPECT_EQ(k, 0);
+    ASSERT_EQ(vrxsMaxAbsIndx_16s(u16, 2, &v, &k), vrxOk); EXPECT_EQ(v, 32767); EXPECT_EQ(k, 0);
+    ASSERT_EQ(vrxsMinAbsIndx_16s(u16, 2, &v, &k), vrxOk); EXPECT_EQ(v, 32767); EXPECT_EQ(k, 0);
+    const Vrx32s m32[] = {3, INT32_MIN, INT32_MAX};
+    Vrx32s w;
+    ASSERT_EQ(vrxsMaxAbs_32s(m32, 3, &w), vrxOk); EXPECT_EQ(w, INT32_MAX);
+    ASSERT_EQ(vrxsMaxAbsIndx_32s(m32, 3, &w, &k), vrxOk); EXPECT_EQ(w, INT32_MAX); EXPECT_EQ(k, 1);
+    ASSERT_EQ(vrxsMinAbs_32s(m32 + 1, 1, &w), vrxOk); EXPECT_EQ(w, INT32_MAX);
+}
+
+// ------------------------------------------------------------- Every forms
+template <class T>
+void checkEvery(const char* name, bool isMax, std::function<VrxStatus(const T*, const T*, T*, int)> oop,
+                std::function<VrxStatus(const T*, T*, int)> inp) {
+    vt::Rng rng(19);
+    for (int len = 1; len <= 70; ++len) {
+        std::vector<T> a(len), b(len);
+        rng.fill(a.data(), len * sizeof(T));
+        rng.fill(b.data(), len * sizeof(T));
+        if constexpr (std::is_floating_point_v<T>) {
+            for (int i = 0; i < len; ++i) { a[i] = static_cast<T>(rng.range(-4, 4)); b[i] = static_cast<T>(rng.range(-4, 4)); }
+            if (len > 3) { a[1] = NAN; b[2] = NAN; a[3] = T(0); b[3] = -T(0); }
+        }
+        // second operand through on NaN, and also on equal values (+0 / -0)
+        auto ref = [isMax](T x, T y) { return isMax ? (x > y ? x : y) : (x < y ? x : y); };
+        vt::Buffer d(len * sizeof(T), (len % 4) * sizeof(T) % 64);
+        if (oop) {
+            ASSERT_EQ(oop(a.data(), b.data(), d.as<T>(), len), vrxOk) << name;
+            for (int i = 0; i < len; ++i) {
+                T r = ref(a[i], b[i]);
+                ASSERT_EQ(memcmp(&d.as<T>()[i], &r, sizeof(T)), 0) << name << " len " << len << " i " << i;
+            }
+        }
+        memcpy(d.data(), b.data(), len * sizeof(T));
+        ASSERT_EQ(inp(a.data(), d.as<T>(), len), vrxOk) << name;
+        for (int i = 0; i < len; ++i) {
+            T r = ref(a[i], b[i]);
+            ASSERT_EQ(memcmp(&d.as<T>()[i], &r, sizeof(T)), 0) << name << "_I len " << len << " i " << i;
+        }
+        ASSERT_TRUE(d.guardsIntact()) << name;
+    }
+}
+
+TEST(Extrema, EveryForms) {
+    checkEvery<Vrx8u>("MinEvery_8u", false, vrxsMinEvery_8u, vrxsMinEvery_8u_I);
+    checkEvery<Vrx16u>("MinEvery_16u", false, vrxsMinEvery_16u, vrxsMinEvery_16u_I);
+    checkEvery<Vrx16s>("MinEvery_16s", false, nullptr, vrxsMinEvery_16s_I);
+    checkEvery<Vrx32s>("MinEvery_32s", false, nullptr, vrxsMinEvery_32s_I);
+    checkEvery<Vrx32f>("MinEvery_32f", false, vrxsMinEvery_32f, vrxsMinEvery_32f_I);
+    checkEvery<Vrx64f>("MinEvery_64f", false, vrxsMinEvery_64f, vrxsMinEvery_64f_I);
+    checkEvery<Vrx8u>("MaxEvery_8u", true, vrxsMaxEvery_8u, vrxsMaxEvery_8u_I);
+    checkEvery<Vrx16u>("MaxEvery_16u", true, vrxsMaxEvery_16u, vrxsMaxEvery_16u_I);
+    checkEvery<Vrx16s>("MaxEvery_16s", true, nullptr, vrxsMaxEvery_16s_I);
+    checkEvery<Vrx32s>("MaxEvery_32s", true, nullptr, vrxsMaxEvery_32s_I);
+    checkEvery<Vrx32f>("MaxEvery_32f", true, vrxsMaxEvery_32f, vrxsMaxEvery_32f_I);
+    checkEvery<Vrx64f>("MaxEvery_64f", true, vrxsMaxEvery_64f, vrxsMaxEvery_64f_I);
+}
+
+// ------------------------------------------------- failures of the family
+// Each entry is called with each required pointer null (-8) and with
+// lengths 0 and -1 (-6); every output byte must stay as it was.
+struct Call {
+    std::string name;
+    int pointers;                                                   // required pointers
+    std::function<VrxStatus(int nullAt, int len, uint8_t* out)> f; // nullAt -1: none
+};
+
+template <class T> const T* in(int nullAt, int k, const T* p) { return nullAt == k ? nullptr : p; }
+template <class T> T* out(int nullAt, int k, uint8_t* o, int slot) { return nullAt == k ? nullptr : reinterpret_cast<T*>(o + 64 * slot); }
+
+alignas(64) const uint8_t kData[512] = {1, 2, 3};
+
+template <class T> const T* src() { return reinterpret_cast<const T*>(kData); }
+
+#define SRC_RES(F, T, R) {#F, 2, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<R>(z, 1, o, 0)); }}
+#define SRC_RES_IDX(F, T) {#F, 2, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<T>(z, 1, o, 0), out<int>(-1, 9, o, 1)); }}
+#define SRC_2RES(F, T) {#F, 3, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<T>(z, 1, o, 0), out<T>(z, 2, o, 1)); }}
+#define SRC_4RES(F, T) {#F, 5, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<T>(z, 1, o, 0), out<int>(z, 2, o, 1), out<T>(z, 3, o, 2), out<int>(z, 4, o, 3)); }}
+#define EVERY(F, T) {#F, 3, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), in(z, 1, src<T>() + 8), out<T>(z, 2, o, 0), n); }}
+#define EVERY_I(F, T) {#F, 2, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), out<T>(z, 1, o, 0), n); }}
+
+std::vector<Call> calls() {
+    return {
+        SRC_RES(vrxsMin_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMin_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMin_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMin_64f, Vrx64f, Vrx64f),
+        SRC_RES(vrxsMax_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMax_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMax_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMax_64f, Vrx64f, Vrx64f),
+        SRC_RES(vrxsMinAbs_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMinAbs_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMinAbs_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMinAbs_64f, Vrx64f, Vrx64f),
+        SRC_RES(vrxsMaxAbs_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMaxAbs_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMaxAbs_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMaxAbs_64f, Vrx64f, Vrx64f),
+        SRC_RES_IDX(vrxsMinIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMinIndx_32s, Vrx32s), SRC_RES_IDX(vrxsMinIndx_32f, Vrx32f), SRC_RES_IDX(vrxsMinIndx_64f, Vrx64f),
+        SRC_RES_IDX(vrxsMaxIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMaxIndx_32s, Vrx32s), SRC_RES_IDX(vrxsMaxIndx_32f, Vrx32f), SRC_RES_IDX(vrxsMaxIndx_64f, Vrx64f),
+        SRC_RES_IDX(vrxsMinAbsIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMinAbsIndx_32s, Vrx32s), SRC_RES_IDX(vrxsMaxAbsIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMaxAbsIndx_32s, Vrx32s),
+        SRC_2RES(vrxsMinMax_8u, Vrx8u), SRC_2RES(vrxsMinMax_16u, Vrx16u), SRC_2RES(vrxsMinMax_16s, Vrx16s), SRC_2RES(vrxsMinMax_32u, Vrx32u),
+        SRC_2RES(vrxsMinMax_32s, Vrx32s), SRC_2RES(vrxsMinMax_32f, Vrx32f), SRC_2RES(vrxsMinMax_64f, Vrx64f),
+        SRC_4RES(vrxsMinMaxIndx_8u, Vrx8u), SRC_4RES(vrxsMinMaxIndx_16u, Vrx16u), SRC_4RES(vrxsMinMaxIndx_16s, Vrx16s), SRC_4RES(vrxsMinMaxIndx_32u, Vrx32u),
+        SRC_4RES(vrxsMinMaxIndx_32s, Vrx32s), SRC_4RES(vrxsMinMaxIndx_32f, Vrx32f), SRC_4RES(vrxsMinMaxIndx_64f, Vrx64f),
+        EVERY(vrxsMinEvery_8u, Vrx8u), EVERY(vrxsMinEvery_16u, Vrx16u), EVERY(vrxsMinEvery_32f, Vrx32f), EVERY(vrxsMinEvery_64f, Vrx64f),
+        EVERY(vrxsMaxEvery_8u, Vrx8u), EVERY(vrxsMaxEvery_16u, Vrx16u), EVERY(vrxsMaxEvery_32f, Vrx32f), EVERY(vrxsMaxEvery_64f, Vrx64f),
+        EVERY_I(vrxsMinEvery_8u_I, Vrx8u), EVERY_I(vrxsMinEvery_16u_I, Vrx16u), EVERY_I(vrxsMinEvery_16s_I, Vrx16s),
+        EVERY_I(vrxsMinEvery_32s_I, Vrx32s), EVERY_I(vrxsMinEvery_32f_I, Vrx32f), EVERY_I(vrxsMinEvery_64f_I, Vrx64f),
+        EVERY_I(vrxsMaxEvery_8u_I, Vrx8u), EVERY_I(vrxsMaxEvery_16u_I, Vrx16u), EVERY_I(vrxsMaxEvery_16s_I, Vrx16s),
+        EVERY_I(vrxsMaxEvery_32s_I, Vrx32s), EVERY_I(vrxsMaxEvery_32f_I, Vrx32f), EVERY_I(vrxsMaxEvery_64f_I, Vrx64f),
+        {"vrxsCountInRange_32s", 2, [](int z, int n, uint8_t* o) { return vrxsCountInRange_32s(in(z, 0, src<Vrx32s>()), n, out<int>(z, 1, o, 0), 0, 5); }},
+        {"vrxsSumWindow_8u32f", 2, [](int z, int n, uint8_t* o) { return vrxsSumWindow_8u32f(in(z, 0, src<Vrx8u>()), out<Vrx32f>(z, 1, o, 0), n, 2); }},
+        {"vrxsSumWindow_16s32f", 2, [](int z, int n, uint8_t* o) { return vrxsSumWindow_16s32f(in(z, 0, src<Vrx16s>()), out<Vrx32f>(z, 1, o, 0), n, 2); }},
+        {"vrxsFindNearest_16u", 4, [](int z, int n, uint8_t* o) {
+             return vrxsFindNearest_16u(in(z, 0, src<Vrx16u>()), out<Vrx16u>(z, 1, o, 0), out<int>(z, 2, o, 1), n, in(z, 3, src<Vrx16u>()), 4); }},
+        {"vrxsFindNearestOne_16u", 3, [](int z, int n, uint8_t* o) {
+             return vrxsFindNearestOne_16u(7, out<Vrx16u>(z, 0, o, 0), out<int>(z, 1, o, 1), in(z, 2, src<Vrx16u>()), n); }},
+    };
+}
+
+TEST(ExtremaStatus, NullThenLengthNothingWritten) {
+    auto table = calls();
+    for (auto& c : table) {
+        for (int z = -1; z < c.pointers; ++z) {
+            for (int n : {1, 0, -1}) {
+                if (z == -1 && n == 1) continue;
+                std::vector<uint8_t> o(4 * 64, 0x5A);
+                const VrxStatus want = z >= 0 ? vrxErrNullPtr : vrxErrBadLength;
+                EXPECT_EQ(c.f(z, n, o.data()), want) << c.name << " null " << z << " len " << n;
+                for (uint8_t b : o) ASSERT_EQ(b, 0x5A) << c.name << " wrote on failure";
+            }
+        }
+    }
+    EXPECT_EQ(table.size(), 67u);  // MaxOrder and ZeroCrossing: test_stats_search.cpp
+}
+
+// The optional index pointer: null is no error for the single-extreme forms,
+// but each of MinMaxIndx's four results is required (checked above).
+TEST(ExtremaStatus, OptionalIndexPointer) {
+    const Vrx32s x[] = {4, 9, 9, 1};
+    Vrx32s v;
+    EXPECT_EQ(vrxsMaxIndx_32s(x, 4, &v, nullptr), vrxOk);
+    EXPECT_EQ(v, 9);
+    EXPECT_EQ(vrxsMaxIndx_32s(x, 0, &v, nullptr), vrxErrBadLength);
+    EXPECT_EQ(vrxsMaxIndx_32s(nullptr, 0, nullptr, nullptr), vrxErrNullPtr);
+}
+
+}  // namespace
