@@ -41,7 +41,8 @@ VRX_INLINE float expInline(float x) {
     const float k = static_cast<float>(static_cast<int>(x * invLn2 + 0.5f));
     float r = __builtin_fmaf(k, NegLn2Hi, x);
     r = __builtin_fmaf(k, NegLn2Lo, r);
-    float p = 1.0f / 720.0f;
+    float p = 1.0f / 5040.0f;
+    p = p * r + 1.0f / 720.0f;
     p = p * r + 1.0f / 120.0f;
     p = p * r + 1.0f / 24.0f;
     p = p * r + 1.0f / 6.0f;
