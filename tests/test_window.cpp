@@ -2,6 +2,7 @@
 // for bit against models written here, and the weights against closed forms
 // computed in long double.
 #include "vrx_test.h"
+#include "data/window_golden.h"
 
 #include <cmath>
 #include <functional>
@@ -493,6 +494,31 @@ INSTANTIATE_TEST_SUITE_P(Families, WindowClosedForm,
                                            CloseCase{Fam::Hann, "Hann"}, CloseCase{Fam::Hamming, "Hamming"},
                                            CloseCase{Fam::Kaiser, "Kaiser"}),
                          [](const auto& i) { return std::string(i.param.name); });
+
+// Reference windows from a table generated once (tests/make_window_golden.py):
+// 1e-6 in single precision (Kaiser: plus the rounding of x in single
+// precision), 1e-5 in double for Kaiser and 1e-13 for the others.
+TEST(Window, GoldenTable) {
+    for (const GoldenWindow& g : kGoldenWindows) {
+        const std::string fam = g.family;
+        SCOPED_TRACE(fam + " N=" + std::to_string(g.n));
+        const int n = g.n;
+        std::vector<double> d(n, 1.0);
+        std::vector<float> f(n, 1.0f);
+        if (fam == "Hann") { vrxsWinHann_64f_I(d.data(), n); vrxsWinHann_32f_I(f.data(), n); }
+        if (fam == "Hamming") { vrxsWinHamming_64f_I(d.data(), n); vrxsWinHamming_32f_I(f.data(), n); }
+        if (fam == "Blackman") { vrxsWinBlackmanStd_64f_I(d.data(), n); vrxsWinBlackmanStd_32f_I(f.data(), n); }
+        if (fam == "Bartlett") { vrxsWinBartlett_64f_I(d.data(), n); vrxsWinBartlett_32f_I(f.data(), n); }
+        if (fam == "Kaiser") { vrxsWinKaiser_64f_I(d.data(), n, g.alpha); vrxsWinKaiser_32f_I(f.data(), n, (float)g.alpha); }
+        const double x0 = g.alpha * (n - 1) / 2;
+        const double t64 = fam == "Kaiser" ? 1e-5 : 1e-13;
+        const double t32 = fam == "Kaiser" ? 1e-6 + 1.2e-7 * x0 : 1e-6;
+        for (int i = 0; i < n; ++i) {
+            EXPECT_NEAR(d[i], g.w[i], t64) << i;
+            EXPECT_NEAR(f[i], g.w[i], t32) << i;
+        }
+    }
+}
 
 // Short cases with known values.
 TEST(Window, SmallCases) {
