@@ -1174,6 +1174,195 @@ VRXAPI(VrxStatus, vrxsSumWindow_16s32f, (const Vrx16s* pSrc, Vrx32f* pDst, int l
 /* ------------------------------------------------------- end of sorting */
 
 /* ------------------------------------------------- windows, tones, ramps */
+/*
+ * Window functions vrxsWin<Family>_<type>[_I]: the source multiplied by the
+ * window element by element (a source of ones gives the bare window); both
+ * parts of a complex element take the same weight; _I works in place.
+ * Integer forms hold the weights in single precision, convert the product
+ * back in the current rounding mode (nearest-even by default) and saturate.
+ * Checks: a null pointer -8, then a length below the family's minimum -6,
+ * then the family's own status.
+ */
+
+/* Bartlett (triangular) window: w[n] = 2n/(N-1) up to the middle, mirrored;
+ * the end elements are written as 0 and an odd middle element is copied. The
+ * weights are a running sum of the step 2/(N-1) in the precision of the data.
+ * len >= 3 (else -6); length 3 gives 0, src[1], 0. The out-of-place 32f, 32fc
+ * and 64f forms hand the call to their _I form when pSrc == pDst. */
+VRXAPI(VrxStatus, vrxsWinBartlett_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_16s_I, (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_16sc_I, (Vrx16sc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_32f_I, (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_32fc_I, (Vrx32fc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_64f_I, (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBartlett_64fc_I, (Vrx64fc* pSrcDst, int len))
+
+/* Blackman window of parameter alpha:
+ *   w[n] = (alpha+1)/2 - 0.5 cos(n theta) - (alpha/2) cos(2n theta), theta = 2pi/(N-1),
+ * evaluated as (alpha+0.5) - y + (-4 alpha) y^2 with y = 0.5 cos(n theta) run by
+ * recurrence from one cosine. len >= 3 (else -6); length 3 gives 0, src[1], 0.
+ * The out-of-place 32f and 32fc forms run the recurrence over all N steps, so
+ * element m takes the weight of step max(m, N-1-m) and an odd middle element
+ * is weighted too; when pSrc == pDst they hand the call to their _I form,
+ * which stops at the middle and leaves an odd middle element as it is. */
+VRXAPI(VrxStatus, vrxsWinBlackman_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_16s_I, (Vrx16s* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_16sc_I, (Vrx16sc* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_32f_I, (Vrx32f* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_32fc_I, (Vrx32fc* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f alpha))
+VRXAPI(VrxStatus, vrxsWinBlackman_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f alpha))
+
+/* vrxsWinBlackman_* of the same type with alpha = -0.16. len >= 3. */
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_16s_I, (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_16sc_I, (Vrx16sc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_32f_I, (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_32fc_I, (Vrx32fc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_64f_I, (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanStd_64fc_I, (Vrx64fc* pSrcDst, int len))
+
+/* vrxsWinBlackman_* of the same type with alpha = -(0.5 / cos(pi/(N-1)))^2
+ * (rounded to single precision for the 32f, 32fc and 16-bit forms). len >= 4 (else -6). */
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_16s_I, (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_16sc_I, (Vrx16sc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_32f_I, (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_32fc_I, (Vrx32fc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_64f_I, (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinBlackmanOpt_64fc_I, (Vrx64fc* pSrcDst, int len))
+
+/* Hann window: w[n] = 0.5 - 0.5 cos(2pi n/(N-1)), from one cosine seed and a
+ * recurrence run from both ends; an odd middle element is copied. len >= 3
+ * (else -6); length 3 gives 0, src[1], 0. */
+VRXAPI(VrxStatus, vrxsWinHann_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_16s_I, (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_16sc_I, (Vrx16sc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_32f_I, (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_32fc_I, (Vrx32fc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_64f_I, (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHann_64fc_I, (Vrx64fc* pSrcDst, int len))
+
+/* Hamming window: w[n] = 0.54 - 0.46 cos(2pi n/(N-1)), as Hann; an odd middle
+ * element is copied. len >= 3 (else -6); no length-3 short cut. */
+VRXAPI(VrxStatus, vrxsWinHamming_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_16s_I, (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_16sc_I, (Vrx16sc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_32f_I, (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_32fc_I, (Vrx32fc* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_64f_I, (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
+VRXAPI(VrxStatus, vrxsWinHamming_64fc_I, (Vrx64fc* pSrcDst, int len))
+
+/* Kaiser window: w[n] = I0(|alpha| sqrt(n(N-1-n))) / I0(|alpha|(N-1)/2). alpha is
+ * the usual shape parameter beta divided by (N-1)/2; its sign is ignored.
+ * len >= 1 (else -6), then -39 (vrxErrKaiserAlpha) when |alpha|(N-1)/2 > 38;
+ * length 1 copies the element. */
+VRXAPI(VrxStatus, vrxsWinKaiser_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_16s_I, (Vrx16s* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_16sc_I, (Vrx16sc* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_32f_I, (Vrx32f* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_32fc_I, (Vrx32fc* pSrcDst, int len, Vrx32f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f alpha))
+VRXAPI(VrxStatus, vrxsWinKaiser_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f alpha))
+
+/*
+ * Tone: pDst[n] = magn cos(2pi rFreq n + phase); complex forms put
+ * magn sin(2pi rFreq n + phase) in the imaginary part. rFreq in cycles per
+ * sample: 0 <= rFreq < 0.5 for real forms, < 1.0 for complex forms. *pPhase
+ * (radians, 0 <= phase < 2pi) is read, and the phase of the sample after the
+ * last one, reduced to [0, 2pi), is written back before generating, so
+ * consecutive calls continue one signal. hint vrxAlgHintFast reseeds a
+ * single-precision recurrence every 1024 samples (2048 for 64f); any other
+ * value runs one double recurrence over the whole vector. 16-bit forms
+ * truncate the double values toward zero and round the single ones.
+ * Checks, in this order (it differs from the common one): pPhase null -8,
+ * magn <= 0 -46, rFreq out of range -45, phase out of range -44, pDst null
+ * -8, len < 1 -6. On any failure nothing is written and *pPhase is kept.
+ */
+VRXAPI(VrxStatus, vrxsTone_16s, (Vrx16s* pDst, int len, Vrx16s magn, Vrx32f rFreq, Vrx32f* pPhase, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsTone_16sc, (Vrx16sc* pDst, int len, Vrx16s magn, Vrx32f rFreq, Vrx32f* pPhase, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsTone_32f, (Vrx32f* pDst, int len, Vrx32f magn, Vrx32f rFreq, Vrx32f* pPhase, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsTone_32fc, (Vrx32fc* pDst, int len, Vrx32f magn, Vrx32f rFreq, Vrx32f* pPhase, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsTone_64f, (Vrx64f* pDst, int len, Vrx64f magn, Vrx64f rFreq, Vrx64f* pPhase, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsTone_64fc, (Vrx64fc* pDst, int len, Vrx64f magn, Vrx64f rFreq, Vrx64f* pPhase, VrxAlgHint hint))
+
+/*
+ * Triangle: a triangle wave of amplitude magn that starts at +magn at phase
+ * 0, falls to -magn at phase pi + asym and rises back to +magn at 2pi;
+ * -pi <= asym < pi. Frequency and phase as for Tone; the phase written back
+ * is floored into [0, 2pi). Complex forms take the imaginary part from the
+ * same wave at phase + (3pi + asym)/2. 16-bit forms truncate toward zero.
+ * Checks, in this order: pPhase null -8, magn <= 0 -43, rFreq out of range
+ * -42, asym out of range -40, phase out of range -41, pDst null -8, len < 1
+ * -6. On any failure nothing is written and *pPhase is kept.
+ */
+VRXAPI(VrxStatus, vrxsTriangle_16s, (Vrx16s* pDst, int len, Vrx16s magn, Vrx32f rFreq, Vrx32f asym, Vrx32f* pPhase))
+VRXAPI(VrxStatus, vrxsTriangle_16sc, (Vrx16sc* pDst, int len, Vrx16s magn, Vrx32f rFreq, Vrx32f asym, Vrx32f* pPhase))
+VRXAPI(VrxStatus, vrxsTriangle_32f, (Vrx32f* pDst, int len, Vrx32f magn, Vrx32f rFreq, Vrx32f asym, Vrx32f* pPhase))
+VRXAPI(VrxStatus, vrxsTriangle_32fc, (Vrx32fc* pDst, int len, Vrx32f magn, Vrx32f rFreq, Vrx32f asym, Vrx32f* pPhase))
+VRXAPI(VrxStatus, vrxsTriangle_64f, (Vrx64f* pDst, int len, Vrx64f magn, Vrx64f rFreq, Vrx64f asym, Vrx64f* pPhase))
+VRXAPI(VrxStatus, vrxsTriangle_64fc, (Vrx64fc* pDst, int len, Vrx64f magn, Vrx64f rFreq, Vrx64f asym, Vrx64f* pPhase))
+
+/*
+ * Jaehne test signal: pDst[n] = magn sin(pi n^2 / (2 len)), n = 0..len-1
+ * (n^2 is reduced modulo 4 len exactly first). Integer forms round to
+ * nearest, ties to even, and saturate, so the unsigned forms keep only the
+ * positive lobes. Checks: -8, -6, then magn < 0 -38 (vrxErrJaehneMagn).
+ */
+VRXAPI(VrxStatus, vrxsVectorJaehne_8u, (Vrx8u* pDst, int len, Vrx8u magn))
+VRXAPI(VrxStatus, vrxsVectorJaehne_16u, (Vrx16u* pDst, int len, Vrx16u magn))
+VRXAPI(VrxStatus, vrxsVectorJaehne_16s, (Vrx16s* pDst, int len, Vrx16s magn))
+VRXAPI(VrxStatus, vrxsVectorJaehne_32s, (Vrx32s* pDst, int len, Vrx32s magn))
+VRXAPI(VrxStatus, vrxsVectorJaehne_32f, (Vrx32f* pDst, int len, Vrx32f magn))
+VRXAPI(VrxStatus, vrxsVectorJaehne_64f, (Vrx64f* pDst, int len, Vrx64f magn))
+
+/*
+ * Ramp: pDst[n] = offset + slope n, formed in double by one fused
+ * multiply-add; integer forms round to nearest, ties to even, and saturate,
+ * 32f rounds to single precision. Checks: -8, -6.
+ */
+VRXAPI(VrxStatus, vrxsVectorSlope_8u, (Vrx8u* pDst, int len, Vrx64f offset, Vrx64f slope))
+VRXAPI(VrxStatus, vrxsVectorSlope_16u, (Vrx16u* pDst, int len, Vrx64f offset, Vrx64f slope))
+VRXAPI(VrxStatus, vrxsVectorSlope_16s, (Vrx16s* pDst, int len, Vrx64f offset, Vrx64f slope))
+VRXAPI(VrxStatus, vrxsVectorSlope_32u, (Vrx32u* pDst, int len, Vrx64f offset, Vrx64f slope))
+VRXAPI(VrxStatus, vrxsVectorSlope_32s, (Vrx32s* pDst, int len, Vrx64f offset, Vrx64f slope))
+VRXAPI(VrxStatus, vrxsVectorSlope_32f, (Vrx32f* pDst, int len, Vrx64f offset, Vrx64f slope))
+VRXAPI(VrxStatus, vrxsVectorSlope_64f, (Vrx64f* pDst, int len, Vrx64f offset, Vrx64f slope))
 
 /* ------------------------------------------ end of windows, tones, ramps */
 

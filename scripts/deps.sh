@@ -5,7 +5,7 @@
 set -euo pipefail
 pkgs=(g++ cmake make libgtest-dev pkg-config)
 if [[ "${1:-}" == "--bench" ]]; then
-  pkgs+=(libbenchmark-dev libfftw3-dev libvolk2-dev libsleef-dev)
+  pkgs+=(libbenchmark-dev libfftw3-dev libvolk2-dev libsleef-dev libliquid-dev)
 fi
 missing=()
 for p in "${pkgs[@]}"; do

@@ -1,0 +1,193 @@
+// Signal generators: window functions against a scalar loop that calls cos
+// for every weight (and liquid-dsp's per-sample window functions when it is
+// installed), Tone with both hints against a scalar sin loop; 1 Ki and
+// 64 Ki elements, side by side in one run.
+#include <benchmark/benchmark.h>
+#include <math.h>
+
+#include <complex>
+#include <vector>
+
+#include "vrxs.h"
+
+#ifdef VRX_HAVE_LIQUID
+#include <liquid/liquid.h>
+#endif
+
+namespace {
+
+constexpr double kTwoPi = 6.283185307179586;
+
+std::vector<float> ramp(int n) {
+    std::vector<float> v(n);
+    for (int i = 0; i < n; ++i) v[i] = 1.0f + 0.001f * static_cast<float>(i % 1000);
+    return v;
+}
+
+void setItems(benchmark::State& st) { st.SetItemsProcessed(st.iterations() * st.range(0)); }
+
+// ---------------------------------------------------------------- windows
+
+void BM_WinHann_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    auto src = ramp(n);
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        vrxsWinHann_32f(src.data(), dst.data(), n);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_WinHann_64f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<double> src(n, 1.5), dst(n);
+    for (auto _ : st) {
+        vrxsWinHann_64f(src.data(), dst.data(), n);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_ScalarHannCos_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    auto src = ramp(n);
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        const double t = kTwoPi / (n - 1);
+        for (int i = 0; i < n; ++i) dst[i] = src[i] * static_cast<float>(0.5 - 0.5 * cos(t * i));
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_WinBlackman_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    auto src = ramp(n);
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        vrxsWinBlackman_32f(src.data(), dst.data(), n, -0.16f);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+// Kaiser with beta = 8: the library takes alpha = beta / ((N-1)/2).
+void BM_WinKaiser_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    auto src = ramp(n);
+    std::vector<float> dst(n);
+    const float alpha = 8.0f / ((n - 1) * 0.5f);
+    for (auto _ : st) {
+        vrxsWinKaiser_32f(src.data(), dst.data(), n, alpha);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_WinKaiser_64f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<double> src(n, 1.5), dst(n);
+    const double alpha = 8.0 / ((n - 1) * 0.5);
+    for (auto _ : st) {
+        vrxsWinKaiser_64f(src.data(), dst.data(), n, alpha);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+#ifdef VRX_HAVE_LIQUID
+void BM_LiquidHann_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    auto src = ramp(n);
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = src[i] * liquid_hann(i, n);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_LiquidKaiser_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    auto src = ramp(n);
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = src[i] * liquid_kaiser(i, n, 8.0f);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+#endif
+
+// ------------------------------------------------------------------- tone
+
+template <int Hint>
+void BM_Tone_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        float ph = 0.25f;
+        vrxsTone_32f(dst.data(), n, 1.5f, 0.0123f, &ph, Hint);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+template <int Hint>
+void BM_Tone_64f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<double> dst(n);
+    for (auto _ : st) {
+        double ph = 0.25;
+        vrxsTone_64f(dst.data(), n, 1.5, 0.0123, &ph, Hint);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_ScalarSin_32f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<float> dst(n);
+    const double w = kTwoPi * 0.0123;
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = static_cast<float>(1.5 * sin(w * i + 0.25));
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+void BM_ScalarSin_64f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<double> dst(n);
+    const double w = kTwoPi * 0.0123;
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = 1.5 * sin(w * i + 0.25);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+
+}  // namespace
+
+#define SIZES ->Arg(1 << 10)->Arg(1 << 16)
+BENCHMARK(BM_WinHann_32f) SIZES;
+BENCHMARK(BM_WinHann_64f) SIZES;
+BENCHMARK(BM_WinBlackman_32f) SIZES;
+BENCHMARK(BM_ScalarHannCos_32f) SIZES;
+#ifdef VRX_HAVE_LIQUID
+BENCHMARK(BM_LiquidHann_32f) SIZES;
+#endif
+BENCHMARK(BM_WinKaiser_32f) SIZES;
+BENCHMARK(BM_WinKaiser_64f) SIZES;
+#ifdef VRX_HAVE_LIQUID
+BENCHMARK(BM_LiquidKaiser_32f) SIZES;
+#endif
+BENCHMARK_TEMPLATE(BM_Tone_32f, vrxAlgHintFast) SIZES;
+BENCHMARK_TEMPLATE(BM_Tone_32f, vrxAlgHintAccurate) SIZES;
+BENCHMARK(BM_ScalarSin_32f) SIZES;
+BENCHMARK_TEMPLATE(BM_Tone_64f, vrxAlgHintFast) SIZES;
+BENCHMARK_TEMPLATE(BM_Tone_64f, vrxAlgHintAccurate) SIZES;
+BENCHMARK(BM_ScalarSin_64f) SIZES;
+
+BENCHMARK_MAIN();
