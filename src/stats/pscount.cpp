@@ -184,6 +184,8 @@ VRX_INLINE VrxStatus zeroCrossing(const T* pSrc, int len, Vrx32f* pValZC, int zc
     if (len == 0) return vrxErrBadLength;
     if (zcType < vrxZcProduct || zcType > vrxZcSignDiff) return vrxErrRange;
     const int pairs = len > 1 ? len - 1 : 0;
+    // counts above 2^24 round to nearest whatever the caller's mode
+    RoundNearestGuard nearest;
     float r;
     if constexpr (sizeof(T) == 4) {
         const int64_t c = zc32f(pSrc, pairs, zcType);

@@ -1,6 +1,7 @@
 // Table search (FindNearest, FindNearestOne) and the running window sum
 // (SumWindow).
 #include "vrx_extrema.h"
+#include "vrx_fpu.h"
 
 using namespace n0;
 
@@ -25,12 +26,43 @@ VRX_INLINE int nearestIndex(unsigned v, const Vrx16u* t, int n) {
     return v - t[b] <= t[b + 1] - v ? b : b + 1;
 }
 
+// The same search for 16 values at once: every lane runs its own descent
+// (the spans differ once a lane has taken the upper half), table entries
+// come by gathers. v and the result are 32-bit lanes; n >= 2.
+VRX_INLINE simd::V<int32_t>::R nearestIndex16(simd::V<int32_t>::R v, const Vrx16u* t, int n) {
+    using I = simd::V<int32_t>;
+    using U = simd::V<uint32_t>;
+    const I::R one = I::set1(1), lowHalf = I::set1(0xFFFF);
+    const I::M low = I::le(v, I::set1(t[0]));
+    const I::M high = static_cast<I::M>(I::ge(v, I::set1(t[n - 1])) & ~low);
+    I::R b = I::zero(), k = I::set1(n - 1);
+    I::M active = static_cast<I::M>(~(low | high) & (n - 1 > 1 ? I::kAll : 0));
+    while (active) {
+        const I::R h = U::shr<1>(k);
+        // t[b + h] is the high half of the word at b + h - 1 (b + h >= 1)
+        const I::R tk = U::shr<16>(simd::gatherPair16(t, I::sub(I::add(b, h), one), active));
+        const I::M up = static_cast<I::M>(I::ge(v, tk) & active);
+        b = I::blend(up, b, I::add(b, h));
+        k = I::blend(active, k, I::blend(up, h, I::sub(k, h)));
+        active = static_cast<I::M>(active & I::gt(k, one));
+    }
+    // t[b] <= v < t[b + 1]: both from one word (b + 1 <= n - 1)
+    const I::M mid = static_cast<I::M>(~(low | high));
+    const I::R w = simd::gatherPair16(t, b, mid);
+    const I::R tb = I::andb(w, lowHalf), tb1 = U::shr<16>(w);
+    const I::M lower = I::le(I::sub(v, tb), I::sub(tb1, v));
+    I::R r = I::blend(lower, I::add(b, one), b);
+    r = I::blend(high, r, I::set1(n - 1));
+    return I::blend(low, r, I::zero());
+}
+
 // ------------------------------------------------------------ SumWindow
 // The running single-precision sum. While every partial sum stays within
 // 2^24 in magnitude each float addition is exact, so the sums are the exact
 // integer window sums: those are formed 16 at a time as a prefix sum of the
 // differences x[i+w] - x[i] in 32-bit lanes. Beyond that bound the sum runs
-// element by element in single precision, never recomputed.
+// element by element in single precision, rounded to nearest whatever the
+// caller's mode, never recomputed.
 template <class T>
 VRX_INLINE void sumWindowExact(const T* p, float* d, int len, int w) {
     using I = simd::V<int32_t>;
@@ -58,6 +90,7 @@ VRX_INLINE void sumWindowExact(const T* p, float* d, int len, int w) {
 
 template <class T>
 VRX_INLINE void sumWindowRunning(const T* p, float* d, int len, int w) {
+    RoundNearestGuard nearest;   // the sums round to nearest, ties to even
     float s = 0.0f;
     for (int j = 0; j < w; ++j) s += static_cast<float>(p[j]);
     for (int i = 0; i < len; ++i) {
@@ -94,10 +127,19 @@ VrxStatus N0(vrxsFindNearest_16u)(const Vrx16u* pVals, Vrx16u* pOutVals, int* pO
         for (int i = 0; i < len; ++i) { pOutVals[i] = pTable[0]; pOutIndx[i] = 0; }
         return vrxOk;
     }
-    for (int i = 0; i < len; ++i) {
-        const int k = nearestIndex(pVals[i], pTable, tblLen);
-        pOutVals[i] = pTable[k];
-        pOutIndx[i] = k;
+    using I = simd::V<int32_t>;
+    for (int i = 0; i < len; i += 16) {
+        const int n = len - i < 16 ? len - i : 16;
+        const I::M m = simd::tail<int32_t>(static_cast<size_t>(n));
+        const I::R v = n == 16 ? ext::Src<Vrx16u>::load(pVals + i) : ext::Src<Vrx16u>::loadFill(pVals + i, n, 0);
+        const I::R k = nearestIndex16(v, pTable, tblLen);
+        I::storem(pOutIndx + i, m, k);
+        // the table value: low half of the word at k when k + 1 < tblLen,
+        // else the high half of the word at k - 1
+        const I::M last = I::eq(k, I::set1(tblLen - 1));
+        const I::R w = simd::gatherPair16(pTable, I::sub(k, I::blend(last, I::zero(), I::set1(1))), m);
+        const I::R val = I::blend(last, I::andb(w, I::set1(0xFFFF)), simd::V<uint32_t>::shr<16>(w));
+        simd::narrowSat16u(pOutVals + i, m, val);
     }
     return vrxOk;
 }
