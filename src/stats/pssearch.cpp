@@ -26,34 +26,60 @@ VRX_INLINE int nearestIndex(unsigned v, const Vrx16u* t, int n) {
     return v - t[b] <= t[b + 1] - v ? b : b + 1;
 }
 
-// The same search for 16 values at once: every lane runs its own descent
-// (the spans differ once a lane has taken the upper half), table entries
-// come by gathers. v and the result are 32-bit lanes; n >= 2.
-VRX_INLINE simd::V<int32_t>::R nearestIndex16(simd::V<int32_t>::R v, const Vrx16u* t, int n) {
+// The same search for G registers of 16 values at once: every lane runs its
+// own descent (the spans differ once a lane has taken the upper half), the
+// G descents interleaved so that their gathers overlap. v and the result are
+// 32-bit lanes; n >= 2.
+template <int G>
+VRX_INLINE void nearestIndex16(const simd::V<int32_t>::R* v, simd::V<int32_t>::R* r, const Vrx16u* t, int n) {
     using I = simd::V<int32_t>;
     using U = simd::V<uint32_t>;
     const I::R one = I::set1(1), lowHalf = I::set1(0xFFFF);
-    const I::M low = I::le(v, I::set1(t[0]));
-    const I::M high = static_cast<I::M>(I::ge(v, I::set1(t[n - 1])) & ~low);
-    I::R b = I::zero(), k = I::set1(n - 1);
-    I::M active = static_cast<I::M>(~(low | high) & (n - 1 > 1 ? I::kAll : 0));
-    while (active) {
-        const I::R h = U::shr<1>(k);
-        // t[b + h] is the high half of the word at b + h - 1 (b + h >= 1)
-        const I::R tk = U::shr<16>(simd::gatherPair16(t, I::sub(I::add(b, h), one), active));
-        const I::M up = static_cast<I::M>(I::ge(v, tk) & active);
-        b = I::blend(up, b, I::add(b, h));
-        k = I::blend(active, k, I::blend(up, h, I::sub(k, h)));
-        active = static_cast<I::M>(active & I::gt(k, one));
+    const I::R first = I::set1(t[0]), last = I::set1(t[n - 1]);
+    I::M low[G], high[G], active[G];
+    I::R b[G], k[G];
+    unsigned any = 0;
+    for (int g = 0; g < G; ++g) {
+        low[g] = I::le(v[g], first);
+        high[g] = static_cast<I::M>(I::ge(v[g], last) & ~low[g]);
+        b[g] = I::zero();
+        k[g] = I::set1(n - 1);
+        active[g] = static_cast<I::M>(~(low[g] | high[g]) & (n - 1 > 1 ? I::kAll : 0));
+        any |= active[g];
     }
-    // t[b] <= v < t[b + 1]: both from one word (b + 1 <= n - 1)
-    const I::M mid = static_cast<I::M>(~(low | high));
-    const I::R w = simd::gatherPair16(t, b, mid);
-    const I::R tb = I::andb(w, lowHalf), tb1 = U::shr<16>(w);
-    const I::M lower = I::le(I::sub(v, tb), I::sub(tb1, v));
-    I::R r = I::blend(lower, I::add(b, one), b);
-    r = I::blend(high, r, I::set1(n - 1));
-    return I::blend(low, r, I::zero());
+    while (any) {
+        any = 0;
+        for (int g = 0; g < G; ++g) {
+            const I::R h = U::shr<1>(k[g]);
+            // t[b + h] is the high half of the word at b + h - 1 (b + h >= 1)
+            const I::R tk = U::shr<16>(simd::gatherPair16(t, I::sub(I::add(b[g], h), one), active[g]));
+            const I::M up = static_cast<I::M>(I::ge(v[g], tk) & active[g]);
+            b[g] = I::blend(up, b[g], I::add(b[g], h));
+            k[g] = I::blend(active[g], k[g], I::blend(up, h, I::sub(k[g], h)));
+            active[g] = static_cast<I::M>(active[g] & I::gt(k[g], one));
+            any |= active[g];
+        }
+    }
+    for (int g = 0; g < G; ++g) {
+        // t[b] <= v < t[b + 1]: both from one word (b + 1 <= n - 1)
+        const I::R w = simd::gatherPair16(t, b[g], static_cast<I::M>(~(low[g] | high[g])));
+        const I::R tb = I::andb(w, lowHalf), tb1 = U::shr<16>(w);
+        const I::M lower = I::le(I::sub(v[g], tb), I::sub(tb1, v[g]));
+        I::R x = I::blend(lower, I::add(b[g], one), b[g]);
+        x = I::blend(high[g], x, I::set1(n - 1));
+        r[g] = I::blend(low[g], x, I::zero());
+    }
+}
+
+// Writes the index k and the table value t[k] of 16 lanes (those of m):
+// the value is the low half of the word at k, or for the last entry the
+// high half of the word at k - 1.
+VRX_INLINE void storeNearest(Vrx16u* pv, int* pk, simd::V<int32_t>::M m, simd::V<int32_t>::R k, const Vrx16u* t, int n) {
+    using I = simd::V<int32_t>;
+    I::storem(pk, m, k);
+    const I::M isLast = I::eq(k, I::set1(n - 1));
+    const I::R w = simd::gatherPair16(t, I::sub(k, I::blend(isLast, I::zero(), I::set1(1))), m);
+    simd::narrowSat16u(pv, m, I::blend(isLast, I::andb(w, I::set1(0xFFFF)), simd::V<uint32_t>::shr<16>(w)));
 }
 
 // ------------------------------------------------------------ SumWindow
@@ -128,18 +154,19 @@ VrxStatus N0(vrxsFindNearest_16u)(const Vrx16u* pVals, Vrx16u* pOutVals, int* pO
         return vrxOk;
     }
     using I = simd::V<int32_t>;
-    for (int i = 0; i < len; i += 16) {
+    using S = ext::Src<Vrx16u>;
+    int i = 0;
+    for (; i + 64 <= len; i += 64) {
+        I::R v[4], k[4];
+        for (int g = 0; g < 4; ++g) v[g] = S::load(pVals + i + 16 * g);
+        nearestIndex16<4>(v, k, pTable, tblLen);
+        for (int g = 0; g < 4; ++g) storeNearest(pOutVals + i + 16 * g, pOutIndx + i + 16 * g, I::kAll, k[g], pTable, tblLen);
+    }
+    for (; i < len; i += 16) {
         const int n = len - i < 16 ? len - i : 16;
-        const I::M m = simd::tail<int32_t>(static_cast<size_t>(n));
-        const I::R v = n == 16 ? ext::Src<Vrx16u>::load(pVals + i) : ext::Src<Vrx16u>::loadFill(pVals + i, n, 0);
-        const I::R k = nearestIndex16(v, pTable, tblLen);
-        I::storem(pOutIndx + i, m, k);
-        // the table value: low half of the word at k when k + 1 < tblLen,
-        // else the high half of the word at k - 1
-        const I::M last = I::eq(k, I::set1(tblLen - 1));
-        const I::R w = simd::gatherPair16(pTable, I::sub(k, I::blend(last, I::zero(), I::set1(1))), m);
-        const I::R val = I::blend(last, I::andb(w, I::set1(0xFFFF)), simd::V<uint32_t>::shr<16>(w));
-        simd::narrowSat16u(pOutVals + i, m, val);
+        I::R v = n == 16 ? S::load(pVals + i) : S::loadFill(pVals + i, n, 0), k;
+        nearestIndex16<1>(&v, &k, pTable, tblLen);
+        storeNearest(pOutVals + i, pOutIndx + i, simd::tail<int32_t>(static_cast<size_t>(n)), k, pTable, tblLen);
     }
     return vrxOk;
 }
