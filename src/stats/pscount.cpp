@@ -11,10 +11,32 @@ namespace {
 
 // ------------------------------------------------------------- MaxOrder
 // Integer forms: the OR of all magnitudes has the same top bit as their
-// maximum. Lanes hold the element exactly, so -32768 gives 32768 and the
-// 32-bit abs of -2^31 gives the bit pattern 2^31.
+// maximum. The 32-bit abs of -2^31 gives the bit pattern 2^31, as the
+// 16-bit abs of -32768 gives 0x8000.
+// 16-bit data on AVX2 lanes: abs(-32768) stays the bit pattern 0x8000.
+VRX_INLINE int order16s(const int16_t* p, int len) {
+    using NW = simd::VNarrow<int16_t>;
+    using R = NW::R;
+    constexpr int N = NW::N;
+    R a0 = NW::set1(0), a1 = a0, a2 = a0, a3 = a0;
+    int i = 0;
+    for (; i + 4 * N <= len; i += 4 * N) {
+        a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+        a1 = NW::orb(a1, NW::abs(NW::load(p + i + N)));
+        a2 = NW::orb(a2, NW::abs(NW::load(p + i + 2 * N)));
+        a3 = NW::orb(a3, NW::abs(NW::load(p + i + 3 * N)));
+    }
+    for (; i + N <= len; i += N) a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+    alignas(32) uint16_t t[N];
+    NW::store(reinterpret_cast<int16_t*>(t), NW::orb(NW::orb(a0, a1), NW::orb(a2, a3)));
+    uint32_t m = 0;
+    for (int j = 0; j < N; ++j) m |= t[j];
+    for (; i < len; ++i) m |= static_cast<uint32_t>(p[i] < 0 ? -p[i] : p[i]);
+    return m ? 32 - __builtin_clz(m) : 0;
+}
+
 template <class T>
-VRX_INLINE int orderInt(const T* p, int len) {
+VRX_INLINE int orderWide(const T* p, int len) {
     using S = Src<T>;
     using W = typename S::W;
     using R = typename S::R;
@@ -33,6 +55,12 @@ VRX_INLINE int orderInt(const T* p, int len) {
     uint32_t m = 0;
     for (int j = 0; j < N; ++j) m |= static_cast<uint32_t>(t[j]);
     return m ? 32 - __builtin_clz(m) : 0;
+}
+
+template <class T>
+VRX_INLINE int orderInt(const T* p, int len) {
+    if constexpr (sizeof(T) == 2) return order16s(p, len);
+    else return orderWide(p, len);
 }
 
 template <class T>

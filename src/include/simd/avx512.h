@@ -296,6 +296,7 @@ template <class T> struct VNarrowBase {
     static constexpr int N = static_cast<int>(32 / sizeof(T));
     static VRX_INLINE R load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
     static VRX_INLINE void store(T* p, R v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+    static VRX_INLINE R orb(R a, R b) { return _mm256_or_si256(a, b); }
 };
 template <> struct VNarrow<uint8_t> : VNarrowBase<uint8_t> {
     using T = uint8_t;
