@@ -174,10 +174,8 @@ VRX_INLINE int64_t pairSum16s(const int16_t* p, int pairs, F f) {
         acc0 = I32::add(acc0, f(S::load(p + i), S::load(p + i + 1)));
         acc1 = I32::add(acc1, f(S::load(p + i + 16), S::load(p + i + 17)));
     }
-    for (; i < pairs; i += 16) {
-        const int n = pairs - i < 16 ? pairs - i : 16;
-        acc0 = I32::add(acc0, f(S::loadFill(p + i, n, 0), S::loadFill(p + i + 1, n, 0)));
-    }
+    for (; i + 16 <= pairs; i += 16) acc0 = I32::add(acc0, f(S::load(p + i), S::load(p + i + 1)));
+    if (i < pairs) acc0 = I32::add(acc0, f(S::loadFill(p + i, pairs - i, 0), S::loadFill(p + i + 1, pairs - i, 0)));
     return laneSum(I32::add(acc0, acc1));
 }
 
