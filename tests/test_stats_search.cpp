@@ -212,7 +212,10 @@ TEST(FindNearest, AgainstBruteForce) {
     ASSERT_EQ(vrxsFindNearestOne_16u(16, &v, &k, t2, 2), vrxOk);
     EXPECT_EQ(v, 20); EXPECT_EQ(k, 1);
     vt::Rng rng(29);
-    for (int n = 1; n <= 40; ++n) {
+    std::vector<int> sizes;
+    for (int n = 1; n <= 40; ++n) sizes.push_back(n);
+    for (int n : {100, 255, 256, 1000, 65536}) sizes.push_back(n);
+    for (int n : sizes) {
         std::vector<Vrx16u> t(n);
         for (auto& e : t) e = static_cast<Vrx16u>(rng.range(0, 65535));
         if (n > 4) t[1] = t[2] = t[0];                       // repeated entries
@@ -294,6 +297,13 @@ TEST(SumWindow, AgainstRecurrence) {
     auto r = sumWindowRef(big, 3000, 1000);
     EXPECT_NE(d[2999], static_cast<float>(sumWindowExactInt(big, 2999, 1000)));
     EXPECT_EQ(memcmp(d.data(), r.data(), d.size() * sizeof(float)), 0);
+    // the same bits under the caller's round-toward-zero, which is restored
+    vt::MxcsrScope scope;
+    _mm_setcsr((_mm_getcsr() & ~0x6000u) | vt::kRoundZero);
+    std::vector<float> z(3000);
+    ASSERT_EQ(vrxsSumWindow_16s32f(big.data(), z.data(), 3000, 1000), vrxOk);
+    EXPECT_EQ(_mm_getcsr() & 0x6000u, vt::kRoundZero);
+    EXPECT_EQ(memcmp(z.data(), r.data(), z.size() * sizeof(float)), 0);
 }
 
 TEST(SumWindow, WindowAfterLength) {

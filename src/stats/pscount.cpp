@@ -11,10 +11,32 @@ namespace {
 
 // ------------------------------------------------------------- MaxOrder
 // Integer forms: the OR of all magnitudes has the same top bit as their
-// maximum. Lanes hold the element exactly, so -32768 gives 32768 and the
-// 32-bit abs of -2^31 gives the bit pattern 2^31.
+// maximum. The 32-bit abs of -2^31 gives the bit pattern 2^31, as the
+// 16-bit abs of -32768 gives 0x8000.
+// 16-bit data on AVX2 lanes: abs(-32768) stays the bit pattern 0x8000.
+VRX_INLINE int order16s(const int16_t* p, int len) {
+    using NW = simd::VNarrow<int16_t>;
+    using R = NW::R;
+    constexpr int N = NW::N;
+    R a0 = NW::set1(0), a1 = a0, a2 = a0, a3 = a0;
+    int i = 0;
+    for (; i + 4 * N <= len; i += 4 * N) {
+        a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+        a1 = NW::orb(a1, NW::abs(NW::load(p + i + N)));
+        a2 = NW::orb(a2, NW::abs(NW::load(p + i + 2 * N)));
+        a3 = NW::orb(a3, NW::abs(NW::load(p + i + 3 * N)));
+    }
+    for (; i + N <= len; i += N) a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+    alignas(32) uint16_t t[N];
+    NW::store(reinterpret_cast<int16_t*>(t), NW::orb(NW::orb(a0, a1), NW::orb(a2, a3)));
+    uint32_t m = 0;
+    for (int j = 0; j < N; ++j) m |= t[j];
+    for (; i < len; ++i) m |= static_cast<uint32_t>(p[i] < 0 ? -p[i] : p[i]);
+    return m ? 32 - __builtin_clz(m) : 0;
+}
+
 template <class T>
-VRX_INLINE int orderInt(const T* p, int len) {
+VRX_INLINE int orderWide(const T* p, int len) {
     using S = Src<T>;
     using W = typename S::W;
     using R = typename S::R;
@@ -33,6 +55,12 @@ VRX_INLINE int orderInt(const T* p, int len) {
     uint32_t m = 0;
     for (int j = 0; j < N; ++j) m |= static_cast<uint32_t>(t[j]);
     return m ? 32 - __builtin_clz(m) : 0;
+}
+
+template <class T>
+VRX_INLINE int orderInt(const T* p, int len) {
+    if constexpr (sizeof(T) == 2) return order16s(p, len);
+    else return orderWide(p, len);
 }
 
 template <class T>
@@ -146,10 +174,8 @@ VRX_INLINE int64_t pairSum16s(const int16_t* p, int pairs, F f) {
         acc0 = I32::add(acc0, f(S::load(p + i), S::load(p + i + 1)));
         acc1 = I32::add(acc1, f(S::load(p + i + 16), S::load(p + i + 17)));
     }
-    for (; i < pairs; i += 16) {
-        const int n = pairs - i < 16 ? pairs - i : 16;
-        acc0 = I32::add(acc0, f(S::loadFill(p + i, n, 0), S::loadFill(p + i + 1, n, 0)));
-    }
+    for (; i + 16 <= pairs; i += 16) acc0 = I32::add(acc0, f(S::load(p + i), S::load(p + i + 1)));
+    if (i < pairs) acc0 = I32::add(acc0, f(S::loadFill(p + i, pairs - i, 0), S::loadFill(p + i + 1, pairs - i, 0)));
     return laneSum(I32::add(acc0, acc1));
 }
 
@@ -184,6 +210,8 @@ VRX_INLINE VrxStatus zeroCrossing(const T* pSrc, int len, Vrx32f* pValZC, int zc
     if (len == 0) return vrxErrBadLength;
     if (zcType < vrxZcProduct || zcType > vrxZcSignDiff) return vrxErrRange;
     const int pairs = len > 1 ? len - 1 : 0;
+    // counts above 2^24 round to nearest whatever the caller's mode
+    RoundNearestGuard nearest;
     float r;
     if constexpr (sizeof(T) == 4) {
         const int64_t c = zc32f(pSrc, pairs, zcType);

@@ -2,6 +2,7 @@
 // MinMax, MinMaxIndx, and the element-wise MinEvery and MaxEvery. Each entry
 // checks its arguments and calls one driver of vrx_extrema.h.
 #include "vrx_extrema.h"
+#include "vrx_fpu.h"
 
 using namespace n0;
 using namespace n0::ext;
@@ -55,6 +56,8 @@ VRX_INLINE VrxStatus valueIndx32f(const Vrx32f* pSrc, int len, Vrx32f* pRes, int
     } else if (len < 34) {
         b = argBestLanes<float, Op, int32_t>(pSrc, len, XfId{});
     } else {
+        // beyond 2^24 the float indices round: to nearest, whatever the caller's mode
+        RoundNearestGuard nearest;
         b = argBestLanes<float, Op, float>(pSrc, len, XfId{});
     }
     *pRes = b.value;

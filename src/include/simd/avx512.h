@@ -282,6 +282,14 @@ VRX_INLINE void narrowSat8u(uint8_t* p, __mmask16 m, __m512i v) {
     _mm512_mask_cvtusepi32_storeu_epi8(p, m, _mm512_max_epi32(v, _mm512_setzero_si512()));
 }
 
+// Table reads for searches: the 32-bit word at 16-bit element idx of p in
+// each lane of m (p[idx] low, p[idx + 1] high; other lanes 0). The word
+// reads p[idx + 1], so callers keep idx + 1 inside the table, or ask for
+// idx - 1 and take the high half.
+VRX_INLINE __m512i gatherPair16(const uint16_t* p, __m512i idx, __mmask16 m) {
+    return _mm512_mask_i32gather_epi32(_mm512_setzero_si512(), m, idx, p, 2);
+}
+
 // Compare-and-select on 8- and 16-bit lanes with AVX2, 32 bytes a register
 // (32 of uint8_t, 16 of int16_t or uint16_t): for kernels that only compare
 // or select such data. No masks: tails run element by element.
@@ -291,6 +299,7 @@ template <class T> struct VNarrowBase {
     static constexpr int N = static_cast<int>(32 / sizeof(T));
     static VRX_INLINE R load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
     static VRX_INLINE void store(T* p, R v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+    static VRX_INLINE R orb(R a, R b) { return _mm256_or_si256(a, b); }
 };
 template <> struct VNarrow<uint8_t> : VNarrowBase<uint8_t> {
     using T = uint8_t;
