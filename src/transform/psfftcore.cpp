@@ -214,6 +214,8 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
     }
 }
 
+// Register casts of the transposes below, whose 64-bit unpacks and 128-bit
+// shuffles work on double lanes (raw, as the transposes).
 VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
 VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
 
