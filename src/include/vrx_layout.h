@@ -5,18 +5,17 @@
 // query and its Init run, so that a reported size cannot drift from the
 // memory that Init uses:
 //
-//     template <class Out> void layout(Carver& c, <parameters>, Out& o) {
-//         o.hdr = c.take<Header>(1);           // 64-byte boundary
-//         o.taps = c.take<float>(tapsLen);     // next 64-byte boundary
-//     }
-//     GetSize:  Carver c;  layout(c, ...);  *pSize = c.size() + Carver::kSlack;
-//     Init:     Carver c(pMem);  layout(c, ...);  then fill o.hdr, o.taps, ...
+//     size query:  Carver c;             layout(c, parameters);
+//                  size = c.size() + Carver::kSlack;
+//     Init:        Carver c(pSpecMem);    pieces = layout(c, parameters);
+//                  then fill the pieces, header first.
 //
+// The FFT plan's planLayout (src/transform/vrx_fft_layout.h) is one.
 // A Carver without a base only measures (every piece it hands out is
 // null); with a base it hands out aligned pieces of the caller's block.
 // Where a size formula is part of an object's contract, the size query
-// keeps the formula and the layout is checked to fit inside it (see
-// fftPlanLayoutFits in the FFT).
+// keeps the formula and the layout is checked to fit inside it (the FFT:
+// layoutFits in src/transform/psfftinit.cpp).
 //
 // Identity words of all objects are in ObjId; a run function checks its
 // object with open(), which gives -8 for null and -17 for a wrong word.

@@ -8,10 +8,6 @@ using n0::ObjId;
 
 namespace {
 
-template <class T> VRX_INLINE T planScale(const Plan* p) {
-    if constexpr (sizeof(T) == 4) return p->normScale.f;
-    else return p->normScale.d;
-}
 
 // Plan and data pointers are checked by the callers.
 template <class T, bool Inv>

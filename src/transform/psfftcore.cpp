@@ -16,21 +16,7 @@ namespace n0::fft {
 
 namespace {
 
-template <class T> VRX_INLINE const T* fixTab();
-template <> VRX_INLINE const float* fixTab<float>() { return fft_fix_twiddle_table_32f; }
-template <> VRX_INLINE const double* fixTab<double>() { return fft_fix_twiddle_table_64f; }
-
-
 // ------------------------------------------------------------ small kernels
-
-// W_L^k (forward sign) from the constant sine table, for k < L/2, L <= 1024.
-template <class T, int L> VRX_INLINE Cx<T> fixTw(int k) {
-    const T* t = fixTab<T>();
-    int j = k * (1024 / L);
-    T s = j <= 256 ? t[j] : t[512 - j];
-    T c = j <= 256 ? t[256 - j] : -t[j - 256];
-    return {c, -s};
-}
 
 template <class T, int LOG, bool Inv, bool Scale>
 VRX_INLINE void smallFft(const Cx<T>* src, Cx<T>* dst, T scale) {
@@ -64,14 +50,7 @@ VRX_INLINE void smallFft(const Cx<T>* src, Cx<T>* dst, T scale) {
             for (int k = 0; k < L / 2; ++k) {
                 Cx<T> y = a[b + k + L / 2];
                 if (k == L / 4) y = crot<Inv>(y);
-                else if (k != 0) {
-                    Cx<T> w;
-                    if (L == 8) w = fixTw<T, 8>(k);
-                    else if (L == 16) w = fixTw<T, 16>(k);
-                    else if (L == 32) w = fixTw<T, 32>(k);
-                    else w = fixTw<T, 64>(k);
-                    y = cmulw<Inv>(y, w);
-                }
+                else if (k != 0) y = cmulw<Inv>(y, fixTwiddle<T>(k, L));
                 Cx<T> x = a[b + k];
                 a[b + k] = cadd(x, y);
                 a[b + k + L / 2] = csub(x, y);
@@ -222,7 +201,7 @@ template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3,
 }
 
 template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o) {
-    const T c = fixTab<T>()[128];
+    const T c = sqrtHalf<T>();
     CV e[4], d[4];
     vbfly4<CV, Inv>(a[0], a[2], a[4], a[6], e);
     vbfly4<CV, Inv>(a[1], a[3], a[5], a[7], d);
@@ -235,6 +214,8 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
     }
 }
 
+// Register casts of the transposes below, whose 64-bit unpacks and 128-bit
+// shuffles work on double lanes (raw, as the transposes).
 VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
 VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
 
@@ -392,13 +373,14 @@ template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const C
     }
 }
 
-// Radix-16 first pass in lanes: the radix-4 first pass and the radix-4 pass
-// at s = 2 in registers, the latter with its factors fr/fi[3*(j-1) + (k-1)] (real and
-// imaginary parts in every lane).
-template <class T, class CV, bool Inv> VRX_INLINE void vdft16tw(CV* a, const CV* fr, const CV* fi) {
-    CV y[4][4];
-    for (int n2 = 0; n2 < 4; ++n2) {
-        vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
+// Radix-16 or radix-32 first pass in lanes: the radix-4 first pass and the
+// radix-R/4 pass at s = 2 in registers, the latter with its factors
+// fr/fi[3*(j-1) + (k-1)] (real and imaginary parts in every lane).
+template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, const CV* fr, const CV* fi) {
+    constexpr int Q = R / 4;
+    CV y[Q][4];
+    for (int n2 = 0; n2 < Q; ++n2) {
+        vbfly4<CV, Inv>(a[n2], a[Q + n2], a[2 * Q + n2], a[3 * Q + n2], y[n2]);
         if (n2 != 0)
             for (int k1 = 1; k1 < 4; ++k1) {
                 const int x = 3 * (n2 - 1) + (k1 - 1);
@@ -406,37 +388,16 @@ template <class T, class CV, bool Inv> VRX_INLINE void vdft16tw(CV* a, const CV*
             }
     }
     for (int k1 = 0; k1 < 4; ++k1) {
-        CV o[4];
-        vbfly4<CV, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
-        for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
-    }
-}
-
-// Radix-32 first pass in lanes: the radix-4 first pass and the radix-8 pass
-// at s = 2, the latter with its factors fr/fi[3*(j-1) + (k-1)] (real and
-// imaginary parts in every lane).
-template <class T, class CV, bool Inv> VRX_INLINE void vdft32tw(CV* a, const CV* fr, const CV* fi) {
-    CV y[8][4];
-    for (int n2 = 0; n2 < 8; ++n2) {
-        vbfly4<CV, Inv>(a[n2], a[8 + n2], a[16 + n2], a[24 + n2], y[n2]);
-        if (n2 != 0)
-            for (int k1 = 1; k1 < 4; ++k1) {
-                const int x = 3 * (n2 - 1) + (k1 - 1);
-                y[n2][k1] = CV::template mulSplit<Inv>(y[n2][k1], fr[x], fi[x]);
-            }
-    }
-    for (int k1 = 0; k1 < 4; ++k1) {
-        CV in[8], o[8];
-        for (int n2 = 0; n2 < 8; ++n2) in[n2] = y[n2][k1];
-        vbfly8<T, CV, Inv>(in, o);
-        for (int k2 = 0; k2 < 8; ++k2) a[k1 + 4 * k2] = o[k2];
+        CV c[Q];
+        for (int n2 = 0; n2 < Q; ++n2) c[n2] = y[n2][k1];
+        vdft<T, CV, Q, Inv>(c);
+        for (int k2 = 0; k2 < Q; ++k2) a[k1 + 4 * k2] = c[k2];
     }
 }
 
 // Butterfly of the first pass over R = 8, 16 or 32 lanes-as-blocks.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* fr, const CV* fi) {
-    if constexpr (R == 32) vdft32tw<T, CV, Inv>(a, fr, fi);
-    else if constexpr (R == 16) vdft16tw<T, CV, Inv>(a, fr, fi);
+    if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
     else vdft<T, CV, R, Inv>(a);
 }
 
@@ -523,7 +484,7 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     loadFirstFactors<float, CV, 16>(tw, fr, fi);
     CV a[16];
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
-    vdft16tw<float, CV, Inv>(a, fr, fi);
+    vdftTw<float, CV, 16, Inv>(a, fr, fi);
     __m512 r0[8], r1[8], t0[8], t1[8];
     for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
     transpose8x8<true>(r0, t0);
@@ -587,11 +548,6 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
 
 
 
-template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int ord) {
-    T c, s;
-    st.cosSin(j, ord, c, s);
-    return {c, -s};
-}
 
 }  // namespace
 

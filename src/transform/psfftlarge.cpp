@@ -33,12 +33,13 @@ constexpr int64_t kCopyPiece = int64_t(1) << 23;
 // Copies n bytes, a multiple of 64.
 VRX_INLINE void copy64(void* d, const void* s, int64_t n) {
     using Q = simd::V<int64_t>;
-    int64_t* dp = static_cast<int64_t*>(d);
-    const int64_t* sp = static_cast<const int64_t*>(s);
-    for (int64_t i = 0; i < n / 8; i += 16) {
-        const Q::R a = Q::load(sp + i);
-        if (i + 8 < n / 8) Q::store(dp + i + 8, Q::load(sp + i + 8));
-        Q::store(dp + i, a);
+    uint8_t* dp = static_cast<uint8_t*>(d);
+    const uint8_t* sp = static_cast<const uint8_t*>(s);
+    auto at = [](const uint8_t* p) { return reinterpret_cast<const int64_t*>(p); };
+    for (int64_t i = 0; i < n; i += 128) {
+        const Q::R a = Q::load(at(sp + i));
+        if (i + 64 < n) Q::store(reinterpret_cast<int64_t*>(dp + i + 64), Q::load(at(sp + i + 64)));
+        Q::store(reinterpret_cast<int64_t*>(dp + i), a);
     }
 }
 
@@ -88,7 +89,7 @@ template <class U, int K> struct Tile {
     static constexpr int64_t kBytes = int64_t(K) * int64_t(sizeof(U));
     static_assert(kBytes % 64 == 0, "tile rows are whole cache lines");
 
-    // BlkMerge: the tile's rows into contiguous memory; the rows of the
+    // merge: the tile's rows into contiguous memory; the rows of the
     // tile at next (if any) are fetched ahead meanwhile.
     static VRX_INLINE void merge(const U* base, int64_t rowStride, U* t, const U* next, const U* next2 = nullptr) {
         for (int h = 0; h < K; ++h) {
@@ -97,11 +98,11 @@ template <class U, int K> struct Tile {
             copy64(t + h * K, base + h * rowStride, kBytes);
         }
     }
-    // BlkSplit: back to rows.
+    // split: back to rows.
     static VRX_INLINE void split(U* base, int64_t rowStride, const U* t) {
         for (int h = 0; h < K; ++h) copy64(base + h * rowStride, t + h * K, kBytes);
     }
-    // BitRev1_Blk: full reversal of the 2k-bit index within the tile. The
+    // reverse: full reversal of the 2k-bit index within the tile. The
     // index is (top bit, middle bits, low bit); list entries are four times
     // a middle value. Pairs (i, r) exchange all four (top, low) combinations
     // with the two bits swapped; self-reversed middles (and middle 0, which
@@ -318,7 +319,7 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
     const int64_t tabShare = ((tabBytes / rows) + 63) & ~int64_t(63);
     const int64_t rowBytes = 2 * w * int64_t(sizeof(T));
     for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
-        // BlkMerge
+        // merge the group into work
         const bool ahead = c0 + w < rowLen;
         const char* nextTab = reinterpret_cast<const char*>(step + perGroup);
         for (int64_t r = 0; r < rows; ++r) {
@@ -354,7 +355,7 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
                 t += 3;
             }
         }
-        // BlkSplit: at level 0 the last pass has interleaved the values
+        // split it back: at level 0 the last pass has interleaved the values
         // again, deeper the group form stays (the same bytes either way);
         // split data goes back to its two arrays
         for (int64_t r = 0; r < rows; ++r) {
@@ -391,11 +392,6 @@ void largeRun(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe,
 
 namespace {
 
-template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int ord) {
-    T c, s;
-    st.cosSin(j, ord, c, s);
-    return {c, -s};
-}
 
 // Factors of one pass for positions p (q = p / w rows down, column c0 +
 // p % w): w_ord^(j*k) with k = c0 + p % w + 2^sub * q, for j = js[0 ..

@@ -14,10 +14,6 @@ namespace {
 
 enum class Form { CCS, Pack, Perm };
 
-template <class T> VRX_INLINE T planScale(const Plan* p) {
-    if constexpr (sizeof(T) == 4) return p->normScale.f;
-    else return p->normScale.d;
-}
 
 constexpr int kFine = kRecombFine;
 

@@ -103,6 +103,19 @@ template <class T> struct SineTab {
     }
 };
 
+// W^j = exp(-2*pi*i*j/2^ord) (the forward sign) from a sine table.
+template <class T> VRX_INLINE Cx<T> twAt(const SineTab<T>& st, int64_t j, int ord) {
+    T c, s;
+    st.cosSin(j, ord, c, s);
+    return {c, -s};
+}
+
+// The norm scale of a plan in the element's width.
+template <class T> VRX_INLINE T planScale(const Plan* p) {
+    if constexpr (sizeof(T) == 4) return p->normScale.f;
+    else return p->normScale.d;
+}
+
 // One pass of the radix engine: merges blocks of 2^s values by radix 2^t.
 struct PassStep {
     int s, t;
