@@ -3,7 +3,7 @@
 // Plain loops stay loops: no calls into the C library for fills.
 #pragma GCC optimize("no-tree-loop-distribute-patterns")
 #include "vm_int.h"
-#include "vm_map.h"
+#include "vm_common.h"
 
 using namespace n0::vm;
 using n0::checkArgs;
@@ -60,15 +60,8 @@ VRX_INLINE VrxStatus conjFlip(const C* s, C* d, int len, F neg) {
 }
 
 // flips the sign of the odd (imaginary) lanes
-VRX_INLINE F16 conjS(F16 v) {
-    return _mm512_castsi512_ps(_mm512_xor_si512(_mm512_castps_si512(v), _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull))));
-}
-VRX_INLINE D8 conjD(D8 v) {
-    return xorp(v, _mm512_castsi512_pd(_mm512_set_epi64(static_cast<long long>(0x8000000000000000ull), 0,
-                                                         static_cast<long long>(0x8000000000000000ull), 0,
-                                                         static_cast<long long>(0x8000000000000000ull), 0,
-                                                         static_cast<long long>(0x8000000000000000ull), 0)));
-}
+VRX_INLINE F16 conjS(F16 v) { return F::xorb(v, F::set2(0.0f, -0.0f)); }
+VRX_INLINE D8 conjD(D8 v) { return D::xorb(v, D::set2(0.0, -0.0)); }
 
 // exact rounding of num / den, ties to even, den != 0
 VRX_INLINE __int128 roundDivEven(__int128 num, __int128 den) {
@@ -131,13 +124,13 @@ VrxStatus N0(vrxsConj_16sc)(const Vrx16sc* s, Vrx16sc* d, int len) {
 VrxStatus N0(vrxsConj_32fc)(const Vrx32fc* s, Vrx32fc* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapS(&s->re, &d->re, 2 * len, conjS);
+    lanes<Native>(Map{[](auto v) { return conjS(v); }}, {&s->re}, {&d->re}, 2 * len);
     return vrxOk;
 }
 VrxStatus N0(vrxsConj_64fc)(const Vrx64fc* s, Vrx64fc* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapD(&s->re, &d->re, 2 * len, conjD);
+    lanes<Native>(Map{[](auto v) { return conjD(v); }}, {&s->re}, {&d->re}, 2 * len);
     return vrxOk;
 }
 VrxStatus N0(vrxsConj_16sc_I)(Vrx16sc* p, int len) { return N0(vrxsConj_16sc)(p, p, len); }
@@ -157,13 +150,13 @@ VrxStatus N0(vrxsConjFlip_64fc)(const Vrx64fc* s, Vrx64fc* d, int len) {
 VrxStatus N0(vrxsPowerSpectr_32f)(const Vrx32f* re, const Vrx32f* im, Vrx32f* d, int len) {
     if (VrxStatus st = checkArgs(len, re, im, d)) return st;
     TrapGuard trapGuard;
-    mapS2viaD(re, im, d, len, [](D8 a, D8 b) { return fma(a, a, mul(b, b)); });
+    lanes<ViaDouble>(Map{[](D8 a, D8 b) { return D::fma(a, a, D::mul(b, b)); }}, {re, im}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsPowerSpectr_64f)(const Vrx64f* re, const Vrx64f* im, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, re, im, d)) return st;
     TrapGuard trapGuard;
-    mapD2(re, im, d, len, [](D8 a, D8 b) { return fma(a, a, mul(b, b)); });
+    lanes<Native>(Map{[](D8 a, D8 b) { return D::fma(a, a, D::mul(b, b)); }}, {re, im}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsPowerSpectr_32fc)(const Vrx32fc* s, Vrx32f* d, int len) {
@@ -196,32 +189,32 @@ VrxStatus N0(vrxsNormalize_32f)(const Vrx32f* s, Vrx32f* d, int len, Vrx32f vSub
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     if (vDiv == 0.0f) return vrxErrDivByZero;
-    const F16 sub = _mm512_set1_ps(vSub), dv = _mm512_set1_ps(vDiv);
-    mapS(s, d, len, [&](F16 v) { return _mm512_div_ps(_mm512_sub_ps(v, sub), dv); });
+    const F16 sub = F::set1(vSub), dv = F::set1(vDiv);
+    lanes<Native>(Map{[&](F16 v) { return F::div(F::sub(v, sub), dv); }}, {s}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsNormalize_64f)(const Vrx64f* s, Vrx64f* d, int len, Vrx64f vSub, Vrx64f vDiv) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     if (vDiv == 0.0) return vrxErrDivByZero;
-    const D8 sb = set1(vSub), dv = set1(vDiv);
-    mapD(s, d, len, [&](D8 v) { return div(sub(v, sb), dv); });
+    const D8 sb = D::set1(vSub), dv = D::set1(vDiv);
+    lanes<Native>(Map{[&](D8 v) { return D::div(D::sub(v, sb), dv); }}, {s}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsNormalize_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32fc vSub, Vrx32f vDiv) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     if (vDiv == 0.0f) return vrxErrDivByZero;
-    const F16 sub = _mm512_castpd_ps(_mm512_set1_pd(__builtin_bit_cast(double, vSub))), dv = _mm512_set1_ps(vDiv);
-    mapS(&s->re, &d->re, 2 * len, [&](F16 v) { return _mm512_div_ps(_mm512_sub_ps(v, sub), dv); });
+    const F16 sub = F::set2(vSub.re, vSub.im), dv = F::set1(vDiv);
+    lanes<Native>(Map{[&](F16 v) { return F::div(F::sub(v, sub), dv); }}, {&s->re}, {&d->re}, 2 * len);
     return vrxOk;
 }
 VrxStatus N0(vrxsNormalize_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64fc vSub, Vrx64f vDiv) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     if (vDiv == 0.0) return vrxErrDivByZero;
-    const D8 sb = _mm512_set_pd(vSub.im, vSub.re, vSub.im, vSub.re, vSub.im, vSub.re, vSub.im, vSub.re), dv = set1(vDiv);
-    mapD(&s->re, &d->re, 2 * len, [&](D8 v) { return div(sub(v, sb), dv); });
+    const D8 sb = D::set2(vSub.re, vSub.im), dv = D::set1(vDiv);
+    lanes<Native>(Map{[&](D8 v) { return D::div(D::sub(v, sb), dv); }}, {&s->re}, {&d->re}, 2 * len);
     return vrxOk;
 }
 VrxStatus N0(vrxsNormalize_16s_Sfs)(const Vrx16s* s, Vrx16s* d, int len, Vrx16s vSub, int vDiv, int sf) {

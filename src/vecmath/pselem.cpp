@@ -3,7 +3,7 @@
 // widened to double and round by the scale multiplier 2^-sf.
 #include "vm_int.h"
 #include "vm_kernels.h"
-#include "vm_map.h"
+#include "vm_common.h"
 #include "vrx_consts.h"
 #include "vrx_tiers.h"
 
@@ -20,25 +20,15 @@ struct LnScan {
     VrxStatus status() const { return neg ? vrxWarnLnNegArg : zero ? vrxWarnLnZeroArg : vrxOk; }
 };
 
-VRX_INLINE void scanD(const double* s, int len, LnScan& sc) {
-    __mmask8 neg = 0, zero = 0;
-    for (int i = 0; i < len; i += 8) {
-        __mmask8 m = len - i >= 8 ? 0xFF : tailMask8(len - i);
-        D8 v = _mm512_maskz_loadu_pd(m, s + i);
-        neg |= _mm512_mask_cmp_pd_mask(m, v, _mm512_setzero_pd(), _CMP_LT_OQ);
-        zero |= _mm512_mask_cmp_pd_mask(m, v, _mm512_setzero_pd(), _CMP_EQ_OQ);
-    }
-    sc.neg |= neg != 0;
-    sc.zero |= zero != 0;
-}
-
-VRX_INLINE void scanS(const float* s, int len, LnScan& sc) {
-    __mmask16 neg = 0, zero = 0;
-    for (int i = 0; i < len; i += 16) {
-        __mmask16 m = len - i >= 16 ? 0xFFFF : tailMask16(len - i);
-        F16 v = _mm512_maskz_loadu_ps(m, s + i);
-        neg |= _mm512_mask_cmp_ps_mask(m, v, _mm512_setzero_ps(), _CMP_LT_OQ);
-        zero |= _mm512_mask_cmp_ps_mask(m, v, _mm512_setzero_ps(), _CMP_EQ_OQ);
+template <class T>
+VRX_INLINE void scan(const T* s, int len, LnScan& sc) {
+    using V = simd::V<T>;
+    typename V::M neg = 0, zero = 0;
+    for (int i = 0; i < len; i += V::N) {
+        typename V::M m = len - i >= V::N ? V::kAll : simd::tail<T>(len - i);
+        typename V::R v = V::loadm(m, s + i);
+        neg |= m & V::lt(v, V::zero());
+        zero |= m & V::eq(v, V::zero());
     }
     sc.neg |= neg != 0;
     sc.zero |= zero != 0;
@@ -55,12 +45,11 @@ VrxStatus expInt(const T* s, T* d, int len, int sf) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     alignas(64) double b[kBlock];
-    for (int i = 0; i < len; i += kBlock) {
-        int n = len - i < kBlock ? len - i : kBlock;
+    inBlocks<kBlock>(len, [&](int i, int n) {
         widen(s + i, b, n);
-        n0_own_vrxs_dExp_B3_ttab[1](b, b, n);
+        N0(own_vrxs_dExp_B3_ttab)[kSlotHA](b, b, n);
         for (int j = 0; j < n; ++j) d[i + j] = roundSat<T>(scaleBy(b[j], sf));
-    }
+    });
     return vrxOk;
 }
 
@@ -71,13 +60,12 @@ VrxStatus lnInt(const T* s, T* d, int len, int sf) {
     TrapGuard trapGuard;
     LnScan sc;
     alignas(64) double b[kBlock];
-    for (int i = 0; i < len; i += kBlock) {
-        int n = len - i < kBlock ? len - i : kBlock;
+    inBlocks<kBlock>(len, [&](int i, int n) {
         widen(s + i, b, n);
-        scanD(b, n, sc);
+        scan(b, n, sc);
         N0(vrxsLn_64f_A53)(b, b, n);
         for (int j = 0; j < n; ++j) d[i + j] = b[j] != b[j] ? T(0) : roundSat<T>(scaleBy(b[j], sf));
-    }
+    });
     return sc.status();
 }
 
@@ -85,18 +73,17 @@ VrxStatus lnInt(const T* s, T* d, int len, int sf) {
 template <class T>
 VRX_INLINE VrxStatus sumLn(const T* s, int len, double* sum, LnScan& sc) {
     alignas(64) double b[kBlock];
-    D8 acc = _mm512_setzero_pd();
-    for (int i = 0; i < len; i += kBlock) {
-        int n = len - i < kBlock ? len - i : kBlock;
+    D8 acc = D::zero();
+    inBlocks<kBlock>(len, [&](int i, int n) {
         widen(s + i, b, n);
-        scanD(b, n, sc);
+        scan(b, n, sc);
         N0(vrxsLn_64f_A53)(b, b, n);
         for (int j = 0; j < n; j += 8) {
-            __mmask8 m = n - j >= 8 ? 0xFF : tailMask8(n - j);
-            acc = add(acc, _mm512_maskz_loadu_pd(m, b + j));
+            __mmask8 m = n - j >= 8 ? 0xFF : simd::tail<double>(n - j);
+            acc = D::add(acc, D::loadm(m, b + j));
         }
-    }
-    *sum = _mm512_reduce_add_pd(acc);
+    });
+    *sum = D::reduceAdd(acc);
     return sc.status();
 }
 
@@ -111,7 +98,7 @@ VrxStatus N0(vrxsExp_32f)(const Vrx32f* s, Vrx32f* d, int len) {
 VrxStatus N0(vrxsExp_64f)(const Vrx64f* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    return n0_own_vrxs_dExp_B3_ttab[1](s, d, len);
+    return N0(own_vrxs_dExp_B3_ttab)[kSlotHA](s, d, len);
 }
 VrxStatus N0(vrxsExp_32f_I)(Vrx32f* p, int len) { return N0(vrxsExp_32f)(p, p, len); }
 VrxStatus N0(vrxsExp_64f_I)(Vrx64f* p, int len) { return N0(vrxsExp_64f)(p, p, len); }
@@ -125,7 +112,7 @@ VrxStatus N0(vrxsLn_32f)(const Vrx32f* s, Vrx32f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     LnScan sc;
-    scanS(s, len, sc);
+    scan(s, len, sc);
     N0(vrxsLn_32f_A21)(s, d, len);
     return sc.status();
 }
@@ -133,7 +120,7 @@ VrxStatus N0(vrxsLn_64f)(const Vrx64f* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
     LnScan sc;
-    scanD(s, len, sc);
+    scan(s, len, sc);
     N0(vrxsLn_64f_A53)(s, d, len);
     return sc.status();
 }
@@ -148,12 +135,12 @@ VrxStatus N0(vrxsLn_32s_ISfs)(Vrx32s* p, int len, int sf) { return N0(vrxsLn_32s
 VrxStatus N0(vrxsArctan_32f)(const Vrx32f* s, Vrx32f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    return n0_own_vrxs_sAtan_B3_ttab[1](s, d, len);
+    return N0(own_vrxs_sAtan_B3_ttab)[kSlotHA](s, d, len);
 }
 VrxStatus N0(vrxsArctan_64f)(const Vrx64f* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    return n0_own_vrxs_dAtan_B3_ttab[1](s, d, len);
+    return N0(own_vrxs_dAtan_B3_ttab)[kSlotHA](s, d, len);
 }
 VrxStatus N0(vrxsArctan_32f_I)(Vrx32f* p, int len) { return N0(vrxsArctan_32f)(p, p, len); }
 VrxStatus N0(vrxsArctan_64f_I)(Vrx64f* p, int len) { return N0(vrxsArctan_64f)(p, p, len); }

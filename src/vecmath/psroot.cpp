@@ -5,7 +5,7 @@
 
 #include "vm_abs.h"
 #include "vm_int.h"
-#include "vm_map.h"
+#include "vm_common.h"
 #include "vrx_fpu.h"
 
 using namespace n0::vm;
@@ -16,10 +16,10 @@ namespace {
 // ------------------------------------------------------------------ Sqr
 // (a + ib)^2 = (a - b)(a + b) + i 2ab, per (re, im) pair of lanes
 VRX_INLINE D8 sqrC(D8 v) {
-    D8 s = swapPairs(v);
-    D8 re = mul(sub(v, s), add(v, s));
-    D8 im = mul(add(v, v), s);
-    return _mm512_mask_blend_pd(kOddLanes, re, im);
+    D8 s = D::swapPair(v);
+    D8 re = D::mul(D::sub(v, s), D::add(v, s));
+    D8 im = D::mul(D::add(v, v), s);
+    return D::blend(0xAA, re, im);  // odd lanes: imaginary parts
 }
 
 template <class T, class W>
@@ -96,25 +96,25 @@ VrxStatus sqrtInt(const T* s, D* d, int len, int sf) {
 VrxStatus N0(vrxsSqr_32f)(const Vrx32f* s, Vrx32f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapS(s, d, len, [](F16 v) { return _mm512_mul_ps(v, v); });
+    lanes<Native>(Map{[](F16 v) { return F::mul(v, v); }}, {s}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsSqr_64f)(const Vrx64f* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapD(s, d, len, [](D8 v) { return mul(v, v); });
+    lanes<Native>(Map{[](D8 v) { return D::mul(v, v); }}, {s}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsSqr_32fc)(const Vrx32fc* s, Vrx32fc* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapSviaD(&s->re, &d->re, 2 * len, sqrC);
+    lanes<ViaDouble>(Map{[](auto v) { return sqrC(v); }}, {&s->re}, {&d->re}, 2 * len);
     return vrxOk;
 }
 VrxStatus N0(vrxsSqr_64fc)(const Vrx64fc* s, Vrx64fc* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapD(&s->re, &d->re, 2 * len, sqrC);
+    lanes<Native>(Map{[](auto v) { return sqrC(v); }}, {&s->re}, {&d->re}, 2 * len);
     return vrxOk;
 }
 VrxStatus N0(vrxsSqr_32f_I)(Vrx32f* p, int len) { return N0(vrxsSqr_32f)(p, p, len); }
@@ -142,14 +142,14 @@ VrxStatus N0(vrxsSqr_16sc_ISfs)(Vrx16sc* p, int len, int sf) { return N0(vrxsSqr
 // Negative elements are found by the invalid flag of the square root.
 VrxStatus N0(vrxsSqrt_32f)(const Vrx32f* s, Vrx32f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    n0::StickyFlagGuard guard;
-    mapS(s, d, len, [](F16 v) { return _mm512_sqrt_ps(v); });
+    StickyFlagGuard guard;
+    lanes<Native>(Map{[](F16 v) { return F::sqrt(v); }}, {s}, {d}, len);
     return (guard.flags() & n0::kMxcsrInvalid) ? vrxWarnSqrtNegArg : vrxOk;
 }
 VrxStatus N0(vrxsSqrt_64f)(const Vrx64f* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    n0::StickyFlagGuard guard;
-    mapD(s, d, len, [](D8 v) { return _mm512_sqrt_pd(v); });
+    StickyFlagGuard guard;
+    lanes<Native>(Map{[](D8 v) { return D::sqrt(v); }}, {s}, {d}, len);
     return (guard.flags() & n0::kMxcsrInvalid) ? vrxWarnSqrtNegArg : vrxOk;
 }
 VrxStatus N0(vrxsSqrt_32fc)(const Vrx32fc* s, Vrx32fc* d, int len) {
@@ -236,13 +236,13 @@ VrxStatus N0(vrxsAbs_32s)(const Vrx32s* s, Vrx32s* d, int len) {
 VrxStatus N0(vrxsAbs_32f)(const Vrx32f* s, Vrx32f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapS(s, d, len, [](F16 v) { return _mm512_abs_ps(v); });
+    lanes<Native>(Map{[](F16 v) { return F::abs(v); }}, {s}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsAbs_64f)(const Vrx64f* s, Vrx64f* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     TrapGuard trapGuard;
-    mapD(s, d, len, [](D8 v) { return dabs(v); });
+    lanes<Native>(Map{[](D8 v) { return D::abs(v); }}, {s}, {d}, len);
     return vrxOk;
 }
 VrxStatus N0(vrxsAbs_16s_I)(Vrx16s* p, int len) { return N0(vrxsAbs_16s)(p, p, len); }
