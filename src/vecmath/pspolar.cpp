@@ -112,156 +112,117 @@ VrxStatus N0(vrxsMagnitude_32fc)(const Vrx32fc* s, Vrx32f* d, int len) {
 // Hands on the status of its tier entry.
 VrxStatus N0(vrxsMagnitude_64fc)(const Vrx64fc* s, Vrx64f* d, int len) { return N0(vrxsAbs_64fc_A50)(s, d, len); }
 VrxStatus N0(vrxsMagnitude_32f)(const Vrx32f* re, const Vrx32f* im, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, d)) return st;
-    TrapGuard trapGuard;
-    magnTier(re, im, d, len);
-    return vrxOk;
+    return trapped(len, {re, im, d}, [&] { magnTier(re, im, d, len); });
 }
 VrxStatus N0(vrxsMagnitude_64f)(const Vrx64f* re, const Vrx64f* im, Vrx64f* d, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, d)) return st;
-    TrapGuard trapGuard;
-    magnTier(re, im, d, len);
-    return vrxOk;
+    return trapped(len, {re, im, d}, [&] { magnTier(re, im, d, len); });
 }
 VrxStatus N0(vrxsMagnitude_16sc32f)(const Vrx16sc* s, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) {
-        int64_t a = s[i].re, b = s[i].im;
-        d[i] = toFloat(__builtin_sqrt(static_cast<double>(a * a + b * b)));
-    }
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        for (int i = 0; i < len; ++i) {
+            int64_t a = s[i].re, b = s[i].im;
+            d[i] = toFloat(__builtin_sqrt(static_cast<double>(a * a + b * b)));
+        }
+    });
 }
 VrxStatus N0(vrxsMagnitude_16sc_Sfs)(const Vrx16sc* s, Vrx16s* d, int len, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) {
-        int64_t a = s[i].re, b = s[i].im;
-        d[i] = roundSat<Vrx16s>(scaleBy(__builtin_sqrt(static_cast<double>(a * a + b * b)), sf));
-    }
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        for (int i = 0; i < len; ++i) {
+            int64_t a = s[i].re, b = s[i].im;
+            d[i] = roundSat<Vrx16s>(scaleBy(__builtin_sqrt(static_cast<double>(a * a + b * b)), sf));
+        }
+    });
 }
 
 // ---------------------------------------------------------------- Phase
 VrxStatus N0(vrxsPhase_32fc)(const Vrx32fc* s, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<float>(len, pairsOf(s), nullptr, d);
-    return vrxOk;
+    return trapped(len, {s, d}, [&] { cartBlocks<float>(len, pairsOf(s), nullptr, d); });
 }
 VrxStatus N0(vrxsPhase_64fc)(const Vrx64fc* s, Vrx64f* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<double>(len, pairsOf(s), nullptr, d);
-    return vrxOk;
+    return trapped(len, {s, d}, [&] { cartBlocks<double>(len, pairsOf(s), nullptr, d); });
 }
 VrxStatus N0(vrxsPhase_32f)(const Vrx32f* re, const Vrx32f* im, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, d)) return st;
-    TrapGuard trapGuard;
-    return N0(vrxsAtan2_32f_A21)(im, re, d, len);
+    return trapped(len, {re, im, d}, [&] { return N0(vrxsAtan2_32f_A21)(im, re, d, len); });
 }
 VrxStatus N0(vrxsPhase_64f)(const Vrx64f* re, const Vrx64f* im, Vrx64f* d, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, d)) return st;
-    TrapGuard trapGuard;
-    return N0(vrxsAtan2_64f_A50)(im, re, d, len);
+    return trapped(len, {re, im, d}, [&] { return N0(vrxsAtan2_64f_A50)(im, re, d, len); });
 }
 VrxStatus N0(vrxsPhase_16sc32f)(const Vrx16sc* s, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<float>(len, pairsOf(s), nullptr, d);
-    return vrxOk;
+    return trapped(len, {s, d}, [&] { cartBlocks<float>(len, pairsOf(s), nullptr, d); });
 }
 VrxStatus N0(vrxsPhase_16sc_Sfs)(const Vrx16sc* s, Vrx16s* d, int len, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    alignas(64) double re[kBlock], im[kBlock];
-    inBlocks<kBlock>(len, [&](int i, int n) {
-        pairsOf(s)(i, n, re, im);
-        atan2Tier(im, re, re, n);
-        for (int j = 0; j < n; ++j) d[i + j] = roundSat<Vrx16s>(scaleBy(re[j], sf));
+    return trapped(len, {s, d}, [&] {
+        alignas(64) double re[kBlock], im[kBlock];
+        inBlocks<kBlock>(len, [&](int i, int n) {
+            pairsOf(s)(i, n, re, im);
+            atan2Tier(im, re, re, n);
+            for (int j = 0; j < n; ++j) d[i + j] = roundSat<Vrx16s>(scaleBy(re[j], sf));
+        });
     });
-    return vrxOk;
 }
 
 // ----------------------------------------------------------- CartToPolar
 VrxStatus N0(vrxsCartToPolar_32fc)(const Vrx32fc* s, Vrx32f* mag, Vrx32f* ph, int len) {
-    if (VrxStatus st = checkArgs(len, s, mag, ph)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<float>(len, pairsOf(s), mag, ph);
-    return vrxOk;
+    return trapped(len, {s, mag, ph}, [&] { cartBlocks<float>(len, pairsOf(s), mag, ph); });
 }
 VrxStatus N0(vrxsCartToPolar_64fc)(const Vrx64fc* s, Vrx64f* mag, Vrx64f* ph, int len) {
-    if (VrxStatus st = checkArgs(len, s, mag, ph)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<double>(len, pairsOf(s), mag, ph);
-    return vrxOk;
+    return trapped(len, {s, mag, ph}, [&] { cartBlocks<double>(len, pairsOf(s), mag, ph); });
 }
 VrxStatus N0(vrxsCartToPolar_32f)(const Vrx32f* re, const Vrx32f* im, Vrx32f* mag, Vrx32f* ph, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, mag, ph)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<float>(len, partsOf(re, im), mag, ph);
-    return vrxOk;
+    return trapped(len, {re, im, mag, ph}, [&] { cartBlocks<float>(len, partsOf(re, im), mag, ph); });
 }
 VrxStatus N0(vrxsCartToPolar_64f)(const Vrx64f* re, const Vrx64f* im, Vrx64f* mag, Vrx64f* ph, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, mag, ph)) return st;
-    TrapGuard trapGuard;
-    cartBlocks<double>(len, partsOf(re, im), mag, ph);
-    return vrxOk;
+    return trapped(len, {re, im, mag, ph}, [&] { cartBlocks<double>(len, partsOf(re, im), mag, ph); });
 }
 
 // ----------------------------------------------------------- PolarToCart
 VrxStatus N0(vrxsPolarToCart_32f)(const Vrx32f* mag, const Vrx32f* ph, Vrx32f* re, Vrx32f* im, int len) {
-    if (VrxStatus st = checkArgs(len, mag, ph, re, im)) return st;
-    TrapGuard trapGuard;
-    polarBlocks(mag, ph, len, [&](int k, float a, float b) {
-        re[k] = a;
-        im[k] = b;
+    return trapped(len, {mag, ph, re, im}, [&] {
+        polarBlocks(mag, ph, len, [&](int k, float a, float b) {
+            re[k] = a;
+            im[k] = b;
+        });
     });
-    return vrxOk;
 }
 VrxStatus N0(vrxsPolarToCart_64f)(const Vrx64f* mag, const Vrx64f* ph, Vrx64f* re, Vrx64f* im, int len) {
-    if (VrxStatus st = checkArgs(len, mag, ph, re, im)) return st;
-    TrapGuard trapGuard;
-    polarBlocks(mag, ph, len, [&](int k, double a, double b) {
-        re[k] = a;
-        im[k] = b;
+    return trapped(len, {mag, ph, re, im}, [&] {
+        polarBlocks(mag, ph, len, [&](int k, double a, double b) {
+            re[k] = a;
+            im[k] = b;
+        });
     });
-    return vrxOk;
 }
 VrxStatus N0(vrxsPolarToCart_32fc)(const Vrx32f* mag, const Vrx32f* ph, Vrx32fc* d, int len) {
-    if (VrxStatus st = checkArgs(len, mag, ph, d)) return st;
-    TrapGuard trapGuard;
-    polarBlocks(mag, ph, len, [&](int k, float a, float b) {
-        d[k].re = a;
-        d[k].im = b;
+    return trapped(len, {mag, ph, d}, [&] {
+        polarBlocks(mag, ph, len, [&](int k, float a, float b) {
+            d[k].re = a;
+            d[k].im = b;
+        });
     });
-    return vrxOk;
 }
 VrxStatus N0(vrxsPolarToCart_64fc)(const Vrx64f* mag, const Vrx64f* ph, Vrx64fc* d, int len) {
-    if (VrxStatus st = checkArgs(len, mag, ph, d)) return st;
-    TrapGuard trapGuard;
-    polarBlocks(mag, ph, len, [&](int k, double a, double b) {
-        d[k].re = a;
-        d[k].im = b;
+    return trapped(len, {mag, ph, d}, [&] {
+        polarBlocks(mag, ph, len, [&](int k, double a, double b) {
+            d[k].re = a;
+            d[k].im = b;
+        });
     });
-    return vrxOk;
 }
 // phase = pSrcPhase * 2^-phaseScaleFactor through the single-precision
 // tier; each part is magn * 2^-magnScaleFactor times its cosine or sine,
 // rounded once and saturated.
 VrxStatus N0(vrxsPolarToCart_16sc_Sfs)(const Vrx16s* mag, const Vrx16s* ph, Vrx16sc* d, int len, int magnSf, int phaseSf) {
-    if (VrxStatus st = checkArgs(len, mag, ph, d)) return st;
-    TrapGuard trapGuard;
-    alignas(64) float p[kBlock], sn[kBlock], cs[kBlock];
-    inBlocks<kBlock>(len, [&](int i, int n) {
-        for (int j = 0; j < n; ++j) p[j] = toFloat(scaleBy(ph[i + j], phaseSf));
-        sinCosTier(p, sn, cs, n);
-        for (int j = 0; j < n; ++j) {
-            double m = mag[i + j];
-            Vrx16s re = roundSat<Vrx16s>(scaleBy(m * cs[j], magnSf)), im = roundSat<Vrx16s>(scaleBy(m * sn[j], magnSf));
-            d[i + j].re = re;
-            d[i + j].im = im;
-        }
+    return trapped(len, {mag, ph, d}, [&] {
+        alignas(64) float p[kBlock], sn[kBlock], cs[kBlock];
+        inBlocks<kBlock>(len, [&](int i, int n) {
+            for (int j = 0; j < n; ++j) p[j] = toFloat(scaleBy(ph[i + j], phaseSf));
+            sinCosTier(p, sn, cs, n);
+            for (int j = 0; j < n; ++j) {
+                double m = mag[i + j];
+                Vrx16s re = roundSat<Vrx16s>(scaleBy(m * cs[j], magnSf)), im = roundSat<Vrx16s>(scaleBy(m * sn[j], magnSf));
+                d[i + j].re = re;
+                d[i + j].im = im;
+            }
+        });
     });
-    return vrxOk;
 }

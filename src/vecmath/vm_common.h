@@ -36,6 +36,31 @@ using n0::KernelFrame;
 using n0::StickyFlagGuard;
 using n0::TrapGuard;
 
+// The frame of the exported families: the pointers checked (null is -8),
+// then the length (below one is -6), then body() with every exception
+// masked (TrapGuard). Its status is the call's; vrxOk when it returns
+// nothing.
+template <size_t N, class Body>
+VRX_INLINE VrxStatus trapped(int len, const void* const (&ptrs)[N], Body body) {
+    for (const void* p : ptrs)
+        if (!p) return vrxErrNullPtr;
+    if (len < 1) return vrxErrBadLength;
+    TrapGuard trapGuard;
+    if constexpr (std::is_void_v<decltype(body())>) {
+        body();
+        return vrxOk;
+    } else {
+        return body();
+    }
+}
+
+// A double result in T: rounded once to nearest for float.
+template <class T>
+VRX_INLINE T narrow(double v) {
+    if constexpr (sizeof(T) == 4) return toFloat(v);
+    else return v;
+}
+
 // The sign bit of each lane.
 VRX_INLINE D8 signOf(D8 a) { return D::andb(a, D::set1(-0.0)); }
 VRX_INLINE F16 signOf(F16 a) { return F::andb(a, F::set1(-0.0f)); }
