@@ -30,13 +30,14 @@ VrxStatus runAbs(const Vrx64fc* src, Vrx64f* dst, int len) {
     if (!src || !dst) return vrxErrNullPtr;
     KernelFrame frame;
     const double* s = &src->re;
-    inBlocks<8>(len, [&](int i, int k) {
+    for (int i = 0; i < len; i += 8) {
+        int k = len - i >= 8 ? 8 : len - i;
         __mmask8 m = simd::tail<double>(k);
         __mmask8 m0 = k >= 4 ? 0xFF : simd::tail<double>(2 * k), m1 = k > 4 ? simd::tail<double>(2 * (k - 4)) : 0;
         D8 re, im;
         simd::deinterleave(D::loadm(m0, s + 2 * i), D::loadm(m1, s + 2 * i + 8), re, im);
         storeLanes(AbsZ{}, {re, im}, {dst}, i, m);
-    });
+    }
     return vrxOk;
 }
 

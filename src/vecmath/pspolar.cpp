@@ -19,7 +19,8 @@ constexpr int kBlock = 256;
 // of the sum and of the root, then the final rounding.
 VrxStatus magn32fc(const Vrx32fc* src, Vrx32f* dst, int len) {
     const float* s = &src->re;
-    inBlocks<8>(len, [&](int i, int k) {
+    for (int i = 0; i < len; i += 8) {
+        int k = len - i >= 8 ? 8 : len - i;
         __mmask16 m = k == 8 ? 0xFFFF : simd::tail<float>(2 * k);
         F16 v = F::loadm(m, s + 2 * i);
         D8 lo = simd::lowToDouble(v), hi = simd::highToDouble(v);
@@ -30,7 +31,7 @@ VrxStatus magn32fc(const Vrx32fc* src, Vrx32f* dst, int len) {
         D8 sq, unused;
         simd::deinterleave(lo, hi, sq, unused);
         F::storem(dst + i, simd::tail<float>(k), simd::lowToFloat(D::sqrt(sq)));
-    });
+    }
     return vrxOk;
 }
 

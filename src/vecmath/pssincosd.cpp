@@ -161,35 +161,24 @@ template <int Tier> VRX_INLINE __mmask8 core(D8 x, D8& s, D8& c, VI& q) {
     return rare;
 }
 
-template <int Tier>
-struct SinK {
+// The sine (Cos false) or the cosine of one tier.
+template <int Tier, bool Cos>
+struct OneK {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
         D8 s, c;
         VI q;
         rare = core<Tier>(x, s, c, q);
+        if (Cos) return pickCos(q, s, c);
         return D::xorb(pickSin(q, s, c), signOf(x));
     }
     static double rare(double x) {
         double r;
-        rareTier<Tier>(x, &r, nullptr);
+        rareTier<Tier>(x, Cos ? nullptr : &r, Cos ? &r : nullptr);
         return r;
     }
 };
-
-template <int Tier>
-struct CosK {
-    static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
-        D8 s, c;
-        VI q;
-        rare = core<Tier>(x, s, c, q);
-        return pickCos(q, s, c);
-    }
-    static double rare(double x) {
-        double r;
-        rareTier<Tier>(x, nullptr, &r);
-        return r;
-    }
-};
+template <int Tier> using SinK = OneK<Tier, false>;
+template <int Tier> using CosK = OneK<Tier, true>;
 
 template <int Tier>
 struct SinCosK {
@@ -248,11 +237,11 @@ VRX_INLINE D8 epCos(D8 x, __mmask8& rare) {
 
 struct SinEP {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) { return epSin(x, rare); }
-    static double rare(double x) { double r; rareTier<1>(x, &r, nullptr); return r; }
+    static double rare(double x) { return SinK<1>::rare(x); }
 };
 struct CosEP {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) { return epCos(x, rare); }
-    static double rare(double x) { double r; rareTier<1>(x, nullptr, &r); return r; }
+    static double rare(double x) { return CosK<1>::rare(x); }
 };
 struct SinCosEP {
     static VRX_INLINE void vec(D8 x, D8& s, D8& c, __mmask8& rare) {
