@@ -2,11 +2,10 @@
 // PowerSpectr, Normalize.
 // Plain loops stay loops: no calls into the C library for fills.
 #pragma GCC optimize("no-tree-loop-distribute-patterns")
-#include "vm_int.h"
 #include "vm_common.h"
+#include "vm_int.h"
 
 using namespace n0::vm;
-using n0::checkArgs;
 
 namespace {
 

@@ -1,14 +1,13 @@
 // Elementary functions: Exp, Ln, Arctan, SumLn. The float and double forms
 // run the tier kernels; the integer forms run the double kernels on blocks
 // widened to double and round by the scale multiplier 2^-sf.
+#include "vm_common.h"
 #include "vm_int.h"
 #include "vm_kernels.h"
-#include "vm_common.h"
 #include "vrx_consts.h"
 #include "vrx_tiers.h"
 
 using namespace n0::vm;
-using n0::checkArgs;
 
 namespace {
 

@@ -3,9 +3,8 @@
 // the Abs A50 tier, and PolarToCart the SinCos tiers (single A21, double
 // A50), over blocks on the stack where the layouts differ.
 #include "vm_abs.h"
-#include "vm_int.h"
 #include "vm_common.h"
-#include "vrx_fpu.h"
+#include "vm_int.h"
 #include "vrx_tiers.h"
 
 using namespace n0::vm;

@@ -4,9 +4,8 @@
 #include <math.h>
 
 #include "vm_abs.h"
-#include "vm_int.h"
 #include "vm_common.h"
-#include "vrx_fpu.h"
+#include "vm_int.h"
 
 using namespace n0::vm;
 using n0::checkArgs;

@@ -22,7 +22,7 @@ constexpr double kShifter = 6755399441055744.0;  // 1.5 * 2^52
 constexpr double kFastLimit = 0x1p30;
 constexpr double kFastLimitS = 0x1p27;
 
-// vdsin_data: minimax coefficients on [-pi/4, pi/4]
+// Minimax coefficients on [-pi/4, pi/4]
 constexpr double S1 = -1.66666666666666324348e-01, S2 = 8.33333333332248946124e-03,
                  S3 = -1.98412698298579493134e-04, S4 = 2.75573137070700676789e-06,
                  S5 = -2.50507602534068634195e-08, S6 = 1.58969099521155010221e-10;
@@ -103,9 +103,8 @@ VRX_INLINE D8 pickCos(VI q, D8 s, D8 c) {
 }
 
 // ------------------------------------------------------ rare-case routines
-// vdsin_cout_rare (short form and long form share the reduction below).
+// The rare lanes of every tier share the reduction below.
 // Non-finite: infinity gives x * 0 (NaN, code 19), NaN gives x * x.
-enum Which { kSin, kCos };
 
 VRX_INLINE bool nonFinite(double x, double& r) {
     if (__builtin_isinf(x)) {
