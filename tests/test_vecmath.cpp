@@ -301,6 +301,39 @@ TEST(VecmathControl, MaskedWordKeepsFtzDazAndLeavesNoLowFlags) {
     EXPECT_EQ(word, _mm_getcsr() & ~0x20u);
 }
 
+// Under a fully masked word the two frames differ: the families that
+// compute outside the tier kernels leave the word alone, so the caller's
+// flags and those of the arithmetic stay; the tier-kernel families clear
+// the five low flags at the end and keep only precision.
+TEST(VecmathControl, FlagsUnderMaskedWordByFrame) {
+    vt::MxcsrScope scope;
+    double big[3] = {1e200, -1e300, 2.0}, y[3];
+    float bigf[3] = {1e30f, -3e38f, 2.f}, yf[3];
+    double x[3] = {1.0, 2.0, 3.0};
+    struct Case {
+        const char* name;
+        unsigned in, out;  // the word before and after the call
+        std::function<void()> call;
+    };
+    const Case cases[] = {
+        // overflow raised by the squares stays, the caller's flags too
+        {"Sqr_64f", 0x1F80u, 0x1F80u | 0x08u | 0x20u, [&] { vrxsSqr_64f(big, y, 3); }},
+        {"Sqr_32f", 0x1F80u, 0x1F80u | 0x08u | 0x20u, [&] { vrxsSqr_32f(bigf, yf, 3); }},
+        {"Abs_64f", 0x1F80u | 0x15u, 0x1F80u | 0x15u, [&] { vrxsAbs_64f(big, y, 3); }},
+        {"Normalize_64f", 0x1F80u | 0x02u, 0x1F80u | 0x02u | 0x08u | 0x20u,
+         [&] { vrxsNormalize_64f(big, y, 3, 0.0, 1e-300); }},
+        // the tier kernels clear the five low flags, set before or raised
+        {"Exp_64f", 0x1F80u | 0x1Fu, 0x1F80u, [&] { vrxsExp_64f(x, y, 3); }},
+        {"Arctan_32f", 0x1F80u | 0x11u, 0x1F80u, [&] { vrxsArctan_32f(bigf, yf, 3); }},
+        {"Phase_64f", 0x1F80u | 0x04u, 0x1F80u, [&] { vrxsPhase_64f(x, big, y, 3); }},
+    };
+    for (const Case& c : cases) {
+        _mm_setcsr(c.in);
+        c.call();
+        EXPECT_EQ(c.out, _mm_getcsr() & ~(c.out & 0x20u ? 0u : 0x20u)) << c.name;
+    }
+}
+
 // The kernels leave no x87 exception flag behind, whether the caller had
 // one up or not.
 unsigned short x87Status() {

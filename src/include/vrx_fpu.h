@@ -33,80 +33,116 @@ constexpr unsigned kMxcsrDaz = 0x0040;
 VRX_INLINE unsigned getMxcsr() { return _mm_getcsr(); }
 VRX_INLINE void setMxcsr(unsigned w) { _mm_setcsr(w); }
 
-// Round to nearest for the conversion instructions of a kernel: clears the
-// rounding bits when they are set and puts back only those bits at the end.
-class RoundNearestGuard {
+// ------------------------------------------------------------- guards
+// One scope type: FpScope<Policy> reads MXCSR on entry, lets the policy
+// write what it needs, and lets the policy put back what it changed when
+// the scope ends. No policy sets flush-to-zero or denormals-are-zero.
+//
+//   policy        entry                        exit                               used by
+//   RoundNearest  rounding bits cleared        old rounding bits back             arith products, conversions
+//                 (written only if set)        (written only if they were set)
+//   TruncMasked   round toward zero, invalid   old rounding and invalid-mask      truncating conversions
+//                 masked (written if changed)  bits back (written if changed)
+//   InvalidQuiet  invalid masked (if not)      old invalid mask back; an invalid  conversions of out-of-range
+//                                              flag raised inside is cleared      inputs
+//   StickyFlags   all masked, flags cleared    old masks and old flags back;      Sqrt_32f/64f, Magnitude_32fc
+//                 (always written)             the scope's flags stay (flags())
+//   MaskTraps     all six masked when any      the whole old word back when it    vecmath exported families
+//                 was unmasked                 was changed, else nothing
+//   KernelQuiet   as MaskTraps                 x87 exceptions cleared (fnclex     vector-math tier kernels
+//                                              only when one is up); the old word
+//                                              back when changed, else the five
+//                                              low flags cleared (precision kept)
+template <class Policy>
+class FpScope {
 public:
-    RoundNearestGuard() : old_(getMxcsr()) {
-        if (old_ & kMxcsrRound) setMxcsr(old_ & ~kMxcsrRound);
-    }
-    ~RoundNearestGuard() {
-        if (old_ & kMxcsrRound) setMxcsr((getMxcsr() & ~kMxcsrRound) | (old_ & kMxcsrRound));
-    }
-    RoundNearestGuard(const RoundNearestGuard&) = delete;
-    RoundNearestGuard& operator=(const RoundNearestGuard&) = delete;
+    FpScope() : old_(getMxcsr()) { Policy::enter(old_); }
+    ~FpScope() { Policy::leave(old_); }
+    // the sticky flags raised so far (all of them: StickyFlags clears them
+    // on entry)
+    unsigned flags() const { return getMxcsr() & kMxcsrFlags; }
+    FpScope(const FpScope&) = delete;
+    FpScope& operator=(const FpScope&) = delete;
 private:
     unsigned old_;
 };
 
-// Truncating or financial conversion: rounding toward zero and the invalid
-// exception masked; the word is written only when it differs, and the old
-// rounding and mask bits come back at the end.
-class TruncMaskedGuard {
-public:
-    TruncMaskedGuard() : old_(getMxcsr()) {
-        unsigned w = old_ | kMxcsrRoundZero | kMxcsrInvalidMask;
-        if (w != old_) setMxcsr(w);
+struct RoundNearest {
+    static VRX_INLINE void enter(unsigned old) {
+        if (old & kMxcsrRound) setMxcsr(old & ~kMxcsrRound);
     }
-    ~TruncMaskedGuard() {
+    static VRX_INLINE void leave(unsigned old) {
+        if (old & kMxcsrRound) setMxcsr((getMxcsr() & ~kMxcsrRound) | (old & kMxcsrRound));
+    }
+};
+
+struct TruncMasked {
+    static VRX_INLINE void enter(unsigned old) {
+        unsigned w = old | kMxcsrRoundZero | kMxcsrInvalidMask;
+        if (w != old) setMxcsr(w);
+    }
+    static VRX_INLINE void leave(unsigned old) {
         constexpr unsigned bits = kMxcsrRound | kMxcsrInvalidMask;
         unsigned now = getMxcsr();
-        unsigned w = (now & ~bits) | (old_ & bits);
+        unsigned w = (now & ~bits) | (old & bits);
         if (w != now) setMxcsr(w);
     }
-    TruncMaskedGuard(const TruncMaskedGuard&) = delete;
-    TruncMaskedGuard& operator=(const TruncMaskedGuard&) = delete;
-private:
-    unsigned old_;
 };
 
-// Invalid masked for the kernel; an invalid flag that the kernel raised (it
-// was clear on entry) is cleared again, so out-of-range inputs leave no trace.
-class InvalidQuietGuard {
-public:
-    InvalidQuietGuard() : old_(getMxcsr()) {
-        if (!(old_ & kMxcsrInvalidMask)) setMxcsr(old_ | kMxcsrInvalidMask);
+struct InvalidQuiet {
+    static VRX_INLINE void enter(unsigned old) {
+        if (!(old & kMxcsrInvalidMask)) setMxcsr(old | kMxcsrInvalidMask);
     }
-    ~InvalidQuietGuard() {
+    static VRX_INLINE void leave(unsigned old) {
         unsigned now = getMxcsr();
-        unsigned w = (now & ~kMxcsrInvalidMask) | (old_ & kMxcsrInvalidMask);
-        if (!(old_ & kMxcsrInvalid)) w &= ~kMxcsrInvalid;
+        unsigned w = (now & ~kMxcsrInvalidMask) | (old & kMxcsrInvalidMask);
+        if (!(old & kMxcsrInvalid)) w &= ~kMxcsrInvalid;
         if (w != now) setMxcsr(w);
     }
-    InvalidQuietGuard(const InvalidQuietGuard&) = delete;
-    InvalidQuietGuard& operator=(const InvalidQuietGuard&) = delete;
-private:
-    unsigned old_;
 };
 
-// Detection by sticky flag: all exceptions masked and the flags cleared for
-// the kernel; flags() reads what the kernel raised. At the end the caller's
-// masks and its own flags come back, and the kernel's flags stay set.
-class StickyFlagGuard {
-public:
-    StickyFlagGuard() : old_(getMxcsr()) {
-        setMxcsr((old_ | kMxcsrMasks) & ~kMxcsrFlags);
-    }
-    unsigned flags() const { return getMxcsr() & kMxcsrFlags; }
-    ~StickyFlagGuard() {
+struct StickyFlags {
+    static VRX_INLINE void enter(unsigned old) { setMxcsr((old | kMxcsrMasks) & ~kMxcsrFlags); }
+    static VRX_INLINE void leave(unsigned old) {
         unsigned now = getMxcsr();
-        setMxcsr((now & ~kMxcsrMasks) | (old_ & kMxcsrMasks) | (old_ & kMxcsrFlags));
+        setMxcsr((now & ~kMxcsrMasks) | (old & kMxcsrMasks) | (old & kMxcsrFlags));
     }
-    StickyFlagGuard(const StickyFlagGuard&) = delete;
-    StickyFlagGuard& operator=(const StickyFlagGuard&) = delete;
-private:
-    unsigned old_;
 };
+
+struct MaskTraps {
+    static VRX_INLINE bool changes(unsigned old) { return (old & kMxcsrMasks) != kMxcsrMasks; }
+    static VRX_INLINE void enter(unsigned old) {
+        if (changes(old)) setMxcsr(old | kMxcsrMasks);
+    }
+    static VRX_INLINE void leave(unsigned old) {
+        if (changes(old)) setMxcsr(old);
+    }
+};
+
+struct KernelQuiet {
+    static VRX_INLINE void enter(unsigned old) { MaskTraps::enter(old); }
+    static VRX_INLINE void leave(unsigned old) {
+        // fnclex costs several times a status read: it runs only when an
+        // x87 exception flag is up
+        unsigned short sw;
+        __asm__ __volatile__("fnstsw %0" : "=a"(sw)::"memory");
+        if (VRX_UNLIKELY(sw & 0x80FFu)) __asm__ __volatile__("fnclex" ::: "memory");
+        if (MaskTraps::changes(old)) {
+            setMxcsr(old);
+        } else {
+            unsigned w = getMxcsr();
+            if (w & 0x1Fu) setMxcsr(w & ~0x1Fu);
+        }
+    }
+};
+
+// The names the kernels use.
+using RoundNearestGuard = FpScope<RoundNearest>;
+using TruncMaskedGuard = FpScope<TruncMasked>;
+using InvalidQuietGuard = FpScope<InvalidQuiet>;
+using StickyFlagGuard = FpScope<StickyFlags>;
+using TrapGuard = FpScope<MaskTraps>;
+using KernelFrame = FpScope<KernelQuiet>;
 
 // Clears the sticky invalid and underflow flags when a table kernel left
 // them set.

@@ -20,42 +20,47 @@ constexpr double kAtanHi[4] = {4.63647609000806093515e-01, 7.8539816339744827899
 constexpr double kAtanLo[4] = {2.26987774529616870924e-17, 3.06161699786838294307e-17, 1.39033110312309984516e-17,
                                6.12323399573676603587e-17};
 
+// hi + lo + atan(t) for the reduced argument t: t + t^3 p(t^2), p split
+// into its even and odd halves in w = t^4.
+VRX_INLINE D8 atanTail(D8 t, D8 hi, D8 lo) {
+    D8 z = D::mul(t, t);
+    D8 w = D::mul(z, z);
+    D8 s1 = D::mul(z, D::fma(w, D::fma(w, D::fma(w, D::fma(w, D::fma(w, D::set1(aT[10]), D::set1(aT[8])), D::set1(aT[6])), D::set1(aT[4])), D::set1(aT[2])),
+                             D::set1(aT[0])));
+    D8 s2 = D::mul(w, D::fma(w, D::fma(w, D::fma(w, D::fma(w, D::set1(aT[9]), D::set1(aT[7])), D::set1(aT[5])), D::set1(aT[3])), D::set1(aT[1])));
+    return D::sub(hi, D::sub(D::fms(t, D::add(s1, s2), lo), t));
+}
+
 // atan(a) for a >= 0 (infinity included)
 VRX_INLINE D8 atanPos(D8 a) {
-    __mmask8 m0 = _mm512_cmp_pd_mask(a, set1(0.4375), _CMP_GE_OQ);
-    __mmask8 m1 = _mm512_cmp_pd_mask(a, set1(0.6875), _CMP_GE_OQ);
-    __mmask8 m2 = _mm512_cmp_pd_mask(a, set1(1.1875), _CMP_GE_OQ);
-    __mmask8 m3 = _mm512_cmp_pd_mask(a, set1(2.4375), _CMP_GE_OQ);
-    D8 num = a, den = set1(1.0), hi = _mm512_setzero_pd(), lo = hi;
-    num = _mm512_mask_blend_pd(m0, num, fms(a, set1(2.0), set1(1.0)));
-    den = _mm512_mask_blend_pd(m0, den, add(set1(2.0), a));
-    num = _mm512_mask_blend_pd(m1, num, sub(a, set1(1.0)));
-    den = _mm512_mask_blend_pd(m1, den, add(a, set1(1.0)));
-    num = _mm512_mask_blend_pd(m2, num, sub(a, set1(1.5)));
-    den = _mm512_mask_blend_pd(m2, den, add(set1(1.0), mul(set1(1.5), a)));
-    num = _mm512_mask_blend_pd(m3, num, set1(-1.0));
-    den = _mm512_mask_blend_pd(m3, den, a);
-    hi = _mm512_mask_blend_pd(m0, hi, set1(kAtanHi[0]));
-    lo = _mm512_mask_blend_pd(m0, lo, set1(kAtanLo[0]));
-    hi = _mm512_mask_blend_pd(m1, hi, set1(kAtanHi[1]));
-    lo = _mm512_mask_blend_pd(m1, lo, set1(kAtanLo[1]));
-    hi = _mm512_mask_blend_pd(m2, hi, set1(kAtanHi[2]));
-    lo = _mm512_mask_blend_pd(m2, lo, set1(kAtanLo[2]));
-    hi = _mm512_mask_blend_pd(m3, hi, set1(kAtanHi[3]));
-    lo = _mm512_mask_blend_pd(m3, lo, set1(kAtanLo[3]));
-    D8 t = div(num, den);
-    D8 z = mul(t, t);
-    D8 w = mul(z, z);
-    D8 s1 = mul(z, fma(w, fma(w, fma(w, fma(w, fma(w, set1(aT[10]), set1(aT[8])), set1(aT[6])), set1(aT[4])), set1(aT[2])),
-                       set1(aT[0])));
-    D8 s2 = mul(w, fma(w, fma(w, fma(w, fma(w, set1(aT[9]), set1(aT[7])), set1(aT[5])), set1(aT[3])), set1(aT[1])));
-    return sub(hi, sub(fms(t, add(s1, s2), lo), t));
+    __mmask8 m0 = D::ge(a, D::set1(0.4375));
+    __mmask8 m1 = D::ge(a, D::set1(0.6875));
+    __mmask8 m2 = D::ge(a, D::set1(1.1875));
+    __mmask8 m3 = D::ge(a, D::set1(2.4375));
+    D8 num = a, den = D::set1(1.0), hi = D::zero(), lo = hi;
+    num = D::blend(m0, num, D::fms(a, D::set1(2.0), D::set1(1.0)));
+    den = D::blend(m0, den, D::add(D::set1(2.0), a));
+    num = D::blend(m1, num, D::sub(a, D::set1(1.0)));
+    den = D::blend(m1, den, D::add(a, D::set1(1.0)));
+    num = D::blend(m2, num, D::sub(a, D::set1(1.5)));
+    den = D::blend(m2, den, D::add(D::set1(1.0), D::mul(D::set1(1.5), a)));
+    num = D::blend(m3, num, D::set1(-1.0));
+    den = D::blend(m3, den, a);
+    hi = D::blend(m0, hi, D::set1(kAtanHi[0]));
+    lo = D::blend(m0, lo, D::set1(kAtanLo[0]));
+    hi = D::blend(m1, hi, D::set1(kAtanHi[1]));
+    lo = D::blend(m1, lo, D::set1(kAtanLo[1]));
+    hi = D::blend(m2, hi, D::set1(kAtanHi[2]));
+    lo = D::blend(m2, lo, D::set1(kAtanLo[2]));
+    hi = D::blend(m3, hi, D::set1(kAtanHi[3]));
+    lo = D::blend(m3, lo, D::set1(kAtanLo[3]));
+    return atanTail(D::div(num, den), hi, lo);
 }
 
 struct AtanD {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
-        rare = _mm512_cmp_pd_mask(x, x, _CMP_UNORD_Q);
-        return xorp(atanPos(dabs(x)), signOf(x));
+        rare = D::unord(x, x);
+        return D::xorb(atanPos(D::abs(x)), signOf(x));
     }
     static double rare(double x) { return x + x; }
 };
@@ -66,25 +71,25 @@ struct AtanD {
 // error 2^-33), far below the final rounding to float.
 struct AtanS {
     static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
-        rare = _mm512_cmp_pd_mask(x, x, _CMP_UNORD_Q);
-        D8 a = dabs(x);
-        __mmask8 m1 = _mm512_cmp_pd_mask(a, set1(0.41421356237309503), _CMP_GT_OQ);
-        __mmask8 m2 = _mm512_cmp_pd_mask(a, set1(2.4142135623730949), _CMP_GT_OQ);
+        rare = D::unord(x, x);
+        D8 a = D::abs(x);
+        __mmask8 m1 = D::gt(a, D::set1(0.41421356237309503));
+        __mmask8 m2 = D::gt(a, D::set1(2.4142135623730949));
         // the numerators and denominators are exact for float arguments
-        D8 num = _mm512_mask_blend_pd(m1, a, sub(a, set1(1.0)));
-        D8 den = _mm512_mask_blend_pd(m1, set1(1.0), add(a, set1(1.0)));
-        num = _mm512_mask_blend_pd(m2, num, set1(-1.0));
-        den = _mm512_mask_blend_pd(m2, den, a);
-        D8 hi = _mm512_maskz_mov_pd(m1, set1(0.78539816339744828));
-        hi = _mm512_mask_blend_pd(m2, hi, set1(1.5707963267948966));
-        D8 t = div(num, den);
-        D8 z = mul(t, t);
-        D8 p = fma(z, set1(0x1.9d8b2344d1c3cp-5), set1(-0x1.614448bd30a84p-4));
-        p = fma(z, p, set1(0x1.c57bad2e925f0p-4));
-        p = fma(z, p, set1(-0x1.248a173238684p-3));
-        p = fma(z, p, set1(0x1.99997b13bead1p-3));
-        p = fma(z, p, set1(-0x1.5555554c0aef3p-2));
-        return xorp(add(hi, fma(mul(t, z), p, t)), signOf(x));
+        D8 num = D::blend(m1, a, D::sub(a, D::set1(1.0)));
+        D8 den = D::blend(m1, D::set1(1.0), D::add(a, D::set1(1.0)));
+        num = D::blend(m2, num, D::set1(-1.0));
+        den = D::blend(m2, den, a);
+        D8 hi = D::blend(m1, D::zero(), D::set1(0.78539816339744828));
+        hi = D::blend(m2, hi, D::set1(1.5707963267948966));
+        D8 t = D::div(num, den);
+        D8 z = D::mul(t, t);
+        D8 p = D::fma(z, D::set1(0x1.9d8b2344d1c3cp-5), D::set1(-0x1.614448bd30a84p-4));
+        p = D::fma(z, p, D::set1(0x1.c57bad2e925f0p-4));
+        p = D::fma(z, p, D::set1(-0x1.248a173238684p-3));
+        p = D::fma(z, p, D::set1(0x1.99997b13bead1p-3));
+        p = D::fma(z, p, D::set1(-0x1.5555554c0aef3p-2));
+        return D::xorb(D::add(hi, D::fma(D::mul(t, z), p, t)), signOf(x));
     }
     static double rare(double x) { return x + x; }
 };
@@ -92,132 +97,68 @@ struct AtanS {
 // atan(mn/mx) for 0 <= mn <= mx from one division; the numerators are
 // exact by Sterbenz's lemma.
 VRX_INLINE D8 atanRatio(D8 mn, D8 mx) {
-    __mmask8 m0 = _mm512_cmp_pd_mask(mn, mul(mx, set1(0.4375)), _CMP_GE_OQ);
-    __mmask8 m1 = _mm512_cmp_pd_mask(mn, mul(mx, set1(0.6875)), _CMP_GE_OQ);
-    D8 num = mn, den = mx, hi = _mm512_setzero_pd(), lo = hi;
-    num = _mm512_mask_blend_pd(m0, num, fms(mn, set1(2.0), mx));
-    den = _mm512_mask_blend_pd(m0, den, fma(mx, set1(2.0), mn));
-    num = _mm512_mask_blend_pd(m1, num, sub(mn, mx));
-    den = _mm512_mask_blend_pd(m1, den, add(mn, mx));
-    hi = _mm512_mask_blend_pd(m0, hi, set1(kAtanHi[0]));
-    lo = _mm512_mask_blend_pd(m0, lo, set1(kAtanLo[0]));
-    hi = _mm512_mask_blend_pd(m1, hi, set1(kAtanHi[1]));
-    lo = _mm512_mask_blend_pd(m1, lo, set1(kAtanLo[1]));
-    D8 t = div(num, den);
-    D8 z = mul(t, t);
-    D8 w = mul(z, z);
-    D8 s1 = mul(z, fma(w, fma(w, fma(w, fma(w, fma(w, set1(aT[10]), set1(aT[8])), set1(aT[6])), set1(aT[4])), set1(aT[2])),
-                       set1(aT[0])));
-    D8 s2 = mul(w, fma(w, fma(w, fma(w, fma(w, set1(aT[9]), set1(aT[7])), set1(aT[5])), set1(aT[3])), set1(aT[1])));
-    return sub(hi, sub(fms(t, add(s1, s2), lo), t));
+    __mmask8 m0 = D::ge(mn, D::mul(mx, D::set1(0.4375)));
+    __mmask8 m1 = D::ge(mn, D::mul(mx, D::set1(0.6875)));
+    D8 num = mn, den = mx, hi = D::zero(), lo = hi;
+    num = D::blend(m0, num, D::fms(mn, D::set1(2.0), mx));
+    den = D::blend(m0, den, D::fma(mx, D::set1(2.0), mn));
+    num = D::blend(m1, num, D::sub(mn, mx));
+    den = D::blend(m1, den, D::add(mn, mx));
+    hi = D::blend(m0, hi, D::set1(kAtanHi[0]));
+    lo = D::blend(m0, lo, D::set1(kAtanLo[0]));
+    hi = D::blend(m1, hi, D::set1(kAtanHi[1]));
+    lo = D::blend(m1, lo, D::set1(kAtanLo[1]));
+    return atanTail(D::div(num, den), hi, lo);
 }
 
 // atan2(y, x): the arctangent of min/max of the magnitudes, placed in its
 // octant. Zeros on both sides, infinities and NaNs take the rare path.
 VRX_INLINE D8 atan2Vec(D8 y, D8 x, __mmask8& rare) {
-    D8 ax = dabs(x), ay = dabs(y);
-    D8 mx = dmax(ax, ay), mn = dmin(ax, ay);
-    rare = _mm512_cmp_pd_mask(mx, set1(__builtin_inf()), _CMP_NLT_UQ) | _mm512_cmp_pd_mask(mn, mx, _CMP_UNORD_Q) |
-           _mm512_cmp_pd_mask(mx, set1(0.0), _CMP_EQ_OQ);
+    D8 ax = D::abs(x), ay = D::abs(y);
+    D8 mx = D::max(ax, ay), mn = D::min(ax, ay);
+    rare = D::nlt(mx, D::set1(__builtin_inf())) | D::unord(mn, mx) | D::eq(mx, D::set1(0.0));
     D8 r = atanRatio(mn, mx);
     constexpr double kPio2Hi = 0x1.921fb54442d18p+0, kPio2Lo = 0x1.1a62633145c07p-54;
     constexpr double kPiHi = 0x1.921fb54442d18p+1, kPiLo = 0x1.1a62633145c07p-53;
-    __mmask8 steep = _mm512_cmp_pd_mask(ay, ax, _CMP_GT_OQ);
-    r = _mm512_mask_blend_pd(steep, r, add(sub(set1(kPio2Hi), r), set1(kPio2Lo)));
-    __mmask8 left = _mm512_test_epi64_mask(asInt(x), _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)));
-    r = _mm512_mask_blend_pd(left, r, add(sub(set1(kPiHi), r), set1(kPiLo)));
-    return xorp(r, signOf(y));
+    __mmask8 steep = D::gt(ay, ax);
+    r = D::blend(steep, r, D::add(D::sub(D::set1(kPio2Hi), r), D::set1(kPio2Lo)));
+    __mmask8 left = I64::lt(simd::bitsOf(x), I64::zero());  // the sign bit set
+    r = D::blend(left, r, D::add(D::sub(D::set1(kPiHi), r), D::set1(kPiLo)));
+    return D::xorb(r, signOf(y));
 }
 
-template <class T>
-VRX_INLINE VrxStatus runAtan2(const T* pY, const T* pX, T* dst, int len);
-
-template <>
-VRX_INLINE VrxStatus runAtan2<double>(const double* pY, const double* pX, double* dst, int len) {
-    if (len < 1) return vrxErrBadLength;
-    if (!pY || !pX || !dst) return vrxErrNullPtr;
-    KernelFrame frame;
-    for (int i = 0; i < len; i += 8) {
-        __mmask8 m = len - i >= 8 ? 0xFF : tailMask8(len - i);
-        D8 y = _mm512_maskz_loadu_pd(m, pY + i), x = _mm512_maskz_loadu_pd(m, pX + i);
-        __mmask8 rare;
-        D8 r = atan2Vec(y, x, rare);
-        rare &= m;
-        if (VRX_UNLIKELY(rare)) {
-            alignas(64) double ty[8], tx[8], tr[8];
-            _mm512_store_pd(ty, y);
-            _mm512_store_pd(tx, x);
-            _mm512_store_pd(tr, r);
-            for (unsigned b = rare; b; b &= b - 1) {
-                int j = __builtin_ctz(b);
-                tr[j] = atan2(ty[j], tx[j]);
-            }
-            r = _mm512_load_pd(tr);
-        }
-        _mm512_mask_storeu_pd(dst + i, m, r);
-    }
-    return vrxOk;
-}
-
-template <>
-VRX_INLINE VrxStatus runAtan2<float>(const float* pY, const float* pX, float* dst, int len) {
-    if (len < 1) return vrxErrBadLength;
-    if (!pY || !pX || !dst) return vrxErrNullPtr;
-    KernelFrame frame;
-    for (int i = 0; i < len; i += 16) {
-        __mmask16 m = len - i >= 16 ? 0xFFFF : tailMask16(len - i);
-        F16 yv = _mm512_maskz_loadu_ps(m, pY + i), xv = _mm512_maskz_loadu_ps(m, pX + i);
-        D8 res[2];
-        for (int h = 0; h < 2; ++h) {
-            D8 y = h ? hiHalf(yv) : loHalf(yv), x = h ? hiHalf(xv) : loHalf(xv);
-            __mmask8 rare;
-            D8 r = atan2Vec(y, x, rare);
-            rare &= static_cast<__mmask8>(m >> (8 * h));
-            if (VRX_UNLIKELY(rare)) {
-                alignas(64) double ty[8], tx[8], tr[8];
-                _mm512_store_pd(ty, y);
-                _mm512_store_pd(tx, x);
-                _mm512_store_pd(tr, r);
-                for (unsigned b = rare; b; b &= b - 1) {
-                    int j = __builtin_ctz(b);
-                    tr[j] = atan2(ty[j], tx[j]);
-                }
-                r = _mm512_load_pd(tr);
-            }
-            res[h] = r;
-        }
-        _mm512_mask_storeu_ps(dst + i, m, joinHalves(res[0], res[1]));
-    }
-    return vrxOk;
-}
+// atan2 in double lanes; the rare lanes take the C library's.
+struct Atan2D {
+    static VRX_INLINE D8 vec(D8 y, D8 x, __mmask8& rare) { return atan2Vec(y, x, rare); }
+    static double rare(double y, double x) { return atan2(y, x); }
+};
 
 }  // namespace
 
 extern "C" {
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dAtan_B3HAynn(const Vrx64f* s, Vrx64f* d, int n) {
-    return runD1<AtanD>(s, d, n);
+VrxStatus N0(own_vrxs_dAtan_B3HAynn)(const Vrx64f* s, Vrx64f* d, int n) {
+    return runKernel<Native>(AtanD{}, {s}, {d}, n);
 }
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sAtan_B3HAynn(const Vrx32f* s, Vrx32f* d, int n) {
-    return runS1<AtanS>(s, d, n);
+VrxStatus N0(own_vrxs_sAtan_B3HAynn)(const Vrx32f* s, Vrx32f* d, int n) {
+    return runKernel<ViaDouble>(AtanS{}, {s}, {d}, n);
 }
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dAtan2_B3LAynn(const Vrx64f* y, const Vrx64f* x, Vrx64f* d,
+VrxStatus N0(own_vrxs_dAtan2_B3LAynn)(const Vrx64f* y, const Vrx64f* x, Vrx64f* d,
                                                                            int n) {
-    return runAtan2<double>(y, x, d, n);
+    return runKernel<Native>(Atan2D{}, {y, x}, {d}, n);
 }
 // single precision atan2 in double lanes: the HA kernel
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sAtan2_B3HAynn(const Vrx32f* y, const Vrx32f* x, Vrx32f* d,
+VrxStatus N0(own_vrxs_sAtan2_B3HAynn)(const Vrx32f* y, const Vrx32f* x, Vrx32f* d,
                                                                            int n) {
-    return runAtan2<float>(y, x, d, n);
+    return runKernel<ViaDouble>(Atan2D{}, {y, x}, {d}, n);
 }
-VrxStatus n0_own_vrxs_sAtan2_B3LAynn(const Vrx32f* y, const Vrx32f* x, Vrx32f* d, int n);
-const VrxKernD1 n0_own_vrxs_dAtan_B3_ttab[3] = {n0_own_vrxs_dAtan_B3HAynn, n0_own_vrxs_dAtan_B3HAynn,
-                                                n0_own_vrxs_dAtan_B3HAynn};
-const VrxKernS1 n0_own_vrxs_sAtan_B3_ttab[3] = {n0_own_vrxs_sAtan_B3HAynn, n0_own_vrxs_sAtan_B3HAynn,
-                                                n0_own_vrxs_sAtan_B3HAynn};
+const VrxKernD1 N0(own_vrxs_dAtan_B3_ttab)[3] = {N0(own_vrxs_dAtan_B3HAynn), N0(own_vrxs_dAtan_B3HAynn),
+                                                N0(own_vrxs_dAtan_B3HAynn)};
+const VrxKernS1 N0(own_vrxs_sAtan_B3_ttab)[3] = {N0(own_vrxs_sAtan_B3HAynn), N0(own_vrxs_sAtan_B3HAynn),
+                                                N0(own_vrxs_sAtan_B3HAynn)};
 // The double LA kernel stands in every slot; single precision has LA in
 // float lanes and HA in double lanes (also slot 2).
-const VrxKernD21 n0_own_vrxs_dAtan2_B3_ttab[3] = {n0_own_vrxs_dAtan2_B3LAynn, n0_own_vrxs_dAtan2_B3LAynn,
-                                                  n0_own_vrxs_dAtan2_B3LAynn};
-const VrxKernS21 n0_own_vrxs_sAtan2_B3_ttab[3] = {n0_own_vrxs_sAtan2_B3LAynn, n0_own_vrxs_sAtan2_B3HAynn,
-                                                  n0_own_vrxs_sAtan2_B3HAynn};
+const VrxKernD21 N0(own_vrxs_dAtan2_B3_ttab)[3] = {N0(own_vrxs_dAtan2_B3LAynn), N0(own_vrxs_dAtan2_B3LAynn),
+                                                  N0(own_vrxs_dAtan2_B3LAynn)};
+const VrxKernS21 N0(own_vrxs_sAtan2_B3_ttab)[3] = {N0(own_vrxs_sAtan2_B3LAynn), N0(own_vrxs_sAtan2_B3HAynn),
+                                                  N0(own_vrxs_sAtan2_B3HAynn)};
 }

@@ -2,20 +2,16 @@
 // PowerSpectr, Normalize.
 // Plain loops stay loops: no calls into the C library for fills.
 #pragma GCC optimize("no-tree-loop-distribute-patterns")
+#include "vm_common.h"
 #include "vm_int.h"
-#include "vm_map.h"
 
 using namespace n0::vm;
-using n0::checkArgs;
 
 namespace {
 
 template <class C, class T>
 VRX_INLINE VrxStatus part(const C* s, T* d, int len, bool im) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) d[i] = im ? s[i].im : s[i].re;
-    return vrxOk;
+    return trapped(len, {s, d}, [&] { for (int i = 0; i < len; ++i) d[i] = im ? s[i].im : s[i].re; });
 }
 
 template <class T, class C>
@@ -32,14 +28,13 @@ VRX_INLINE VrxStatus toCplx(const T* re, const T* im, C* d, int len) {
 
 template <class C, class T>
 VRX_INLINE VrxStatus toReal(const C* s, T* re, T* im, int len) {
-    if (VrxStatus st = checkArgs(len, s, re, im)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) {
-        T a = s[i].re, b = s[i].im;
-        re[i] = a;
-        im[i] = b;
-    }
-    return vrxOk;
+    return trapped(len, {s, re, im}, [&] {
+        for (int i = 0; i < len; ++i) {
+            T a = s[i].re, b = s[i].im;
+            re[i] = a;
+            im[i] = b;
+        }
+    });
 }
 
 VRX_INLINE Vrx16s negSat(Vrx16s v) { return v == -32768 ? Vrx16s(32767) : Vrx16s(-v); }
@@ -47,27 +42,57 @@ VRX_INLINE Vrx16s negSat(Vrx16s v) { return v == -32768 ? Vrx16s(32767) : Vrx16s
 // conj(pSrc[len-1-n]) to pDst[n]; in place when pSrc == pDst
 template <class C, class F>
 VRX_INLINE VrxStatus conjFlip(const C* s, C* d, int len, F neg) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0, j = len - 1; i <= j; ++i, --j) {
-        C a = s[i], b = s[j];
-        d[i].re = b.re;
-        d[i].im = neg(b.im);
-        d[j].re = a.re;
-        d[j].im = neg(a.im);
-    }
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        for (int i = 0, j = len - 1; i <= j; ++i, --j) {
+            C a = s[i], b = s[j];
+            d[i].re = b.re;
+            d[i].im = neg(b.im);
+            d[j].re = a.re;
+            d[j].im = neg(a.im);
+        }
+    });
 }
 
-// flips the sign of the odd (imaginary) lanes
-VRX_INLINE F16 conjS(F16 v) {
-    return _mm512_castsi512_ps(_mm512_xor_si512(_mm512_castps_si512(v), _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull))));
+// the sign of the odd (imaginary) lanes flipped
+template <class C>
+VRX_INLINE VrxStatus conjF(const C* s, C* d, int len) {
+    using T = decltype(s->re);
+    using V = simd::V<T>;
+    return trapped(len, {s, d}, [&] {
+        lanes<Native>(Map{[](typename V::R v) { return V::xorb(v, V::set2(T(0), -T(0))); }}, {&s->re}, {&d->re}, 2 * len);
+    });
 }
-VRX_INLINE D8 conjD(D8 v) {
-    return xorp(v, _mm512_castsi512_pd(_mm512_set_epi64(static_cast<long long>(0x8000000000000000ull), 0,
-                                                         static_cast<long long>(0x8000000000000000ull), 0,
-                                                         static_cast<long long>(0x8000000000000000ull), 0,
-                                                         static_cast<long long>(0x8000000000000000ull), 0)));
+
+// re^2 + im^2 in double, one fused step: for single precision the squares
+// are exact and the sum rounds once before the final rounding.
+template <class T>
+VRX_INLINE VrxStatus powerSpectrF(const T* re, const T* im, T* d, int len) {
+    using W = std::conditional_t<sizeof(T) == 4, ViaDouble, Native>;
+    return trapped(len, {re, im, d}, [&] {
+        lanes<W>(Map{[](D8 a, D8 b) { return D::fma(a, a, D::mul(b, b)); }}, {re, im}, {d}, len);
+    });
+}
+template <class C, class T>
+VRX_INLINE VrxStatus powerSpectrC(const C* s, T* d, int len) {
+    return trapped(len, {s, d}, [&] {
+        for (int i = 0; i < len; ++i) {
+            double a = s[i].re, b = s[i].im;
+            d[i] = narrow<T>(__builtin_fma(a, a, b * b));
+        }
+    });
+}
+
+// (x - sub) / div over n values of T; sub holds the subtrahend of each
+// lane (one value, or a (re, im) pair repeated)
+template <class T>
+VRX_INLINE VrxStatus normalizeF(const void* s0, void* d0, int len, const T* s, T* d, int n, typename simd::V<T>::R sub, T vDiv) {
+    using V = simd::V<T>;
+    return trapped(len, {s0, d0}, [&] {
+        if (vDiv == T(0)) return vrxErrDivByZero;
+        const typename V::R dv = V::set1(vDiv);
+        lanes<Native>(Map{[&](typename V::R v) { return V::div(V::sub(v, sub), dv); }}, {s}, {d}, n);
+        return vrxOk;
+    });
 }
 
 // exact rounding of num / den, ties to even, den != 0
@@ -119,27 +144,16 @@ VrxStatus N0(vrxsCplxToReal_64fc)(const Vrx64fc* s, Vrx64f* re, Vrx64f* im, int 
 
 // ----------------------------------------------------------------- Conj
 VrxStatus N0(vrxsConj_16sc)(const Vrx16sc* s, Vrx16sc* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) {
-        Vrx16s re = s[i].re, im = negSat(s[i].im);
-        d[i].re = re;
-        d[i].im = im;
-    }
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        for (int i = 0; i < len; ++i) {
+            Vrx16s re = s[i].re, im = negSat(s[i].im);
+            d[i].re = re;
+            d[i].im = im;
+        }
+    });
 }
-VrxStatus N0(vrxsConj_32fc)(const Vrx32fc* s, Vrx32fc* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    mapS(&s->re, &d->re, 2 * len, conjS);
-    return vrxOk;
-}
-VrxStatus N0(vrxsConj_64fc)(const Vrx64fc* s, Vrx64fc* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    mapD(&s->re, &d->re, 2 * len, conjD);
-    return vrxOk;
-}
+VrxStatus N0(vrxsConj_32fc)(const Vrx32fc* s, Vrx32fc* d, int len) { return conjF(s, d, len); }
+VrxStatus N0(vrxsConj_64fc)(const Vrx64fc* s, Vrx64fc* d, int len) { return conjF(s, d, len); }
 VrxStatus N0(vrxsConj_16sc_I)(Vrx16sc* p, int len) { return N0(vrxsConj_16sc)(p, p, len); }
 VrxStatus N0(vrxsConj_32fc_I)(Vrx32fc* p, int len) { return N0(vrxsConj_32fc)(p, p, len); }
 VrxStatus N0(vrxsConj_64fc_I)(Vrx64fc* p, int len) { return N0(vrxsConj_64fc)(p, p, len); }
@@ -152,93 +166,47 @@ VrxStatus N0(vrxsConjFlip_64fc)(const Vrx64fc* s, Vrx64fc* d, int len) {
 }
 
 // ---------------------------------------------------------- PowerSpectr
-// Single precision in double: the squares are exact and the sum rounds
-// once before the final rounding.
-VrxStatus N0(vrxsPowerSpectr_32f)(const Vrx32f* re, const Vrx32f* im, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, d)) return st;
-    TrapGuard trapGuard;
-    mapS2viaD(re, im, d, len, [](D8 a, D8 b) { return fma(a, a, mul(b, b)); });
-    return vrxOk;
-}
-VrxStatus N0(vrxsPowerSpectr_64f)(const Vrx64f* re, const Vrx64f* im, Vrx64f* d, int len) {
-    if (VrxStatus st = checkArgs(len, re, im, d)) return st;
-    TrapGuard trapGuard;
-    mapD2(re, im, d, len, [](D8 a, D8 b) { return fma(a, a, mul(b, b)); });
-    return vrxOk;
-}
-VrxStatus N0(vrxsPowerSpectr_32fc)(const Vrx32fc* s, Vrx32f* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) {
-        double a = s[i].re, b = s[i].im;
-        d[i] = toFloat(__builtin_fma(a, a, b * b));
-    }
-    return vrxOk;
-}
-VrxStatus N0(vrxsPowerSpectr_64fc)(const Vrx64fc* s, Vrx64f* d, int len) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) d[i] = __builtin_fma(s[i].re, s[i].re, s[i].im * s[i].im);
-    return vrxOk;
-}
+VrxStatus N0(vrxsPowerSpectr_32f)(const Vrx32f* re, const Vrx32f* im, Vrx32f* d, int len) { return powerSpectrF(re, im, d, len); }
+VrxStatus N0(vrxsPowerSpectr_64f)(const Vrx64f* re, const Vrx64f* im, Vrx64f* d, int len) { return powerSpectrF(re, im, d, len); }
+VrxStatus N0(vrxsPowerSpectr_32fc)(const Vrx32fc* s, Vrx32f* d, int len) { return powerSpectrC(s, d, len); }
+VrxStatus N0(vrxsPowerSpectr_64fc)(const Vrx64fc* s, Vrx64f* d, int len) { return powerSpectrC(s, d, len); }
 VrxStatus N0(vrxsPowerSpectr_16sc_Sfs)(const Vrx16sc* s, Vrx16s* d, int len, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    for (int i = 0; i < len; ++i) {
-        int64_t a = s[i].re, b = s[i].im;
-        d[i] = scaleExact<Vrx16s>(a * a + b * b, sf);
-    }
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        for (int i = 0; i < len; ++i) {
+            int64_t a = s[i].re, b = s[i].im;
+            d[i] = scaleExact<Vrx16s>(a * a + b * b, sf);
+        }
+    });
 }
 
 // ------------------------------------------------------------ Normalize
 VrxStatus N0(vrxsNormalize_32f)(const Vrx32f* s, Vrx32f* d, int len, Vrx32f vSub, Vrx32f vDiv) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    if (vDiv == 0.0f) return vrxErrDivByZero;
-    const F16 sub = _mm512_set1_ps(vSub), dv = _mm512_set1_ps(vDiv);
-    mapS(s, d, len, [&](F16 v) { return _mm512_div_ps(_mm512_sub_ps(v, sub), dv); });
-    return vrxOk;
+    return normalizeF(s, d, len, s, d, len, F::set1(vSub), vDiv);
 }
 VrxStatus N0(vrxsNormalize_64f)(const Vrx64f* s, Vrx64f* d, int len, Vrx64f vSub, Vrx64f vDiv) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    if (vDiv == 0.0) return vrxErrDivByZero;
-    const D8 sb = set1(vSub), dv = set1(vDiv);
-    mapD(s, d, len, [&](D8 v) { return div(sub(v, sb), dv); });
-    return vrxOk;
+    return normalizeF(s, d, len, s, d, len, D::set1(vSub), vDiv);
 }
 VrxStatus N0(vrxsNormalize_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32fc vSub, Vrx32f vDiv) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    if (vDiv == 0.0f) return vrxErrDivByZero;
-    const F16 sub = _mm512_castpd_ps(_mm512_set1_pd(__builtin_bit_cast(double, vSub))), dv = _mm512_set1_ps(vDiv);
-    mapS(&s->re, &d->re, 2 * len, [&](F16 v) { return _mm512_div_ps(_mm512_sub_ps(v, sub), dv); });
-    return vrxOk;
+    return normalizeF(s, d, len, &s->re, &d->re, 2 * len, F::set2(vSub.re, vSub.im), vDiv);
 }
 VrxStatus N0(vrxsNormalize_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64fc vSub, Vrx64f vDiv) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    if (vDiv == 0.0) return vrxErrDivByZero;
-    const D8 sb = _mm512_set_pd(vSub.im, vSub.re, vSub.im, vSub.re, vSub.im, vSub.re, vSub.im, vSub.re), dv = set1(vDiv);
-    mapD(&s->re, &d->re, 2 * len, [&](D8 v) { return div(sub(v, sb), dv); });
-    return vrxOk;
+    return normalizeF(s, d, len, &s->re, &d->re, 2 * len, D::set2(vSub.re, vSub.im), vDiv);
 }
 VrxStatus N0(vrxsNormalize_16s_Sfs)(const Vrx16s* s, Vrx16s* d, int len, Vrx16s vSub, int vDiv, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    if (vDiv == 0) return vrxErrDivByZero;
-    for (int i = 0; i < len; ++i) d[i] = normInt(s[i], vSub, vDiv, sf);
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        if (vDiv == 0) return vrxErrDivByZero;
+        for (int i = 0; i < len; ++i) d[i] = normInt(s[i], vSub, vDiv, sf);
+        return vrxOk;
+    });
 }
 VrxStatus N0(vrxsNormalize_16sc_Sfs)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16sc vSub, int vDiv, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    TrapGuard trapGuard;
-    if (vDiv == 0) return vrxErrDivByZero;
-    for (int i = 0; i < len; ++i) {
-        Vrx16s re = normInt(s[i].re, vSub.re, vDiv, sf), im = normInt(s[i].im, vSub.im, vDiv, sf);
-        d[i].re = re;
-        d[i].im = im;
-    }
-    return vrxOk;
+    return trapped(len, {s, d}, [&] {
+        if (vDiv == 0) return vrxErrDivByZero;
+        for (int i = 0; i < len; ++i) {
+            Vrx16s re = normInt(s[i].re, vSub.re, vDiv, sf), im = normInt(s[i].im, vSub.im, vDiv, sf);
+            d[i].re = re;
+            d[i].im = im;
+        }
+        return vrxOk;
+    });
 }

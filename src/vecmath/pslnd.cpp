@@ -23,17 +23,16 @@ struct LnD {
 }  // namespace
 
 extern "C" {
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dLn_B3HAynn(const Vrx64f* s, Vrx64f* d, int n) {
-    return runD1<LnD>(s, d, n);
+VrxStatus N0(own_vrxs_dLn_B3HAynn)(const Vrx64f* s, Vrx64f* d, int n) {
+    return runKernel<Native>(LnD{}, {s}, {d}, n);
 }
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_sLn_B3HAynn(const Vrx32f* s, Vrx32f* d, int n) {
-    return runS1<LnD>(s, d, n);
+VrxStatus N0(own_vrxs_sLn_B3HAynn)(const Vrx32f* s, Vrx32f* d, int n) {
+    return runKernel<ViaDouble>(LnD{}, {s}, {d}, n);
 }
 // One kernel serves every tier: it meets the HA target.
-const VrxKernD1 n0_own_vrxs_dLn_B3_ttab[3] = {n0_own_vrxs_dLn_B3HAynn, n0_own_vrxs_dLn_B3HAynn,
-                                              n0_own_vrxs_dLn_B3HAynn};
+const VrxKernD1 N0(own_vrxs_dLn_B3_ttab)[3] = {N0(own_vrxs_dLn_B3HAynn), N0(own_vrxs_dLn_B3HAynn),
+                                              N0(own_vrxs_dLn_B3HAynn)};
 // Single precision: LA in float lanes, HA in double lanes (also slot 2).
-VrxStatus n0_own_vrxs_sLn_B3LAynn(const Vrx32f* s, Vrx32f* d, int n);
-const VrxKernS1 n0_own_vrxs_sLn_B3_ttab[3] = {n0_own_vrxs_sLn_B3LAynn, n0_own_vrxs_sLn_B3HAynn,
-                                              n0_own_vrxs_sLn_B3HAynn};
+const VrxKernS1 N0(own_vrxs_sLn_B3_ttab)[3] = {N0(own_vrxs_sLn_B3LAynn), N0(own_vrxs_sLn_B3HAynn),
+                                              N0(own_vrxs_sLn_B3HAynn)};
 }

@@ -12,46 +12,36 @@ using namespace n0::vm;
 namespace {
 
 struct SqrtD {
-    static VRX_INLINE D8 vec(D8 x, __mmask8& rare) {
-        rare = 0;
-        return _mm512_sqrt_pd(x);
+    static constexpr bool kNoRare = true;
+    static VRX_INLINE D8 vec(D8 x) {
+        return D::sqrt(x);
     }
-    static double rare(double x) { return x; }
+};
+
+// |z| of interleaved (re, im) pairs: each register of 8 results reads two
+// registers of pairs (masked at the tail) and splits them.
+struct AbsZ {
+    static VRX_INLINE D8 vec(D8 re, D8 im, __mmask8& rare) { return absVec(re, im, rare); }
+    static double rare(double re, double im) { return absRare(re, im); }
 };
 
 VrxStatus runAbs(const Vrx64fc* src, Vrx64f* dst, int len) {
     if (len < 1) return vrxErrBadLength;
     if (!src || !dst) return vrxErrNullPtr;
     KernelFrame frame;
-    const double* s = reinterpret_cast<const double*>(src);
-    const I16 ie = _mm512_set_epi64(14, 12, 10, 8, 6, 4, 2, 0), io = _mm512_set_epi64(15, 13, 11, 9, 7, 5, 3, 1);
+    const double* s = &src->re;
     for (int i = 0; i < len; i += 8) {
         int k = len - i >= 8 ? 8 : len - i;
-        __mmask8 m = tailMask8(k);
-        __mmask8 m0 = k >= 4 ? 0xFF : tailMask8(2 * k), m1 = k > 4 ? tailMask8(2 * (k - 4)) : 0;
-        if (k == 8) m = 0xFF;
-        D8 a = _mm512_maskz_loadu_pd(m0, s + 2 * i), b = _mm512_maskz_loadu_pd(m1, s + 2 * i + 8);
-        D8 re = _mm512_permutex2var_pd(a, ie, b), im = _mm512_permutex2var_pd(a, io, b);
-        __mmask8 rare;
-        D8 r = absVec(re, im, rare);
-        rare &= m;
-        if (VRX_UNLIKELY(rare)) {
-            alignas(64) double tr[8], ti[8], tv[8];
-            _mm512_store_pd(tr, re);
-            _mm512_store_pd(ti, im);
-            _mm512_store_pd(tv, r);
-            for (unsigned b2 = rare; b2; b2 &= b2 - 1) {
-                int j = __builtin_ctz(b2);
-                tv[j] = absRare(tr[j], ti[j]);
-            }
-            r = _mm512_load_pd(tv);
-        }
-        _mm512_mask_storeu_pd(dst + i, m, r);
+        __mmask8 m = simd::tail<double>(k);
+        __mmask8 m0 = k >= 4 ? 0xFF : simd::tail<double>(2 * k), m1 = k > 4 ? simd::tail<double>(2 * (k - 4)) : 0;
+        D8 re, im;
+        simd::deinterleave(D::loadm(m0, s + 2 * i), D::loadm(m1, s + 2 * i + 8), re, im);
+        storeLanes(AbsZ{}, {re, im}, {dst}, i, m);
     }
     return vrxOk;
 }
 
-// _vqmdPowHATab: for m in [sqrt(1/2), sqrt(2)] and c = rint(32 m) / 32,
+// For m in [sqrt(1/2), sqrt(2)] and c = rint(32 m) / 32,
 // entry rint(32 m) - 23 holds 1/c rounded to double and -log of that
 // rounded value as a double-double; the unused tail repeats the last entry.
 alignas(64) const double kPowInvC[32] = {
@@ -88,74 +78,62 @@ alignas(64) const double kPowLogCLo[32] = {
 // Other lanes go to the scalar power function.
 VRX_INLINE D8 powVec(D8 x, D8 e, __mmask8& rare) {
     rare = logRare(x);
-    D8 m = _mm512_getmant_pd(x, _MM_MANT_NORM_1_2, _MM_MANT_SIGN_zero);
-    D8 k = _mm512_getexp_pd(x);
-    __mmask8 big = _mm512_cmp_pd_mask(m, set1(1.4142135623730951), _CMP_GT_OQ);
-    m = _mm512_mask_mul_pd(m, big, m, set1(0.5));
-    k = _mm512_mask_add_pd(k, big, k, set1(1.0));
+    D8 m, k;
+    splitMant(x, m, k);
     // m in [sqrt(1/2), sqrt(2)]: index rint(32 m) - 23 in 0..22
-    I16 idx = asInt(add(rint(mul(m, set1(32.0))), set1(6755399441055744.0 - 23.0)));
-    __mmask8 upper = _mm512_test_epi64_mask(idx, _mm512_set1_epi64(16));
-    auto look = [&](const double* t) {
-        D8 a = _mm512_permutex2var_pd(_mm512_load_pd(t), idx, _mm512_load_pd(t + 8));
-        D8 b = _mm512_permutex2var_pd(_mm512_load_pd(t + 16), idx, _mm512_load_pd(t + 24));
-        return _mm512_mask_blend_pd(upper, a, b);
-    };
+    VI idx = simd::bitsOf(D::add(D::rint(D::mul(m, D::set1(32.0))), D::set1(6755399441055744.0 - 23.0)));
+    __mmask8 upper = I64::test(idx, I64::set1(16));
+    auto look = [&](const double* t) { return D::blend(upper, lookup16(t, idx), lookup16(t + 16, idx)); };
     D8 invc = look(kPowInvC), lch = look(kPowLogCHi), lcl = look(kPowLogCLo);
     // r = m/c - 1 = m*invc - 1 exactly as rh + rl; |r| < 1/46
-    D8 p = mul(m, invc);
-    D8 pl = fms(m, invc, p);
+    D8 p = D::mul(m, invc);
+    D8 pl = D::fms(m, invc, p);
     D8 rh, rl;
-    fastTwoSum(sub(p, set1(1.0)), pl, rh, rl);
+    fastTwoSum(D::sub(p, D::set1(1.0)), pl, rh, rl);
     // log(1+r) = r - r^2/2 + r^3 Q(r), Taylor to degree 13
-    D8 q = fma(rh, set1(1.0 / 13), set1(-1.0 / 12));
-    q = fma(rh, q, set1(1.0 / 11));
-    q = fma(rh, q, set1(-1.0 / 10));
-    q = fma(rh, q, set1(1.0 / 9));
-    q = fma(rh, q, set1(-1.0 / 8));
-    q = fma(rh, q, set1(1.0 / 7));
-    q = fma(rh, q, set1(-1.0 / 6));
-    q = fma(rh, q, set1(1.0 / 5));
-    q = fma(rh, q, set1(-1.0 / 4));
-    q = fma(rh, q, set1(1.0 / 3));
-    D8 hr = mul(set1(-0.5), rh);
-    D8 h2 = mul(hr, rh);
-    D8 h2l = fms(hr, rh, h2);  // exact
+    D8 q = D::fma(rh, D::set1(1.0 / 13), D::set1(-1.0 / 12));
+    q = D::fma(rh, q, D::set1(1.0 / 11));
+    q = D::fma(rh, q, D::set1(-1.0 / 10));
+    q = D::fma(rh, q, D::set1(1.0 / 9));
+    q = D::fma(rh, q, D::set1(-1.0 / 8));
+    q = D::fma(rh, q, D::set1(1.0 / 7));
+    q = D::fma(rh, q, D::set1(-1.0 / 6));
+    q = D::fma(rh, q, D::set1(1.0 / 5));
+    q = D::fma(rh, q, D::set1(-1.0 / 4));
+    q = D::fma(rh, q, D::set1(1.0 / 3));
+    D8 hr = D::mul(D::set1(-0.5), rh);
+    D8 h2 = D::mul(hr, rh);
+    D8 h2l = D::fms(hr, rh, h2);  // exact
     D8 s, e1, e2, e3;
-    twoSum(mul(k, set1(kLn2Hi)), lch, s, e1);
+    twoSum(D::mul(k, D::set1(kLn2Hi)), lch, s, e1);
     twoSum(s, rh, s, e2);
     twoSum(s, h2, s, e3);
-    D8 lo = fma(k, set1(kLn2Lo), lcl);
-    lo = add(lo, add(e1, add(e2, e3)));
-    lo = add(lo, fnma(rh, rl, add(rl, h2l)));
-    lo = fma(mul(rh, mul(rh, rh)), q, lo);
+    D8 lo = D::fma(k, D::set1(kLn2Lo), lcl);
+    lo = D::add(lo, D::add(e1, D::add(e2, e3)));
+    lo = D::add(lo, D::fnma(rh, rl, D::add(rl, h2l)));
+    lo = D::fma(D::mul(rh, D::mul(rh, rh)), q, lo);
     D8 lh, ll;
     fastTwoSum(s, lo, lh, ll);
     // y = e log x as yh + yl
-    D8 yh = mul(e, lh);
-    D8 yl = fma(e, ll, fms(e, lh, yh));
-    rare |= notBelow(dabs(yh), 708.0);
-    yh = _mm512_mask_mov_pd(yh, rare, _mm512_setzero_pd());
-    yl = _mm512_mask_mov_pd(yl, rare, _mm512_setzero_pd());
-    // y = (16 M + j) ln2/16 + r, the first step exact
-    D8 n = rint(mul(yh, set1(16.0 * kLog2e)));
-    D8 r = fnma(n, set1(kLn2Hi / 16), yh);
-    r = add(fnma(n, set1(kLn2Lo / 16), r), yl);
-    I16 j = asInt(add(n, set1(6755399441055744.0)));
-    D8 M = _mm512_roundscale_pd(mul(n, set1(0.0625)), _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC);
-    D8 th = _mm512_permutex2var_pd(_mm512_load_pd(kExp2TabHi), j, _mm512_load_pd(kExp2TabHi + 8));
-    D8 tl = _mm512_permutex2var_pd(_mm512_load_pd(kExp2TabLo), j, _mm512_load_pd(kExp2TabLo + 8));
-    // exp(r) - 1, Taylor to degree 9
-    D8 c = fma(r, set1(1.0 / 362880), set1(1.0 / 40320));
-    c = fma(r, c, set1(1.0 / 5040));
-    c = fma(r, c, set1(1.0 / 720));
-    c = fma(r, c, set1(1.0 / 120));
-    c = fma(r, c, set1(1.0 / 24));
-    c = fma(r, c, set1(1.0 / 6));
-    c = fma(r, c, set1(0.5));
-    D8 pe = fma(mul(r, r), c, r);
-    return scale2(add(th, fma(th, pe, tl)), M);
+    D8 yh = D::mul(e, lh);
+    D8 yl = D::fma(e, ll, D::fms(e, lh, yh));
+    rare |= notBelow(D::abs(yh), 708.0);
+    yh = D::blend(rare, yh, D::zero());
+    yl = D::blend(rare, yl, D::zero());
+    // y = (16 M + j) ln2/16 + r, r with the low part of y; exp(r) - 1 by
+    // Taylor to degree 9
+    ExpTab t = expTabReduce(yh);
+    D8 r = D::add(t.r, yl);
+    return D::scalef(expTabJoin(t, expm1Taylor<9>(r)), t.m);
 }
+
+// x^e for one exponent; the rare lanes take the C library's power.
+struct PowK {
+    double e;
+    D8 ev;
+    VRX_INLINE D8 vec(D8 x, __mmask8& rare) const { return powVec(x, ev, rare); }
+    double rare(double x) const { return pow(x, e); }
+};
 
 VrxStatus runPowx(const Vrx64f* src, Vrx64f e, Vrx64f* dst, int len) {
     if (len < 1) return vrxErrBadLength;
@@ -166,40 +144,29 @@ VrxStatus runPowx(const Vrx64f* src, Vrx64f e, Vrx64f* dst, int len) {
         for (int i = 0; i < len; ++i) dst[i] = pow(src[i], e);
         return vrxOk;
     }
-    const D8 ev = set1(e);
-    auto block = [&](int at, __mmask8 m) {
-        D8 x = _mm512_maskz_loadu_pd(m, src + at);
-        __mmask8 rare;
-        D8 y = powVec(x, ev, rare);
-        rare &= m;
-        _mm512_mask_storeu_pd(dst + at, m, y);
-        if (VRX_UNLIKELY(rare)) eachRare(x, rare, [&](int j, double v) { dst[at + j] = pow(v, e); });
-    };
-    int i = 0;
-    for (; i + 8 <= len; i += 8) block(i, 0xFF);
-    if (i < len) block(i, tailMask8(len - i));
+    lanes<Native>(PowK{e, D::set1(e)}, {src}, {dst}, len);
     return vrxOk;
 }
 
 }  // namespace
 
 extern "C" {
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dSqrt_B3HAynn(const Vrx64f* s, Vrx64f* d, int n) {
-    return runD1<SqrtD>(s, d, n);
+VrxStatus N0(own_vrxs_dSqrt_B3HAynn)(const Vrx64f* s, Vrx64f* d, int n) {
+    return runKernel<Native>(SqrtD{}, {s}, {d}, n);
 }
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_zAbs_B3LAynn(const Vrx64fc* s, Vrx64f* d, int n) {
+VrxStatus N0(own_vrxs_zAbs_B3LAynn)(const Vrx64fc* s, Vrx64f* d, int n) {
     return runAbs(s, d, n);
 }
-__attribute__((visibility("hidden"))) VrxStatus n0_own_vrxs_dPowx_B3HAynn(const Vrx64f* s, Vrx64f e, Vrx64f* d, int n) {
+VrxStatus N0(own_vrxs_dPowx_B3HAynn)(const Vrx64f* s, Vrx64f e, Vrx64f* d, int n) {
     return runPowx(s, e, d, n);
 }
 // The square root is correctly rounded in every slot; the magnitude's
 // fused form stays within one ulp and serves all three; so does the power,
 // whose rare lanes take the scalar power function.
-const VrxKernD1 n0_own_vrxs_dSqrt_B3_ttab[3] = {n0_own_vrxs_dSqrt_B3HAynn, n0_own_vrxs_dSqrt_B3HAynn,
-                                                n0_own_vrxs_dSqrt_B3HAynn};
-const VrxKernZAbs n0_own_vrxs_zAbs_B3_ttab[3] = {n0_own_vrxs_zAbs_B3LAynn, n0_own_vrxs_zAbs_B3LAynn,
-                                                 n0_own_vrxs_zAbs_B3LAynn};
-const VrxKernDPow n0_own_vrxs_dPowx_B3_ttab[3] = {n0_own_vrxs_dPowx_B3HAynn, n0_own_vrxs_dPowx_B3HAynn,
-                                                  n0_own_vrxs_dPowx_B3HAynn};
+const VrxKernD1 N0(own_vrxs_dSqrt_B3_ttab)[3] = {N0(own_vrxs_dSqrt_B3HAynn), N0(own_vrxs_dSqrt_B3HAynn),
+                                                N0(own_vrxs_dSqrt_B3HAynn)};
+const VrxKernZAbs N0(own_vrxs_zAbs_B3_ttab)[3] = {N0(own_vrxs_zAbs_B3LAynn), N0(own_vrxs_zAbs_B3LAynn),
+                                                 N0(own_vrxs_zAbs_B3LAynn)};
+const VrxKernDPow N0(own_vrxs_dPowx_B3_ttab)[3] = {N0(own_vrxs_dPowx_B3HAynn), N0(own_vrxs_dPowx_B3HAynn),
+                                                  N0(own_vrxs_dPowx_B3HAynn)};
 }

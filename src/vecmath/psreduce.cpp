@@ -13,7 +13,7 @@ void N0(own_vrxs_cError)(const char*, int, const float*, const float*, float*) {
 
 namespace {
 
-// _vqmReductionTab: the bits of 2/pi after the binary point, 64 a word.
+// The bits of 2/pi after the binary point, 64 a word.
 alignas(64) const uint64_t kTwoOverPiBits[21] = {
     0xA2F9836E4E441529ULL,
     0xFC2757D1F534DDC0ULL,

@@ -13,14 +13,13 @@ inline double hypotAny(double re, double im);
 
 // |re + i im| for moderate magnitudes in one fused step.
 VRX_INLINE D8 absVec(D8 re, D8 im, __mmask8& rare) {
-    D8 m = dmax(dabs(re), dabs(im));
-    rare = _mm512_cmp_pd_mask(m, set1(0x1p500), _CMP_NLE_UQ) |
-           (_mm512_cmp_pd_mask(m, set1(0x1p-500), _CMP_LT_OQ) & _mm512_cmp_pd_mask(m, set1(0.0), _CMP_NEQ_OQ)) |
-           _mm512_cmp_pd_mask(re, im, _CMP_UNORD_Q);
-    return _mm512_sqrt_pd(fma(re, re, mul(im, im)));
+    D8 m = D::max(D::abs(re), D::abs(im));
+    // below 2^-500 and not zero (ordered there already)
+    rare = D::nle(m, D::set1(0x1p500)) | (D::lt(m, D::set1(0x1p-500)) & D::ne(m, D::set1(0.0))) | D::unord(re, im);
+    return D::sqrt(D::fma(re, re, D::mul(im, im)));
 }
 
-// vzabs_cout_rare: infinities win over NaN; other magnitudes are scaled
+// Rare lanes: infinities win over NaN; other magnitudes are scaled
 // by a power of two around the same fused step.
 inline double absRare(double re, double im) {
     if (__builtin_isinf(re) || __builtin_isinf(im)) return __builtin_inf();

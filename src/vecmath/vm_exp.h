@@ -6,7 +6,7 @@
 
 namespace n0::vm {
 
-// _vqmdExpHATab: 2^(j/16) as a double-double, j = 0..15
+// 2^(j/16) as a double-double, j = 0..15
 alignas(64) inline constexpr double kExp2TabHi[16] = {
     0x1.0000000000000p+0, 0x1.0b5586cf9890fp+0, 0x1.172b83c7d517bp+0, 0x1.2387a6e756238p+0,
     0x1.306fe0a31b715p+0, 0x1.3dea64c123422p+0, 0x1.4bfdad5362a27p+0, 0x1.5ab07dd485429p+0,
@@ -22,36 +22,57 @@ constexpr double kLog2e = 0x1.71547652b82fep+0;
 constexpr double kLn2Hi = 0x1.62e42fee00000p-1;  // 32 bits: n*kLn2Hi is exact
 constexpr double kLn2Lo = 0x1.a39ef35793c76p-33;
 
-// exp(x) = 2^n * (eh + el) for |x| < 2^10 by the table of 2^(j/16):
-// x = (16n + j) ln2/16 + r, |r| <= ln2/32, exp(r) - 1 = p by Taylor to
-// degree 8; 2^(j/16) (1 + p) as a double-double within 2^-58 or so.
-VRX_INLINE void expTabCore(D8 x, D8& n, D8& eh, D8& el) {
-    D8 k = rint(mul(x, set1(16.0 * kLog2e)));
-    D8 r = fnma(k, set1(kLn2Hi / 16), x);  // exact
-    r = fnma(k, set1(kLn2Lo / 16), r);
-    I16 j = asInt(add(k, set1(6755399441055744.0)));
-    n = _mm512_roundscale_pd(mul(k, set1(0.0625)), _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC);
-    D8 th = _mm512_permutex2var_pd(_mm512_load_pd(kExp2TabHi), j, _mm512_load_pd(kExp2TabHi + 8));
-    D8 tl = _mm512_permutex2var_pd(_mm512_load_pd(kExp2TabLo), j, _mm512_load_pd(kExp2TabLo + 8));
-    D8 q = fma(r, set1(1.0 / 40320.0), set1(1.0 / 5040.0));
-    q = fma(r, q, set1(1.0 / 720.0));
-    q = fma(r, q, set1(1.0 / 120.0));
-    q = fma(r, q, set1(1.0 / 24.0));
-    q = fma(r, q, set1(1.0 / 6.0));
-    q = fma(r, q, set1(0.5));
-    D8 p = fma(mul(r, r), q, r);
-    twoSum(th, fma(th, p, tl), eh, el);
+// The reduction of the table kernels: y = (16 m + j) ln2/16 + r with
+// |r| <= ln2/32, the first step exact; th + tl = 2^(j/16).
+struct ExpTab {
+    D8 r, m, th, tl;
+};
+VRX_INLINE ExpTab expTabReduce(D8 y) {
+    ExpTab e;
+    D8 k = D::rint(D::mul(y, D::set1(16.0 * kLog2e)));
+    D8 r = D::fnma(k, D::set1(kLn2Hi / 16), y);  // exact
+    e.r = D::fnma(k, D::set1(kLn2Lo / 16), r);
+    VI j = intBits(k);
+    e.m = D::floor(D::mul(k, D::set1(0.0625)));
+    e.th = lookup16(kExp2TabHi, j);
+    e.tl = lookup16(kExp2TabLo, j);
+    return e;
 }
 
-// 2^n * (h + l), with overflow to infinity and one rounding into the
-// subnormal range.
-VRX_INLINE D8 scale2(D8 h, D8 n) { return _mm512_scalef_pd(h, n); }
+// 1/k! for k = 0..9
+inline constexpr double kInvFact[10] = {1.0,       1.0,        1.0 / 2.0,    1.0 / 6.0,     1.0 / 24.0,
+                                        1.0 / 120.0, 1.0 / 720.0, 1.0 / 5040.0, 1.0 / 40320.0, 1.0 / 362880.0};
+
+// exp(r) - 1 by Taylor to degree Deg (3 to 9): Horner's scheme from 1/Deg!
+// down to 1/2!, then r + r^2 q.
+template <int K>
+VRX_INLINE D8 expHorner(D8 r, D8 q) {
+    if constexpr (K < 2) return q;
+    else return expHorner<K - 1>(r, D::fma(r, q, D::set1(kInvFact[K])));
+}
+template <int Deg>
+VRX_INLINE D8 expm1Taylor(D8 r) {
+    D8 q = expHorner<Deg - 2>(r, D::fma(r, D::set1(kInvFact[Deg]), D::set1(kInvFact[Deg - 1])));
+    return D::fma(D::mul(r, r), q, r);
+}
+
+// 2^(j/16) (1 + p) = th + (th p + tl), rounded once.
+VRX_INLINE D8 expTabJoin(const ExpTab& e, D8 p) { return D::add(e.th, D::fma(e.th, p, e.tl)); }
+
+// exp(x) = 2^n * (eh + el) for |x| < 2^10 by the table of 2^(j/16):
+// exp(r) - 1 = p by Taylor to degree 8; 2^(j/16) (1 + p) as a
+// double-double within 2^-58 or so.
+VRX_INLINE void expTabCore(D8 x, D8& n, D8& eh, D8& el) {
+    ExpTab e = expTabReduce(x);
+    n = e.m;
+    D8 p = expm1Taylor<8>(e.r);
+    twoSum(e.th, D::fma(e.th, p, e.tl), eh, el);
+}
 
 // x limited to [-800, 800]; NaN passes through as it is.
 VRX_INLINE D8 clampExp(D8 x) {
-    D8 c = _mm512_min_pd(_mm512_max_pd(x, set1(-800.0)), set1(800.0));
-    __mmask8 nan = _mm512_cmp_pd_mask(x, x, _CMP_UNORD_Q);
-    return _mm512_mask_mov_pd(c, nan, x);
+    D8 c = D::min(D::max(x, D::set1(-800.0)), D::set1(800.0));
+    return D::blend(D::unord(x, x), c, x);
 }
 
 }  // namespace n0::vm

@@ -69,6 +69,10 @@ template <> struct V<float> {
     static VRX_INLINE M eq(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_EQ_OQ); }
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NEQ_UQ); }
     static VRX_INLINE M unord(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_UNORD_Q); }
+    // the complements of lt, le, gt: true on NaN
+    static VRX_INLINE M nlt(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NLT_UQ); }
+    static VRX_INLINE M nle(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NLE_UQ); }
+    static VRX_INLINE M ngt(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NGT_UQ); }
     // lanes of m take b, the others a
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_ps(m, a, b); }
     static VRX_INLINE T first(R a) { return _mm512_cvtss_f32(a); }
@@ -89,6 +93,12 @@ template <> struct V<float> {
     static VRX_INLINE R fmaddsub(R a, R b, R c) { return _mm512_fmaddsub_ps(a, b, c); }
     // lane i takes lane idx[i] of the pair (a, b), lanes 0..N-1 from a and N..2N-1 from b
     static VRX_INLINE R permute2(R a, __m512i idx, R b) { return _mm512_permutex2var_ps(a, idx, b); }
+    // a to the nearest integer, ties to even, whatever the caller's mode
+    static VRX_INLINE R rint(R a) { return _mm512_roundscale_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); }
+    // a * 2^floor(n), one rounding (to infinity or into the subnormals)
+    static VRX_INLINE R scalef(R a, R n) { return _mm512_scalef_ps(a, n); }
+    // fma rounded to nearest, ties to even, whatever the caller's mode
+    static VRX_INLINE R fmaNearest(R a, R b, R c) { return _mm512_fmadd_round_ps(a, b, c, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); }
 };
 
 // ----------------------------------------------------------------- double
@@ -130,6 +140,10 @@ template <> struct V<double> {
     static VRX_INLINE M eq(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_EQ_OQ); }
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_NEQ_UQ); }
     static VRX_INLINE M unord(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_UNORD_Q); }
+    // the complements of lt, le, gt: true on NaN
+    static VRX_INLINE M nlt(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_NLT_UQ); }
+    static VRX_INLINE M nle(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_NLE_UQ); }
+    static VRX_INLINE M ngt(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_NGT_UQ); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_pd(m, a, b); }
     static VRX_INLINE T first(R a) { return _mm512_cvtsd_f64(a); }
     static VRX_INLINE T reduceAdd(R a) {
@@ -144,6 +158,13 @@ template <> struct V<double> {
     static VRX_INLINE R swapPair(R a) { return _mm512_permute_pd(a, 0x55); }
     static VRX_INLINE R fmaddsub(R a, R b, R c) { return _mm512_fmaddsub_pd(a, b, c); }
     static VRX_INLINE R permute2(R a, __m512i idx, R b) { return _mm512_permutex2var_pd(a, idx, b); }
+    static VRX_INLINE R rint(R a) { return _mm512_roundscale_pd(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); }
+    // a rounded toward minus infinity, whatever the caller's mode
+    static VRX_INLINE R floor(R a) { return _mm512_roundscale_pd(a, _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC); }
+    static VRX_INLINE R scalef(R a, R n) { return _mm512_scalef_pd(a, n); }
+    // |a| = mant(a) * 2^expo(a) with mant(a) in [1, 2), exact (subnormals too)
+    static VRX_INLINE R mant(R a) { return _mm512_getmant_pd(a, _MM_MANT_NORM_1_2, _MM_MANT_SIGN_zero); }
+    static VRX_INLINE R expo(R a) { return _mm512_getexp_pd(a); }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers
@@ -187,6 +208,8 @@ template <class T> struct VInt<T, 4> {
     static VRX_INLINE M ge(R a, R b) { return le(b, a); }
     static VRX_INLINE M eq(R a, R b) { return _mm512_cmpeq_epi32_mask(a, b); }
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi32_mask(a, b); }
+    // lanes where a & b is not zero
+    static VRX_INLINE M test(R a, R b) { return _mm512_test_epi32_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi32(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si32(_mm512_castsi512_si128(a))); }
     // lanes moved up by K places, 0 shifted in: (0, .., 0, a0, .., a[15-K])
@@ -230,6 +253,8 @@ template <class T> struct VInt<T, 8> {
     static VRX_INLINE M ge(R a, R b) { return le(b, a); }
     static VRX_INLINE M eq(R a, R b) { return _mm512_cmpeq_epi64_mask(a, b); }
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi64_mask(a, b); }
+    // lanes where a & b is not zero
+    static VRX_INLINE M test(R a, R b) { return _mm512_test_epi64_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi64(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si64(_mm512_castsi512_si128(a))); }
 };
@@ -259,6 +284,15 @@ VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
     __m256 a = _mm512_cvt_roundpd_ps(lo, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
     __m256 b = _mm512_cvt_roundpd_ps(hi, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
     return _mm512_castpd_ps(_mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_castps_pd(a)), _mm256_castps_pd(b), 1));
+}
+
+// 32-bit integers to floats and back in the caller's rounding mode.
+VRX_INLINE __m512 floatsFromInt32(__m512i a) { return _mm512_cvtepi32_ps(a); }
+VRX_INLINE __m512i int32FromFloats(__m512 a) { return _mm512_cvtps_epi32(a); }
+// One register of doubles rounded to nearest into floats 0..7; lanes 8..15
+// are unspecified.
+VRX_INLINE __m512 lowToFloat(__m512d a) {
+    return _mm512_castps256_ps512(_mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
 }
 
 // --------------------------------------------------- 8- and 16-bit lanes
