@@ -148,26 +148,19 @@ VRX_INLINE double total4Sum(simd::Total4 t) {
 // starting on an even value keeps real parts in even lanes.
 template <bool WantQ, bool Fused>
 VRX_INLINE void sumWidened(const float* p, size_t count, D::R& S, D::R& Q) {
-    constexpr int U = 2;
-    D::R s[2 * U], q[2 * U];
-    unroll<2 * U>([&](auto k) { s[k] = D::zero(); q[k] = D::zero(); });
-    sweep<U, 16>(count, [&](auto k, size_t i, size_t n) {
-        F::R x = n == 16 ? F::load(p + i) : F::loadm(simd::tail<float>(n), p + i);
-        D::R lo = simd::lowToDouble(x), hi = simd::highToDouble(x);
-        s[2 * k] = D::add(s[2 * k], lo);
-        s[2 * k + 1] = D::add(s[2 * k + 1], hi);
+    constexpr int U = 4;
+    D::R s[U], q[U];
+    unroll<U>([&](auto k) { s[k] = D::zero(); q[k] = D::zero(); });
+    sweep<U, 8>(count, [&](auto k, size_t i, size_t n) {
+        const D::R x = simd::floatsToDouble(p + i, n);
+        s[k] = D::add(s[k], x);
         if constexpr (WantQ) {
-            if constexpr (Fused) {
-                q[2 * k] = D::fma(lo, lo, q[2 * k]);
-                q[2 * k + 1] = D::fma(hi, hi, q[2 * k + 1]);
-            } else {
-                q[2 * k] = D::add(q[2 * k], D::mul(lo, lo));
-                q[2 * k + 1] = D::add(q[2 * k + 1], D::mul(hi, hi));
-            }
+            if constexpr (Fused) q[k] = D::fma(x, x, q[k]);
+            else q[k] = D::add(q[k], D::mul(x, x));
         }
     });
-    S = combine<2 * U>(s, D::add);
-    if constexpr (WantQ) Q = combine<2 * U>(q, D::add);
+    S = combine<U>(s, D::add);
+    if constexpr (WantQ) Q = combine<U>(q, D::add);
 }
 
 // Doubles at p added (and their squares, formed and added separately).
@@ -235,24 +228,30 @@ VRX_INLINE int64_t sum32s(const int32_t* p, size_t count) {
 }
 
 // Exact sum and sum of squares of 16-bit values: S in 32-bit lanes folded
-// every 65536 values, each square an unsigned 32-bit value (so (-32768)^2
-// and pair sums up to 2^31 stay positive) zero-extended into 64-bit lanes.
-VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) {
-    I64::R s64 = I64::zero();
-    U64::R q0 = U64::zero(), q1 = U64::zero();
-    inBlocks(count, 65536, [&](size_t b, size_t len) {
-        I32::R s[2] = {I32::zero(), I32::zero()};
-        sweep<2, 16>(len, [&](auto k, size_t i, size_t n) {
-            I32::R x = simd::widen16sPart(p + b + i, n);
-            s[k] = I32::add(s[k], x);
-            I32::R sq = I32::mullo(x, x);
-            q0 = U64::add(q0, simd::lowTo64u(sq));
-            q1 = U64::add(q1, simd::highTo64u(sq));
-        });
-        s64 = fold32to64(s64, I32::add(s[0], s[1]));
+// every 65536 values; Q from pair sums of squares, each up to 2^31 and
+// read as unsigned (so two values of -32768 give 2^31), zero-extended into
+// 64-bit lanes. A last partial group of 16 goes through a zeroed copy.
+VRX_INLINE uint64_t sumSqPairs16s(const int16_t* p, size_t count) {
+    constexpr int U = 4;
+    U64::R acc[U];
+    unroll<U>([&](auto k) { acc[k] = U64::zero(); });
+    sweep<U, 16>(count, [&](auto k, size_t i, size_t n) {
+        if (n == 16) {
+            acc[k] = U64::add(acc[k], simd::pairSquares16s(p + i));
+        } else {
+            alignas(32) int16_t b[16] = {};
+            __builtin_memcpy(b, p + i, n * sizeof(int16_t));
+            acc[k] = U64::add(acc[k], simd::pairSquares16s(b));
+        }
     });
-    *S = lanes64Sum(s64);
-    *Q = static_cast<uint64_t>(lanes64Sum(U64::add(q0, q1)));
+    return static_cast<uint64_t>(lanes64Sum(combine<U>(acc, U64::add)));
+}
+
+VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) {
+    int64_t e, o;
+    sum16s(p, count, &e, &o);
+    *S = e + o;
+    *Q = sumSqPairs16s(p, count);
 }
 
 // ------------------------------------------------------- scalar helpers

@@ -130,14 +130,34 @@ struct Diff16 {
     }
 };
 
-// The largest magnitude, exact (-32768 has magnitude 32768).
-template <class Src>
-uint32_t inf16(Src s, size_t n) {
-    constexpr int U = 4;
-    I32::R acc[U];
-    unroll<U>([&](auto k) { acc[k] = I32::zero(); });
-    sweep<U, 16>(n, [&](auto k, size_t i, size_t c) { acc[k] = I32::max(acc[k], I32::abs(s.at(i, c))); });
-    return static_cast<uint32_t>(lanesMax<int32_t, I32>(combine<U>(acc, I32::max)));
+// The largest magnitude, exact (-32768 has magnitude 32768), in unsigned
+// 16-bit lanes; a last partial group of 16 goes through zeroed copies.
+uint32_t inf16(One16 s, size_t n) {
+    __m256i acc[2] = {simd::zero256i(), simd::zero256i()};
+    sweep<2, 16>(n, [&](auto k, size_t i, size_t c) {
+        if (c == 16) {
+            acc[k] = simd::maxMagnitude16s(acc[k], s.a + i);
+        } else {
+            alignas(32) int16_t x[16] = {};
+            __builtin_memcpy(x, s.a + i, c * sizeof(int16_t));
+            acc[k] = simd::maxMagnitude16s(acc[k], x);
+        }
+    });
+    return simd::maxLane16u(acc[0], acc[1]);
+}
+uint32_t inf16(Diff16 s, size_t n) {
+    __m256i acc[2] = {simd::zero256i(), simd::zero256i()};
+    sweep<2, 16>(n, [&](auto k, size_t i, size_t c) {
+        if (c == 16) {
+            acc[k] = simd::maxMagnitudeDiff16s(acc[k], s.a + i, s.b + i);
+        } else {
+            alignas(32) int16_t x[16] = {}, y[16] = {};
+            __builtin_memcpy(x, s.a + i, c * sizeof(int16_t));
+            __builtin_memcpy(y, s.b + i, c * sizeof(int16_t));
+            acc[k] = simd::maxMagnitudeDiff16s(acc[k], x, y);
+        }
+    });
+    return simd::maxLane16u(acc[0], acc[1]);
 }
 
 // The exact sum of magnitudes: blocks of 65536 in unsigned 32-bit lanes,
@@ -158,6 +178,7 @@ uint64_t l1_16(Src s, size_t n) {
 
 // The exact sum of squares: each square (below 2^32 even for differences)
 // an unsigned 32-bit value, zero-extended into 64-bit lanes.
+uint64_t l2sq16(One16 s, size_t n) { return sumSqPairs16s(s.a, n); }
 template <class Src>
 uint64_t l2sq16(Src s, size_t n) {
     constexpr int U = 2;

@@ -304,6 +304,38 @@ VRX_INLINE __m512i widen16sPart(const int16_t* p, size_t n) {
     __builtin_memcpy(b, p, n * sizeof(int16_t));
     return widen16s(b);
 }
+// Eight floats (the first n of them) as doubles, exact.
+VRX_INLINE __m512d floatsToDouble(const float* p, size_t n) {
+    if (n >= 8) return _mm512_cvtps_pd(_mm256_loadu_ps(p));
+    return _mm512_cvtps_pd(_mm512_castps512_ps256(_mm512_maskz_loadu_ps(static_cast<__mmask16>(_bzhi_u32(0xFFu, static_cast<unsigned>(n))), p)));
+}
+// Sixteen 16-bit values at p: sums of squares of adjacent pairs (AVX2
+// multiply-add), each up to 2^31 and read as unsigned, zero-extended into
+// eight 64-bit lanes.
+VRX_INLINE __m512i pairSquares16s(const int16_t* p) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    return _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x));
+}
+// Sixteen 16-bit values at p: the largest magnitude of each pair of lanes
+// folded into acc as unsigned 16-bit values (AVX2), so -32768 counts 32768;
+// with b, the magnitude of a - b (up to 65535) as max - min.
+VRX_INLINE __m256i maxMagnitude16s(__m256i acc, const int16_t* p) {
+    return _mm256_max_epu16(acc, _mm256_abs_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))));
+}
+VRX_INLINE __m256i maxMagnitudeDiff16s(__m256i acc, const int16_t* a, const int16_t* b) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
+    const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
+    return _mm256_max_epu16(acc, _mm256_sub_epi16(_mm256_max_epi16(x, y), _mm256_min_epi16(x, y)));
+}
+// The largest of the unsigned 16-bit lanes of a and b.
+VRX_INLINE uint32_t maxLane16u(__m256i a, __m256i b) {
+    a = _mm256_max_epu16(a, b);
+    __m128i m = _mm_max_epu16(_mm256_castsi256_si128(a), _mm256_extracti128_si256(a, 1));
+    // minpos on the complement finds the largest
+    m = _mm_minpos_epu16(_mm_xor_si128(m, _mm_set1_epi16(-1)));
+    return 0xFFFFu - static_cast<uint32_t>(_mm_cvtsi128_si32(m) & 0xFFFF);
+}
+VRX_INLINE __m256i zero256i() { return _mm256_setzero_si256(); }
 // Eight 16-bit values widened to 64-bit lanes (the first n of them).
 VRX_INLINE __m512i widen16sTo64(const int16_t* p) { return _mm512_cvtepi16_epi64(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))); }
 VRX_INLINE __m512i widen16sTo64Part(const int16_t* p, size_t n) {
