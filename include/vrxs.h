@@ -1073,8 +1073,8 @@ VRXAPI(VrxStatus, vrxsMean_32s_Sfs,     (const Vrx32s* pSrc, int len, Vrx32s* pM
    sqrt(max(Q len - S S, 0) / (len (len - 1))) from the sum S and the sum
    of squares Q; a NaN numerator gives 0. len >= 2. */
 /* Q by fused multiply-add in double (Fast: blocked single precision, as
-   for Sum); numerator and denominator rounded to single, then a single
-   division and root */
+   for Sum; a source off a 4-byte boundary runs Accurate); numerator and
+   denominator rounded to single, then a single division and root */
 VRXAPI(VrxStatus, vrxsStdDev_32f,       (const Vrx32f* pSrc, int len, Vrx32f* pStdDev, VrxAlgHint hint))
 /* in double, squares formed and added apart */
 VRXAPI(VrxStatus, vrxsStdDev_64f,       (const Vrx64f* pSrc, int len, Vrx64f* pStdDev))

@@ -15,11 +15,16 @@ using vt::Buffer;
 using vt::Rng;
 
 // ---------------------------------------------------------------- data
-// Values spread over many binades so that any change of the order of
-// additions shows in the bits.
+// Values spread over many binades, with large values cancelling across
+// lanes, so that the single-precision partial sums lose bits and a change of
+// the order of additions shows in the rounded result.
 void fillWide(Rng& r, float* p, size_t n) {
     for (size_t i = 0; i < n; ++i)
-        p[i] = static_cast<float>((r.uniform() - 0.4) * std::ldexp(1.0, static_cast<int>(r.range(-8, 12))));
+        p[i] = static_cast<float>((r.uniform() - 0.5) * std::ldexp(1.0, static_cast<int>(r.range(-8, 24))));
+    for (size_t i = 0; i + 6 < n; i += 37) {
+        p[i] = 0x1p30f;
+        p[i + 1 + i % 5] = -0x1p30f;
+    }
 }
 
 // ------------------------------------------------ model of the Fast path
@@ -273,7 +278,8 @@ TEST(Mean64fc, MultipliesByTheReciprocal) {
 
 TEST(StdDev, NanGivesZeroAndConstantDataGivesZero) {
     for (VrxAlgHint h : {0, 1}) {
-        std::vector<float> v(100, 0.1f);
+        // 0.75 * 100: every partial sum and square is exact, so Q n - S S is 0
+        std::vector<float> v(100, 0.75f);
         float sd = -1, m, d = -1;
         ASSERT_EQ(vrxsStdDev_32f(v.data(), 100, &sd, h), vrxOk);
         EXPECT_EQ(sd, 0.0f);
