@@ -247,11 +247,30 @@ VRX_INLINE uint64_t sumSqPairs16s(const int16_t* p, size_t count) {
     return static_cast<uint64_t>(lanes64Sum(combine<U>(acc, U64::add)));
 }
 
+// S and Q in one pass: S from pair sums in 32-bit lanes (each lane gathers
+// at most 2^11 pairs of a 65536-value block), folded into 64-bit lanes per
+// block; Q as in sumSqPairs16s.
 VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) {
-    int64_t e, o;
-    sum16s(p, count, &e, &o);
-    *S = e + o;
-    *Q = sumSqPairs16s(p, count);
+    constexpr int U = 2;
+    I64::R s64 = I64::zero();
+    U64::R q[U];
+    unroll<U>([&](auto k) { q[k] = U64::zero(); });
+    inBlocks(count, 65536, [&](size_t b, size_t len) {
+        __m256i s[U];
+        unroll<U>([&](auto k) { s[k] = simd::zero256i(); });
+        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
+            if (n == 16) {
+                simd::sumAndSquares16s(p + b + i, s[k], q[k]);
+            } else {
+                alignas(32) int16_t t[16] = {};
+                __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
+                simd::sumAndSquares16s(t, s[k], q[k]);
+            }
+        });
+        unroll<U>([&](auto k) { s64 = I64::add(s64, simd::widen8x32sTo64(s[k])); });
+    });
+    *S = lanes64Sum(s64);
+    *Q = static_cast<uint64_t>(lanes64Sum(combine<U>(q, U64::add)));
 }
 
 // ------------------------------------------------------- scalar helpers

@@ -316,6 +316,16 @@ VRX_INLINE __m512i pairSquares16s(const int16_t* p) {
     const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
     return _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x));
 }
+// Sixteen 16-bit values at p in one pass: their pair sums added to s
+// (eight 32-bit lanes) and their pair sums of squares, read as unsigned,
+// added to q (eight 64-bit lanes).
+VRX_INLINE void sumAndSquares16s(const int16_t* p, __m256i& s, __m512i& q) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    s = _mm256_add_epi32(s, _mm256_madd_epi16(x, _mm256_set1_epi16(1)));
+    q = _mm512_add_epi64(q, _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x)));
+}
+// Eight 32-bit lanes sign-extended to 64 bits.
+VRX_INLINE __m512i widen8x32sTo64(__m256i a) { return _mm512_cvtepi32_epi64(a); }
 // Sixteen 16-bit values at p: the largest magnitude of each pair of lanes
 // folded into acc as unsigned 16-bit values (AVX2), so -32768 counts 32768;
 // with b, the magnitude of a - b (up to 65535) as max - min.
