@@ -1021,6 +1021,177 @@ VRXAPI(VrxStatus, vrxsMulPackConj_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, i
 
 /* ------------------------------------ statistics: sums, deviations, norms */
 
+/* Reductions of one vector (Sum, Mean, StdDev, MeanStdDev, Norm) or two
+   (NormDiff of pSrc1 - pSrc2, DotProd) to one or two numbers written
+   through the result pointers. Checks: null pointers in argument order
+   (-8), then the length below 1 (-6; below 2 for StdDev and MeanStdDev).
+   The hint selects the Fast path only at vrxAlgHintFast (1); every other
+   value is Accurate. Scale factors never fail: sf > 0 divides by 2^sf,
+   sf < 0 multiplies; each form's rounding and clamps are given below.
+   Accumulator widths and fold orders: docs/statistics.md. */
+
+/* --- Sum. 32f/32fc Fast: blocked single-precision sums folded into double
+   every 8192 values (a source off a 4-byte boundary runs Accurate);
+   Accurate: every value added in double. The 32f total is rounded to single
+   once; 32fc rounds each part once. */
+VRXAPI(VrxStatus, vrxsSum_32f,          (const Vrx32f* pSrc, int len, Vrx32f* pSum, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsSum_32fc,         (const Vrx32fc* pSrc, int len, Vrx32fc* pSum, VrxAlgHint hint))
+/* double sums, in double */
+VRXAPI(VrxStatus, vrxsSum_64f,          (const Vrx64f* pSrc, int len, Vrx64f* pSum))
+VRXAPI(VrxStatus, vrxsSum_64fc,         (const Vrx64fc* pSrc, int len, Vrx64fc* pSum))
+/* exact sum S; S * 2^-sf bounded to the 32-bit range and converted in the
+   caller's rounding mode (2^-sf is 0 for sf >= 1023, +inf for sf <= -1024);
+   the 16-bit results saturate that 32-bit value. Parts apart for 16sc. */
+VRXAPI(VrxStatus, vrxsSum_16s_Sfs,      (const Vrx16s* pSrc, int len, Vrx16s* pSum, int scaleFactor))
+VRXAPI(VrxStatus, vrxsSum_16sc_Sfs,     (const Vrx16sc* pSrc, int len, Vrx16sc* pSum, int scaleFactor))
+VRXAPI(VrxStatus, vrxsSum_16s32s_Sfs,   (const Vrx16s* pSrc, int len, Vrx32s* pSum, int scaleFactor))
+VRXAPI(VrxStatus, vrxsSum_16sc32sc_Sfs, (const Vrx16sc* pSrc, int len, Vrx32sc* pSum, int scaleFactor))
+/* exact 64-bit sum; sf > 0 rounds ties to even with the shift limited to
+   63, sf < 0 shifts left by at most 31; saturated */
+VRXAPI(VrxStatus, vrxsSum_32s_Sfs,      (const Vrx32s* pSrc, int len, Vrx32s* pSum, int scaleFactor))
+
+/* --- Mean. 32f divides the single-rounded sum by len in double; 32fc
+   divides the unrounded double totals; both round to single at the end. */
+VRXAPI(VrxStatus, vrxsMean_32f,         (const Vrx32f* pSrc, int len, Vrx32f* pMean, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsMean_32fc,        (const Vrx32fc* pSrc, int len, Vrx32fc* pMean, VrxAlgHint hint))
+/* the double sum divided by len */
+VRXAPI(VrxStatus, vrxsMean_64f,         (const Vrx64f* pSrc, int len, Vrx64f* pMean))
+/* both parts of the double sum times the reciprocal 1/len */
+VRXAPI(VrxStatus, vrxsMean_64fc,        (const Vrx64fc* pSrc, int len, Vrx64fc* pMean))
+/* (S / len) * 2^-sf: divides first, then scales; bounded to 16 bits and
+   converted in the caller's rounding mode */
+VRXAPI(VrxStatus, vrxsMean_16s_Sfs,     (const Vrx16s* pSrc, int len, Vrx16s* pMean, int scaleFactor))
+/* (S * 2^-sf) / len for each part: scales first, then divides */
+VRXAPI(VrxStatus, vrxsMean_16sc_Sfs,    (const Vrx16sc* pSrc, int len, Vrx16sc* pMean, int scaleFactor))
+/* q = |S| / len rounded ties to even. sf >= 0: (q + bit sf-1 of q) >> sf,
+   the sign put back, low 32 bits stored unsaturated (a truncation except
+   at sf 1 and where the low sf bits are all ones). -32 < sf < 0: the
+   rounded mean of S << -sf, saturated. sf <= -32: the bound of q's sign. */
+VRXAPI(VrxStatus, vrxsMean_32s_Sfs,     (const Vrx32s* pSrc, int len, Vrx32s* pMean, int scaleFactor))
+
+/* --- Standard deviation: the sample deviation (divisor len - 1) as
+   sqrt(max(Q len - S S, 0) / (len (len - 1))) from the sum S and the sum
+   of squares Q; a NaN numerator gives 0. len >= 2. */
+/* Q by fused multiply-add in double (Fast: blocked single precision, as
+   for Sum; a source off a 4-byte boundary runs Accurate); numerator and
+   denominator rounded to single, then a single division and root */
+VRXAPI(VrxStatus, vrxsStdDev_32f,       (const Vrx32f* pSrc, int len, Vrx32f* pStdDev, VrxAlgHint hint))
+/* in double, squares formed and added apart */
+VRXAPI(VrxStatus, vrxsStdDev_64f,       (const Vrx64f* pSrc, int len, Vrx64f* pStdDev))
+/* exact S and Q; the double deviation times 2^-sf capped at 2^31 - 1 and
+   converted in the caller's rounding mode; the 16-bit form caps at 32767 */
+VRXAPI(VrxStatus, vrxsStdDev_16s_Sfs,   (const Vrx16s* pSrc, int len, Vrx16s* pStdDev, int scaleFactor))
+VRXAPI(VrxStatus, vrxsStdDev_16s32s_Sfs, (const Vrx16s* pSrc, int len, Vrx32s* pStdDev, int scaleFactor))
+/* mean then deviation. 32f: every hint runs the double routine without
+   fused multiply-add and rounds both results to single at the end, so its
+   deviation may differ from StdDev_32f in the last bits */
+VRXAPI(VrxStatus, vrxsMeanStdDev_32f,   (const Vrx32f* pSrc, int len, Vrx32f* pMean, Vrx32f* pStdDev, VrxAlgHint hint))
+VRXAPI(VrxStatus, vrxsMeanStdDev_64f,   (const Vrx64f* pSrc, int len, Vrx64f* pMean, Vrx64f* pStdDev))
+/* the mean (S / len) 2^-sf bounded to 32 bits, the deviation as for
+   StdDev; the 16-bit form saturates both */
+VRXAPI(VrxStatus, vrxsMeanStdDev_16s_Sfs, (const Vrx16s* pSrc, int len, Vrx16s* pMean, Vrx16s* pStdDev, int scaleFactor))
+VRXAPI(VrxStatus, vrxsMeanStdDev_16s32s_Sfs, (const Vrx16s* pSrc, int len, Vrx32s* pMean, Vrx32s* pStdDev, int scaleFactor))
+
+/* --- Norm and NormDiff (of pSrc1[i] - pSrc2[i]). Inf: the largest
+   magnitude; L1: the sum of magnitudes; L2: the root of the sum of squares;
+   L2Sqr: that sum. A 16-bit magnitude of -32768 is 32768; a 16-bit
+   difference is exact (up to 65535). Float forms accumulate in the element
+   precision; the 32fc64f forms in single with the last lane reduction in
+   double; the 16-bit forms exactly. Scale rules (A to D, C):
+   Rule A (Inf, 32 bits): sf > 31 gives 0, sf > 0 truncates; sf < 0 shifts
+     by at most 31 and saturates.
+   Rule B (L1, 32 bits): sf 0 stores the low 32 bits unsaturated. Up to
+     65536 elements: as Rule A. Beyond: sf > 63 gives 0, sf > 0 truncates
+     and saturates; sf < 0 shifts by at most 32 and saturates.
+   Rule C (64 bits): sf > 0 shifts right by sf mod 64 (so 64 is no shift);
+     sf < 0 shifts by at most 63, giving INT64_MAX once bits would pass 63.
+   Rule D (L2, 32 bits): the root divided (sf > 0) or multiplied (sf < 0) by
+     the 32-bit integer 1 << (|sf| mod 32) (|sf| 31 gives -2^31, 32 gives
+     1), saturated, truncated toward zero. */
+VRXAPI(VrxStatus, vrxsNorm_Inf_32f,        (const Vrx32f* pSrc, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_Inf_64f,        (const Vrx64f* pSrc, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_Inf_16s32f,     (const Vrx16s* pSrc, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_Inf_16s32s_Sfs, (const Vrx16s* pSrc, int len, Vrx32s* pNorm, int scaleFactor))
+/* complex Inf: the largest re^2 + im^2, one root at the end */
+VRXAPI(VrxStatus, vrxsNorm_Inf_32fc32f,    (const Vrx32fc* pSrc, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_Inf_64fc64f,    (const Vrx64fc* pSrc, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_L1_32f,         (const Vrx32f* pSrc, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_L1_64f,         (const Vrx64f* pSrc, int len, Vrx64f* pNorm))
+/* exact sum, one conversion to single */
+VRXAPI(VrxStatus, vrxsNorm_L1_16s32f,      (const Vrx16s* pSrc, int len, Vrx32f* pNorm))
+/* exact sum, Rule B */
+VRXAPI(VrxStatus, vrxsNorm_L1_16s32s_Sfs,  (const Vrx16s* pSrc, int len, Vrx32s* pNorm, int scaleFactor))
+/* exact sum, Rule C */
+VRXAPI(VrxStatus, vrxsNorm_L1_16s64s_Sfs,  (const Vrx16s* pSrc, int len, Vrx64s* pNorm, int scaleFactor))
+/* magnitudes by single root, summed in single; lanes reduced in double */
+VRXAPI(VrxStatus, vrxsNorm_L1_32fc64f,     (const Vrx32fc* pSrc, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_L1_64fc64f,     (const Vrx64fc* pSrc, int len, Vrx64f* pNorm))
+/* sum of squares in single (double), then the root of vrxsSqrt_32f (_64f) */
+VRXAPI(VrxStatus, vrxsNorm_L2_32f,         (const Vrx32f* pSrc, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_L2_64f,         (const Vrx64f* pSrc, int len, Vrx64f* pNorm))
+/* exact sum of squares, double root, rounded to single */
+VRXAPI(VrxStatus, vrxsNorm_L2_16s32f,      (const Vrx16s* pSrc, int len, Vrx32f* pNorm))
+/* exact sum of squares, double root, Rule D (truncating) */
+VRXAPI(VrxStatus, vrxsNorm_L2_16s32s_Sfs,  (const Vrx16s* pSrc, int len, Vrx32s* pNorm, int scaleFactor))
+/* squares by fused multiply-add in single, lanes reduced in double, root in double */
+VRXAPI(VrxStatus, vrxsNorm_L2_32fc64f,     (const Vrx32fc* pSrc, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNorm_L2_64fc64f,     (const Vrx64fc* pSrc, int len, Vrx64f* pNorm))
+/* exact 64-bit sum of squares, Rule C */
+VRXAPI(VrxStatus, vrxsNorm_L2Sqr_16s64s_Sfs, (const Vrx16s* pSrc, int len, Vrx64s* pNorm, int scaleFactor))
+/* NormDiff: the same forms and rules over pSrc1 - pSrc2 */
+VRXAPI(VrxStatus, vrxsNormDiff_Inf_32f,        (const Vrx32f* pSrc1, const Vrx32f* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_Inf_64f,        (const Vrx64f* pSrc1, const Vrx64f* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_Inf_16s32f,     (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_Inf_16s32s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32s* pNorm, int scaleFactor))
+VRXAPI(VrxStatus, vrxsNormDiff_Inf_32fc32f,    (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_Inf_64fc64f,    (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_32f,         (const Vrx32f* pSrc1, const Vrx32f* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_64f,         (const Vrx64f* pSrc1, const Vrx64f* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_16s32f,      (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_16s32s_Sfs,  (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32s* pNorm, int scaleFactor))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_16s64s_Sfs,  (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx64s* pNorm, int scaleFactor))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_32fc64f,     (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L1_64fc64f,     (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L2_32f,         (const Vrx32f* pSrc1, const Vrx32f* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L2_64f,         (const Vrx64f* pSrc1, const Vrx64f* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L2_16s32f,      (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L2_16s32s_Sfs,  (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32s* pNorm, int scaleFactor))
+VRXAPI(VrxStatus, vrxsNormDiff_L2_32fc64f,     (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L2_64fc64f,     (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, int len, Vrx64f* pNorm))
+VRXAPI(VrxStatus, vrxsNormDiff_L2Sqr_16s64s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx64s* pNorm, int scaleFactor))
+
+/* --- DotProd: sum of pSrc1[i] * pSrc2[i]; no operand is conjugated. */
+/* single precision, fused multiply-add */
+VRXAPI(VrxStatus, vrxsDotProd_32f,         (const Vrx32f* pSrc1, const Vrx32f* pSrc2, int len, Vrx32f* pDp))
+/* single precision; totals P = sum re(a) b and Q = sum im(a) b combined
+   once at the end: (P.re - Q.im, P.im + Q.re) */
+VRXAPI(VrxStatus, vrxsDotProd_32fc,        (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, int len, Vrx32fc* pDp))
+/* real pSrc1 times complex pSrc2, single precision */
+VRXAPI(VrxStatus, vrxsDotProd_32f32fc,     (const Vrx32f* pSrc1, const Vrx32fc* pSrc2, int len, Vrx32fc* pDp))
+/* every value widened to double; products and sums rounded apart */
+VRXAPI(VrxStatus, vrxsDotProd_32f64f,      (const Vrx32f* pSrc1, const Vrx32f* pSrc2, int len, Vrx64f* pDp))
+VRXAPI(VrxStatus, vrxsDotProd_32fc64fc,    (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, int len, Vrx64fc* pDp))
+VRXAPI(VrxStatus, vrxsDotProd_32f32fc64fc, (const Vrx32f* pSrc1, const Vrx32fc* pSrc2, int len, Vrx64fc* pDp))
+/* double, fused multiply-add */
+VRXAPI(VrxStatus, vrxsDotProd_64f,         (const Vrx64f* pSrc1, const Vrx64f* pSrc2, int len, Vrx64f* pDp))
+/* double */
+VRXAPI(VrxStatus, vrxsDotProd_64fc,        (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, int len, Vrx64fc* pDp))
+VRXAPI(VrxStatus, vrxsDotProd_64f64fc,     (const Vrx64f* pSrc1, const Vrx64fc* pSrc2, int len, Vrx64fc* pDp))
+/* exact */
+VRXAPI(VrxStatus, vrxsDotProd_16s64s,      (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx64s* pDp))
+VRXAPI(VrxStatus, vrxsDotProd_16sc64sc,    (const Vrx16sc* pSrc1, const Vrx16sc* pSrc2, int len, Vrx64sc* pDp))
+VRXAPI(VrxStatus, vrxsDotProd_16s16sc64sc, (const Vrx16s* pSrc1, const Vrx16sc* pSrc2, int len, Vrx64sc* pDp))
+/* exact, one conversion to single */
+VRXAPI(VrxStatus, vrxsDotProd_16s32f,      (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32f* pDp))
+/* exact, then Rule E: sf > 0 rounds ties to even with the shift limited to
+   31, sf < 0 shifts by at most 31; saturated */
+VRXAPI(VrxStatus, vrxsDotProd_16s32s_Sfs,  (const Vrx16s* pSrc1, const Vrx16s* pSrc2, int len, Vrx32s* pDp, int scaleFactor))
+/* in double (large products rounded), then Rule F: sf limited to -31..93,
+   times 2^-sf, saturated, rounded to nearest even; the whole call runs in
+   round-to-nearest and restores the caller's mode */
+VRXAPI(VrxStatus, vrxsDotProd_16s32s32s_Sfs, (const Vrx16s* pSrc1, const Vrx32s* pSrc2, int len, Vrx32s* pDp, int scaleFactor))
+VRXAPI(VrxStatus, vrxsDotProd_32s_Sfs,     (const Vrx32s* pSrc1, const Vrx32s* pSrc2, int len, Vrx32s* pDp, int scaleFactor))
+
 /* ---------------------------------- end of sums, deviations and norms */
 
 /* -------------------------------- statistics: extrema, counts and search */

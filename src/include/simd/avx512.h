@@ -99,6 +99,17 @@ template <> struct V<float> {
     static VRX_INLINE R scalef(R a, R n) { return _mm512_scalef_ps(a, n); }
     // fma rounded to nearest, ties to even, whatever the caller's mode
     static VRX_INLINE R fmaNearest(R a, R b, R c) { return _mm512_fmadd_round_ps(a, b, c, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); }
+    // lanes of m: a+b or a*b+c (one rounding); the other lanes keep src or c
+    static VRX_INLINE R addm(R src, M m, R a, R b) { return _mm512_mask_add_ps(src, m, a, b); }
+    static VRX_INLINE R fmam(M m, R a, R b, R c) { return _mm512_mask3_fmadd_ps(a, b, c, m); }
+    // sums of the even lanes and of the odd lanes (real and imaginary parts), fixed tree
+    static VRX_INLINE void reduceAdd2(R a, T* even, T* odd) {
+        __m256 h = _mm256_add_ps(_mm512_castps512_ps256(a), _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
+        __m128 q = _mm_add_ps(_mm256_castps256_ps128(h), _mm256_extractf128_ps(h, 1));
+        q = _mm_add_ps(q, _mm_movehl_ps(q, q));
+        *even = _mm_cvtss_f32(q);
+        *odd = _mm_cvtss_f32(_mm_movehdup_ps(q));
+    }
 };
 
 // ----------------------------------------------------------------- double
@@ -165,6 +176,14 @@ template <> struct V<double> {
     // |a| = mant(a) * 2^expo(a) with mant(a) in [1, 2), exact (subnormals too)
     static VRX_INLINE R mant(R a) { return _mm512_getmant_pd(a, _MM_MANT_NORM_1_2, _MM_MANT_SIGN_zero); }
     static VRX_INLINE R expo(R a) { return _mm512_getexp_pd(a); }
+    static VRX_INLINE R addm(R src, M m, R a, R b) { return _mm512_mask_add_pd(src, m, a, b); }
+    static VRX_INLINE R fmam(M m, R a, R b, R c) { return _mm512_mask3_fmadd_pd(a, b, c, m); }
+    static VRX_INLINE void reduceAdd2(R a, T* even, T* odd) {
+        __m256d h = _mm256_add_pd(_mm512_castpd512_pd256(a), _mm512_extractf64x4_pd(a, 1));
+        __m128d q = _mm_add_pd(_mm256_castpd256_pd128(h), _mm256_extractf128_pd(h, 1));
+        *even = _mm_cvtsd_f64(q);
+        *odd = _mm_cvtsd_f64(_mm_unpackhi_pd(q, q));
+    }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers
@@ -257,6 +276,8 @@ template <class T> struct VInt<T, 8> {
     static VRX_INLINE M test(R a, R b) { return _mm512_test_epi64_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi64(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si64(_mm512_castsi512_si128(a))); }
+    // lanes 2k and 2k+1 exchanged
+    static VRX_INLINE R swapPair(R a) { return _mm512_shuffle_epi32(a, _MM_PERM_BADC); }
 };
 
 template <> struct V<int32_t> : VInt<int32_t, 4> { using T = int32_t; };
@@ -355,6 +376,117 @@ template <> struct VNarrow<int16_t> : VNarrowBase<int16_t> {
     // |a|, with -32768 staying -32768
     static VRX_INLINE R abs(R a) { return _mm256_abs_epi16(a); }
 };
+// ------------------------------------------------------------- reductions
+// Loads for the statistics kernels. A "part" load reads only the first n
+// values at p (n below a register's worth) and gives 0 in the other lanes.
+// The first n <= 16 16-bit values widened to 32-bit lanes.
+VRX_INLINE __m512i widen16sPart(const int16_t* p, size_t n) {
+    if (n >= 16) return widen16s(p);
+    alignas(32) int16_t b[16] = {};
+    __builtin_memcpy(b, p, n * sizeof(int16_t));
+    return widen16s(b);
+}
+// Eight floats (the first n of them) as doubles, exact.
+VRX_INLINE __m512d floatsToDouble(const float* p, size_t n) {
+    if (n >= 8) return _mm512_cvtps_pd(_mm256_loadu_ps(p));
+    return _mm512_cvtps_pd(_mm512_castps512_ps256(_mm512_maskz_loadu_ps(static_cast<__mmask16>(_bzhi_u32(0xFFu, static_cast<unsigned>(n))), p)));
+}
+// Sixteen 16-bit values at p: sums of squares of adjacent pairs (AVX2
+// multiply-add), each up to 2^31 and read as unsigned, zero-extended into
+// eight 64-bit lanes.
+VRX_INLINE __m512i pairSquares16s(const int16_t* p) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    return _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x));
+}
+// Sixteen 16-bit values at p in one pass: their pair sums added to s
+// (eight 32-bit lanes) and their pair sums of squares, read as unsigned,
+// added to q (eight 64-bit lanes).
+VRX_INLINE void sumAndSquares16s(const int16_t* p, __m256i& s, __m512i& q) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    s = _mm256_add_epi32(s, _mm256_madd_epi16(x, _mm256_set1_epi16(1)));
+    q = _mm512_add_epi64(q, _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x)));
+}
+// Eight 32-bit lanes sign-extended to 64 bits.
+VRX_INLINE __m512i widen8x32sTo64(__m256i a) { return _mm512_cvtepi32_epi64(a); }
+// Sixteen 16-bit values at p: the largest magnitude of each pair of lanes
+// folded into acc as unsigned 16-bit values (AVX2), so -32768 counts 32768;
+// with b, the magnitude of a - b (up to 65535) as max - min.
+VRX_INLINE __m256i maxMagnitude16s(__m256i acc, const int16_t* p) {
+    return _mm256_max_epu16(acc, _mm256_abs_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))));
+}
+VRX_INLINE __m256i maxMagnitudeDiff16s(__m256i acc, const int16_t* a, const int16_t* b) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
+    const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
+    return _mm256_max_epu16(acc, _mm256_sub_epi16(_mm256_max_epi16(x, y), _mm256_min_epi16(x, y)));
+}
+// The largest of the unsigned 16-bit lanes of a and b.
+VRX_INLINE uint32_t maxLane16u(__m256i a, __m256i b) {
+    a = _mm256_max_epu16(a, b);
+    __m128i m = _mm_max_epu16(_mm256_castsi256_si128(a), _mm256_extracti128_si256(a, 1));
+    // minpos on the complement finds the largest
+    m = _mm_minpos_epu16(_mm_xor_si128(m, _mm_set1_epi16(-1)));
+    return 0xFFFFu - static_cast<uint32_t>(_mm_cvtsi128_si32(m) & 0xFFFF);
+}
+VRX_INLINE __m256i zero256i() { return _mm256_setzero_si256(); }
+// Eight 16-bit values widened to 64-bit lanes (the first n of them).
+VRX_INLINE __m512i widen16sTo64(const int16_t* p) { return _mm512_cvtepi16_epi64(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))); }
+VRX_INLINE __m512i widen16sTo64Part(const int16_t* p, size_t n) {
+    if (n >= 8) return widen16sTo64(p);
+    alignas(16) int16_t b[8] = {};
+    __builtin_memcpy(b, p, n * sizeof(int16_t));
+    return widen16sTo64(b);
+}
+// Eight 32-bit values widened to 64-bit lanes, signed; the first n of them.
+VRX_INLINE __m512i widen32sTo64Part(const int32_t* p, size_t n) {
+    return _mm512_cvtepi32_epi64(_mm512_castsi512_si256(_mm512_maskz_loadu_epi32(static_cast<__mmask16>(_bzhi_u32(0xFFu, static_cast<unsigned>(n))), p)));
+}
+// The low and high eight 32-bit lanes of a register as 64-bit lanes,
+// zero-extended (u) or sign-extended (s).
+VRX_INLINE __m512i lowTo64u(__m512i a) { return _mm512_cvtepu32_epi64(_mm512_castsi512_si256(a)); }
+VRX_INLINE __m512i highTo64u(__m512i a) { return _mm512_cvtepu32_epi64(_mm512_extracti64x4_epi64(a, 1)); }
+VRX_INLINE __m512i lowTo64s(__m512i a) { return _mm512_cvtepi32_epi64(_mm512_castsi512_si256(a)); }
+VRX_INLINE __m512i highTo64s(__m512i a) { return _mm512_cvtepi32_epi64(_mm512_extracti64x4_epi64(a, 1)); }
+// The low and high eight 32-bit lanes of a register as doubles (exact).
+VRX_INLINE __m512d lowInt32ToDouble(__m512i a) { return _mm512_cvtepi32_pd(_mm512_castsi512_si256(a)); }
+VRX_INLINE __m512d highInt32ToDouble(__m512i a) { return _mm512_cvtepi32_pd(_mm512_extracti64x4_epi64(a, 1)); }
+// 16 products of 16-bit values at a and b summed in adjacent pairs, minus 1,
+// as eight 64-bit lanes (AVX2 multiply-add). Exact for every input: the one
+// pair sum that leaves 32 bits, 2 * (-32768)^2 = 2^31, is 2^31 - 1 after the
+// bias; the caller adds the count of pairs back.
+VRX_INLINE __m512i pairDotLess1_16s(const int16_t* a, const int16_t* b) {
+    __m256i p = _mm256_madd_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a)),
+                                  _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b)));
+    return _mm512_cvtepi32_epi64(_mm256_sub_epi32(p, _mm256_set1_epi32(1)));
+}
+// Eight floats (the first n of them) each repeated in two adjacent lanes:
+// a real operand beside an interleaved complex one.
+VRX_INLINE __m512 spreadPairs(const float* p, size_t n) {
+    const __m512i idx = _mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7);
+    return _mm512_permutexvar_ps(idx, _mm512_maskz_loadu_ps(static_cast<__mmask16>(_bzhi_u32(0xFFu, static_cast<unsigned>(n))), p));
+}
+VRX_INLINE __m512d spreadPairs(const double* p, size_t n) {
+    const __m512i idx = _mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3);
+    return _mm512_permutexvar_pd(idx, _mm512_maskz_loadu_pd(static_cast<__mmask8>(_bzhi_u32(0xFu, static_cast<unsigned>(n))), p));
+}
+// The first n <= 4 16-bit values at p, each repeated in two adjacent 64-bit
+// lanes: a real 16-bit operand beside an interleaved complex one.
+VRX_INLINE __m512i spreadPairs16sTo64(const int16_t* p, size_t n) {
+    alignas(16) int16_t b[8] = {};
+    __builtin_memcpy(b, p, (n < 4 ? n : 4) * sizeof(int16_t));
+    const __m512i idx = _mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3);
+    return _mm512_permutexvar_epi64(idx, _mm512_cvtepi16_epi64(_mm_load_si128(reinterpret_cast<const __m128i*>(b))));
+}
+// Four-lane double totals of the blocked single-precision sums: the two
+// eight-lane halves of s are added in single precision, the low and high
+// four lanes of that are widened and added, and the result is added to d.
+using Total4 = __m256d;
+VRX_INLINE Total4 total4(double d0, double d1 = 0.0) { return _mm256_setr_pd(d0, d1, 0.0, 0.0); }
+VRX_INLINE Total4 foldToTotal4(__m512 s, Total4 d) {
+    __m256 h = _mm256_add_ps(_mm512_castps512_ps256(s), _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(s), 1)));
+    __m256d w = _mm256_add_pd(_mm256_cvtps_pd(_mm256_castps256_ps128(h)), _mm256_cvtps_pd(_mm256_extractf128_ps(h, 1)));
+    return _mm256_add_pd(d, w);
+}
+VRX_INLINE void storeTotal4(double* p, Total4 d) { _mm256_storeu_pd(p, d); }
 
 // Orders earlier streaming stores before later stores.
 VRX_INLINE void streamFence() { _mm_sfence(); }

@@ -1,0 +1,528 @@
+// Norm, NormDiff and DotProd: the integer scale rules A to F in tables
+// against exact references written here, exact 16-bit totals (including
+// the -32768 corners), and the floating-point forms against long-double
+// sums within the bound of each accumulator width.
+#include "vrx_test.h"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+namespace {
+
+using i128 = __int128;
+using vt::Rng;
+
+template <class T> T sat(i128 v) {
+    return T(v > std::numeric_limits<T>::max() ? std::numeric_limits<T>::max()
+                                               : (v < std::numeric_limits<T>::min() ? std::numeric_limits<T>::min() : v));
+}
+i128 roundEven(i128 v, int k) {  // v / 2^k, ties to even
+    i128 q = v >> k, rem = v - (q << k), half = i128(1) << (k - 1);
+    return (rem > half || (rem == half && (q & 1))) ? q + 1 : q;
+}
+int shiftCount(int sf, int lim) { return sf < -lim ? lim : -sf; }
+
+// ------------------------------------------------------ reference rules
+int32_t refA(i128 m, int sf) {
+    if (sf == 0) return int32_t(m);
+    if (sf > 0) return sf > 31 ? 0 : int32_t(m >> sf);
+    return sat<int32_t>(m << shiftCount(sf, 31));
+}
+int32_t refB(i128 t, int len, int sf) {
+    if (sf == 0) return int32_t(uint32_t(uint64_t(t)));  // unsaturated low bits
+    if (len <= 65536) {
+        if (sf > 0) return sf > 31 ? 0 : int32_t(t >> sf);
+        return sat<int32_t>(t << shiftCount(sf, 31));
+    }
+    if (sf > 0) return sf > 63 ? 0 : sat<int32_t>(t >> sf);
+    if (t == 0) return 0;
+    if (t > INT32_MAX) return INT32_MAX;
+    return sat<int32_t>(t << shiftCount(sf, 32));
+}
+int64_t refC(i128 x, int sf) {
+    if (sf > 0) return int64_t(x >> (sf % 64));
+    if (sf == 0) return int64_t(x);
+    int n = shiftCount(sf, 63);
+    return (x << n) > INT64_MAX ? INT64_MAX : int64_t(x << n);
+}
+int32_t refD(double r, int sf) {
+    if (sf != 0) {
+        int k = std::abs(sf) % 32;
+        long double d = ldexpl(1.0L, k);
+        if (k == 31) d = -d;  // 1 << 31 read as a signed 32-bit integer
+        r = double(sf > 0 ? r / d : r * d);
+    }
+    if (r > 2147483647.0) return INT32_MAX;
+    if (r < -2147483648.0) return INT32_MIN;
+    return int32_t(std::trunc(r));
+}
+int32_t refE(i128 v, int sf) {
+    if (sf > 0) return sat<int32_t>(roundEven(v, sf > 31 ? 31 : sf));
+    return sat<int32_t>(v << shiftCount(sf, 31));
+}
+int32_t refF(i128 v, int sf) {  // exact v
+    int s = sf < -31 ? -31 : (sf > 93 ? 93 : sf);
+    if (s > 0) return sat<int32_t>(roundEven(v, s));
+    return sat<int32_t>(v << -s);
+}
+
+// Vectors with a chosen property, built from a few values.
+std::vector<int16_t> rep(size_t n, int16_t x) { return std::vector<int16_t>(n, x); }
+
+// ---------------------------------------------------------------- Inf
+TEST(NormRules, RuleAOnTheLargestMagnitude) {
+    struct Row { std::vector<int16_t> a, b; int64_t m; } rows[] = {
+        {{-32768, 5}, {}, 32768}, {{1}, {}, 1}, {{0, 0}, {}, 0}, {{12345, -300}, {}, 12345},
+        {{32767, 0}, {-32768, 0}, 65535}, {{-32768}, {32767}, 65535}, {{3, 9}, {4, 1}, 8}};
+    for (auto& r : rows) {
+        for (int sf = -70; sf <= 100; ++sf) {
+            int32_t out = -7;
+            if (r.b.empty()) {
+                ASSERT_EQ(vrxsNorm_Inf_16s32s_Sfs(r.a.data(), int(r.a.size()), &out, sf), vrxOk);
+            } else {
+                ASSERT_EQ(vrxsNormDiff_Inf_16s32s_Sfs(r.a.data(), r.b.data(), int(r.a.size()), &out, sf), vrxOk);
+            }
+            EXPECT_EQ(out, refA(r.m, sf)) << r.m << " sf " << sf;
+        }
+        float f;
+        if (r.b.empty()) vrxsNorm_Inf_16s32f(r.a.data(), int(r.a.size()), &f);
+        else vrxsNormDiff_Inf_16s32f(r.a.data(), r.b.data(), int(r.a.size()), &f);
+        EXPECT_EQ(f, float(r.m));
+    }
+}
+
+// ----------------------------------------------------------------- L1
+TEST(NormRules, RuleBTwoPathsAndRuleCOnTheSumOfMagnitudes) {
+    Rng rng(11);
+    std::vector<std::vector<int16_t>> cases = {rep(65536, -32768), rep(65537, -32768), rep(1, 1), rep(3, 0),
+                                               rep(65536, 32767), rep(70000, 1), rep(1, -32768), rep(2, 3)};
+    std::vector<int16_t> rnd(200001);
+    for (auto& x : rnd) x = int16_t(rng.next());
+    cases.push_back(rnd);
+    for (auto& v : cases) {
+        const int n = int(v.size());
+        i128 t = 0, q = 0;
+        for (int16_t x : v) { t += std::abs(int(x)); q += int64_t(x) * x; }
+        // the same totals as differences: a - b with b = 0 and b = -a/2 style pairs
+        std::vector<int16_t> a(v), b(v.size());
+        i128 td = 0, qd = 0;
+        for (size_t i = 0; i < v.size(); ++i) {
+            b[i] = int16_t(v[i] > 0 ? -32768 + (v[i] & 1) : 32767 - (i & 7));
+            int d = int(a[i]) - int(b[i]);
+            td += std::abs(d);
+            qd += int64_t(d) * d;
+        }
+        for (int sf = -70; sf <= 100; ++sf) {
+            int32_t r32;
+            int64_t r64;
+            ASSERT_EQ(vrxsNorm_L1_16s32s_Sfs(v.data(), n, &r32, sf), vrxOk);
+            EXPECT_EQ(r32, refB(t, n, sf)) << int64_t(t) << " n " << n << " sf " << sf;
+            ASSERT_EQ(vrxsNorm_L1_16s64s_Sfs(v.data(), n, &r64, sf), vrxOk);
+            EXPECT_EQ(r64, refC(t, sf)) << int64_t(t) << " sf " << sf;
+            ASSERT_EQ(vrxsNorm_L2Sqr_16s64s_Sfs(v.data(), n, &r64, sf), vrxOk);
+            EXPECT_EQ(r64, refC(q, sf)) << int64_t(q) << " sf " << sf;
+            ASSERT_EQ(vrxsNormDiff_L1_16s32s_Sfs(a.data(), b.data(), n, &r32, sf), vrxOk);
+            EXPECT_EQ(r32, refB(td, n, sf)) << int64_t(td) << " sf " << sf;
+            ASSERT_EQ(vrxsNormDiff_L1_16s64s_Sfs(a.data(), b.data(), n, &r64, sf), vrxOk);
+            EXPECT_EQ(r64, refC(td, sf));
+            ASSERT_EQ(vrxsNormDiff_L2Sqr_16s64s_Sfs(a.data(), b.data(), n, &r64, sf), vrxOk);
+            EXPECT_EQ(r64, refC(qd, sf)) << int64_t(qd) << " sf " << sf;
+        }
+        float f;
+        vrxsNorm_L1_16s32f(v.data(), n, &f);
+        EXPECT_EQ(f, float(int64_t(t)));
+        vrxsNormDiff_L1_16s32f(a.data(), b.data(), n, &f);
+        EXPECT_EQ(f, float(int64_t(td)));
+    }
+    // the corners named by the rules
+    int32_t r;
+    auto v = rep(65536, -32768);
+    vrxsNorm_L1_16s32s_Sfs(v.data(), 65536, &r, 0);
+    EXPECT_EQ(r, INT32_MIN);
+    vrxsNorm_L1_16s32s_Sfs(v.data(), 65536, &r, 32);
+    EXPECT_EQ(r, 0);
+    v.push_back(-32768);
+    vrxsNorm_L1_16s32s_Sfs(v.data(), 65537, &r, 32);
+    EXPECT_EQ(r, 0);  // 2^31 + 2^15 >> 32
+    vrxsNorm_L1_16s32s_Sfs(v.data(), 65537, &r, 0);
+    EXPECT_EQ(r, int32_t(0x80008000u));
+    int64_t r64;
+    auto z = rep(10, 0);
+    vrxsNorm_L2Sqr_16s64s_Sfs(z.data(), 10, &r64, -63);
+    EXPECT_EQ(r64, 0);
+    auto one = rep(1, 1);
+    vrxsNorm_L2Sqr_16s64s_Sfs(one.data(), 1, &r64, -63);
+    EXPECT_EQ(r64, INT64_MAX);
+    vrxsNorm_L1_16s64s_Sfs(one.data(), 1, &r64, 64);
+    EXPECT_EQ(r64, 1);  // the count is taken mod 64
+}
+
+// ----------------------------------------------------------------- L2
+TEST(NormRules, RuleDTruncatesAndTakesTheShiftMod32) {
+    Rng rng(12);
+    std::vector<std::vector<int16_t>> cases = {{5, 3}, {5, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1}, {0}, {-32768},
+                                               rep(70000, -32768), rep(3, 7)};
+    std::vector<int16_t> rnd(5000);
+    for (auto& x : rnd) x = int16_t(rng.next());
+    cases.push_back(rnd);
+    for (auto& v : cases) {
+        const int n = int(v.size());
+        i128 q = 0, qd = 0;
+        std::vector<int16_t> b(v.size());
+        for (size_t i = 0; i < v.size(); ++i) {
+            q += int64_t(v[i]) * v[i];
+            b[i] = int16_t(rng.next());
+            int d = int(v[i]) - b[i];
+            qd += int64_t(d) * d;
+        }
+        const double root = std::sqrt(double(int64_t(q))), rootd = std::sqrt(double(int64_t(qd)));
+        for (int sf = -70; sf <= 100; ++sf) {
+            int32_t r;
+            ASSERT_EQ(vrxsNorm_L2_16s32s_Sfs(v.data(), n, &r, sf), vrxOk);
+            EXPECT_EQ(r, refD(root, sf)) << int64_t(q) << " sf " << sf;
+            ASSERT_EQ(vrxsNormDiff_L2_16s32s_Sfs(v.data(), b.data(), n, &r, sf), vrxOk);
+            EXPECT_EQ(r, refD(rootd, sf)) << int64_t(qd) << " sf " << sf;
+        }
+        float f;
+        vrxsNorm_L2_16s32f(v.data(), n, &f);
+        EXPECT_EQ(f, float(root));
+        vrxsNormDiff_L2_16s32f(v.data(), b.data(), n, &f);
+        EXPECT_EQ(f, float(rootd));
+    }
+    const int16_t v[] = {5, 3};  // root 5.83
+    int32_t r;
+    vrxsNorm_L2_16s32s_Sfs(v, 2, &r, 0);
+    EXPECT_EQ(r, 5);
+    vrxsNorm_L2_16s32s_Sfs(v, 2, &r, 31);
+    EXPECT_LE(r, 0);
+    vrxsNorm_L2_16s32s_Sfs(v, 2, &r, 32);
+    EXPECT_EQ(r, 5);
+}
+
+// ------------------------------------------------------- dot products
+TEST(DotProdRules, RuleEOnTheExact16BitProduct) {
+    struct Row { std::vector<int16_t> a, b; } rows[] = {
+        {{3}, {1}}, {{5}, {1}}, {{-3}, {1}}, {{0}, {0}}, {{1}, {-1}}, {{-32768, -32768}, {-32768, -32768}},
+        {rep(300, -32768), rep(300, -32768)}, {rep(257, 32767), rep(257, -32768)}, {{7, 7}, {1, 0}}, {{6}, {1}}};
+    for (auto& r : rows) {
+        i128 v = 0;
+        for (size_t i = 0; i < r.a.size(); ++i) v += int64_t(r.a[i]) * r.b[i];
+        const int n = int(r.a.size());
+        for (int sf = -70; sf <= 100; ++sf) {
+            int32_t out;
+            ASSERT_EQ(vrxsDotProd_16s32s_Sfs(r.a.data(), r.b.data(), n, &out, sf), vrxOk);
+            EXPECT_EQ(out, refE(v, sf)) << int64_t(v) << " sf " << sf;
+        }
+        int64_t e;
+        ASSERT_EQ(vrxsDotProd_16s64s(r.a.data(), r.b.data(), n, &e), vrxOk);
+        EXPECT_EQ(e, int64_t(v));
+        float f;
+        ASSERT_EQ(vrxsDotProd_16s32f(r.a.data(), r.b.data(), n, &f), vrxOk);
+        EXPECT_EQ(f, float(int64_t(v)));
+    }
+}
+
+TEST(DotProd16s, ExactAtEveryLengthOfMinus32768AndOnRandomData) {
+    Rng rng(13);
+    for (int n = 1; n <= 300; ++n) {
+        auto a = rep(n, -32768);
+        int64_t e;
+        ASSERT_EQ(vrxsDotProd_16s64s(a.data(), a.data(), n, &e), vrxOk);
+        EXPECT_EQ(e, int64_t(n) << 30) << n;
+    }
+    for (int n : {1, 7, 33, 1000, 65537}) {
+        std::vector<int16_t> a(n), b(2 * n), c(2 * n);
+        for (auto& x : a) x = (rng.next() & 3) ? int16_t(rng.next()) : int16_t(-32768);
+        for (auto& x : b) x = (rng.next() & 3) ? int16_t(rng.next()) : int16_t(-32768);
+        for (auto& x : c) x = (rng.next() & 3) ? int16_t(rng.next()) : int16_t(-32768);
+        i128 v = 0, rr = 0, ri = 0, sr = 0, si = 0;
+        for (int i = 0; i < n; ++i) {
+            v += int64_t(a[i]) * b[i];
+            int64_t br = b[2 * i], bi = b[2 * i + 1], cr = c[2 * i], ci = c[2 * i + 1];
+            rr += br * cr - bi * ci;
+            ri += br * ci + bi * cr;
+            sr += a[i] * cr;
+            si += a[i] * ci;
+        }
+        int64_t e;
+        ASSERT_EQ(vrxsDotProd_16s64s(a.data(), b.data(), n, &e), vrxOk);
+        EXPECT_EQ(e, int64_t(v));
+        Vrx64sc z;
+        ASSERT_EQ(vrxsDotProd_16sc64sc(reinterpret_cast<Vrx16sc*>(b.data()), reinterpret_cast<Vrx16sc*>(c.data()), n, &z), vrxOk);
+        EXPECT_EQ(z.re, int64_t(rr));
+        EXPECT_EQ(z.im, int64_t(ri));
+        ASSERT_EQ(vrxsDotProd_16s16sc64sc(a.data(), reinterpret_cast<Vrx16sc*>(c.data()), n, &z), vrxOk);
+        EXPECT_EQ(z.re, int64_t(sr));
+        EXPECT_EQ(z.im, int64_t(si));
+    }
+}
+
+TEST(DotProdRules, RuleFUnderEveryCallerRoundingMode) {
+    struct Row { std::vector<int32_t> a; std::vector<int16_t> a16; std::vector<int32_t> b; } rows[] = {
+        {{5}, {5}, {1}}, {{7}, {7}, {1}}, {{-5}, {-5}, {1}}, {{3, 4}, {3, 4}, {1, 1}}, {{0}, {0}, {9}},
+        {{1}, {1}, {-1}}, {{30000, -20000, 123}, {30000, -20000, 123}, {70000, 3, -1 << 20}},
+        {{1 << 15}, {-32768}, {1 << 16}}, {{1}, {1}, {INT32_MAX}}};
+    for (auto& r : rows) {
+        i128 v = 0, v16 = 0;
+        for (size_t i = 0; i < r.a.size(); ++i) { v += int64_t(r.a[i]) * r.b[i]; v16 += int64_t(r.a16[i]) * r.b[i]; }
+        const int n = int(r.a.size());
+        for (unsigned mode : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero}) {
+            vt::MxcsrScope scope;
+            const unsigned before = (_mm_getcsr() & ~0x6000u) | mode;
+            _mm_setcsr(before);
+            for (int sf = -70; sf <= 100; ++sf) {
+                int32_t o, o16;
+                ASSERT_EQ(vrxsDotProd_32s_Sfs(r.a.data(), r.b.data(), n, &o, sf), vrxOk);
+                ASSERT_EQ(vrxsDotProd_16s32s32s_Sfs(r.a16.data(), r.b.data(), n, &o16, sf), vrxOk);
+                ASSERT_EQ(_mm_getcsr() & 0xFFC0u, before & 0xFFC0u) << "mode restored";
+                EXPECT_EQ(o, refF(v, sf)) << int64_t(v) << " sf " << sf << " mode " << mode;
+                EXPECT_EQ(o16, refF(v16, sf)) << int64_t(v16) << " sf " << sf << " mode " << mode;
+            }
+        }
+    }
+}
+
+// --------------------------------------------------- floating point
+void fill(Rng& r, float* p, size_t n) { for (size_t i = 0; i < n; ++i) p[i] = float((r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6)))); }
+void fill(Rng& r, double* p, size_t n) { for (size_t i = 0; i < n; ++i) p[i] = (r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6))); }
+
+// Accumulation of n terms in a precision of `eps` errs by at most about
+// n * eps * (sum of |terms|), plus the last rounding of the result.
+template <class T> long double bound(size_t n, long double absSum, long double eps) { return n * eps * absSum; }
+
+TEST(NormFloat, InfIsExactAndSumsStayInsideTheirAccumulatorBounds) {
+    Rng rng(14);
+    for (size_t n : {1, 3, 16, 17, 100, 4099}) {
+        std::vector<float> a(2 * n), b(2 * n);
+        std::vector<double> c(2 * n), d(2 * n);
+        fill(rng, a.data(), 2 * n);
+        fill(rng, b.data(), 2 * n);
+        fill(rng, c.data(), 2 * n);
+        fill(rng, d.data(), 2 * n);
+        for (int diff = 0; diff < 2; ++diff) {
+            // real forms
+            float mf = 0, inf32;
+            double md = 0, inf64;
+            long double l1f = 0, l2f = 0, l1d = 0, l2d = 0;
+            for (size_t i = 0; i < n; ++i) {
+                float x = diff ? a[i] - b[i] : a[i];
+                double y = diff ? c[i] - d[i] : c[i];
+                mf = std::max(mf, std::fabs(x));
+                md = std::max(md, std::fabs(y));
+                l1f += fabsl(x); l2f += (long double)x * x;
+                l1d += fabsl(y); l2d += (long double)y * y;
+            }
+            float l1, l2;
+            double l1_64, l2_64;
+            if (diff) {
+                vrxsNormDiff_Inf_32f(a.data(), b.data(), int(n), &inf32);
+                vrxsNormDiff_Inf_64f(c.data(), d.data(), int(n), &inf64);
+                vrxsNormDiff_L1_32f(a.data(), b.data(), int(n), &l1);
+                vrxsNormDiff_L2_32f(a.data(), b.data(), int(n), &l2);
+                vrxsNormDiff_L1_64f(c.data(), d.data(), int(n), &l1_64);
+                vrxsNormDiff_L2_64f(c.data(), d.data(), int(n), &l2_64);
+            } else {
+                vrxsNorm_Inf_32f(a.data(), int(n), &inf32);
+                vrxsNorm_Inf_64f(c.data(), int(n), &inf64);
+                vrxsNorm_L1_32f(a.data(), int(n), &l1);
+                vrxsNorm_L2_32f(a.data(), int(n), &l2);
+                vrxsNorm_L1_64f(c.data(), int(n), &l1_64);
+                vrxsNorm_L2_64f(c.data(), int(n), &l2_64);
+            }
+            EXPECT_EQ(inf32, mf);
+            EXPECT_EQ(inf64, md);
+            EXPECT_LE(fabsl(l1 - l1f), n * 0x1p-23L * l1f + l1f * 0x1p-24L);
+            EXPECT_LE(fabsl(l2 - sqrtl(l2f)), sqrtl(l2f) * (n * 0x1p-24L + 0x1p-23L));
+            EXPECT_LE(fabsl(l1_64 - l1d), n * 0x1p-52L * l1d);
+            EXPECT_LE(fabsl(l2_64 - sqrtl(l2d)), sqrtl(l2d) * (n * 0x1p-53L + 0x1p-52L));
+            // complex forms
+            float mc = 0;
+            double mz = 0;
+            long double c1 = 0, c2 = 0, z1 = 0, z2 = 0;
+            for (size_t i = 0; i < n; ++i) {
+                float re = diff ? a[2 * i] - b[2 * i] : a[2 * i], im = diff ? a[2 * i + 1] - b[2 * i + 1] : a[2 * i + 1];
+                double zr = diff ? c[2 * i] - d[2 * i] : c[2 * i], zi = diff ? c[2 * i + 1] - d[2 * i + 1] : c[2 * i + 1];
+                mc = std::max(mc, re * re + im * im);
+                mz = std::max(mz, zr * zr + zi * zi);
+                c1 += sqrtl((long double)re * re + (long double)im * im);
+                c2 += (long double)re * re + (long double)im * im;
+                z1 += sqrtl((long double)zr * zr + (long double)zi * zi);
+                z2 += (long double)zr * zr + (long double)zi * zi;
+            }
+            float ci;
+            double zi, cl1, cl2, zl1, zl2;
+            auto* ac = reinterpret_cast<Vrx32fc*>(a.data());
+            auto* bc = reinterpret_cast<Vrx32fc*>(b.data());
+            auto* cc = reinterpret_cast<Vrx64fc*>(c.data());
+            auto* dc = reinterpret_cast<Vrx64fc*>(d.data());
+            if (diff) {
+                vrxsNormDiff_Inf_32fc32f(ac, bc, int(n), &ci);
+                vrxsNormDiff_Inf_64fc64f(cc, dc, int(n), &zi);
+                vrxsNormDiff_L1_32fc64f(ac, bc, int(n), &cl1);
+                vrxsNormDiff_L2_32fc64f(ac, bc, int(n), &cl2);
+                vrxsNormDiff_L1_64fc64f(cc, dc, int(n), &zl1);
+                vrxsNormDiff_L2_64fc64f(cc, dc, int(n), &zl2);
+            } else {
+                vrxsNorm_Inf_32fc32f(ac, int(n), &ci);
+                vrxsNorm_Inf_64fc64f(cc, int(n), &zi);
+                vrxsNorm_L1_32fc64f(ac, int(n), &cl1);
+                vrxsNorm_L2_32fc64f(ac, int(n), &cl2);
+                vrxsNorm_L1_64fc64f(cc, int(n), &zl1);
+                vrxsNorm_L2_64fc64f(cc, int(n), &zl2);
+            }
+            EXPECT_EQ(ci, std::sqrt(mc));
+            EXPECT_EQ(zi, std::sqrt(mz));
+            // single accumulation: the double result carries single-precision error
+            EXPECT_LE(fabsl(cl1 - c1), (n + 3) * 0x1p-23L * c1);
+            EXPECT_LE(fabsl(cl2 - sqrtl(c2)), sqrtl(c2) * (2 * n + 2) * 0x1p-24L);
+            EXPECT_LE(fabsl(zl1 - z1), (n + 3) * 0x1p-52L * z1);
+            EXPECT_LE(fabsl(zl2 - sqrtl(z2)), sqrtl(z2) * (2 * n + 2) * 0x1p-53L);
+        }
+    }
+}
+
+TEST(DotProdFloat, AgainstLongDoubleWithNoConjugation) {
+    Rng rng(15);
+    for (size_t n : {1, 2, 15, 16, 17, 333, 10000}) {
+        std::vector<float> a(2 * n), b(2 * n);
+        std::vector<double> c(2 * n), d(2 * n);
+        fill(rng, a.data(), 2 * n);
+        fill(rng, b.data(), 2 * n);
+        fill(rng, c.data(), 2 * n);
+        fill(rng, d.data(), 2 * n);
+        long double rs = 0, ra = 0, rd = 0, rda = 0, cre = 0, cim = 0, cab = 0, rcre = 0, rcim = 0, rcab = 0;
+        long double zre = 0, zim = 0, zab = 0, drre = 0, drim = 0, drab = 0;
+        for (size_t i = 0; i < n; ++i) {
+            rs += (long double)a[i] * b[i]; ra += fabsl((long double)a[i] * b[i]);
+            rd += (long double)c[i] * d[i]; rda += fabsl((long double)c[i] * d[i]);
+            long double ar = a[2 * i], ai = a[2 * i + 1], br = b[2 * i], bi = b[2 * i + 1];
+            cre += ar * br - ai * bi; cim += ar * bi + ai * br;
+            cab += fabsl(ar * br) + fabsl(ai * bi) + fabsl(ar * bi) + fabsl(ai * br);
+            rcre += (long double)a[i] * br; rcim += (long double)a[i] * bi; rcab += fabsl(a[i] * br) + fabsl(a[i] * bi);
+            long double xr = c[2 * i], xi = c[2 * i + 1], yr = d[2 * i], yi = d[2 * i + 1];
+            zre += xr * yr - xi * yi; zim += xr * yi + xi * yr;
+            zab += fabsl(xr * yr) + fabsl(xi * yi) + fabsl(xr * yi) + fabsl(xi * yr);
+            drre += c[i] * yr; drim += c[i] * yi; drab += fabsl(c[i] * yr) + fabsl(c[i] * yi);
+        }
+        const long double ef = (n + 2) * 0x1p-23L, ed = (n + 2) * 0x1p-52L;
+        float f;
+        double g;
+        Vrx32fc fc;
+        Vrx64fc gc;
+        ASSERT_EQ(vrxsDotProd_32f(a.data(), b.data(), int(n), &f), vrxOk);
+        EXPECT_LE(fabsl(f - rs), ef * ra);
+        ASSERT_EQ(vrxsDotProd_32f64f(a.data(), b.data(), int(n), &g), vrxOk);
+        EXPECT_LE(fabsl(g - rs), ed * ra);
+        ASSERT_EQ(vrxsDotProd_64f(c.data(), d.data(), int(n), &g), vrxOk);
+        EXPECT_LE(fabsl(g - rd), ed * rda);
+        auto* ac = reinterpret_cast<Vrx32fc*>(a.data());
+        auto* bc = reinterpret_cast<Vrx32fc*>(b.data());
+        ASSERT_EQ(vrxsDotProd_32fc(ac, bc, int(n), &fc), vrxOk);
+        EXPECT_LE(fabsl(fc.re - cre), ef * cab);
+        EXPECT_LE(fabsl(fc.im - cim), ef * cab);
+        ASSERT_EQ(vrxsDotProd_32fc64fc(ac, bc, int(n), &gc), vrxOk);
+        EXPECT_LE(fabsl(gc.re - cre), ed * cab);
+        EXPECT_LE(fabsl(gc.im - cim), ed * cab);
+        ASSERT_EQ(vrxsDotProd_32f32fc(a.data(), bc, int(n), &fc), vrxOk);
+        EXPECT_LE(fabsl(fc.re - rcre), ef * rcab);
+        EXPECT_LE(fabsl(fc.im - rcim), ef * rcab);
+        ASSERT_EQ(vrxsDotProd_32f32fc64fc(a.data(), bc, int(n), &gc), vrxOk);
+        EXPECT_LE(fabsl(gc.re - rcre), ed * rcab);
+        EXPECT_LE(fabsl(gc.im - rcim), ed * rcab);
+        auto* cc = reinterpret_cast<Vrx64fc*>(c.data());
+        auto* dc = reinterpret_cast<Vrx64fc*>(d.data());
+        ASSERT_EQ(vrxsDotProd_64fc(cc, dc, int(n), &gc), vrxOk);
+        EXPECT_LE(fabsl(gc.re - zre), ed * zab);
+        EXPECT_LE(fabsl(gc.im - zim), ed * zab);
+        ASSERT_EQ(vrxsDotProd_64f64fc(c.data(), dc, int(n), &gc), vrxOk);
+        EXPECT_LE(fabsl(gc.re - drre), ed * drab);
+        EXPECT_LE(fabsl(gc.im - drim), ed * drab);
+    }
+    // (1 + i)(1 + i) = 2i: neither operand is conjugated
+    const Vrx32fc u{1, 1};
+    const Vrx64fc w{1, 1};
+    Vrx32fc r;
+    Vrx64fc s;
+    vrxsDotProd_32fc(&u, &u, 1, &r);
+    EXPECT_EQ(r.re, 0.0f);
+    EXPECT_EQ(r.im, 2.0f);
+    vrxsDotProd_64fc(&w, &w, 1, &s);
+    EXPECT_EQ(s.re, 0.0);
+    EXPECT_EQ(s.im, 2.0);
+    vrxsDotProd_32fc64fc(&u, &u, 1, &s);
+    EXPECT_EQ(s.re, 0.0);
+    EXPECT_EQ(s.im, 2.0);
+    const Vrx16sc h{1, 1};
+    Vrx64sc t;
+    vrxsDotProd_16sc64sc(&h, &h, 1, &t);
+    EXPECT_EQ(t.re, 0);
+    EXPECT_EQ(t.im, 2);
+}
+
+TEST(DotProd32fc, CombinesItsTwoTotalsOnceAtTheEnd) {
+    // P.re = 2^24 + 1 rounds to 2^24 in single, Q.im = 3: re = 2^24 - 3.
+    // Subtracting per element would give (2^24 - 3) + 1 = 2^24 - 2.
+    const Vrx32fc a[2] = {{1.0f, 1.0f}, {1.0f, 1.0f}};
+    const Vrx32fc b[2] = {{16777216.0f, 3.0f}, {1.0f, 0.0f}};
+    Vrx32fc r;
+    ASSERT_EQ(vrxsDotProd_32fc(a, b, 2, &r), vrxOk);
+    EXPECT_EQ(r.re, 16777213.0f);
+}
+
+// -------------------------------------------------- statuses and order
+using Call = std::function<int(const void*, const void*, int, void*)>;
+struct Entry { const char* name; Call f; bool two; };
+#define N1(fn, S, D, ...) {#fn, [](const void* s, const void*, int n, void* d) { return fn((const S*)s, n, (D*)d __VA_OPT__(,) __VA_ARGS__); }, false}
+#define N2(fn, S1, S2, D, ...) {#fn, [](const void* s, const void* t, int n, void* d) { return fn((const S1*)s, (const S2*)t, n, (D*)d __VA_OPT__(,) __VA_ARGS__); }, true}
+
+const Entry kEntries[] = {
+    N1(vrxsNorm_Inf_32f, Vrx32f, Vrx32f), N1(vrxsNorm_Inf_64f, Vrx64f, Vrx64f), N1(vrxsNorm_Inf_16s32f, Vrx16s, Vrx32f),
+    N1(vrxsNorm_Inf_16s32s_Sfs, Vrx16s, Vrx32s, 0), N1(vrxsNorm_Inf_32fc32f, Vrx32fc, Vrx32f),
+    N1(vrxsNorm_Inf_64fc64f, Vrx64fc, Vrx64f), N1(vrxsNorm_L1_32f, Vrx32f, Vrx32f), N1(vrxsNorm_L1_64f, Vrx64f, Vrx64f),
+    N1(vrxsNorm_L1_16s32f, Vrx16s, Vrx32f), N1(vrxsNorm_L1_16s32s_Sfs, Vrx16s, Vrx32s, 0),
+    N1(vrxsNorm_L1_16s64s_Sfs, Vrx16s, Vrx64s, 0), N1(vrxsNorm_L1_32fc64f, Vrx32fc, Vrx64f),
+    N1(vrxsNorm_L1_64fc64f, Vrx64fc, Vrx64f), N1(vrxsNorm_L2_32f, Vrx32f, Vrx32f), N1(vrxsNorm_L2_64f, Vrx64f, Vrx64f),
+    N1(vrxsNorm_L2_16s32f, Vrx16s, Vrx32f), N1(vrxsNorm_L2_16s32s_Sfs, Vrx16s, Vrx32s, 0),
+    N1(vrxsNorm_L2_32fc64f, Vrx32fc, Vrx64f), N1(vrxsNorm_L2_64fc64f, Vrx64fc, Vrx64f),
+    N1(vrxsNorm_L2Sqr_16s64s_Sfs, Vrx16s, Vrx64s, 0),
+    N2(vrxsNormDiff_Inf_32f, Vrx32f, Vrx32f, Vrx32f), N2(vrxsNormDiff_Inf_64f, Vrx64f, Vrx64f, Vrx64f),
+    N2(vrxsNormDiff_Inf_16s32f, Vrx16s, Vrx16s, Vrx32f), N2(vrxsNormDiff_Inf_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0),
+    N2(vrxsNormDiff_Inf_32fc32f, Vrx32fc, Vrx32fc, Vrx32f), N2(vrxsNormDiff_Inf_64fc64f, Vrx64fc, Vrx64fc, Vrx64f),
+    N2(vrxsNormDiff_L1_32f, Vrx32f, Vrx32f, Vrx32f), N2(vrxsNormDiff_L1_64f, Vrx64f, Vrx64f, Vrx64f),
+    N2(vrxsNormDiff_L1_16s32f, Vrx16s, Vrx16s, Vrx32f), N2(vrxsNormDiff_L1_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0),
+    N2(vrxsNormDiff_L1_16s64s_Sfs, Vrx16s, Vrx16s, Vrx64s, 0), N2(vrxsNormDiff_L1_32fc64f, Vrx32fc, Vrx32fc, Vrx64f),
+    N2(vrxsNormDiff_L1_64fc64f, Vrx64fc, Vrx64fc, Vrx64f), N2(vrxsNormDiff_L2_32f, Vrx32f, Vrx32f, Vrx32f),
+    N2(vrxsNormDiff_L2_64f, Vrx64f, Vrx64f, Vrx64f), N2(vrxsNormDiff_L2_16s32f, Vrx16s, Vrx16s, Vrx32f),
+    N2(vrxsNormDiff_L2_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0), N2(vrxsNormDiff_L2_32fc64f, Vrx32fc, Vrx32fc, Vrx64f),
+    N2(vrxsNormDiff_L2_64fc64f, Vrx64fc, Vrx64fc, Vrx64f), N2(vrxsNormDiff_L2Sqr_16s64s_Sfs, Vrx16s, Vrx16s, Vrx64s, 0),
+    N2(vrxsDotProd_32f, Vrx32f, Vrx32f, Vrx32f), N2(vrxsDotProd_32fc, Vrx32fc, Vrx32fc, Vrx32fc),
+    N2(vrxsDotProd_32f32fc, Vrx32f, Vrx32fc, Vrx32fc), N2(vrxsDotProd_32f64f, Vrx32f, Vrx32f, Vrx64f),
+    N2(vrxsDotProd_32fc64fc, Vrx32fc, Vrx32fc, Vrx64fc), N2(vrxsDotProd_32f32fc64fc, Vrx32f, Vrx32fc, Vrx64fc),
+    N2(vrxsDotProd_64f, Vrx64f, Vrx64f, Vrx64f), N2(vrxsDotProd_64fc, Vrx64fc, Vrx64fc, Vrx64fc),
+    N2(vrxsDotProd_64f64fc, Vrx64f, Vrx64fc, Vrx64fc), N2(vrxsDotProd_16s64s, Vrx16s, Vrx16s, Vrx64s),
+    N2(vrxsDotProd_16s32f, Vrx16s, Vrx16s, Vrx32f), N2(vrxsDotProd_16sc64sc, Vrx16sc, Vrx16sc, Vrx64sc),
+    N2(vrxsDotProd_16s16sc64sc, Vrx16s, Vrx16sc, Vrx64sc), N2(vrxsDotProd_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0),
+    N2(vrxsDotProd_16s32s32s_Sfs, Vrx16s, Vrx32s, Vrx32s, 0), N2(vrxsDotProd_32s_Sfs, Vrx32s, Vrx32s, Vrx32s, 0),
+};
+
+TEST(NormStatuses, NullBeforeLengthAndNothingWritten) {
+    EXPECT_EQ(sizeof(kEntries) / sizeof(kEntries[0]), 56u);
+    alignas(64) uint8_t src[256] = {};
+    for (const Entry& e : kEntries) {
+        uint8_t out[16];
+        memset(out, 0x5A, 16);
+        EXPECT_EQ(e.f(nullptr, src, 4, out), vrxErrNullPtr) << e.name;
+        if (e.two) {
+            EXPECT_EQ(e.f(src, nullptr, 4, out), vrxErrNullPtr) << e.name;
+        }
+        EXPECT_EQ(e.f(src, src, 4, nullptr), vrxErrNullPtr) << e.name;
+        EXPECT_EQ(e.f(nullptr, src, 0, out), vrxErrNullPtr) << e.name;
+        EXPECT_EQ(e.f(src, src, 0, out), vrxErrBadLength) << e.name;
+        EXPECT_EQ(e.f(src, src, -1, out), vrxErrBadLength) << e.name;
+        for (uint8_t x : out) EXPECT_EQ(x, 0x5A) << e.name;
+        EXPECT_EQ(e.f(src, src, 1, out), vrxOk) << e.name;
+    }
+}
+
+}  // namespace
