@@ -204,18 +204,21 @@ struct Call<F> {
     static constexpr bool returnsPointer = std::is_pointer_v<R>;
 };
 
+// One row: the parameters read from the header text must agree with the
+// function's type (count, and which are pointers).
+void addRow(std::vector<Export>& t, const char* fn, const char* names, const char* text, Thunk run,
+            bool returnsPointer, size_t arity, const bool* pointer) {
+    Export e{fn, parseParams(names, text), run, returnsPointer};
+    EXPECT_EQ(e.params.size(), arity) << fn << ": argument list not parsed";
+    for (size_t i = 0; i < e.params.size() && i < arity; ++i)
+        EXPECT_EQ(e.params[i].kind == Kind::Pointer, pointer[i]) << fn << ": argument " << e.params[i].name << " misread";
+    t.push_back(std::move(e));
+}
+
 std::vector<Export> buildTable() {
     std::vector<Export> t;
-#define VRX_EXPORT(fn_, names_, text_)                                                       \
-    {                                                                                        \
-        using C = Call<&fn_>;                                                                \
-        Export e{#fn_, parseParams(names_, text_), &C::run, C::returnsPointer};             \
-        EXPECT_EQ(e.params.size(), C::arity) << #fn_ << ": argument list not parsed";        \
-        for (size_t i = 0; i < e.params.size() && i < C::arity; ++i)                         \
-            EXPECT_EQ(e.params[i].kind == Kind::Pointer, C::pointer[i])                     \
-                << #fn_ << ": argument " << e.params[i].name << " misread";                 \
-        t.push_back(std::move(e));                                                           \
-    }
+#define VRX_EXPORT(fn_, names_, text_) \
+    addRow(t, #fn_, names_, text_, &Call<&fn_>::run, Call<&fn_>::returnsPointer, Call<&fn_>::arity, Call<&fn_>::pointer);
 #include "vrxs_signatures.h"
 #undef VRX_EXPORT
     return t;
