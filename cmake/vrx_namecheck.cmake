@@ -18,7 +18,8 @@ endforeach()
 
 # Every identifier of the sources that contains "vrxs"; one that begins with
 # it is a whole-word occurrence of that name (n0_vrxsX is not).
-file(GLOB_RECURSE sources "${SRC_DIR}/*")
+# Code only: a name in src/README.md or another text does not count.
+file(GLOB_RECURSE sources "${SRC_DIR}/*.cpp" "${SRC_DIR}/*.h" "${SRC_DIR}/*.S" "${SRC_DIR}/*.c")
 set(written "")
 foreach(f IN LISTS sources)
   file(READ "${f}" text)

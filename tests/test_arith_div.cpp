@@ -10,8 +10,9 @@
 
 namespace {
 
-using i128 = __int128;
+using vt::i128;
 using vt::Rng;
+using vt::sameBits;
 
 // round(num / den) in mode 0 (toward zero), 1 (nearest even), 2 (half away).
 i128 refDiv(i128 num, i128 den, int mode) {
@@ -23,10 +24,7 @@ i128 refDiv(i128 num, i128 den, int mode) {
     return up ? q + (num < 0 ? -1 : 1) : q;
 }
 
-template <class T> T sat(i128 v) {
-    const i128 lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
-    return static_cast<T>(v < lo ? lo : (v > hi ? hi : v));
-}
+template <class T> T sat(i128 v) { return vt::saturate<T>(v); }
 
 template <class T> T boundOf(i128 v) { return v > 0 ? std::numeric_limits<T>::max() : (v < 0 ? std::numeric_limits<T>::min() : 0); }
 
@@ -236,8 +234,6 @@ TEST(ArithDiv, DivCRev16u) {
     EXPECT_EQ(0, s[3]);
     EXPECT_EQ(4, s[4]);  // 4.5 to even
 }
-
-template <class T> bool sameBits(T a, T b) { return memcmp(&a, &b, sizeof a) == 0; }
 
 template <class T> T zeroDivRef(T b) {
     using U = std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>;

@@ -10,8 +10,7 @@ namespace {
 
 using vt::Buffer;
 using vt::Rng;
-
-template <class T> bool sameBits(T a, T b) { return memcmp(&a, &b, sizeof a) == 0; }
+using vt::sameBits;
 
 template <class T> T randVal(Rng& r) { return static_cast<T>((r.uniform() - 0.5) * 200.0); }
 

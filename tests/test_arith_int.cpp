@@ -9,7 +9,7 @@
 
 namespace {
 
-using i128 = __int128;
+using vt::i128;
 using vt::Buffer;
 using vt::Rng;
 
@@ -25,27 +25,12 @@ i128 exact(Ref op, i128 a, i128 b) {
     }
 }
 
-template <class T> i128 clampTo(i128 v) {
-    const i128 lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
-    return v < lo ? lo : (v > hi ? hi : v);
-}
-
-// r * 2^-sf, ties to even, then saturation; zero from zeroFrom, the sign's
-// bound up to boundTo.
+// r * 2^-sf, ties to even, then saturation (vt::scaled); zero from
+// zeroFrom, the sign's bound up to boundTo.
 template <class T> T model(i128 r, int sf, int zeroFrom, int boundTo) {
     if (sf >= zeroFrom) return 0;
     if (sf <= boundTo) return r > 0 ? std::numeric_limits<T>::max() : (r < 0 ? std::numeric_limits<T>::min() : 0);
-    if (sf > 0) {
-        i128 q = r >> sf, rem = r - (q << sf), half = i128(1) << (sf - 1);
-        if (rem > half || (rem == half && (q & 1))) ++q;
-        return static_cast<T>(clampTo<T>(q));
-    }
-    const int k = -sf;
-    if (r == 0) return 0;
-    if (k >= 80) return static_cast<T>(clampTo<T>(r > 0 ? i128(1) << 100 : -(i128(1) << 100)));
-    i128 m = r;
-    for (int i = 0; i < k && m <= (i128(1) << 100) && m >= -(i128(1) << 100); ++i) m *= 2;
-    return static_cast<T>(clampTo<T>(m));
+    return vt::scaled<T>(r, sf);
 }
 
 template <class T> std::vector<T> randomWithExtremes(Rng& r, size_t n) {

@@ -12,20 +12,9 @@
 
 namespace {
 
-float bitsF(uint32_t u) { float f; memcpy(&f, &u, 4); return f; }
-uint32_t fBits(float f) { uint32_t u; memcpy(&u, &f, 4); return u; }
-
-// Calls f over the whole vector in chunks of 1..70 elements.
-template <class S, class D, class F>
-void chunked(const std::vector<S>& s, std::vector<D>& d, F f) {
-    size_t i = 0, n = 1;
-    while (i < s.size()) {
-        size_t c = std::min(n, s.size() - i);
-        ASSERT_EQ(f(s.data() + i, d.data() + i, static_cast<int>(c)), vrxOk);
-        i += c;
-        n = n % 70 + 1;
-    }
-}
+using vt::bitsF;
+using vt::chunked;
+using vt::fBits;
 
 // x rounded to an integer value: 1 nearest-even, 0 toward zero, anything
 // else half away from zero. Exact for every double.

@@ -16,8 +16,9 @@ struct SoftwarePath {
     ~SoftwarePath() { vrxSetFeatureMask(old); }
 };
 
-float bitsF(uint32_t u) { float f; memcpy(&f, &u, 4); return f; }
-uint32_t fBits(float f) { uint32_t u; memcpy(&u, &f, 4); return u; }
+using vt::bitsF;
+using vt::chunked;
+using vt::fBits;
 
 // binary16 to float: the exact value, NaNs made quiet with the payload kept.
 uint32_t refHalfToFloat(uint16_t h) {
@@ -61,18 +62,6 @@ std::vector<uint16_t> allHalves() {
     return v;
 }
 
-// Calls f over the whole vector in chunks of 1..70 elements, so that every
-// tail length and misalignment is covered.
-template <class S, class D, class F>
-void chunked(const std::vector<S>& s, std::vector<D>& d, F f) {
-    size_t i = 0, n = 1;
-    while (i < s.size()) {
-        size_t c = std::min(n, s.size() - i);
-        ASSERT_EQ(f(s.data() + i, d.data() + i, static_cast<int>(c)), vrxOk);
-        i += c;
-        n = n % 70 + 1;
-    }
-}
 
 TEST(Convert16f, HalfToFloatEveryPattern) {
     auto h = allHalves();

@@ -12,50 +12,10 @@
 
 namespace ft {
 
-using LD = long double;
-using CLD = std::complex<LD>;
+using vt::LD;
+using vt::CLD;
 
-// Naive DFT for short lengths, a long-double radix-2 FFT with exactly
-// computed twiddles above.
-inline std::vector<CLD> refDft(const std::vector<CLD>& x, bool inverse) {
-    const size_t n = x.size();
-    const LD sgn = inverse ? 1.0L : -1.0L;
-    const LD twoPi = 6.283185307179586476925286766559005768L;
-    if (n <= 256) {
-        std::vector<CLD> y(n);
-        for (size_t k = 0; k < n; ++k) {
-            CLD acc = 0;
-            for (size_t j = 0; j < n; ++j) {
-                LD a = twoPi * static_cast<LD>((j * k) % n) / static_cast<LD>(n);
-                acc += x[j] * CLD(cosl(a), sgn * sinl(a));
-            }
-            y[k] = acc;
-        }
-        return y;
-    }
-    std::vector<CLD> a(x);
-    for (size_t i = 1, j = 0; i < n; ++i) {
-        size_t bit = n >> 1;
-        for (; j & bit; bit >>= 1) j ^= bit;
-        j ^= bit;
-        if (i < j) std::swap(a[i], a[j]);
-    }
-    std::vector<CLD> w(n / 2);
-    for (size_t k = 0; k < n / 2; ++k) {
-        LD ang = twoPi * static_cast<LD>(k) / static_cast<LD>(n);
-        w[k] = CLD(cosl(ang), sgn * sinl(ang));
-    }
-    for (size_t len = 2; len <= n; len <<= 1) {
-        size_t step = n / len;
-        for (size_t i = 0; i < n; i += len)
-            for (size_t k = 0; k < len / 2; ++k) {
-                CLD u = a[i + k], v = a[i + k + len / 2] * w[k * step];
-                a[i + k] = u + v;
-                a[i + k + len / 2] = u - v;
-            }
-    }
-    return a;
-}
+using vt::refDft;  // the long-double DFT
 
 inline LD relRms(const std::vector<CLD>& y, const std::vector<CLD>& ref) {
     LD num = 0, den = 0;

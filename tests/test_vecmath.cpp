@@ -13,20 +13,8 @@ namespace {
 
 using vt::Rng;
 
-template <class T> uint64_t bitsOf(T v) { uint64_t b = 0; memcpy(&b, &v, sizeof v); return b; }
-
-// error in units of the last place of the reference's binade
-template <class T>
-double ulpErr(T got, long double ref) {
-    constexpr int p = std::numeric_limits<T>::digits, emin = std::numeric_limits<T>::min_exponent;
-    if (isnan(got) && isnan(ref)) return 0;
-    if (isinf(ref) || isinf(got)) return got == (T)ref ? 0 : 1e30;  // overflow of the type
-    int e;
-    frexpl(ref, &e);
-    if (ref == 0) e = emin;
-    if (e < emin) e = emin;
-    return (double)(fabsl((long double)got - ref) / ldexpl(1.0L, e - p));
-}
+using vt::bitsOf;
+using vt::ulpErr;
 
 // ------------------------------------------------------------ statuses
 struct CheckCase {

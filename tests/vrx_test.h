@@ -1,5 +1,6 @@
 // Shared helpers of the tests: deterministic random data, guarded buffers,
-// control-register state.
+// control-register state; the references (vrx_ref.h) and the shapes
+// (vrx_shapes.h) are included at the end.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -78,3 +79,6 @@ constexpr unsigned kRoundNear = 0x0000, kRoundDown = 0x2000, kRoundUp = 0x4000, 
 constexpr unsigned kFtz = 0x8000, kDaz = 0x0040;
 
 }  // namespace vt
+
+#include "vrx_ref.h"
+#include "vrx_shapes.h"
