@@ -5,6 +5,7 @@
 #pragma once
 
 #include "vrx_fpu.h"
+#include "vrx_map.h"
 
 #include <immintrin.h>
 #include <string.h>
@@ -24,9 +25,6 @@ VRX_INLINE double bitsToDouble(uint64_t u) { double f; memcpy(&f, &u, 8); return
 VRX_INLINE float pow2Wrapped(int sf) {
     return bitsToFloat(0x3F800000u - (static_cast<uint32_t>(sf) << 23));
 }
-
-VRX_INLINE __mmask16 tailMask16(int n) { return static_cast<__mmask16>((1u << n) - 1u); }
-VRX_INLINE __mmask8 tailMask8(int n) { return static_cast<__mmask8>((1u << n) - 1u); }
 
 // Adds 0.5 with the sign of x (minus zero gets minus 0.5); under rounding
 // toward zero the following truncation gives ties away from zero.
@@ -96,55 +94,21 @@ template <> struct Dst<Vrx32s> {
 
 namespace n0::conv {
 
-// Widening driver: op(p) turns the 16 source elements at p into one vector
-// of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
-// through a zeroed local copy of the source and a masked store.
-// Calls that move at least the largest cache (sources and destination
-// together; 32 MiB when the size is unknown) write with non-temporal
-// stores: such a stream does not stay in a last-level cache, and kept there
-// it would only evict the caller's working set. Smaller calls keep ordinary
-// stores, whose lines the cache serves back.
-constexpr size_t kStreamBytes = size_t(1) << 25;
-
-VRX_INLINE bool streamWorth(size_t trafficBytes) {
-    if (trafficBytes < (size_t(1) << 21)) return false;
-    int cache = 0;
-    size_t limit = vrxGetMaxCacheSizeB(&cache) == 0 ? static_cast<size_t>(cache) : kStreamBytes;
-    return trafficBytes >= limit;
-}
-
+// Widening driver: op(p) turns the elements at p into one register of
+// destination lanes (16 of 32 bits or 8 of 64), through the shared driver
+// with its streaming policy. op reads a whole register's worth of source,
+// so the tail goes through a zeroed local copy of the source.
 template <class S, class D, class Op>
-VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
-    struct {
-        VRX_INLINE void operator()(D* q, __mmask16 k, __m512 v) const { _mm512_mask_storeu_ps(reinterpret_cast<float*>(q), k, v); }
-        VRX_INLINE void operator()(D* q, __mmask16 k, __m512i v) const { _mm512_mask_storeu_epi32(q, k, v); }
-    } store;
-    struct {
-        VRX_INLINE void operator()(D* q, __m512 v) const { _mm512_stream_ps(reinterpret_cast<float*>(q), v); }
-        VRX_INLINE void operator()(D* q, __m512i v) const { _mm512_stream_si512(reinterpret_cast<__m512i*>(q), v); }
-    } stream;
-    int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * (sizeof(S) + sizeof(D))) && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
-        // head up to a 64-byte boundary of the destination, then streaming
-        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(D));
-        if (head) store(d, tailMask16(head), op(s));
-        i = head;
-        for (; i + 64 <= len; i += 64) {
-            auto a = op(s + i), b = op(s + i + 16), c = op(s + i + 32), e = op(s + i + 48);
-            stream(d + i, a); stream(d + i + 16, b); stream(d + i + 32, c); stream(d + i + 48, e);
-        }
-        _mm_sfence();
-    }
-    for (; i + 64 <= len; i += 64) {
-        auto a = op(s + i), b = op(s + i + 16), c = op(s + i + 32), e = op(s + i + 48);
-        store(d + i, 0xFFFF, a); store(d + i + 16, 0xFFFF, b); store(d + i + 32, 0xFFFF, c); store(d + i + 48, 0xFFFF, e);
-    }
-    for (; i + 16 <= len; i += 16) store(d + i, 0xFFFF, op(s + i));
-    if (i < len) {
-        alignas(64) S t[16] = {};
-        memcpy(t, s + i, static_cast<size_t>(len - i) * sizeof(S));
-        store(d + i, tailMask16(len - i), op(t));
-    }
+VRX_INLINE void widenMap(const S* s, D* d, int len, Op op) {
+    constexpr size_t N = simd::V<D>::N;
+    const size_t n = static_cast<size_t>(len);
+    map::run<map::Store::Auto>(d, n, n * (sizeof(S) + sizeof(D)),
+        [&](size_t i) { return op(s + i); },
+        [&](size_t i, auto) {
+            alignas(64) S t[N] = {};
+            memcpy(t, s + i, (n - i) * sizeof(S));
+            return op(t);
+        });
 }
 
 }  // namespace n0::conv

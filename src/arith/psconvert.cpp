@@ -62,7 +62,7 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
     }
     for (; i + 32 <= len; i += 32) { one(i, 0xFFFF); one(i + 16, 0xFFFF); }
     for (; i + 16 <= len; i += 16) one(i, 0xFFFF);
-    if (i < len) one(i, tailMask16(len - i));
+    if (i < len) one(i, simd::tail<float>(len - i));
 }
 
 template <class D, int M>
@@ -130,7 +130,7 @@ void cvt64f(const Vrx64f* s, D* d, int len, double mul) {
     int i = 0;
     for (; i + 16 <= len; i += 16) { one(i, 0xFF); one(i + 8, 0xFF); }
     for (; i + 8 <= len; i += 8) one(i, 0xFF);
-    if (i < len) one(i, tailMask8(len - i));
+    if (i < len) one(i, simd::tail<double>(len - i));
 }
 
 template <class D, int M>

@@ -73,7 +73,7 @@ void f32to24(const Vrx32f* s, Vrx8u* d, int len, float mul) {
     alignas(64) uint32_t t[16];
     for (int i = 0; i < len; i += 16) {
         int n = len - i < 16 ? len - i : 16;
-        __m512 x = _mm512_maskz_loadu_ps(tailMask16(n), s + i);
+        __m512 x = _mm512_maskz_loadu_ps(simd::tail<float>(n), s + i);
         x = _mm512_min_ps(_mm512_max_ps(_mm512_mul_ps(x, vm), lo), hi);
         _mm512_store_si512(t, _mm512_cvtps_epi32(x));
         Vrx8u* q = d + 3 * static_cast<size_t>(i);

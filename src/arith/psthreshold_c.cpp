@@ -25,7 +25,7 @@ void clip32fc(const Vrx32fc* s, Vrx32fc* d, int len, float level) {
     const int n = 2 * len;
     for (int i = 0; i < n; i += 16) {
         const int cnt = n - i < 16 ? n - i : 16;
-        const __mmask16 k = conv::tailMask16(cnt);
+        const __mmask16 k = simd::tail<float>(cnt);
         __m512 v = _mm512_maskz_loadu_ps(k, ps + i);
         __m512 sq = _mm512_mul_ps(v, v);
         __m512 m = _mm512_add_ps(sq, _mm512_permute_ps(sq, 0xB1));
@@ -59,7 +59,7 @@ void clip64fc(const Vrx64fc* s, Vrx64fc* d, int len, double level) {
     const int n = 2 * len;
     for (int i = 0; i < n; i += 8) {
         const int cnt = n - i < 8 ? n - i : 8;
-        const __mmask8 k = conv::tailMask8(cnt);
+        const __mmask8 k = simd::tail<double>(cnt);
         __m512d v = _mm512_maskz_loadu_pd(k, ps + i);
         __m512d sq = _mm512_mul_pd(v, v);
         __m512d m = _mm512_add_pd(sq, _mm512_permute_pd(sq, 0x55));
@@ -185,21 +185,38 @@ VrxStatus threshInvC(const C* s, C* d, int len, R level) {
 
 }  // namespace
 
-#define VRX_THC(S, C, R)                                                                                                        \
-    VrxStatus N0(vrxsThreshold_##S)(const C* s, C* d, int len, R level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); } \
-    VrxStatus N0(vrxsThreshold_##S##_I)(C* d, int len, R level, VrxCmpOp relOp) { return threshC<C, R>(d, d, len, level, relOp); }     \
-    VrxStatus N0(vrxsThreshold_LT_##S)(const C* s, C* d, int len, R level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpLess); } \
-    VrxStatus N0(vrxsThreshold_GT_##S)(const C* s, C* d, int len, R level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpGreater); } \
-    VrxStatus N0(vrxsThreshold_LT_##S##_I)(C* d, int len, R level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpLess); }  \
-    VrxStatus N0(vrxsThreshold_GT_##S##_I)(C* d, int len, R level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpGreater); } \
-    VrxStatus N0(vrxsThreshold_LTVal_##S)(const C* s, C* d, int len, R level, C value) { return threshValC<false>(s, d, len, level, value); } \
-    VrxStatus N0(vrxsThreshold_GTVal_##S)(const C* s, C* d, int len, R level, C value) { return threshValC<true>(s, d, len, level, value); } \
-    VrxStatus N0(vrxsThreshold_LTVal_##S##_I)(C* d, int len, R level, C value) { return threshValC<false, C, R>(d, d, len, level, value); } \
-    VrxStatus N0(vrxsThreshold_GTVal_##S##_I)(C* d, int len, R level, C value) { return threshValC<true, C, R>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_16sc_I)(Vrx16sc* d, int len, Vrx16s level, VrxCmpOp relOp) { return threshC<Vrx16sc, Vrx16s>(d, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_LT_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_16sc_I)(Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_16sc_I)(Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LTVal_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<false>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<true>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_16sc_I)(Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<false, Vrx16sc, Vrx16s>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_16sc_I)(Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<true, Vrx16sc, Vrx16s>(d, d, len, level, value); }
 
-VRX_THC(16sc, Vrx16sc, Vrx16s)
-VRX_THC(32fc, Vrx32fc, Vrx32f)
-VRX_THC(64fc, Vrx64fc, Vrx64f)
+VrxStatus N0(vrxsThreshold_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_32fc_I)(Vrx32fc* d, int len, Vrx32f level, VrxCmpOp relOp) { return threshC<Vrx32fc, Vrx32f>(d, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_LT_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_32fc_I)(Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_32fc_I)(Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LTVal_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<false>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<true>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_32fc_I)(Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<false, Vrx32fc, Vrx32f>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_32fc_I)(Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<true, Vrx32fc, Vrx32f>(d, d, len, level, value); }
+
+VrxStatus N0(vrxsThreshold_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_64fc_I)(Vrx64fc* d, int len, Vrx64f level, VrxCmpOp relOp) { return threshC<Vrx64fc, Vrx64f>(d, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_LT_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_64fc_I)(Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_64fc_I)(Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LTVal_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<false>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<true>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_64fc_I)(Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<false, Vrx64fc, Vrx64f>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_64fc_I)(Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<true, Vrx64fc, Vrx64f>(d, d, len, level, value); }
 
 VrxStatus N0(vrxsThreshold_LTInv_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return threshInvC(s, d, len, level); }
 VrxStatus N0(vrxsThreshold_LTInv_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return threshInvC(s, d, len, level); }

@@ -52,6 +52,8 @@ template <> struct V<float> {
     static VRX_INLINE R mul(R a, R b) { return _mm512_mul_ps(a, b); }
     static VRX_INLINE R div(R a, R b) { return _mm512_div_ps(a, b); }
     static VRX_INLINE R sqrt(R a) { return _mm512_sqrt_ps(a); }
+    // approximate 1/a, relative error below 2^-14
+    static VRX_INLINE R rcp14(R a) { return _mm512_rcp14_ps(a); }
     static VRX_INLINE R fma(R a, R b, R c) { return _mm512_fmadd_ps(a, b, c); }
     static VRX_INLINE R fms(R a, R b, R c) { return _mm512_fmsub_ps(a, b, c); }
     static VRX_INLINE R fnma(R a, R b, R c) { return _mm512_fnmadd_ps(a, b, c); }
@@ -87,6 +89,12 @@ template <> struct V<float> {
     static VRX_INLINE R swapPair(R a) { return _mm512_permute_ps(a, 0xB1); }
     // even lanes a*b - c, odd lanes a*b + c, one rounding each
     static VRX_INLINE R fmaddsub(R a, R b, R c) { return _mm512_fmaddsub_ps(a, b, c); }
+    // even lanes a*b + c, odd lanes a*b - c, one rounding each
+    static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_ps(a, b, c); }
+    // lanes 0..7 each repeated into two adjacent lanes (a real onto a pair)
+    static VRX_INLINE R dupLowPairs(R a) {
+        return _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
+    }
 };
 
 // ----------------------------------------------------------------- double
@@ -111,6 +119,7 @@ template <> struct V<double> {
     static VRX_INLINE R mul(R a, R b) { return _mm512_mul_pd(a, b); }
     static VRX_INLINE R div(R a, R b) { return _mm512_div_pd(a, b); }
     static VRX_INLINE R sqrt(R a) { return _mm512_sqrt_pd(a); }
+    static VRX_INLINE R rcp14(R a) { return _mm512_rcp14_pd(a); }
     static VRX_INLINE R fma(R a, R b, R c) { return _mm512_fmadd_pd(a, b, c); }
     static VRX_INLINE R fms(R a, R b, R c) { return _mm512_fmsub_pd(a, b, c); }
     static VRX_INLINE R fnma(R a, R b, R c) { return _mm512_fnmadd_pd(a, b, c); }
@@ -141,6 +150,7 @@ template <> struct V<double> {
     static VRX_INLINE R dupIm(R a) { return _mm512_permute_pd(a, 0xFF); }
     static VRX_INLINE R swapPair(R a) { return _mm512_permute_pd(a, 0x55); }
     static VRX_INLINE R fmaddsub(R a, R b, R c) { return _mm512_fmaddsub_pd(a, b, c); }
+    static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_pd(a, b, c); }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers
@@ -239,11 +249,20 @@ VRX_INLINE __m512i bitsOf(__m512 a) { return _mm512_castps_si512(a); }
 VRX_INLINE __m512i bitsOf(__m512d a) { return _mm512_castpd_si512(a); }
 VRX_INLINE __m512 floatsOf(__m512i a) { return _mm512_castsi512_ps(a); }
 VRX_INLINE __m512d doublesOf(__m512i a) { return _mm512_castsi512_pd(a); }
+// 32-bit integer lanes to floats, rounded in the caller's mode (exact
+// below 2^24 in magnitude).
+VRX_INLINE __m512 intToFloat(__m512i a) { return _mm512_cvtepi32_ps(a); }
+// Floats to 32-bit integer lanes, rounded in the caller's mode; a NaN or
+// out-of-range lane gives 0x80000000.
+VRX_INLINE __m512i floatToInt(__m512 a) { return _mm512_cvtps_epi32(a); }
 // The low and high 8 floats of a register as doubles (exact).
 VRX_INLINE __m512d lowToDouble(__m512 a) { return _mm512_cvtps_pd(_mm512_castps512_ps256(a)); }
 VRX_INLINE __m512d highToDouble(__m512 a) {
     return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
 }
+// The 8 elements at p as doubles (exact).
+VRX_INLINE __m512d loadToDouble(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+VRX_INLINE __m512d loadToDouble(const int32_t* p) { return _mm512_cvtepi32_pd(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))); }
 // Two registers of doubles rounded to nearest (ties to even) into one of
 // floats, whatever the caller's mode: lo fills lanes 0..7, hi lanes 8..15.
 VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {

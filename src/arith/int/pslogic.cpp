@@ -4,7 +4,7 @@
 // to full vector registers. Constant forms take their zero-constant
 // shortcuts before the general checks.
 #include "conv_forward.h"
-#include "conv_simd.h"
+#include "vrx_map.h"
 
 #include <immintrin.h>
 
@@ -42,7 +42,7 @@ VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* 
     alignas(64) Vrx8u pat[64];
     if (!Vec) _mm512_store_si512(pat, vb);
     auto one = [&](size_t k) { return Op::f(a[k], Vec ? pb[k] : pat[k & 63]); };
-    if (conv::streamWorth(n * (Vec ? 3 : 2)) && (reinterpret_cast<uintptr_t>(d) & (esz - 1)) == 0) {
+    if (map::streamWorth(n * (Vec ? 3 : 2)) && (reinterpret_cast<uintptr_t>(d) & (esz - 1)) == 0) {
         // large calls: bytes up to a 64-byte boundary, then streaming
         // stores (the boundary is an element boundary, so the pattern fits)
         for (; (reinterpret_cast<uintptr_t>(d + i) & 63) != 0; ++i) d[i] = one(i);
@@ -51,7 +51,7 @@ VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* 
             __m512i r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
             stream(d + i, r0); stream(d + i + 64, r1); stream(d + i + 128, r2); stream(d + i + 192, r3);
         }
-        _mm_sfence();
+        simd::streamFence();
     }
     for (; i + 256 <= n; i += 256) {
         __m512i r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
@@ -164,22 +164,47 @@ VRX_INLINE VrxStatus notFI(T* d, int len) {
 
 }  // namespace
 
-#define VRX_LOGIC_TYPE(S, T)                                                                           \
-    VrxStatus N0(vrxsAnd_##S)(const T* a, const T* b, T* d, int len) { return vv<OpAnd>(a, b, d, len); } \
-    VrxStatus N0(vrxsOr_##S)(const T* a, const T* b, T* d, int len) { return vv<OpOr>(a, b, d, len); }   \
-    VrxStatus N0(vrxsXor_##S)(const T* a, const T* b, T* d, int len) { return vv<OpXor>(a, b, d, len); } \
-    VrxStatus N0(vrxsAnd_##S##_I)(const T* a, T* d, int len) { return vvI<OpAnd>(a, d, len); }           \
-    VrxStatus N0(vrxsOr_##S##_I)(const T* a, T* d, int len) { return vvI<OpOr>(a, d, len); }             \
-    VrxStatus N0(vrxsXor_##S##_I)(const T* a, T* d, int len) { return vvI<OpXor>(a, d, len); }           \
-    VrxStatus N0(vrxsAndC_##S)(const T* a, T c, T* d, int len) { return andC(a, c, d, len); }            \
-    VrxStatus N0(vrxsOrC_##S)(const T* a, T c, T* d, int len) { return orxorC<OpOr>(a, c, d, len); }     \
-    VrxStatus N0(vrxsXorC_##S)(const T* a, T c, T* d, int len) { return orxorC<OpXor>(a, c, d, len); }   \
-    VrxStatus N0(vrxsAndC_##S##_I)(T c, T* d, int len) { return andCI(c, d, len); }                      \
-    VrxStatus N0(vrxsOrC_##S##_I)(T c, T* d, int len) { return vcI<OpOr>(c, d, len); }                   \
-    VrxStatus N0(vrxsXorC_##S##_I)(T c, T* d, int len) { return vcI<OpXor>(c, d, len); }                 \
-    VrxStatus N0(vrxsNot_##S)(const T* a, T* d, int len) { return notF(a, d, len); }                     \
-    VrxStatus N0(vrxsNot_##S##_I)(T* d, int len) { return notFI(d, len); }
+VrxStatus N0(vrxsAnd_8u)(const Vrx8u* a, const Vrx8u* b, Vrx8u* d, int len) { return vv<OpAnd>(a, b, d, len); }
+VrxStatus N0(vrxsOr_8u)(const Vrx8u* a, const Vrx8u* b, Vrx8u* d, int len) { return vv<OpOr>(a, b, d, len); }
+VrxStatus N0(vrxsXor_8u)(const Vrx8u* a, const Vrx8u* b, Vrx8u* d, int len) { return vv<OpXor>(a, b, d, len); }
+VrxStatus N0(vrxsAnd_8u_I)(const Vrx8u* a, Vrx8u* d, int len) { return vvI<OpAnd>(a, d, len); }
+VrxStatus N0(vrxsOr_8u_I)(const Vrx8u* a, Vrx8u* d, int len) { return vvI<OpOr>(a, d, len); }
+VrxStatus N0(vrxsXor_8u_I)(const Vrx8u* a, Vrx8u* d, int len) { return vvI<OpXor>(a, d, len); }
+VrxStatus N0(vrxsAndC_8u)(const Vrx8u* a, Vrx8u c, Vrx8u* d, int len) { return andC(a, c, d, len); }
+VrxStatus N0(vrxsOrC_8u)(const Vrx8u* a, Vrx8u c, Vrx8u* d, int len) { return orxorC<OpOr>(a, c, d, len); }
+VrxStatus N0(vrxsXorC_8u)(const Vrx8u* a, Vrx8u c, Vrx8u* d, int len) { return orxorC<OpXor>(a, c, d, len); }
+VrxStatus N0(vrxsAndC_8u_I)(Vrx8u c, Vrx8u* d, int len) { return andCI(c, d, len); }
+VrxStatus N0(vrxsOrC_8u_I)(Vrx8u c, Vrx8u* d, int len) { return vcI<OpOr>(c, d, len); }
+VrxStatus N0(vrxsXorC_8u_I)(Vrx8u c, Vrx8u* d, int len) { return vcI<OpXor>(c, d, len); }
+VrxStatus N0(vrxsNot_8u)(const Vrx8u* a, Vrx8u* d, int len) { return notF(a, d, len); }
+VrxStatus N0(vrxsNot_8u_I)(Vrx8u* d, int len) { return notFI(d, len); }
 
-VRX_LOGIC_TYPE(8u, Vrx8u)
-VRX_LOGIC_TYPE(16u, Vrx16u)
-VRX_LOGIC_TYPE(32u, Vrx32u)
+VrxStatus N0(vrxsAnd_16u)(const Vrx16u* a, const Vrx16u* b, Vrx16u* d, int len) { return vv<OpAnd>(a, b, d, len); }
+VrxStatus N0(vrxsOr_16u)(const Vrx16u* a, const Vrx16u* b, Vrx16u* d, int len) { return vv<OpOr>(a, b, d, len); }
+VrxStatus N0(vrxsXor_16u)(const Vrx16u* a, const Vrx16u* b, Vrx16u* d, int len) { return vv<OpXor>(a, b, d, len); }
+VrxStatus N0(vrxsAnd_16u_I)(const Vrx16u* a, Vrx16u* d, int len) { return vvI<OpAnd>(a, d, len); }
+VrxStatus N0(vrxsOr_16u_I)(const Vrx16u* a, Vrx16u* d, int len) { return vvI<OpOr>(a, d, len); }
+VrxStatus N0(vrxsXor_16u_I)(const Vrx16u* a, Vrx16u* d, int len) { return vvI<OpXor>(a, d, len); }
+VrxStatus N0(vrxsAndC_16u)(const Vrx16u* a, Vrx16u c, Vrx16u* d, int len) { return andC(a, c, d, len); }
+VrxStatus N0(vrxsOrC_16u)(const Vrx16u* a, Vrx16u c, Vrx16u* d, int len) { return orxorC<OpOr>(a, c, d, len); }
+VrxStatus N0(vrxsXorC_16u)(const Vrx16u* a, Vrx16u c, Vrx16u* d, int len) { return orxorC<OpXor>(a, c, d, len); }
+VrxStatus N0(vrxsAndC_16u_I)(Vrx16u c, Vrx16u* d, int len) { return andCI(c, d, len); }
+VrxStatus N0(vrxsOrC_16u_I)(Vrx16u c, Vrx16u* d, int len) { return vcI<OpOr>(c, d, len); }
+VrxStatus N0(vrxsXorC_16u_I)(Vrx16u c, Vrx16u* d, int len) { return vcI<OpXor>(c, d, len); }
+VrxStatus N0(vrxsNot_16u)(const Vrx16u* a, Vrx16u* d, int len) { return notF(a, d, len); }
+VrxStatus N0(vrxsNot_16u_I)(Vrx16u* d, int len) { return notFI(d, len); }
+
+VrxStatus N0(vrxsAnd_32u)(const Vrx32u* a, const Vrx32u* b, Vrx32u* d, int len) { return vv<OpAnd>(a, b, d, len); }
+VrxStatus N0(vrxsOr_32u)(const Vrx32u* a, const Vrx32u* b, Vrx32u* d, int len) { return vv<OpOr>(a, b, d, len); }
+VrxStatus N0(vrxsXor_32u)(const Vrx32u* a, const Vrx32u* b, Vrx32u* d, int len) { return vv<OpXor>(a, b, d, len); }
+VrxStatus N0(vrxsAnd_32u_I)(const Vrx32u* a, Vrx32u* d, int len) { return vvI<OpAnd>(a, d, len); }
+VrxStatus N0(vrxsOr_32u_I)(const Vrx32u* a, Vrx32u* d, int len) { return vvI<OpOr>(a, d, len); }
+VrxStatus N0(vrxsXor_32u_I)(const Vrx32u* a, Vrx32u* d, int len) { return vvI<OpXor>(a, d, len); }
+VrxStatus N0(vrxsAndC_32u)(const Vrx32u* a, Vrx32u c, Vrx32u* d, int len) { return andC(a, c, d, len); }
+VrxStatus N0(vrxsOrC_32u)(const Vrx32u* a, Vrx32u c, Vrx32u* d, int len) { return orxorC<OpOr>(a, c, d, len); }
+VrxStatus N0(vrxsXorC_32u)(const Vrx32u* a, Vrx32u c, Vrx32u* d, int len) { return orxorC<OpXor>(a, c, d, len); }
+VrxStatus N0(vrxsAndC_32u_I)(Vrx32u c, Vrx32u* d, int len) { return andCI(c, d, len); }
+VrxStatus N0(vrxsOrC_32u_I)(Vrx32u c, Vrx32u* d, int len) { return vcI<OpOr>(c, d, len); }
+VrxStatus N0(vrxsXorC_32u_I)(Vrx32u c, Vrx32u* d, int len) { return vcI<OpXor>(c, d, len); }
+VrxStatus N0(vrxsNot_32u)(const Vrx32u* a, Vrx32u* d, int len) { return notF(a, d, len); }
+VrxStatus N0(vrxsNot_32u_I)(Vrx32u* d, int len) { return notFI(d, len); }

@@ -138,13 +138,22 @@ VrxStatus shiftArithI(int c, T* d, int len) {
 
 }  // namespace
 
-#define VRX_SHIFT_TYPE(S, T, RSHIFT, RSHIFT_I)                                                          \
-    VrxStatus N0(vrxsLShiftC_##S)(const T* s, int c, T* d, int len) { return shiftClearing<true>(s, c, d, len); } \
-    VrxStatus N0(vrxsLShiftC_##S##_I)(int c, T* d, int len) { return shiftClearingI<true>(c, d, len); }           \
-    VrxStatus N0(vrxsRShiftC_##S)(const T* s, int c, T* d, int len) { return RSHIFT(s, c, d, len); }              \
-    VrxStatus N0(vrxsRShiftC_##S##_I)(int c, T* d, int len) { return RSHIFT_I(c, d, len); }
+VrxStatus N0(vrxsLShiftC_8u)(const Vrx8u* s, int c, Vrx8u* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_8u_I)(int c, Vrx8u* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_8u)(const Vrx8u* s, int c, Vrx8u* d, int len) { return shiftClearing<false>(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_8u_I)(int c, Vrx8u* d, int len) { return shiftClearingI<false>(c, d, len); }
 
-VRX_SHIFT_TYPE(8u, Vrx8u, shiftClearing<false>, shiftClearingI<false>)
-VRX_SHIFT_TYPE(16u, Vrx16u, shiftClearing<false>, shiftClearingI<false>)
-VRX_SHIFT_TYPE(16s, Vrx16s, shiftArith, shiftArithI)
-VRX_SHIFT_TYPE(32s, Vrx32s, shiftArith, shiftArithI)
+VrxStatus N0(vrxsLShiftC_16u)(const Vrx16u* s, int c, Vrx16u* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_16u_I)(int c, Vrx16u* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_16u)(const Vrx16u* s, int c, Vrx16u* d, int len) { return shiftClearing<false>(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_16u_I)(int c, Vrx16u* d, int len) { return shiftClearingI<false>(c, d, len); }
+
+VrxStatus N0(vrxsLShiftC_16s)(const Vrx16s* s, int c, Vrx16s* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_16s_I)(int c, Vrx16s* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_16s)(const Vrx16s* s, int c, Vrx16s* d, int len) { return shiftArith(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_16s_I)(int c, Vrx16s* d, int len) { return shiftArithI(c, d, len); }
+
+VrxStatus N0(vrxsLShiftC_32s)(const Vrx32s* s, int c, Vrx32s* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_32s_I)(int c, Vrx32s* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_32s)(const Vrx32s* s, int c, Vrx32s* d, int len) { return shiftArith(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_32s_I)(int c, Vrx32s* d, int len) { return shiftArithI(c, d, len); }
