@@ -60,7 +60,7 @@ VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* 
     }
     for (; i + 64 <= n; i += 64) st(d + i, V::f(ld(a + i), B(i)));
     if (size_t q = (n - i) / 4) {
-        __mmask16 k = static_cast<__mmask16>((1u << q) - 1u);
+        __mmask16 k = simd::tail<uint32_t>(q);
         __m512i bb = Vec ? _mm512_maskz_loadu_epi32(k, pb + i) : vb;
         _mm512_mask_storeu_epi32(d + i, k, V::f(_mm512_maskz_loadu_epi32(k, a + i), bb));
         i += 4 * q;

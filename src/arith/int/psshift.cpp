@@ -75,7 +75,7 @@ void shiftKernel(const T* s, T* d, int len, int c, bool left) {
     }
     for (; i + 64 <= n; i += 64) _mm512_storeu_si512(o + i, op(_mm512_loadu_si512(a + i)));
     if (size_t q = (n - i) / 4) {
-        const __mmask16 k = static_cast<__mmask16>((1u << q) - 1u);
+        const __mmask16 k = simd::tail<uint32_t>(q);
         _mm512_mask_storeu_epi32(o + i, k, op(_mm512_maskz_loadu_epi32(k, a + i)));
         i += 4 * q;
     }
