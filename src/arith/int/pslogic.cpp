@@ -6,8 +6,6 @@
 #include "conv_forward.h"
 #include "vrx_map.h"
 
-#include <immintrin.h>
-
 using namespace n0;
 using namespace n0::fwd;
 
@@ -21,58 +19,62 @@ struct OpXor { template <class T> static VRX_INLINE T f(T a, T b) { return stati
 // bytes, 256 a step in 512-bit registers, then 64, then 4-byte lanes under a
 // mask, then single bytes. A constant is its element repeated over the
 // register, and the byte tail takes the matching byte of that pattern.
-struct OpAndV { static VRX_INLINE __m512i f(__m512i a, __m512i b) { return _mm512_and_si512(a, b); } };
-struct OpOrV  { static VRX_INLINE __m512i f(__m512i a, __m512i b) { return _mm512_or_si512(a, b); } };
-struct OpXorV { static VRX_INLINE __m512i f(__m512i a, __m512i b) { return _mm512_xor_si512(a, b); } };
+// The registers hold 32-bit lanes; the operations do not see them either.
+using U = simd::V<uint32_t>;
+struct OpAndV { static VRX_INLINE U::R f(U::R a, U::R b) { return U::andb(a, b); } };
+struct OpOrV  { static VRX_INLINE U::R f(U::R a, U::R b) { return U::orb(a, b); } };
+struct OpXorV { static VRX_INLINE U::R f(U::R a, U::R b) { return U::xorb(a, b); } };
 template <class Op> struct VecOf;
 template <> struct VecOf<OpAnd> { using V = OpAndV; };
 template <> struct VecOf<OpOr> { using V = OpOrV; };
 template <> struct VecOf<OpXor> { using V = OpXorV; };
 
-VRX_INLINE __m512i ld(const Vrx8u* p) { return _mm512_loadu_si512(p); }
-VRX_INLINE void st(Vrx8u* p, __m512i v) { _mm512_storeu_si512(p, v); }
-VRX_INLINE void stream(Vrx8u* p, __m512i v) { _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v); }
+VRX_INLINE const uint32_t* W(const Vrx8u* p) { return reinterpret_cast<const uint32_t*>(p); }
+VRX_INLINE uint32_t* W(Vrx8u* p) { return reinterpret_cast<uint32_t*>(p); }
+VRX_INLINE U::R ld(const Vrx8u* p) { return U::load(W(p)); }
+VRX_INLINE void st(Vrx8u* p, U::R v) { U::store(W(p), v); }
+VRX_INLINE void stream(Vrx8u* p, U::R v) { U::stream(W(p), v); }
 
 // d = op(a, b) where b is a vector (pb) or the pattern vb.
 template <class Op, bool Vec>
-VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, __m512i vb, Vrx8u* d, size_t n, size_t esz) {
+VRX_INLINE void bytesKernel(const Vrx8u* a, const Vrx8u* pb, U::R vb, Vrx8u* d, size_t n, size_t esz) {
     using V = typename VecOf<Op>::V;
     auto B = [&](size_t i) { return Vec ? ld(pb + i) : vb; };
     size_t i = 0;
     alignas(64) Vrx8u pat[64];
-    if (!Vec) _mm512_store_si512(pat, vb);
+    if (!Vec) U::store(W(pat), vb);
     auto one = [&](size_t k) { return Op::f(a[k], Vec ? pb[k] : pat[k & 63]); };
     if (map::streamWorth(n * (Vec ? 3 : 2)) && (reinterpret_cast<uintptr_t>(d) & (esz - 1)) == 0) {
         // large calls: bytes up to a 64-byte boundary, then streaming
         // stores (the boundary is an element boundary, so the pattern fits)
         for (; (reinterpret_cast<uintptr_t>(d + i) & 63) != 0; ++i) d[i] = one(i);
         for (; i + 256 <= n; i += 256) {
-            __m512i r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
-            __m512i r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
+            auto r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
+            auto r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
             stream(d + i, r0); stream(d + i + 64, r1); stream(d + i + 128, r2); stream(d + i + 192, r3);
         }
         simd::streamFence();
     }
     for (; i + 256 <= n; i += 256) {
-        __m512i r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
-        __m512i r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
+        auto r0 = V::f(ld(a + i), B(i)), r1 = V::f(ld(a + i + 64), B(i + 64));
+        auto r2 = V::f(ld(a + i + 128), B(i + 128)), r3 = V::f(ld(a + i + 192), B(i + 192));
         st(d + i, r0); st(d + i + 64, r1); st(d + i + 128, r2); st(d + i + 192, r3);
     }
     for (; i + 64 <= n; i += 64) st(d + i, V::f(ld(a + i), B(i)));
     if (size_t q = (n - i) / 4) {
-        __mmask16 k = simd::tail<uint32_t>(q);
-        __m512i bb = Vec ? _mm512_maskz_loadu_epi32(k, pb + i) : vb;
-        _mm512_mask_storeu_epi32(d + i, k, V::f(_mm512_maskz_loadu_epi32(k, a + i), bb));
+        const auto k = simd::tail<uint32_t>(q);
+        auto bb = Vec ? U::loadm(k, W(pb + i)) : vb;
+        U::storem(W(d + i), k, V::f(U::loadm(k, W(a + i)), bb));
         i += 4 * q;
     }
     for (; i < n; ++i) d[i] = one(i);
 }
 
 template <class T>
-VRX_INLINE __m512i broadcast(T c) {
-    if constexpr (sizeof(T) == 1) return _mm512_set1_epi32(static_cast<int>(0x01010101u * c));
-    else if constexpr (sizeof(T) == 2) return _mm512_set1_epi32(static_cast<int>(0x00010001u * c));
-    else return _mm512_set1_epi32(static_cast<int>(c));
+VRX_INLINE U::R broadcast(T c) {
+    if constexpr (sizeof(T) == 1) return U::set1(0x01010101u * c);
+    else if constexpr (sizeof(T) == 2) return U::set1(0x00010001u * c);
+    else return U::set1(c);
 }
 
 template <class T> VRX_INLINE const Vrx8u* B8(const T* p) { return reinterpret_cast<const Vrx8u*>(p); }
@@ -81,7 +83,7 @@ template <class T> VRX_INLINE size_t bytes(int len) { return static_cast<size_t>
 
 template <class Op, class T>
 void logicVV(const T* a, const T* b, T* d, int len) {
-    bytesKernel<Op, true>(B8(a), B8(b), _mm512_setzero_si512(), B8(d), bytes<T>(len), sizeof(T));
+    bytesKernel<Op, true>(B8(a), B8(b), U::zero(), B8(d), bytes<T>(len), sizeof(T));
 }
 template <class Op, class T>
 void logicVVI(const T* a, T* bd, int len) { logicVV<Op>(a, bd, bd, len); }
@@ -93,7 +95,7 @@ template <class Op, class T>
 void logicVCI(T c, T* d, int len) { logicVC<Op>(d, c, d, len); }
 template <class T>
 void notV(const T* a, T* d, int len) {
-    bytesKernel<OpXor, false>(B8(a), nullptr, _mm512_set1_epi32(-1), B8(d), bytes<T>(len), sizeof(T));
+    bytesKernel<OpXor, false>(B8(a), nullptr, U::set1(~0u), B8(d), bytes<T>(len), sizeof(T));
 }
 template <class T>
 void notVI(T* d, int len) { notV(d, d, len); }
