@@ -1,5 +1,8 @@
 // Copy: the byte engines and the typed vrxsCopy_* layer. Source and
 // destination must not overlap (use vrxsMove_* for that).
+// The engines only move bytes: they work on raw 256-bit AVX2 registers
+// (vrx_memops.h), which the SIMD layer allows for move-only kernels; their
+// stores are at most 32 bytes wide by design.
 #include "vrx_cache.h"
 #include "vrx_memops.h"
 

@@ -1,5 +1,8 @@
 // Flip: dst[i] = src[len-1-i]. One kernel per element size; a complex
 // element moves whole, its parts keep their order.
+// The reversal shuffles have no name in the SIMD layer: the kernels use raw
+// registers, 256-bit AVX2 for 1- and 2-byte elements (no AVX-512BW byte
+// shuffle), 512-bit permutes for the wider ones.
 #include "vrx_memops.h"
 
 using namespace n0;

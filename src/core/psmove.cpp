@@ -1,6 +1,7 @@
 // Move: copies that are right for overlapping vectors, by direction alone.
 // A source below the destination is copied from the end, whether or not the
 // two overlap; otherwise from the start.
+// Raw 256-bit AVX2 registers, as in every block-move engine (vrx_memops.h).
 #include "vrx_memops.h"
 
 using namespace n0;

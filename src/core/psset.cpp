@@ -1,6 +1,8 @@
 // Set and Zero: one pattern-fill engine serves every element size. Large
 // fills of patterns up to 8 bytes use the string store; set fills larger
 // than the largest cache use non-temporal stores.
+// The fill engines store a byte pattern in raw 256-bit AVX2 registers, as
+// the SIMD layer allows for move-only kernels (vrx_memops.h).
 #include "vrx_cache.h"
 #include "vrx_memops.h"
 
