@@ -17,19 +17,20 @@ namespace {
 // 32f to an integer of 8 or 16 bits, or to 32 bits.
 template <class D, int M, bool Scale>
 void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
-    const __m512 vm = _mm512_set1_ps(mul);
-    const __m512 hi = _mm512_set1_ps(Dst<D>::hi);
-    auto one = [&](int i, __mmask16 k) {
-        __m512 x = _mm512_maskz_loadu_ps(k, s + i);
-        if (Scale) x = _mm512_mul_ps(x, vm);
+    using V = simd::V<float>;
+    using I = simd::V<int32_t>;
+    const auto vm = V::set1(mul);
+    const auto hi = V::set1(Dst<D>::hi);
+    auto one = [&](int i, V::M k) {
+        auto x = V::loadm(k, s + i);
+        if (Scale) x = V::mul(x, vm);
         if constexpr (sizeof(D) == 4) {
             // 2^31 and above become the upper bound; the conversion gives
             // the indefinite value there.
-            x = _mm512_min_ps(hi, x);
+            x = V::min(hi, x);
             if constexpr (M == kFin) x = addHalfSigned(x);
-            __m512i v = (M == kNear) ? _mm512_cvtps_epi32(x) : _mm512_cvttps_epi32(x);
-            __mmask16 over = _mm512_cmp_ps_mask(x, hi, _CMP_GE_OQ);
-            v = _mm512_mask_mov_epi32(v, over, _mm512_set1_epi32(0x7FFFFFFF));
+            auto v = (M == kNear) ? simd::floatToInt(x) : simd::floatToIntTrunc(x);
+            v = I::blend(V::ge(x, hi), v, I::set1(0x7FFFFFFF));
             Dst<D>::store(d + i, k, v);
         } else {
             Dst<D>::store(d + i, k, roundToInt<M>(x, hi));
@@ -37,11 +38,11 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
     };
     int i = 0;
     // narrow destinations: the narrowed vectors are joined into full 64-byte
-    // stores
+    // stores (raw inserts: the layer names no such join)
     if constexpr (sizeof(D) == 1) {
         auto v = [&](int j) {
-            __m512 x = _mm512_loadu_ps(s + j);
-            if (Scale) x = _mm512_mul_ps(x, vm);
+            auto x = V::load(s + j);
+            if (Scale) x = V::mul(x, vm);
             return Dst<D>::narrow(roundToInt<M>(x, hi));
         };
         for (; i + 64 <= len; i += 64) {
@@ -53,8 +54,8 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
         }
     } else if constexpr (sizeof(D) == 2) {
         auto v = [&](int j) {
-            __m512 x = _mm512_loadu_ps(s + j);
-            if (Scale) x = _mm512_mul_ps(x, vm);
+            auto x = V::load(s + j);
+            if (Scale) x = V::mul(x, vm);
             return Dst<D>::narrow(roundToInt<M>(x, hi));
         };
         for (; i + 32 <= len; i += 32)
@@ -118,14 +119,16 @@ VrxStatus cvt32fOwnRc(const Vrx32f* s, D* d, int len, int mode, int sf) {
 // 64f to 16s or 32s: 8 lanes a round.
 template <class D, int M, bool Scale>
 void cvt64f(const Vrx64f* s, D* d, int len, double mul) {
-    const __m512d vm = _mm512_set1_pd(mul);
-    const __m512d hi = _mm512_set1_pd(sizeof(D) == 2 ? 32767.0 : 2147483647.0);
-    auto one = [&](int i, __mmask8 k) {
-        __m512d x = _mm512_maskz_loadu_pd(k, s + i);
-        if (Scale) x = _mm512_mul_pd(x, vm);
+    using V = simd::V<double>;
+    const auto vm = V::set1(mul);
+    const auto hi = V::set1(sizeof(D) == 2 ? 32767.0 : 2147483647.0);
+    auto one = [&](int i, V::M k) {
+        auto x = V::loadm(k, s + i);
+        if (Scale) x = V::mul(x, vm);
+        // 8 results in the low half of the register, stored under an 8-lane mask
         __m512i v = _mm512_castsi256_si512(roundToInt<M>(x, hi));
-        if constexpr (sizeof(D) == 2) _mm512_mask_cvtsepi32_storeu_epi16(d + i, k, v);
-        else _mm512_mask_storeu_epi32(d + i, k, v);
+        if constexpr (sizeof(D) == 2) simd::narrowSat16s(d + i, k, v);
+        else simd::V<int32_t>::storem(d + i, k, v);
     };
     int i = 0;
     for (; i + 16 <= len; i += 16) { one(i, 0xFF); one(i + 8, 0xFF); }

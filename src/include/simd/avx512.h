@@ -255,6 +255,12 @@ VRX_INLINE __m512 intToFloat(__m512i a) { return _mm512_cvtepi32_ps(a); }
 // Floats to 32-bit integer lanes, rounded in the caller's mode; a NaN or
 // out-of-range lane gives 0x80000000.
 VRX_INLINE __m512i floatToInt(__m512 a) { return _mm512_cvtps_epi32(a); }
+VRX_INLINE __m512i floatToIntTrunc(__m512 a) { return _mm512_cvttps_epi32(a); }
+// Doubles to 32-bit integers in the 8 lanes of a half register, rounded in
+// the caller's mode or truncated; a NaN or out-of-range lane gives
+// 0x80000000.
+VRX_INLINE __m256i doubleToInt(__m512d a) { return _mm512_cvtpd_epi32(a); }
+VRX_INLINE __m256i doubleToIntTrunc(__m512d a) { return _mm512_cvttpd_epi32(a); }
 // The low and high 8 floats of a register as doubles (exact).
 VRX_INLINE __m512d lowToDouble(__m512 a) { return _mm512_cvtps_pd(_mm512_castps512_ps256(a)); }
 VRX_INLINE __m512d highToDouble(__m512 a) {
