@@ -54,6 +54,8 @@ template <> struct V<float> {
     static VRX_INLINE R sqrt(R a) { return _mm512_sqrt_ps(a); }
     // approximate 1/a, relative error below 2^-14
     static VRX_INLINE R rcp14(R a) { return _mm512_rcp14_ps(a); }
+    // approximate 1/sqrt(a), relative error below 2^-14
+    static VRX_INLINE R rsqrt14(R a) { return _mm512_rsqrt14_ps(a); }
     static VRX_INLINE R fma(R a, R b, R c) { return _mm512_fmadd_ps(a, b, c); }
     static VRX_INLINE R fms(R a, R b, R c) { return _mm512_fmsub_ps(a, b, c); }
     static VRX_INLINE R fnma(R a, R b, R c) { return _mm512_fnmadd_ps(a, b, c); }
@@ -120,6 +122,7 @@ template <> struct V<double> {
     static VRX_INLINE R div(R a, R b) { return _mm512_div_pd(a, b); }
     static VRX_INLINE R sqrt(R a) { return _mm512_sqrt_pd(a); }
     static VRX_INLINE R rcp14(R a) { return _mm512_rcp14_pd(a); }
+    static VRX_INLINE R rsqrt14(R a) { return _mm512_rsqrt14_pd(a); }
     static VRX_INLINE R fma(R a, R b, R c) { return _mm512_fmadd_pd(a, b, c); }
     static VRX_INLINE R fms(R a, R b, R c) { return _mm512_fmsub_pd(a, b, c); }
     static VRX_INLINE R fnma(R a, R b, R c) { return _mm512_fnmadd_pd(a, b, c); }
