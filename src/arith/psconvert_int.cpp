@@ -22,7 +22,8 @@ void widenScaled(const S* __restrict s, D* __restrict d, int len, D mul) {
 
 // 64-bit integers to double in the caller's rounding mode: the high half
 // times 2^32 and the unsigned low half are exact, and their sum is rounded
-// once.
+// once. The 64-to-32-bit lane narrowing has no name in the SIMD layer: the
+// kernel keeps the raw instructions.
 void cvt64s64f(const Vrx64s* s, Vrx64f* d, int len) {
     const __m512d two32 = _mm512_set1_pd(4294967296.0);
     const __m512i lo32 = _mm512_set1_epi64(0xFFFFFFFFll);
@@ -42,6 +43,8 @@ void cvt64s64f(const Vrx64s* s, Vrx64f* d, int len) {
 // the same results: an infinite single (from an infinite or too large
 // double) is replaced by the largest finite value of its sign, in one
 // fix-up instruction (table: -inf to -max, +inf to +max, all else kept).
+// The narrowing join and the fix-up have no name in the SIMD layer: raw
+// instructions.
 VRX_INLINE __m512 finiteOnly(__m512 f) {
     return _mm512_fixupimm_ps(f, f, _mm512_set1_epi32(0x00EF0000), 0);
 }
@@ -65,11 +68,12 @@ void cvt64f32f(const Vrx64f* s, Vrx32f* d, int len) {
 }
 
 void pack32s16s(const Vrx32s* s, Vrx16s* d, int len) {
+    using I = simd::V<int32_t>;
     int i = 0;
-    for (; i + 16 <= len; i += 16) _mm512_mask_cvtsepi32_storeu_epi16(d + i, 0xFFFF, _mm512_loadu_si512(s + i));
+    for (; i + 16 <= len; i += 16) simd::narrowSat16s(d + i, I::kAll, I::load(s + i));
     if (i < len) {
-        __mmask16 k = simd::tail<float>(len - i);
-        _mm512_mask_cvtsepi32_storeu_epi16(d + i, k, _mm512_maskz_loadu_epi32(k, s + i));
+        const auto k = simd::tail<int32_t>(len - i);
+        simd::narrowSat16s(d + i, k, I::loadm(k, s + i));
     }
 }
 
@@ -129,7 +133,6 @@ double pow2Double(int sf) {
 namespace {
 
 VRX_INLINE __m128i ld128(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-VRX_INLINE __m256i ld256(const void* p) { return _mm256_loadu_si256(static_cast<const __m256i*>(p)); }
 
 template <class S, class D, class Op>
 VRX_INLINE VrxStatus widenV(const S* s, D* d, int len, Op op) {
@@ -166,7 +169,10 @@ VrxStatus N0(vrxsConvert_32f64f)(const Vrx32f* s, Vrx64f* d, int len) {
     return widenV(s, d, len, [](const Vrx32f* p) { return simd::loadToDouble(p); });
 }
 
-// 8s to 16s on 256-bit lanes, 16 elements a step.
+// 8s to 16s on 256-bit lanes, 16 elements a step: 8- and 16-bit lanes have
+// no register type in the SIMD layer, so the kernel uses raw AVX2 registers.
+// Large calls stream by the shared rule (map::streamWorth), the head being
+// scalar up to a 32-byte boundary.
 VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     auto st16 = [](Vrx16s* q, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), v); };

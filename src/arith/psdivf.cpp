@@ -19,12 +19,12 @@ template <class T> struct DivBits;
 template <> struct DivBits<float> {
     using U = uint32_t;
     static constexpr U kSign = 0x80000000u, kInf = 0x7F800000u, kNaN = 0x7FBFFFFFu;
-    static VRX_INLINE __m512 bits(U u) { return simd::floatsOf(simd::V<U>::set1(u)); }
+    static VRX_INLINE simd::V<float>::R bits(U u) { return simd::floatsOf(simd::V<U>::set1(u)); }
 };
 template <> struct DivBits<double> {
     using U = uint64_t;
     static constexpr U kSign = 0x8000000000000000ull, kInf = 0x7FF0000000000000ull, kNaN = 0x7FF7FFFFFFFFFFFFull;
-    static VRX_INLINE __m512d bits(U u) { return simd::doublesOf(simd::V<U>::set1(u)); }
+    static VRX_INLINE simd::V<double>::R bits(U u) { return simd::doublesOf(simd::V<U>::set1(u)); }
 };
 
 template <class T>

@@ -207,7 +207,7 @@ VRX_INLINE typename simd::V<T>::R raiseAbs(typename simd::V<T>::R x, typename si
     return V::orb(V::max(level, V::abs(x)), V::andb(x, V::set1(T(-0.0))));  // a NaN stays
 }
 
-VRX_INLINE __m512 invLanes(__m512 v) {
+VRX_INLINE simd::V<float>::R invLanes(simd::V<float>::R v) {
     using V = simd::V<float>;
     auto y = V::rcp14(v);
     auto t = V::mul(v, y);
@@ -215,7 +215,7 @@ VRX_INLINE __m512 invLanes(__m512 v) {
     return V::mul(y, V::sub(V::set1(2.0f), t));
 }
 // two steps bring the 14-bit estimate to full double precision
-VRX_INLINE __m512d invLanes(__m512d v) {
+VRX_INLINE simd::V<double>::R invLanes(simd::V<double>::R v) {
     using V = simd::V<double>;
     auto y = V::rcp14(v);
     auto t = V::mul(v, y);
