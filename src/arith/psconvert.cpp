@@ -16,7 +16,7 @@ namespace {
 
 // 32f to an integer of 8 or 16 bits, or to 32 bits.
 template <class D, int M, bool Scale>
-void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
+void cvtKernel(const Vrx32f* s, D* d, int len, float mul) {
     using V = simd::V<float>;
     using I = simd::V<int32_t>;
     const auto vm = V::set1(mul);
@@ -66,59 +66,9 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
     if (i < len) one(i, simd::tail<float>(len - i));
 }
 
-template <class D, int M>
-VRX_INLINE void run32f(const Vrx32f* s, D* d, int len, int sf) {
-    if (sf == 0) cvt32f<D, M, false>(s, d, len, 1.0f);
-    else cvt32f<D, M, true>(s, d, len, pow2Wrapped(sf));
-}
-
-// The mode-specific kernels. Near forces round-to-nearest; the financial
-// kernel runs under rounding toward zero with invalid masked.
-template <class D>
-void cnvrt32f(const Vrx32f* s, D* d, int len, int mode, int sf) {
-    InvalidQuietGuard quiet;
-    if (mode == kNear) {
-        RoundNearestGuard rn;
-        run32f<D, kNear>(s, d, len, sf);
-    } else {
-        run32f<D, kZero>(s, d, len, sf);
-    }
-}
-template <class D>
-void cnvrtFin32f(const Vrx32f* s, D* d, int len, int sf) {
-    InvalidQuietGuard quiet;
-    run32f<D, kFin>(s, d, len, sf);
-}
-
-// 8s, 8u and 16u: the wrapper sets rounding toward zero around the financial
-// kernel. 16s and 32s: the kernel does it.
-template <class D>
-VrxStatus cvt32fWrapped(const Vrx32f* s, D* d, int len, int mode, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (mode == vrxRndNear) cnvrt32f(s, d, len, kNear, sf);
-    else if (mode == vrxRndZero) cnvrt32f(s, d, len, kZero, sf);
-    else {
-        unsigned old = N0(vrx_set_rc_ssx)(kMxcsrRoundZero);
-        cnvrtFin32f(s, d, len, sf);
-        if ((old & kMxcsrRound) != kMxcsrRoundZero) N0(vrx_set_cw_ssx)((getMxcsr() & ~kMxcsrRound) | (old & kMxcsrRound));
-    }
-    return vrxOk;
-}
-template <class D>
-VrxStatus cvt32fOwnRc(const Vrx32f* s, D* d, int len, int mode, int sf) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (mode == vrxRndNear) cnvrt32f(s, d, len, kNear, sf);
-    else if (mode == vrxRndZero) cnvrt32f(s, d, len, kZero, sf);
-    else {
-        TruncMaskedGuard rz;
-        cnvrtFin32f(s, d, len, sf);
-    }
-    return vrxOk;
-}
-
 // 64f to 16s or 32s: 8 lanes a round.
 template <class D, int M, bool Scale>
-void cvt64f(const Vrx64f* s, D* d, int len, double mul) {
+void cvtKernel(const Vrx64f* s, D* d, int len, double mul) {
     using V = simd::V<double>;
     const auto vm = V::set1(mul);
     const auto hi = V::set1(sizeof(D) == 2 ? 32767.0 : 2147483647.0);
@@ -136,27 +86,61 @@ void cvt64f(const Vrx64f* s, D* d, int len, double mul) {
     if (i < len) one(i, simd::tail<double>(len - i));
 }
 
-template <class D, int M>
-VRX_INLINE void run64f(const Vrx64f* s, D* d, int len, int sf) {
-    if (sf == 0) cvt64f<D, M, false>(s, d, len, 1.0);
-    else cvt64f<D, M, true>(s, d, len, static_cast<double>(pow2Wrapped(sf)));
+// A kernel at the scale factor: no multiply at sf 0.
+template <class D, int M, class S>
+VRX_INLINE void run(const S* s, D* d, int len, int sf) {
+    if (sf == 0) cvtKernel<D, M, false>(s, d, len, S(1));
+    else cvtKernel<D, M, true>(s, d, len, static_cast<S>(pow2Wrapped(sf)));
 }
 
-template <class D>
-void cnvrt64f(const Vrx64f* s, D* d, int len, int mode, int sf) {
+// The mode-specific kernels. Near forces round-to-nearest; the financial
+// kernel runs under rounding toward zero with invalid masked (the 32f
+// callers set the rounding, the 64f kernel sets it itself).
+template <class S, class D>
+void cnvrt(const S* s, D* d, int len, int mode, int sf) {
     InvalidQuietGuard quiet;
     if (mode == kNear) {
         RoundNearestGuard rn;
-        run64f<D, kNear>(s, d, len, sf);
+        run<D, kNear>(s, d, len, sf);
     } else {
-        run64f<D, kZero>(s, d, len, sf);
+        run<D, kZero>(s, d, len, sf);
     }
 }
-template <class D>
-void cnvrtFin64f(const Vrx64f* s, D* d, int len, int sf) {
+template <class S, class D>
+void cnvrtFin(const S* s, D* d, int len, int sf) {
     InvalidQuietGuard quiet;
-    TruncMaskedGuard rz;
-    run64f<D, kFin>(s, d, len, sf);
+    if constexpr (sizeof(S) == 8) {
+        TruncMaskedGuard rz;
+        run<D, kFin>(s, d, len, sf);
+    } else {
+        run<D, kFin>(s, d, len, sf);
+    }
+}
+
+// 8s, 8u and 16u: the wrapper sets rounding toward zero around the financial
+// kernel. 16s and 32s: the kernel does it.
+template <class D>
+VrxStatus cvt32fWrapped(const Vrx32f* s, D* d, int len, int mode, int sf) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    if (mode == vrxRndNear) cnvrt(s, d, len, kNear, sf);
+    else if (mode == vrxRndZero) cnvrt(s, d, len, kZero, sf);
+    else {
+        unsigned old = N0(vrx_set_rc_ssx)(kMxcsrRoundZero);
+        cnvrtFin(s, d, len, sf);
+        if ((old & kMxcsrRound) != kMxcsrRoundZero) N0(vrx_set_cw_ssx)((getMxcsr() & ~kMxcsrRound) | (old & kMxcsrRound));
+    }
+    return vrxOk;
+}
+template <class D>
+VrxStatus cvt32fOwnRc(const Vrx32f* s, D* d, int len, int mode, int sf) {
+    if (VrxStatus st = checkArgs(len, s, d)) return st;
+    if (mode == vrxRndNear) cnvrt(s, d, len, kNear, sf);
+    else if (mode == vrxRndZero) cnvrt(s, d, len, kZero, sf);
+    else {
+        TruncMaskedGuard rz;
+        cnvrtFin(s, d, len, sf);
+    }
+    return vrxOk;
 }
 
 // 64f to 64s: element by element; NaN gives the lower bound, everything else
@@ -198,16 +182,16 @@ VrxStatus N0(vrxsConvert_32f32s_Sfs)(const Vrx32f* pSrc, Vrx32s* pDst, int len, 
 // the financial one; the three defined modes come out alike.
 VrxStatus N0(vrxsConvert_64f16s_Sfs)(const Vrx64f* pSrc, Vrx16s* pDst, int len, VrxRounding rnd, int sf) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    if (rnd == vrxRndZero || rnd == vrxRndNear) cnvrt64f(pSrc, pDst, len, rnd, sf);
-    else cnvrtFin64f(pSrc, pDst, len, sf);
+    if (rnd == vrxRndZero || rnd == vrxRndNear) cnvrt(pSrc, pDst, len, rnd, sf);
+    else cnvrtFin(pSrc, pDst, len, sf);
     return vrxOk;
 }
 VrxStatus N0(vrxsConvert_64f32s_Sfs)(const Vrx64f* pSrc, Vrx32s* pDst, int len, VrxRounding rnd, int sf) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    if (rnd == vrxRndFinancial) cnvrtFin64f(pSrc, pDst, len, sf);
-    else if (rnd == vrxRndNear) cnvrt64f(pSrc, pDst, len, kNear, sf);
-    else if (rnd == vrxRndZero) cnvrt64f(pSrc, pDst, len, kZero, sf);
-    else cnvrtFin64f(pSrc, pDst, len, sf);
+    if (rnd == vrxRndFinancial) cnvrtFin(pSrc, pDst, len, sf);
+    else if (rnd == vrxRndNear) cnvrt(pSrc, pDst, len, kNear, sf);
+    else if (rnd == vrxRndZero) cnvrt(pSrc, pDst, len, kZero, sf);
+    else cnvrtFin(pSrc, pDst, len, sf);
     return vrxOk;
 }
 
