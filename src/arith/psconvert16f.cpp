@@ -28,6 +28,8 @@ VRX_INLINE void drive16(const S* s, D* d, int len, K k) {
     }
 }
 
+// Zero-extended halves in 32-bit lanes and back (truncating: the lanes
+// hold 16-bit patterns). The truncating narrow has no name in the layer.
 VRX_INLINE __m512i load16x16(const Vrx16u* p) {
     return _mm512_cvtepu16_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)));
 }
@@ -89,6 +91,8 @@ VRX_INLINE __m512 swFromHalf(__m512i h) {
 }
 
 // ------------------------------------------------------ hardware kernels
+// The half-precision conversion instructions (and their 256-bit halves)
+// have no name in the SIMD layer: raw instructions.
 template <bool Near>
 VRX_INLINE __m256i hwToHalf(__m512 x) {
     return Near ? _mm512_cvtps_ph(x, _MM_FROUND_TO_NEAREST_INT) : _mm512_cvtps_ph(x, _MM_FROUND_TO_ZERO);
