@@ -114,11 +114,13 @@ VrxStatus N0(vrxsMul_32f32fc)(const Vrx32f* pSrc1, const Vrx32fc* pSrc2, Vrx32fc
     float* d = &pDst->re;
     using V = simd::V<float>;
     size_t i = 0;
-    for (; i + 8 <= n; i += 8) V::store(d + 2 * i, V::mul(V::dupLowPairs(V::loadm(simd::tail<float>(8), pSrc1 + i)), V::load(b + 2 * i)));
+    // 8 reals from a half-register load, which the layer does not name
+    for (; i + 8 <= n; i += 8) V::store(d + 2 * i, V::mul(V::dupLowPairs(_mm512_castps256_ps512(_mm256_loadu_ps(pSrc1 + i))), V::load(b + 2 * i)));
     if (i < n) {
         const size_t k = n - i;
+        auto r = V::dupLowPairs(V::loadm(simd::tail<float>(k), pSrc1 + i));
         const auto m2 = simd::tail<float>(2 * k);
-        V::storem(d + 2 * i, m2, V::mul(V::dupLowPairs(V::loadm(simd::tail<float>(k), pSrc1 + i)), V::loadm(m2, b + 2 * i)));
+        V::storem(d + 2 * i, m2, V::mul(r, V::loadm(m2, b + 2 * i)));
     }
     return vrxOk;
 }
