@@ -31,9 +31,13 @@ VRX_INLINE void mapv(const T* s, T* d, int len, F f) {
 // semantics (max(level, x) is "x < level ? level : x", NaN included).
 template <class T> using Vf = simd::V<T>;
 
+// The general walk: a round computes its four registers, then stores them.
 template <class T, class Op>
 VRX_INLINE void mapf(const T* s, T* d, int len, Op op) {
-    map::map1<map::Store::Auto>(s, d, static_cast<size_t>(len), op);
+    using V = simd::V<T>;
+    const size_t n = static_cast<size_t>(len);
+    map::run<map::Store::Auto>(d, n, 2 * n * sizeof(T), [&](size_t i) { return op(V::load(s + i)); },
+                               [&](size_t i, typename V::M m) { return op(V::loadm(m, s + i)); });
 }
 
 template <class T>
