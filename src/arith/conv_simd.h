@@ -5,8 +5,8 @@
 #pragma once
 
 #include "vrx_fpu.h"
+#include "vrx_map.h"
 
-#include <immintrin.h>
 #include <string.h>
 
 #include <type_traits>
@@ -25,126 +25,82 @@ VRX_INLINE float pow2Wrapped(int sf) {
     return bitsToFloat(0x3F800000u - (static_cast<uint32_t>(sf) << 23));
 }
 
-VRX_INLINE __mmask16 tailMask16(int n) { return static_cast<__mmask16>((1u << n) - 1u); }
-VRX_INLINE __mmask8 tailMask8(int n) { return static_cast<__mmask8>((1u << n) - 1u); }
-
 // Adds 0.5 with the sign of x (minus zero gets minus 0.5); under rounding
 // toward zero the following truncation gives ties away from zero.
-VRX_INLINE __m512 addHalfSigned(__m512 x) {
-    const __m512i sign = _mm512_set1_epi32(static_cast<int>(0x80000000u));
-    __m512i h = _mm512_or_si512(_mm512_and_si512(_mm512_castps_si512(x), sign), _mm512_castps_si512(_mm512_set1_ps(0.5f)));
-    return _mm512_add_ps(x, _mm512_castsi512_ps(h));
+template <class T>
+VRX_INLINE typename simd::V<T>::R addHalfSignedT(typename simd::V<T>::R x) {
+    using V = simd::V<T>;
+    return V::add(x, V::orb(V::andb(x, V::set1(T(-0.0))), V::set1(T(0.5))));
 }
-VRX_INLINE __m512d addHalfSigned(__m512d x) {
-    const __m512i sign = _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull));
-    __m512i h = _mm512_or_si512(_mm512_and_si512(_mm512_castpd_si512(x), sign), _mm512_castpd_si512(_mm512_set1_pd(0.5)));
-    return _mm512_add_pd(x, _mm512_castsi512_pd(h));
-}
+VRX_INLINE __m512 addHalfSigned(__m512 x) { return addHalfSignedT<float>(x); }
+VRX_INLINE __m512d addHalfSigned(__m512d x) { return addHalfSignedT<double>(x); }
 
 // Clamp above (NaN passes), round, convert to 32-bit lanes. Near uses the
 // conversion instruction under the caller's guard that forces nearest.
 template <int M>
 VRX_INLINE __m512i roundToInt(__m512 x, __m512 hi) {
-    x = _mm512_min_ps(hi, x);
-    if constexpr (M == kNear) return _mm512_cvtps_epi32(x);
-    else if constexpr (M == kZero) return _mm512_cvttps_epi32(x);
-    else return _mm512_cvttps_epi32(addHalfSigned(x));
+    using V = simd::V<float>;
+    x = V::min(hi, x);
+    if constexpr (M == kNear) return simd::floatToInt(x);
+    else if constexpr (M == kZero) return simd::floatToIntTrunc(x);
+    else return simd::floatToIntTrunc(addHalfSigned(x));
 }
 template <int M>
 VRX_INLINE __m256i roundToInt(__m512d x, __m512d hi) {
-    x = _mm512_min_pd(hi, x);
-    if constexpr (M == kNear) return _mm512_cvtpd_epi32(x);
-    else if constexpr (M == kZero) return _mm512_cvttpd_epi32(x);
-    else return _mm512_cvttpd_epi32(addHalfSigned(x));
+    using V = simd::V<double>;
+    x = V::min(hi, x);
+    if constexpr (M == kNear) return simd::doubleToInt(x);
+    else if constexpr (M == kZero) return simd::doubleToIntTrunc(x);
+    else return simd::doubleToIntTrunc(addHalfSigned(x));
 }
 
 // Destination traits: the largest value as a float and the saturating
-// narrowing store of 32-bit lanes.
+// narrowing store of 32-bit lanes. narrow() packs into the low part of a
+// register, for joining into full stores: the layer has no name for such
+// a register-to-register narrowing, so it keeps the raw instruction.
 template <class D> struct Dst;
 template <> struct Dst<Vrx8s> {
     static constexpr float hi = 127.0f;
-    static VRX_INLINE void store(Vrx8s* p, __mmask16 k, __m512i v) { _mm512_mask_cvtsepi32_storeu_epi8(p, k, v); }
+    static VRX_INLINE void store(Vrx8s* p, __mmask16 k, __m512i v) { simd::narrowSat8s(p, k, v); }
     static VRX_INLINE __m128i narrow(__m512i v) { return _mm512_cvtsepi32_epi8(v); }
 };
 template <> struct Dst<Vrx8u> {
     static constexpr float hi = 255.0f;
-    static VRX_INLINE void store(Vrx8u* p, __mmask16 k, __m512i v) {
-        _mm512_mask_cvtusepi32_storeu_epi8(p, k, _mm512_max_epi32(v, _mm512_setzero_si512()));
-    }
+    static VRX_INLINE void store(Vrx8u* p, __mmask16 k, __m512i v) { simd::narrowSat8u(p, k, v); }
     static VRX_INLINE __m128i narrow(__m512i v) { return _mm512_cvtusepi32_epi8(_mm512_max_epi32(v, _mm512_setzero_si512())); }
 };
 template <> struct Dst<Vrx16s> {
     static constexpr float hi = 32767.0f;
-    static VRX_INLINE void store(Vrx16s* p, __mmask16 k, __m512i v) { _mm512_mask_cvtsepi32_storeu_epi16(p, k, v); }
+    static VRX_INLINE void store(Vrx16s* p, __mmask16 k, __m512i v) { simd::narrowSat16s(p, k, v); }
     static VRX_INLINE __m256i narrow(__m512i v) { return _mm512_cvtsepi32_epi16(v); }
 };
 template <> struct Dst<Vrx16u> {
     static constexpr float hi = 65535.0f;
-    static VRX_INLINE void store(Vrx16u* p, __mmask16 k, __m512i v) {
-        _mm512_mask_cvtusepi32_storeu_epi16(p, k, _mm512_max_epi32(v, _mm512_setzero_si512()));
-    }
+    static VRX_INLINE void store(Vrx16u* p, __mmask16 k, __m512i v) { simd::narrowSat16u(p, k, v); }
     static VRX_INLINE __m256i narrow(__m512i v) { return _mm512_cvtusepi32_epi16(_mm512_max_epi32(v, _mm512_setzero_si512())); }
 };
 template <> struct Dst<Vrx32s> {
     // 2147483647 is not a float: the clamp value is 2^31, whose conversion
     // is fixed up to the upper bound by the kernel.
     static constexpr float hi = 2147483648.0f;
-    static VRX_INLINE void store(Vrx32s* p, __mmask16 k, __m512i v) { _mm512_mask_storeu_epi32(p, k, v); }
+    static VRX_INLINE void store(Vrx32s* p, __mmask16 k, __m512i v) { simd::V<int32_t>::storem(p, k, v); }
 };
 
-}  // namespace n0::conv
-
-namespace n0::conv {
-
-// Widening driver: op(p) turns the 16 source elements at p into one vector
-// of 16 destination lanes (32-bit). Four rounds an iteration; the tail goes
-// through a zeroed local copy of the source and a masked store.
-// Calls that move at least the largest cache (sources and destination
-// together; 32 MiB when the size is unknown) write with non-temporal
-// stores: such a stream does not stay in a last-level cache, and kept there
-// it would only evict the caller's working set. Smaller calls keep ordinary
-// stores, whose lines the cache serves back.
-constexpr size_t kStreamBytes = size_t(1) << 25;
-
-VRX_INLINE bool streamWorth(size_t trafficBytes) {
-    if (trafficBytes < (size_t(1) << 21)) return false;
-    int cache = 0;
-    size_t limit = vrxGetMaxCacheSizeB(&cache) == 0 ? static_cast<size_t>(cache) : kStreamBytes;
-    return trafficBytes >= limit;
-}
-
+// Widening driver: op(p) turns the elements at p into one register of
+// destination lanes (16 of 32 bits or 8 of 64), through the shared driver
+// with its streaming policy. op reads a whole register's worth of source,
+// so the tail goes through a zeroed local copy of the source.
 template <class S, class D, class Op>
-VRX_INLINE void widen16(const S* s, D* d, int len, Op op) {
-    struct {
-        VRX_INLINE void operator()(D* q, __mmask16 k, __m512 v) const { _mm512_mask_storeu_ps(reinterpret_cast<float*>(q), k, v); }
-        VRX_INLINE void operator()(D* q, __mmask16 k, __m512i v) const { _mm512_mask_storeu_epi32(q, k, v); }
-    } store;
-    struct {
-        VRX_INLINE void operator()(D* q, __m512 v) const { _mm512_stream_ps(reinterpret_cast<float*>(q), v); }
-        VRX_INLINE void operator()(D* q, __m512i v) const { _mm512_stream_si512(reinterpret_cast<__m512i*>(q), v); }
-    } stream;
-    int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * (sizeof(S) + sizeof(D))) && (reinterpret_cast<uintptr_t>(d) & 3) == 0) {
-        // head up to a 64-byte boundary of the destination, then streaming
-        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(D));
-        if (head) store(d, tailMask16(head), op(s));
-        i = head;
-        for (; i + 64 <= len; i += 64) {
-            auto a = op(s + i), b = op(s + i + 16), c = op(s + i + 32), e = op(s + i + 48);
-            stream(d + i, a); stream(d + i + 16, b); stream(d + i + 32, c); stream(d + i + 48, e);
-        }
-        _mm_sfence();
-    }
-    for (; i + 64 <= len; i += 64) {
-        auto a = op(s + i), b = op(s + i + 16), c = op(s + i + 32), e = op(s + i + 48);
-        store(d + i, 0xFFFF, a); store(d + i + 16, 0xFFFF, b); store(d + i + 32, 0xFFFF, c); store(d + i + 48, 0xFFFF, e);
-    }
-    for (; i + 16 <= len; i += 16) store(d + i, 0xFFFF, op(s + i));
-    if (i < len) {
-        alignas(64) S t[16] = {};
-        memcpy(t, s + i, static_cast<size_t>(len - i) * sizeof(S));
-        store(d + i, tailMask16(len - i), op(t));
-    }
+VRX_INLINE void widenMap(const S* s, D* d, int len, Op op) {
+    constexpr size_t N = simd::V<D>::N;
+    const size_t n = static_cast<size_t>(len);
+    map::run<map::Store::Auto>(d, n, n * (sizeof(S) + sizeof(D)),
+        [&](size_t i) { return op(s + i); },
+        [&](size_t i, auto) {
+            alignas(64) S t[N] = {};
+            memcpy(t, s + i, (n - i) * sizeof(S));
+            return op(t);
+        });
 }
 
 }  // namespace n0::conv

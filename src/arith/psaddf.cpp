@@ -1,22 +1,23 @@
 // Addition on floating-point vectors: real and complex, vector and constant
 // forms, and the 16s sources summed in single precision.
 #include "arith_i16f.h"
-#include "arith_simd.h"
+#include "vrx_map.h"
 
 using namespace n0;
 using namespace n0::ar;
+using namespace n0::map;
 
 namespace {
 
 template <class T>
 void addV(const T* a, const T* b, T* d, size_t n) {
-    map2(a, b, d, n, [](auto x, auto y) { return Vf<T>::add(x, y); });
+    map2(a, b, d, n, [](auto x, auto y) { return simd::V<T>::add(x, y); });
 }
 
 // c is the constant as a register: one value, or an interleaved pair.
 template <class T>
-void addC(const T* a, typename Vf<T>::R c, T* d, size_t n) {
-    map1(a, d, n, [c](auto x) { return Vf<T>::add(x, c); });
+void addC(const T* a, typename simd::V<T>::R c, T* d, size_t n) {
+    map1(a, d, n, [c](auto x) { return simd::V<T>::add(x, c); });
 }
 
 template <class T>
@@ -52,35 +53,35 @@ VrxStatus N0(vrxsAdd_64fc_I)(const Vrx64fc* pSrc, Vrx64fc* pSrcDst, int len) { r
 VrxStatus N0(vrxsAddC_32f)(const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
     if (val == 0.0f) return N0(vrxsCopy_32f)(pSrc, pDst, len);
-    addC<float>(pSrc, Vf<float>::set1(val), pDst, static_cast<size_t>(len));
+    addC<float>(pSrc, simd::V<float>::set1(val), pDst, static_cast<size_t>(len));
     return vrxOk;
 }
 VrxStatus N0(vrxsAddC_64f)(const Vrx64f* pSrc, Vrx64f val, Vrx64f* pDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
     if (val == 0.0) return N0(vrxsCopy_64f)(pSrc, pDst, len);
-    addC<double>(pSrc, Vf<double>::set1(val), pDst, static_cast<size_t>(len));
+    addC<double>(pSrc, simd::V<double>::set1(val), pDst, static_cast<size_t>(len));
     return vrxOk;
 }
 VrxStatus N0(vrxsAddC_32f_I)(Vrx32f val, Vrx32f* pSrcDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrcDst)) return st;
     if (val == 0.0f) return vrxOk;
-    addC<float>(pSrcDst, Vf<float>::set1(val), pSrcDst, static_cast<size_t>(len));
+    addC<float>(pSrcDst, simd::V<float>::set1(val), pSrcDst, static_cast<size_t>(len));
     return vrxOk;
 }
 VrxStatus N0(vrxsAddC_64f_I)(Vrx64f val, Vrx64f* pSrcDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrcDst)) return st;
     if (val == 0.0) return vrxOk;
-    addC<double>(pSrcDst, Vf<double>::set1(val), pSrcDst, static_cast<size_t>(len));
+    addC<double>(pSrcDst, simd::V<double>::set1(val), pSrcDst, static_cast<size_t>(len));
     return vrxOk;
 }
 VrxStatus N0(vrxsAddC_32fc)(const Vrx32fc* pSrc, Vrx32fc val, Vrx32fc* pDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    addC<float>(&pSrc->re, Vf<float>::set2(val.re, val.im), &pDst->re, 2 * static_cast<size_t>(len));
+    addC<float>(&pSrc->re, simd::V<float>::set2(val.re, val.im), &pDst->re, 2 * static_cast<size_t>(len));
     return vrxOk;
 }
 VrxStatus N0(vrxsAddC_64fc)(const Vrx64fc* pSrc, Vrx64fc val, Vrx64fc* pDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    addC<double>(&pSrc->re, Vf<double>::set2(val.re, val.im), &pDst->re, 2 * static_cast<size_t>(len));
+    addC<double>(&pSrc->re, simd::V<double>::set2(val.re, val.im), &pDst->re, 2 * static_cast<size_t>(len));
     return vrxOk;
 }
 VrxStatus N0(vrxsAddC_32fc_I)(Vrx32fc val, Vrx32fc* pSrcDst, int len) { return N0(vrxsAddC_32fc)(pSrcDst, val, pSrcDst, len); }

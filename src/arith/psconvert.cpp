@@ -16,20 +16,21 @@ namespace {
 
 // 32f to an integer of 8 or 16 bits, or to 32 bits.
 template <class D, int M, bool Scale>
-void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
-    const __m512 vm = _mm512_set1_ps(mul);
-    const __m512 hi = _mm512_set1_ps(Dst<D>::hi);
-    auto one = [&](int i, __mmask16 k) {
-        __m512 x = _mm512_maskz_loadu_ps(k, s + i);
-        if (Scale) x = _mm512_mul_ps(x, vm);
+void cvtKernel(const Vrx32f* s, D* d, int len, float mul) {
+    using V = simd::V<float>;
+    using I = simd::V<int32_t>;
+    const auto vm = V::set1(mul);
+    const auto hi = V::set1(Dst<D>::hi);
+    auto one = [&](int i, V::M k) {
+        auto x = V::loadm(k, s + i);
+        if (Scale) x = V::mul(x, vm);
         if constexpr (sizeof(D) == 4) {
             // 2^31 and above become the upper bound; the conversion gives
             // the indefinite value there.
-            x = _mm512_min_ps(hi, x);
+            x = V::min(hi, x);
             if constexpr (M == kFin) x = addHalfSigned(x);
-            __m512i v = (M == kNear) ? _mm512_cvtps_epi32(x) : _mm512_cvttps_epi32(x);
-            __mmask16 over = _mm512_cmp_ps_mask(x, hi, _CMP_GE_OQ);
-            v = _mm512_mask_mov_epi32(v, over, _mm512_set1_epi32(0x7FFFFFFF));
+            auto v = (M == kNear) ? simd::floatToInt(x) : simd::floatToIntTrunc(x);
+            v = I::blend(V::ge(x, hi), v, I::set1(0x7FFFFFFF));
             Dst<D>::store(d + i, k, v);
         } else {
             Dst<D>::store(d + i, k, roundToInt<M>(x, hi));
@@ -37,11 +38,11 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
     };
     int i = 0;
     // narrow destinations: the narrowed vectors are joined into full 64-byte
-    // stores
+    // stores (raw inserts: the layer names no such join)
     if constexpr (sizeof(D) == 1) {
         auto v = [&](int j) {
-            __m512 x = _mm512_loadu_ps(s + j);
-            if (Scale) x = _mm512_mul_ps(x, vm);
+            auto x = V::load(s + j);
+            if (Scale) x = V::mul(x, vm);
             return Dst<D>::narrow(roundToInt<M>(x, hi));
         };
         for (; i + 64 <= len; i += 64) {
@@ -53,8 +54,8 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
         }
     } else if constexpr (sizeof(D) == 2) {
         auto v = [&](int j) {
-            __m512 x = _mm512_loadu_ps(s + j);
-            if (Scale) x = _mm512_mul_ps(x, vm);
+            auto x = V::load(s + j);
+            if (Scale) x = V::mul(x, vm);
             return Dst<D>::narrow(roundToInt<M>(x, hi));
         };
         for (; i + 32 <= len; i += 32)
@@ -62,31 +63,58 @@ void cvt32f(const Vrx32f* s, D* d, int len, float mul) {
     }
     for (; i + 32 <= len; i += 32) { one(i, 0xFFFF); one(i + 16, 0xFFFF); }
     for (; i + 16 <= len; i += 16) one(i, 0xFFFF);
-    if (i < len) one(i, tailMask16(len - i));
+    if (i < len) one(i, simd::tail<float>(len - i));
 }
 
-template <class D, int M>
-VRX_INLINE void run32f(const Vrx32f* s, D* d, int len, int sf) {
-    if (sf == 0) cvt32f<D, M, false>(s, d, len, 1.0f);
-    else cvt32f<D, M, true>(s, d, len, pow2Wrapped(sf));
+// 64f to 16s or 32s: 8 lanes a round.
+template <class D, int M, bool Scale>
+void cvtKernel(const Vrx64f* s, D* d, int len, double mul) {
+    using V = simd::V<double>;
+    const auto vm = V::set1(mul);
+    const auto hi = V::set1(sizeof(D) == 2 ? 32767.0 : 2147483647.0);
+    auto one = [&](int i, V::M k) {
+        auto x = V::loadm(k, s + i);
+        if (Scale) x = V::mul(x, vm);
+        // 8 results in the low half of the register, stored under an 8-lane mask
+        __m512i v = _mm512_castsi256_si512(roundToInt<M>(x, hi));
+        if constexpr (sizeof(D) == 2) simd::narrowSat16s(d + i, k, v);
+        else simd::V<int32_t>::storem(d + i, k, v);
+    };
+    int i = 0;
+    for (; i + 16 <= len; i += 16) { one(i, 0xFF); one(i + 8, 0xFF); }
+    for (; i + 8 <= len; i += 8) one(i, 0xFF);
+    if (i < len) one(i, simd::tail<double>(len - i));
+}
+
+// A kernel at the scale factor: no multiply at sf 0.
+template <class D, int M, class S>
+VRX_INLINE void run(const S* s, D* d, int len, int sf) {
+    if (sf == 0) cvtKernel<D, M, false>(s, d, len, S(1));
+    else cvtKernel<D, M, true>(s, d, len, static_cast<S>(pow2Wrapped(sf)));
 }
 
 // The mode-specific kernels. Near forces round-to-nearest; the financial
-// kernel runs under rounding toward zero with invalid masked.
-template <class D>
-void cnvrt32f(const Vrx32f* s, D* d, int len, int mode, int sf) {
+// kernel runs under rounding toward zero with invalid masked (the 32f
+// callers set the rounding, the 64f kernel sets it itself).
+template <class S, class D>
+void cnvrt(const S* s, D* d, int len, int mode, int sf) {
     InvalidQuietGuard quiet;
     if (mode == kNear) {
         RoundNearestGuard rn;
-        run32f<D, kNear>(s, d, len, sf);
+        run<D, kNear>(s, d, len, sf);
     } else {
-        run32f<D, kZero>(s, d, len, sf);
+        run<D, kZero>(s, d, len, sf);
     }
 }
-template <class D>
-void cnvrtFin32f(const Vrx32f* s, D* d, int len, int sf) {
+template <class S, class D>
+void cnvrtFin(const S* s, D* d, int len, int sf) {
     InvalidQuietGuard quiet;
-    run32f<D, kFin>(s, d, len, sf);
+    if constexpr (sizeof(S) == 8) {
+        TruncMaskedGuard rz;
+        run<D, kFin>(s, d, len, sf);
+    } else {
+        run<D, kFin>(s, d, len, sf);
+    }
 }
 
 // 8s, 8u and 16u: the wrapper sets rounding toward zero around the financial
@@ -94,11 +122,11 @@ void cnvrtFin32f(const Vrx32f* s, D* d, int len, int sf) {
 template <class D>
 VrxStatus cvt32fWrapped(const Vrx32f* s, D* d, int len, int mode, int sf) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (mode == vrxRndNear) cnvrt32f(s, d, len, kNear, sf);
-    else if (mode == vrxRndZero) cnvrt32f(s, d, len, kZero, sf);
+    if (mode == vrxRndNear) cnvrt(s, d, len, kNear, sf);
+    else if (mode == vrxRndZero) cnvrt(s, d, len, kZero, sf);
     else {
         unsigned old = N0(vrx_set_rc_ssx)(kMxcsrRoundZero);
-        cnvrtFin32f(s, d, len, sf);
+        cnvrtFin(s, d, len, sf);
         if ((old & kMxcsrRound) != kMxcsrRoundZero) N0(vrx_set_cw_ssx)((getMxcsr() & ~kMxcsrRound) | (old & kMxcsrRound));
     }
     return vrxOk;
@@ -106,54 +134,13 @@ VrxStatus cvt32fWrapped(const Vrx32f* s, D* d, int len, int mode, int sf) {
 template <class D>
 VrxStatus cvt32fOwnRc(const Vrx32f* s, D* d, int len, int mode, int sf) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    if (mode == vrxRndNear) cnvrt32f(s, d, len, kNear, sf);
-    else if (mode == vrxRndZero) cnvrt32f(s, d, len, kZero, sf);
+    if (mode == vrxRndNear) cnvrt(s, d, len, kNear, sf);
+    else if (mode == vrxRndZero) cnvrt(s, d, len, kZero, sf);
     else {
         TruncMaskedGuard rz;
-        cnvrtFin32f(s, d, len, sf);
+        cnvrtFin(s, d, len, sf);
     }
     return vrxOk;
-}
-
-// 64f to 16s or 32s: 8 lanes a round.
-template <class D, int M, bool Scale>
-void cvt64f(const Vrx64f* s, D* d, int len, double mul) {
-    const __m512d vm = _mm512_set1_pd(mul);
-    const __m512d hi = _mm512_set1_pd(sizeof(D) == 2 ? 32767.0 : 2147483647.0);
-    auto one = [&](int i, __mmask8 k) {
-        __m512d x = _mm512_maskz_loadu_pd(k, s + i);
-        if (Scale) x = _mm512_mul_pd(x, vm);
-        __m512i v = _mm512_castsi256_si512(roundToInt<M>(x, hi));
-        if constexpr (sizeof(D) == 2) _mm512_mask_cvtsepi32_storeu_epi16(d + i, k, v);
-        else _mm512_mask_storeu_epi32(d + i, k, v);
-    };
-    int i = 0;
-    for (; i + 16 <= len; i += 16) { one(i, 0xFF); one(i + 8, 0xFF); }
-    for (; i + 8 <= len; i += 8) one(i, 0xFF);
-    if (i < len) one(i, tailMask8(len - i));
-}
-
-template <class D, int M>
-VRX_INLINE void run64f(const Vrx64f* s, D* d, int len, int sf) {
-    if (sf == 0) cvt64f<D, M, false>(s, d, len, 1.0);
-    else cvt64f<D, M, true>(s, d, len, static_cast<double>(pow2Wrapped(sf)));
-}
-
-template <class D>
-void cnvrt64f(const Vrx64f* s, D* d, int len, int mode, int sf) {
-    InvalidQuietGuard quiet;
-    if (mode == kNear) {
-        RoundNearestGuard rn;
-        run64f<D, kNear>(s, d, len, sf);
-    } else {
-        run64f<D, kZero>(s, d, len, sf);
-    }
-}
-template <class D>
-void cnvrtFin64f(const Vrx64f* s, D* d, int len, int sf) {
-    InvalidQuietGuard quiet;
-    TruncMaskedGuard rz;
-    run64f<D, kFin>(s, d, len, sf);
 }
 
 // 64f to 64s: element by element; NaN gives the lower bound, everything else
@@ -195,16 +182,16 @@ VrxStatus N0(vrxsConvert_32f32s_Sfs)(const Vrx32f* pSrc, Vrx32s* pDst, int len, 
 // the financial one; the three defined modes come out alike.
 VrxStatus N0(vrxsConvert_64f16s_Sfs)(const Vrx64f* pSrc, Vrx16s* pDst, int len, VrxRounding rnd, int sf) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    if (rnd == vrxRndZero || rnd == vrxRndNear) cnvrt64f(pSrc, pDst, len, rnd, sf);
-    else cnvrtFin64f(pSrc, pDst, len, sf);
+    if (rnd == vrxRndZero || rnd == vrxRndNear) cnvrt(pSrc, pDst, len, rnd, sf);
+    else cnvrtFin(pSrc, pDst, len, sf);
     return vrxOk;
 }
 VrxStatus N0(vrxsConvert_64f32s_Sfs)(const Vrx64f* pSrc, Vrx32s* pDst, int len, VrxRounding rnd, int sf) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
-    if (rnd == vrxRndFinancial) cnvrtFin64f(pSrc, pDst, len, sf);
-    else if (rnd == vrxRndNear) cnvrt64f(pSrc, pDst, len, kNear, sf);
-    else if (rnd == vrxRndZero) cnvrt64f(pSrc, pDst, len, kZero, sf);
-    else cnvrtFin64f(pSrc, pDst, len, sf);
+    if (rnd == vrxRndFinancial) cnvrtFin(pSrc, pDst, len, sf);
+    else if (rnd == vrxRndNear) cnvrt(pSrc, pDst, len, kNear, sf);
+    else if (rnd == vrxRndZero) cnvrt(pSrc, pDst, len, kZero, sf);
+    else cnvrtFin(pSrc, pDst, len, sf);
     return vrxOk;
 }
 

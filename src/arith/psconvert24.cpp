@@ -23,7 +23,9 @@ VRX_INLINE void store24(Vrx8u* p, uint32_t v) {
 }
 
 // 16 samples: 48 bytes expanded to 32-bit lanes by byte shuffles within
-// each 128-bit half of two AVX2 loads; exactly the 48 bytes are read.
+// each 128-bit half of two AVX2 loads; exactly the 48 bytes are read. The
+// byte shuffle has no name in the SIMD layer (no 8-bit lanes without
+// AVX-512BW), so this expansion keeps the raw instructions.
 template <bool Signed>
 VRX_INLINE __m512i expand16(const Vrx8u* p) {
     // samples 0..3 from the 16 bytes at p, 4..7 from the 16 bytes at p + 8
@@ -46,9 +48,9 @@ void from24(const Vrx8u* __restrict s, D* __restrict d, int len) {
     int i = 0;
     // 48 bytes are consumed and up to 48 read a round
     for (; i + 16 <= len; i += 16) {
-        __m512i v = expand16<Signed>(s + 3 * static_cast<size_t>(i));
-        if constexpr (sizeof(D) == 4 && static_cast<D>(0.5) != 0) _mm512_storeu_ps(reinterpret_cast<float*>(d + i), _mm512_cvtepi32_ps(v));
-        else _mm512_storeu_si512(d + i, v);
+        auto v = expand16<Signed>(s + 3 * static_cast<size_t>(i));
+        if constexpr (sizeof(D) == 4 && static_cast<D>(0.5) != 0) simd::V<float>::store(d + i, simd::intToFloat(v));
+        else simd::V<D>::store(d + i, v);
     }
     for (; i < len; ++i) {
         const Vrx8u* p = s + 3 * static_cast<size_t>(i);
@@ -67,15 +69,16 @@ VRX_INLINE VrxStatus from24F(const Vrx8u* s, D* d, int len) {
 // bound), round to nearest with ties to even.
 template <bool Signed>
 void f32to24(const Vrx32f* s, Vrx8u* d, int len, float mul) {
-    const __m512 vm = _mm512_set1_ps(mul);
-    const __m512 lo = _mm512_set1_ps(Signed ? -8388608.0f : 0.0f);
-    const __m512 hi = _mm512_set1_ps(Signed ? 8388607.0f : 16777215.0f);
+    using V = simd::V<float>;
+    const auto vm = V::set1(mul);
+    const auto lo = V::set1(Signed ? -8388608.0f : 0.0f);
+    const auto hi = V::set1(Signed ? 8388607.0f : 16777215.0f);
     alignas(64) uint32_t t[16];
     for (int i = 0; i < len; i += 16) {
         int n = len - i < 16 ? len - i : 16;
-        __m512 x = _mm512_maskz_loadu_ps(tailMask16(n), s + i);
-        x = _mm512_min_ps(_mm512_max_ps(_mm512_mul_ps(x, vm), lo), hi);
-        _mm512_store_si512(t, _mm512_cvtps_epi32(x));
+        auto x = V::loadm(simd::tail<float>(n), s + i);
+        x = V::min(V::max(V::mul(x, vm), lo), hi);
+        simd::V<uint32_t>::store(t, simd::floatToInt(x));
         Vrx8u* q = d + 3 * static_cast<size_t>(i);
         for (int k = 0; k < n; ++k) store24(q + 3 * k, t[k]);
     }

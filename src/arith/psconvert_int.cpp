@@ -22,7 +22,8 @@ void widenScaled(const S* __restrict s, D* __restrict d, int len, D mul) {
 
 // 64-bit integers to double in the caller's rounding mode: the high half
 // times 2^32 and the unsigned low half are exact, and their sum is rounded
-// once.
+// once. The 64-to-32-bit lane narrowing has no name in the SIMD layer: the
+// kernel keeps the raw instructions.
 void cvt64s64f(const Vrx64s* s, Vrx64f* d, int len) {
     const __m512d two32 = _mm512_set1_pd(4294967296.0);
     const __m512i lo32 = _mm512_set1_epi64(0xFFFFFFFFll);
@@ -34,7 +35,7 @@ void cvt64s64f(const Vrx64s* s, Vrx64f* d, int len) {
     };
     int i = 0;
     for (; i + 8 <= len; i += 8) one(i, 0xFF);
-    if (i < len) one(i, tailMask8(len - i));
+    if (i < len) one(i, simd::tail<double>(len - i));
 }
 
 // Each double limited to the largest float magnitude (NaN passes), then
@@ -42,6 +43,8 @@ void cvt64s64f(const Vrx64s* s, Vrx64f* d, int len) {
 // the same results: an infinite single (from an infinite or too large
 // double) is replaced by the largest finite value of its sign, in one
 // fix-up instruction (table: -inf to -max, +inf to +max, all else kept).
+// The narrowing join and the fix-up have no name in the SIMD layer: raw
+// instructions.
 VRX_INLINE __m512 finiteOnly(__m512 f) {
     return _mm512_fixupimm_ps(f, f, _mm512_set1_epi32(0x00EF0000), 0);
 }
@@ -59,17 +62,18 @@ void cvt64f32f(const Vrx64f* s, Vrx32f* d, int len) {
     }
     for (; i + 16 <= len; i += 16) _mm512_storeu_ps(d + i, cvt2(s + i));
     for (; i < len; i += 8) {
-        const __mmask8 k = tailMask8(len - i < 8 ? len - i : 8);
+        const __mmask8 k = simd::tail<double>(len - i < 8 ? len - i : 8);
         _mm512_mask_storeu_ps(d + i, k, finiteOnly(_mm512_castps256_ps512(_mm512_cvtpd_ps(_mm512_maskz_loadu_pd(k, s + i)))));
     }
 }
 
 void pack32s16s(const Vrx32s* s, Vrx16s* d, int len) {
+    using I = simd::V<int32_t>;
     int i = 0;
-    for (; i + 16 <= len; i += 16) _mm512_mask_cvtsepi32_storeu_epi16(d + i, 0xFFFF, _mm512_loadu_si512(s + i));
+    for (; i + 16 <= len; i += 16) simd::narrowSat16s(d + i, I::kAll, I::load(s + i));
     if (i < len) {
-        __mmask16 k = tailMask16(len - i);
-        _mm512_mask_cvtsepi32_storeu_epi16(d + i, k, _mm512_maskz_loadu_epi32(k, s + i));
+        const auto k = simd::tail<int32_t>(len - i);
+        simd::narrowSat16s(d + i, k, I::loadm(k, s + i));
     }
 }
 
@@ -129,77 +133,51 @@ double pow2Double(int sf) {
 namespace {
 
 VRX_INLINE __m128i ld128(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-VRX_INLINE __m256i ld256(const void* p) { return _mm256_loadu_si256(static_cast<const __m256i*>(p)); }
 
 template <class S, class D, class Op>
 VRX_INLINE VrxStatus widenV(const S* s, D* d, int len, Op op) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
-    widen16(s, d, len, op);
-    return vrxOk;
-}
-
-// 8 lanes of 64 bits from 8 sources.
-template <class S, class Op>
-VRX_INLINE VrxStatus widen8to64f(const S* s, Vrx64f* d, int len, Op op) {
-    if (VrxStatus st = checkArgs(len, s, d)) return st;
-    int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * (sizeof(S) + sizeof(Vrx64f))) && (reinterpret_cast<uintptr_t>(d) & 7) == 0) {
-        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(Vrx64f));
-        if (head) _mm512_mask_storeu_pd(d, tailMask8(head), op(s));
-        i = head;
-        for (; i + 32 <= len; i += 32) {
-            __m512d a = op(s + i), b = op(s + i + 8), c = op(s + i + 16), e = op(s + i + 24);
-            _mm512_stream_pd(d + i, a); _mm512_stream_pd(d + i + 8, b); _mm512_stream_pd(d + i + 16, c); _mm512_stream_pd(d + i + 24, e);
-        }
-        _mm_sfence();
-    }
-    for (; i + 32 <= len; i += 32) {
-        __m512d a = op(s + i), b = op(s + i + 8), c = op(s + i + 16), e = op(s + i + 24);
-        _mm512_storeu_pd(d + i, a); _mm512_storeu_pd(d + i + 8, b); _mm512_storeu_pd(d + i + 16, c); _mm512_storeu_pd(d + i + 24, e);
-    }
-    for (; i + 8 <= len; i += 8) _mm512_storeu_pd(d + i, op(s + i));
-    if (i < len) {
-        alignas(64) S t[8] = {};
-        memcpy(t, s + i, static_cast<size_t>(len - i) * sizeof(S));
-        _mm512_mask_storeu_pd(d + i, tailMask8(len - i), op(t));
-    }
+    widenMap(s, d, len, op);
     return vrxOk;
 }
 
 }  // namespace
 
 VrxStatus N0(vrxsConvert_8u32f)(const Vrx8u* s, Vrx32f* d, int len) {
-    return widenV(s, d, len, [](const Vrx8u* p) { return _mm512_cvtepi32_ps(_mm512_cvtepu8_epi32(ld128(p))); });
+    return widenV(s, d, len, [](const Vrx8u* p) { return simd::intToFloat(simd::widen8u(p)); });
 }
 VrxStatus N0(vrxsConvert_8s32f)(const Vrx8s* s, Vrx32f* d, int len) {
-    return widenV(s, d, len, [](const Vrx8s* p) { return _mm512_cvtepi32_ps(_mm512_cvtepi8_epi32(ld128(p))); });
+    return widenV(s, d, len, [](const Vrx8s* p) { return simd::intToFloat(simd::widen8s(p)); });
 }
 VrxStatus N0(vrxsConvert_16u32f)(const Vrx16u* s, Vrx32f* d, int len) {
-    return widenV(s, d, len, [](const Vrx16u* p) { return _mm512_cvtepi32_ps(_mm512_cvtepu16_epi32(ld256(p))); });
+    return widenV(s, d, len, [](const Vrx16u* p) { return simd::intToFloat(simd::widen16u(p)); });
 }
 VrxStatus N0(vrxsConvert_16s32f)(const Vrx16s* s, Vrx32f* d, int len) {
-    return widenV(s, d, len, [](const Vrx16s* p) { return _mm512_cvtepi32_ps(_mm512_cvtepi16_epi32(ld256(p))); });
+    return widenV(s, d, len, [](const Vrx16s* p) { return simd::intToFloat(simd::widen16s(p)); });
 }
 VrxStatus N0(vrxsConvert_16s32s)(const Vrx16s* s, Vrx32s* d, int len) {
-    return widenV(s, d, len, [](const Vrx16s* p) { return _mm512_cvtepi16_epi32(ld256(p)); });
+    return widenV(s, d, len, [](const Vrx16s* p) { return simd::widen16s(p); });
 }
 // rounded in the caller's mode
 VrxStatus N0(vrxsConvert_32s32f)(const Vrx32s* s, Vrx32f* d, int len) {
-    return widenV(s, d, len, [](const Vrx32s* p) { return _mm512_cvtepi32_ps(_mm512_loadu_si512(p)); });
+    return widenV(s, d, len, [](const Vrx32s* p) { return simd::intToFloat(simd::V<int32_t>::load(p)); });
 }
 VrxStatus N0(vrxsConvert_32s64f)(const Vrx32s* s, Vrx64f* d, int len) {
-    return widen8to64f(s, d, len, [](const Vrx32s* p) { return _mm512_cvtepi32_pd(ld256(p)); });
+    return widenV(s, d, len, [](const Vrx32s* p) { return simd::loadToDouble(p); });
 }
 VrxStatus N0(vrxsConvert_32f64f)(const Vrx32f* s, Vrx64f* d, int len) {
-    return widen8to64f(s, d, len, [](const Vrx32f* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); });
+    return widenV(s, d, len, [](const Vrx32f* p) { return simd::loadToDouble(p); });
 }
 
-// 8s to 16s on 256-bit lanes, 16 elements a step.
+// 8s to 16s on 256-bit lanes, 16 elements a step: 8- and 16-bit lanes have
+// no register type in the SIMD layer, so the kernel uses raw AVX2 registers.
+// Large calls stream by the shared rule (map::streamWorth), the head being
+// scalar up to a 32-byte boundary.
 VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     auto st16 = [](Vrx16s* q, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), v); };
     int i = 0;
-    if (streamWorth(static_cast<size_t>(len) * 3) && (reinterpret_cast<uintptr_t>(d) & 1) == 0) {
+    if (map::streamWorth(static_cast<size_t>(len) * 3) && (reinterpret_cast<uintptr_t>(d) & 1) == 0) {
         // large calls: scalar head up to a 32-byte boundary, then
         // streaming stores
         for (; (reinterpret_cast<uintptr_t>(d + i) & 31) != 0; ++i) d[i] = s[i];
@@ -209,7 +187,7 @@ VrxStatus N0(vrxsConvert_8s16s)(const Vrx8s* s, Vrx16s* d, int len) {
             auto sts = [](Vrx16s* q, __m256i v) { _mm256_stream_si256(reinterpret_cast<__m256i*>(q), v); };
             sts(d + i, a); sts(d + i + 16, b); sts(d + i + 32, c); sts(d + i + 48, e);
         }
-        _mm_sfence();
+        simd::streamFence();
     }
     for (; i + 64 <= len; i += 64) {
         __m256i a = _mm256_cvtepi8_epi16(ld128(s + i)), b = _mm256_cvtepi8_epi16(ld128(s + i + 16));

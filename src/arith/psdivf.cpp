@@ -4,56 +4,49 @@
 // patched: infinity with the dividend's sign, and the pattern 0x7FBFFFFF
 // (0x7FF7FFFFFFFFFFFF) for a zero or NaN dividend. Such a divisor makes the
 // call return the warning; a zero constant divisor is an error.
-#include "arith_simd.h"
+#include "vrx_map.h"
 
 #include <cstring>
 
 using namespace n0;
-using namespace n0::ar;
+using namespace n0::map;
 
 namespace {
 
+// The value of a zero divisor: infinity with the dividend's sign, the
+// quiet pattern for a zero or NaN dividend.
 template <class T> struct DivBits;
 template <> struct DivBits<float> {
-    static __m512 zeroDivValue(__m512 b) {
-        const __m512i sign = _mm512_and_si512(_mm512_castps_si512(b), _mm512_set1_epi32(int(0x80000000u)));
-        __m512 inf = _mm512_castsi512_ps(_mm512_or_si512(sign, _mm512_set1_epi32(0x7F800000)));
-        __mmask16 nanLane = _mm512_cmp_ps_mask(b, b, _CMP_UNORD_Q) | _mm512_cmp_ps_mask(b, _mm512_setzero_ps(), _CMP_EQ_OQ);
-        return _mm512_mask_blend_ps(nanLane, inf, _mm512_castsi512_ps(_mm512_set1_epi32(0x7FBFFFFF)));
-    }
+    using U = uint32_t;
+    static constexpr U kSign = 0x80000000u, kInf = 0x7F800000u, kNaN = 0x7FBFFFFFu;
+    static VRX_INLINE simd::V<float>::R bits(U u) { return simd::floatsOf(simd::V<U>::set1(u)); }
 };
 template <> struct DivBits<double> {
-    static __m512d zeroDivValue(__m512d b) {
-        const __m512i sign = _mm512_and_si512(_mm512_castpd_si512(b), _mm512_set1_epi64(int64_t(0x8000000000000000ull)));
-        __m512d inf = _mm512_castsi512_pd(_mm512_or_si512(sign, _mm512_set1_epi64(0x7FF0000000000000ll)));
-        __mmask8 nanLane = _mm512_cmp_pd_mask(b, b, _CMP_UNORD_Q) | _mm512_cmp_pd_mask(b, _mm512_setzero_pd(), _CMP_EQ_OQ);
-        return _mm512_mask_blend_pd(nanLane, inf, _mm512_castsi512_pd(_mm512_set1_epi64(0x7FF7FFFFFFFFFFFFll)));
-    }
+    using U = uint64_t;
+    static constexpr U kSign = 0x8000000000000000ull, kInf = 0x7FF0000000000000ull, kNaN = 0x7FF7FFFFFFFFFFFFull;
+    static VRX_INLINE simd::V<double>::R bits(U u) { return simd::doublesOf(simd::V<U>::set1(u)); }
 };
 
-template <class T> VRX_INLINE auto cmpZero(typename Vf<T>::R a) {
-    if constexpr (sizeof(T) == 4) return _mm512_cmp_ps_mask(a, _mm512_setzero_ps(), _CMP_EQ_OQ);
-    else return _mm512_cmp_pd_mask(a, _mm512_setzero_pd(), _CMP_EQ_OQ);
+template <class T>
+VRX_INLINE typename simd::V<T>::R zeroDivValue(typename simd::V<T>::R b) {
+    using V = simd::V<T>;
+    using B = DivBits<T>;
+    auto inf = V::orb(V::andb(b, B::bits(B::kSign)), B::bits(B::kInf));
+    auto nanLane = V::unord(b, b) | V::eq(b, V::zero());
+    return V::blend(nanLane, inf, B::bits(B::kNaN));
 }
-template <class T> VRX_INLINE typename Vf<T>::R blend(typename Vf<T>::M m, typename Vf<T>::R a, typename Vf<T>::R b) {
-    if constexpr (sizeof(T) == 4) return _mm512_mask_blend_ps(m, a, b);
-    else return _mm512_mask_blend_pd(m, a, b);
-}
-template <class T> VRX_INLINE typename Vf<T>::R fmsubadd1(typename Vf<T>::R p1, typename Vf<T>::R p2) {
-    // even lanes p1 + p2, odd lanes p1 - p2, one rounding each
-    if constexpr (sizeof(T) == 4) return _mm512_fmsubadd_ps(_mm512_set1_ps(1.0f), p1, p2);
-    else return _mm512_fmsubadd_pd(_mm512_set1_pd(1.0), p1, p2);
-}
+
+template <class T> VRX_INLINE auto cmpZero(typename simd::V<T>::R a) { return simd::V<T>::eq(a, simd::V<T>::zero()); }
 
 // b / a lane by lane; zero divisors noted in z.
 template <class T>
-VRX_INLINE typename Vf<T>::R divLanes(typename Vf<T>::R a, typename Vf<T>::R b, unsigned& z) {
-    using V = Vf<T>;
+VRX_INLINE typename simd::V<T>::R divLanes(typename simd::V<T>::R a, typename simd::V<T>::R b, unsigned& z) {
+    using V = simd::V<T>;
     auto m = cmpZero<T>(a);
-    auto q = V::div(b, blend<T>(m, a, V::set1(T(1))));
+    auto q = V::div(b, V::blend(m, a, V::set1(T(1))));
     if (m) {
         z |= 1;
-        q = blend<T>(m, q, DivBits<T>::zeroDivValue(b));
+        q = V::blend(m, q, zeroDivValue<T>(b));
     }
     return q;
 }
@@ -62,16 +55,17 @@ VRX_INLINE typename Vf<T>::R divLanes(typename Vf<T>::R a, typename Vf<T>::R b, 
 // divisor: ((ac + bd) + i(bc - ad)) / (c c + d d). A divisor with both
 // parts zero divides each component by zero as the real form does.
 template <class T>
-VRX_INLINE typename Vf<T>::R cdivLanes(typename Vf<T>::R x, typename Vf<T>::R y, unsigned& z) {
-    using V = Vf<T>;
+VRX_INLINE typename simd::V<T>::R cdivLanes(typename simd::V<T>::R x, typename simd::V<T>::R y, unsigned& z) {
+    using V = simd::V<T>;
     auto sq = V::mul(x, x);
     auto den = V::add(sq, V::swapPair(sq));
-    auto num = fmsubadd1<T>(V::mul(y, V::dupRe(x)), V::mul(V::swapPair(y), V::dupIm(x)));
+    // 1 * p1 + p2 in even lanes, 1 * p1 - p2 in odd ones, one rounding each
+    auto num = V::fmsubadd(V::set1(T(1)), V::mul(y, V::dupRe(x)), V::mul(V::swapPair(y), V::dupIm(x)));
     auto m = cmpZero<T>(x) & cmpZero<T>(V::swapPair(x));
-    auto q = V::div(num, blend<T>(m, den, V::set1(T(1))));
+    auto q = V::div(num, V::blend(m, den, V::set1(T(1))));
     if (m) {
         z |= 1;
-        q = blend<T>(m, q, DivBits<T>::zeroDivValue(y));
+        q = V::blend(m, q, zeroDivValue<T>(y));
     }
     return q;
 }
@@ -98,7 +92,7 @@ VrxStatus divCCplx(const C* s, C val, C* d, int len) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (val.re == 0 && val.im == 0) return vrxErrDivByZero;
     unsigned z = 0;
-    const auto x = Vf<T>::set2(val.re, val.im);
+    const auto x = simd::V<T>::set2(val.re, val.im);
     map1(reinterpret_cast<const T*>(s), reinterpret_cast<T*>(d), 2 * static_cast<size_t>(len),
          [&z, x](auto y) { return cdivLanes<T>(x, y, z); });
     return vrxOk;
@@ -145,7 +139,7 @@ VrxStatus N0(vrxsDivC_64fc_I)(Vrx64fc val, Vrx64fc* pSrcDst, int len) { return N
 VrxStatus N0(vrxsDivCRev_32f)(const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len) {
     if (VrxStatus st = checkArgs(len, pSrc, pDst)) return st;
     unsigned z = 0;
-    const __m512 v = _mm512_set1_ps(val);
+    const auto v = simd::V<float>::set1(val);
     map1(pSrc, pDst, static_cast<size_t>(len), [&z, v](auto x) { return divLanes<float>(x, v, z); }, 1.0f);
     return z ? vrxWarnDivByZero : vrxOk;
 }

@@ -2,24 +2,25 @@
 // constants, real by complex, the 16s sources in single precision and the
 // 32f-by-constant products into 16s.
 #include "arith_i16f.h"
-#include "arith_simd.h"
+#include "vrx_map.h"
 #include "vrx_fpu.h"
 
 #include <cstring>
 
 using namespace n0;
 using namespace n0::ar;
+using namespace n0::map;
 
 namespace {
 
 template <class T>
 void mulV(const T* a, const T* b, T* d, size_t n) {
-    map2(a, b, d, n, [](auto x, auto y) { return Vf<T>::mul(x, y); });
+    map2(a, b, d, n, [](auto x, auto y) { return simd::V<T>::mul(x, y); });
 }
 
 template <class T>
 void mulCV(const T* a, const T* b, T* d, size_t n2) {
-    map2(a, b, d, n2, [](auto x, auto y) { return cmul<T>(x, y); });
+    map2(a, b, d, n2, [](auto x, auto y) { return simd::cmul<T>(x, y); });
 }
 
 template <class T>
@@ -39,16 +40,16 @@ VrxStatus mulCplx(const C* s1, const C* s2, C* d, int len) {
 
 template <class T>
 void mulCReal(const T* a, T val, T* d, size_t n) {
-    const auto c = Vf<T>::set1(val);
-    map1(a, d, n, [c](auto x) { return Vf<T>::mul(x, c); });
+    const auto c = simd::V<T>::set1(val);
+    map1(a, d, n, [c](auto x) { return simd::V<T>::mul(x, c); });
 }
 
 template <class T, class C>
 void mulCCplx(const C* a, C val, C* d, size_t n) {
-    const auto yc = Vf<T>::set2(val.re, val.im);
-    const auto ys = Vf<T>::set2(val.im, val.re);
+    const auto yc = simd::V<T>::set2(val.re, val.im);
+    const auto ys = simd::V<T>::set2(val.im, val.re);
     map1(reinterpret_cast<const T*>(a), reinterpret_cast<T*>(d), 2 * n,
-         [yc, ys](auto x) { return cmulC<T>(x, yc, ys); });
+         [yc, ys](auto x) { return simd::cmulC<T>(x, yc, ys); });
 }
 
 }  // namespace
@@ -111,17 +112,15 @@ VrxStatus N0(vrxsMul_32f32fc)(const Vrx32f* pSrc1, const Vrx32fc* pSrc2, Vrx32fc
     const size_t n = static_cast<size_t>(len);
     const float* b = &pSrc2->re;
     float* d = &pDst->re;
-    const __m512i dup = _mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7);
+    using V = simd::V<float>;
     size_t i = 0;
-    for (; i + 8 <= n; i += 8) {
-        __m512 r = _mm512_permutexvar_ps(dup, _mm512_castps256_ps512(_mm256_loadu_ps(pSrc1 + i)));
-        _mm512_storeu_ps(d + 2 * i, _mm512_mul_ps(r, _mm512_loadu_ps(b + 2 * i)));
-    }
+    // 8 reals from a half-register load, which the layer does not name
+    for (; i + 8 <= n; i += 8) V::store(d + 2 * i, V::mul(V::dupLowPairs(_mm512_castps256_ps512(_mm256_loadu_ps(pSrc1 + i))), V::load(b + 2 * i)));
     if (i < n) {
         const size_t k = n - i;
-        __m512 r = _mm512_permutexvar_ps(dup, _mm512_maskz_loadu_ps(static_cast<__mmask16>((1u << k) - 1u), pSrc1 + i));
-        const __mmask16 m2 = static_cast<__mmask16>((1u << (2 * k)) - 1u);
-        _mm512_mask_storeu_ps(d + 2 * i, m2, _mm512_mul_ps(r, _mm512_maskz_loadu_ps(m2, b + 2 * i)));
+        auto r = V::dupLowPairs(V::loadm(simd::tail<float>(k), pSrc1 + i));
+        const auto m2 = simd::tail<float>(2 * k);
+        V::storem(d + 2 * i, m2, V::mul(r, V::loadm(m2, b + 2 * i)));
     }
     return vrxOk;
 }
@@ -140,19 +139,18 @@ namespace {
 // conversion alone, whose out-of-range answer saturates to -32768.
 template <bool Clamp>
 void mulC32f16s(const Vrx32f* a, float val, Vrx16s* d, size_t n) {
-    const __m512 c = _mm512_set1_ps(val);
-    const __m512 hi = _mm512_set1_ps(32767.0f), lo = _mm512_set1_ps(-32768.0f);
-    auto kern = [&](__m512 x) {
-        __m512 p = _mm512_mul_ps(x, c);
-        if constexpr (Clamp) p = _mm512_max_ps(_mm512_min_ps(p, hi), lo);
-        return _mm512_cvtps_epi32(p);
+    using V = simd::V<float>;
+    const auto c = V::set1(val), hi = V::set1(32767.0f), lo = V::set1(-32768.0f);
+    auto kern = [&](V::R x) {
+        auto p = V::mul(x, c);
+        if constexpr (Clamp) p = V::max(V::min(p, hi), lo);
+        return simd::floatToInt(p);
     };
     size_t i = 0;
-    for (; i + 16 <= n; i += 16)
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm512_cvtsepi32_epi16(kern(_mm512_loadu_ps(a + i))));
+    for (; i + 16 <= n; i += 16) simd::narrowSat16s(d + i, V::kAll, kern(V::load(a + i)));
     if (i < n) {
-        const __mmask16 m = static_cast<__mmask16>((1u << (n - i)) - 1u);
-        _mm512_mask_cvtsepi32_storeu_epi16(d + i, m, kern(_mm512_maskz_loadu_ps(m, a + i)));
+        const auto m = simd::tail<float>(n - i);
+        simd::narrowSat16s(d + i, m, kern(V::loadm(m, a + i)));
     }
 }
 

@@ -3,7 +3,10 @@
 // loops that the compiler turns into one compare or min/max per vector; the
 // float LTAbs compares bit patterns as integers, and the 16s LTAbs works on
 // unsigned words.
-#include "conv_simd.h"
+#include "vrx_fpu.h"
+#include "vrx_map.h"
+
+#include <string.h>
 
 #include <type_traits>
 
@@ -23,71 +26,18 @@ VRX_INLINE void mapv(const T* s, T* d, int len, F f) {
     }
 }
 
-// Float kernels: one compare or min/max a vector, four vectors a step, the
-// tail under a mask. Each op has exactly the scalar forms' semantics
-// (vmaxps(level, x) is "x < level ? level : x", NaN included).
-template <class T> struct Vf;
-template <> struct Vf<Vrx32f> {
-    using V = __m512;
-    using M = __mmask16;
-    static constexpr int n = 16;
-    static VRX_INLINE M tail(int k) { return conv::tailMask16(k); }
-    static VRX_INLINE V load(const Vrx32f* p) { return _mm512_loadu_ps(p); }
-    static VRX_INLINE V loadm(M k, const Vrx32f* p) { return _mm512_maskz_loadu_ps(k, p); }
-    static VRX_INLINE void store(Vrx32f* p, V v) { _mm512_storeu_ps(p, v); }
-    static VRX_INLINE void stream(Vrx32f* p, V v) { _mm512_stream_ps(p, v); }
-    static VRX_INLINE void storem(Vrx32f* p, M k, V v) { _mm512_mask_storeu_ps(p, k, v); }
-    static VRX_INLINE V set1(Vrx32f x) { return _mm512_set1_ps(x); }
-    static VRX_INLINE V max(V a, V b) { return _mm512_max_ps(a, b); }
-    static VRX_INLINE V min(V a, V b) { return _mm512_min_ps(a, b); }
-    static VRX_INLINE M lt(V a, V b) { return _mm512_cmp_ps_mask(a, b, _CMP_LT_OQ); }
-    static VRX_INLINE V blend(M k, V a, V b) { return _mm512_mask_blend_ps(k, a, b); }
-    static VRX_INLINE V abs(V a) { return _mm512_castsi512_ps(_mm512_and_si512(_mm512_castps_si512(a), _mm512_set1_epi32(0x7FFFFFFF))); }
-};
-template <> struct Vf<Vrx64f> {
-    using V = __m512d;
-    using M = __mmask8;
-    static constexpr int n = 8;
-    static VRX_INLINE M tail(int k) { return conv::tailMask8(k); }
-    static VRX_INLINE V load(const Vrx64f* p) { return _mm512_loadu_pd(p); }
-    static VRX_INLINE V loadm(M k, const Vrx64f* p) { return _mm512_maskz_loadu_pd(k, p); }
-    static VRX_INLINE void store(Vrx64f* p, V v) { _mm512_storeu_pd(p, v); }
-    static VRX_INLINE void stream(Vrx64f* p, V v) { _mm512_stream_pd(p, v); }
-    static VRX_INLINE void storem(Vrx64f* p, M k, V v) { _mm512_mask_storeu_pd(p, k, v); }
-    static VRX_INLINE V set1(Vrx64f x) { return _mm512_set1_pd(x); }
-    static VRX_INLINE V max(V a, V b) { return _mm512_max_pd(a, b); }
-    static VRX_INLINE V min(V a, V b) { return _mm512_min_pd(a, b); }
-    static VRX_INLINE M lt(V a, V b) { return _mm512_cmp_pd_mask(a, b, _CMP_LT_OQ); }
-    static VRX_INLINE V blend(M k, V a, V b) { return _mm512_mask_blend_pd(k, a, b); }
-    static VRX_INLINE V abs(V a) { return _mm512_castsi512_pd(_mm512_and_si512(_mm512_castpd_si512(a), _mm512_set1_epi64(0x7FFFFFFFFFFFFFFFll))); }
-};
+// Float kernels: one compare or min/max a vector through the shared driver,
+// non-temporal beyond the cache. Each op has exactly the scalar forms'
+// semantics (max(level, x) is "x < level ? level : x", NaN included).
+template <class T> using Vf = simd::V<T>;
 
+// The general walk: a round computes its four registers, then stores them.
 template <class T, class Op>
 VRX_INLINE void mapf(const T* s, T* d, int len, Op op) {
-    using F = Vf<T>;
-    constexpr int n = F::n;
-    int i = 0;
-    if (conv::streamWorth(static_cast<size_t>(len) * 2 * sizeof(T)) && (reinterpret_cast<uintptr_t>(d) & (sizeof(T) - 1)) == 0) {
-        // large calls: a masked head up to a 64-byte boundary, then
-        // streaming stores
-        const int head = static_cast<int>(((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T));
-        if (head) F::storem(d, F::tail(head), op(F::load(s)));
-        i = head;
-        for (; i + 4 * n <= len; i += 4 * n) {
-            auto a = op(F::load(s + i)), b = op(F::load(s + i + n)), c = op(F::load(s + i + 2 * n)), e = op(F::load(s + i + 3 * n));
-            F::stream(d + i, a); F::stream(d + i + n, b); F::stream(d + i + 2 * n, c); F::stream(d + i + 3 * n, e);
-        }
-        _mm_sfence();
-    }
-    for (; i + 4 * n <= len; i += 4 * n) {
-        auto a = op(F::load(s + i)), b = op(F::load(s + i + n)), c = op(F::load(s + i + 2 * n)), e = op(F::load(s + i + 3 * n));
-        F::store(d + i, a); F::store(d + i + n, b); F::store(d + i + 2 * n, c); F::store(d + i + 3 * n, e);
-    }
-    for (; i + n <= len; i += n) F::store(d + i, op(F::load(s + i)));
-    if (i < len) {
-        auto k = F::tail(len - i);
-        F::storem(d + i, k, op(F::loadm(k, s + i)));
-    }
+    using V = simd::V<T>;
+    const size_t n = static_cast<size_t>(len);
+    map::run<map::Store::Auto>(d, n, 2 * n * sizeof(T), [&](size_t i) { return op(V::load(s + i)); },
+                               [&](size_t i, typename V::M m) { return op(V::loadm(m, s + i)); });
 }
 
 template <class T>
@@ -255,70 +205,40 @@ VrxStatus threshLTAbs16s(const Vrx16s* s, Vrx16s* d, int len, Vrx16s level) {
 // lanes takes the approximate reciprocal with Newton steps when v * y is
 // near 1 in every lane; otherwise (zero, infinity, NaN, a result below the
 // normal range) the round is divided exactly. Returns the zero-divide flag.
-struct Inv32f {
-    using T = Vrx32f;
-    using V = __m512;
-    static constexpr int kLanes = 16;
-    static VRX_INLINE V load(const T* p, int n) {
-        return _mm512_mask_loadu_ps(_mm512_set1_ps(1.0f), conv::tailMask16(n), p);
-    }
-    static VRX_INLINE void store(T* p, int n, V v) { _mm512_mask_storeu_ps(p, conv::tailMask16(n), v); }
-    static VRX_INLINE V raise(V x, V level) {
-        const __m512i abs = _mm512_set1_epi32(0x7FFFFFFF);
-        V a = _mm512_castsi512_ps(_mm512_and_si512(_mm512_castps_si512(x), abs));
-        a = _mm512_max_ps(level, a);  // NaN stays
-        return _mm512_castsi512_ps(_mm512_or_si512(_mm512_castps_si512(a), _mm512_andnot_si512(abs, _mm512_castps_si512(x))));
-    }
-    static VRX_INLINE V inv(V v) {
-        V y = _mm512_rcp14_ps(v);
-        V t = _mm512_mul_ps(v, y);
-        __mmask16 ok = _mm512_cmp_ps_mask(t, _mm512_set1_ps(0.5f), _CMP_GT_OQ) & _mm512_cmp_ps_mask(t, _mm512_set1_ps(1.5f), _CMP_LT_OQ);
-        if (ok != 0xFFFF) return _mm512_div_ps(_mm512_set1_ps(1.0f), v);
-        return _mm512_mul_ps(y, _mm512_sub_ps(_mm512_set1_ps(2.0f), t));
-    }
-    static VRX_INLINE V set1(T v) { return _mm512_set1_ps(v); }
-};
+template <class T>
+VRX_INLINE typename simd::V<T>::R raiseAbs(typename simd::V<T>::R x, typename simd::V<T>::R level) {
+    using V = simd::V<T>;
+    return V::orb(V::max(level, V::abs(x)), V::andb(x, V::set1(T(-0.0))));  // a NaN stays
+}
 
-struct Inv64f {
-    using T = Vrx64f;
-    using V = __m512d;
-    static constexpr int kLanes = 8;
-    static VRX_INLINE V load(const T* p, int n) {
-        return _mm512_mask_loadu_pd(_mm512_set1_pd(1.0), conv::tailMask8(n), p);
-    }
-    static VRX_INLINE void store(T* p, int n, V v) { _mm512_mask_storeu_pd(p, conv::tailMask8(n), v); }
-    static VRX_INLINE V raise(V x, V level) {
-        const __m512i abs = _mm512_set1_epi64(0x7FFFFFFFFFFFFFFFll);
-        V a = _mm512_castsi512_pd(_mm512_and_si512(_mm512_castpd_si512(x), abs));
-        a = _mm512_max_pd(level, a);
-        return _mm512_castsi512_pd(_mm512_or_si512(_mm512_castpd_si512(a), _mm512_andnot_si512(abs, _mm512_castpd_si512(x))));
-    }
-    // two steps bring the 14-bit estimate to full double precision
-    static VRX_INLINE V inv(V v) {
-        V y = _mm512_rcp14_pd(v);
-        V t = _mm512_mul_pd(v, y);
-        __mmask8 ok = _mm512_cmp_pd_mask(t, _mm512_set1_pd(0.5), _CMP_GT_OQ) & _mm512_cmp_pd_mask(t, _mm512_set1_pd(1.5), _CMP_LT_OQ);
-        if (ok != 0xFF) return _mm512_div_pd(_mm512_set1_pd(1.0), v);
-        const V two = _mm512_set1_pd(2.0);
-        y = _mm512_mul_pd(y, _mm512_sub_pd(two, t));
-        return _mm512_mul_pd(y, _mm512_sub_pd(two, _mm512_mul_pd(v, y)));
-    }
-    static VRX_INLINE V set1(T v) { return _mm512_set1_pd(v); }
-};
+VRX_INLINE simd::V<float>::R invLanes(simd::V<float>::R v) {
+    using V = simd::V<float>;
+    auto y = V::rcp14(v);
+    auto t = V::mul(v, y);
+    if ((V::gt(t, V::set1(0.5f)) & V::lt(t, V::set1(1.5f))) != V::kAll) return V::div(V::set1(1.0f), v);
+    return V::mul(y, V::sub(V::set1(2.0f), t));
+}
+// two steps bring the 14-bit estimate to full double precision
+VRX_INLINE simd::V<double>::R invLanes(simd::V<double>::R v) {
+    using V = simd::V<double>;
+    auto y = V::rcp14(v);
+    auto t = V::mul(v, y);
+    if ((V::gt(t, V::set1(0.5)) & V::lt(t, V::set1(1.5))) != V::kAll) return V::div(V::set1(1.0), v);
+    const auto two = V::set1(2.0);
+    y = V::mul(y, V::sub(two, t));
+    return V::mul(y, V::sub(two, V::mul(v, y)));
+}
 
-template <class K>
-VrxStatus threshLTInv(const typename K::T* s, typename K::T* d, int len, typename K::T level) {
+// Lanes past the end read 1, whose reciprocal is on the fast path.
+template <class T>
+VrxStatus threshLTInv(const T* s, T* d, int len, T level) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (level < 0) return vrxErrThreshNeg;
     const unsigned saved = getMxcsr();
     setMxcsr((saved | kMxcsrMasks) & ~kMxcsrZeroDiv);
     const bool zero = level == 0;
-    const typename K::V lv = K::set1(level);
-    for (int i = 0; i < len; i += K::kLanes) {
-        const int n = len - i < K::kLanes ? len - i : K::kLanes;
-        typename K::V x = K::load(s + i, n);
-        K::store(d + i, n, K::inv(zero ? x : K::raise(x, lv)));
-    }
+    const auto lv = simd::V<T>::set1(level);
+    map::map1(s, d, static_cast<size_t>(len), [zero, lv](auto x) { return invLanes(zero ? x : raiseAbs<T>(x, lv)); }, T(1));
     const bool zeroDiv = (getMxcsr() & kMxcsrZeroDiv) != 0;
     setMxcsr(saved);
     return (zero && zeroDiv) ? vrxWarnInvZero : vrxOk;
@@ -327,32 +247,24 @@ VrxStatus threshLTInv(const typename K::T* s, typename K::T* d, int len, typenam
 }  // namespace
 
 // --------------------------------------------------------------- exports
-#define VRX_TH_IO(NAME, T, ARGS_DECL, CALL)                                               \
-    VrxStatus N0(vrxsThreshold_##NAME)(const T* pSrc, T* pDst, int len ARGS_DECL) {        \
-        return CALL(pSrc, pDst, len);                                                      \
-    }                                                                                      \
-    VrxStatus N0(vrxsThreshold_##NAME##_I)(T* pSrcDst, int len ARGS_DECL) {                \
-        return CALL(pSrcDst, pSrcDst, len);                                                \
-    }
 
-#define COMMA ,
 // relOp forms
-#define TH(S, T) VRX_TH_IO(S, T, COMMA T level COMMA VrxCmpOp relOp, [&](const T* a, T* b, int n) { return thresh<T>(a, b, n, level, relOp); })
-TH(16s, Vrx16s)
-TH(32f, Vrx32f)
-TH(64f, Vrx64f)
-#undef TH
+VrxStatus N0(vrxsThreshold_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, VrxCmpOp relOp) { return thresh<Vrx16s>(pSrc, pDst, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s level, VrxCmpOp relOp) { return thresh<Vrx16s>(pSrcDst, pSrcDst, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level, VrxCmpOp relOp) { return thresh<Vrx32f>(pSrc, pDst, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level, VrxCmpOp relOp) { return thresh<Vrx32f>(pSrcDst, pSrcDst, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level, VrxCmpOp relOp) { return thresh<Vrx64f>(pSrc, pDst, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level, VrxCmpOp relOp) { return thresh<Vrx64f>(pSrcDst, pSrcDst, len, level, relOp); }
 
 // LT and GT: 16s and 64f forward to the relOp form; 32s and 32f have their own
-#define THF(S, T)                                                                                                             \
-    VrxStatus N0(vrxsThreshold_LT_##S)(const T* s, T* d, int len, T level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpLess); }    \
-    VrxStatus N0(vrxsThreshold_GT_##S)(const T* s, T* d, int len, T level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpGreater); } \
-    VrxStatus N0(vrxsThreshold_LT_##S##_I)(T* d, int len, T level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpLess); }          \
-    VrxStatus N0(vrxsThreshold_GT_##S##_I)(T* d, int len, T level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpGreater); }
-THF(16s, Vrx16s)
-THF(64f, Vrx64f)
-#undef THF
-
+VrxStatus N0(vrxsThreshold_LT_16s)(const Vrx16s* s, Vrx16s* d, int len, Vrx16s level) { return N0(vrxsThreshold_16s)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_16s)(const Vrx16s* s, Vrx16s* d, int len, Vrx16s level) { return N0(vrxsThreshold_16s)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_16s_I)(Vrx16s* d, int len, Vrx16s level) { return N0(vrxsThreshold_16s_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_16s_I)(Vrx16s* d, int len, Vrx16s level) { return N0(vrxsThreshold_16s_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_64f)(const Vrx64f* s, Vrx64f* d, int len, Vrx64f level) { return N0(vrxsThreshold_64f)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_64f)(const Vrx64f* s, Vrx64f* d, int len, Vrx64f level) { return N0(vrxsThreshold_64f)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_64f_I)(Vrx64f* d, int len, Vrx64f level) { return N0(vrxsThreshold_64f_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_64f_I)(Vrx64f* d, int len, Vrx64f level) { return N0(vrxsThreshold_64f_I)(d, len, level, vrxCmpGreater); }
 VrxStatus N0(vrxsThreshold_LT_32f)(const Vrx32f* s, Vrx32f* d, int len, Vrx32f level) { return threshLT(s, d, len, level); }
 VrxStatus N0(vrxsThreshold_GT_32f)(const Vrx32f* s, Vrx32f* d, int len, Vrx32f level) { return threshGT(s, d, len, level); }
 VrxStatus N0(vrxsThreshold_LT_32f_I)(Vrx32f* d, int len, Vrx32f level) { return N0(vrxsThreshold_32f_I)(d, len, level, vrxCmpLess); }
@@ -362,28 +274,53 @@ VrxStatus N0(vrxsThreshold_GT_32s)(const Vrx32s* s, Vrx32s* d, int len, Vrx32s l
 VrxStatus N0(vrxsThreshold_LT_32s_I)(Vrx32s* d, int len, Vrx32s level) { return threshLT<Vrx32s>(d, d, len, level); }
 VrxStatus N0(vrxsThreshold_GT_32s_I)(Vrx32s* d, int len, Vrx32s level) { return threshGT<Vrx32s>(d, d, len, level); }
 
-#define THV(S, T)                                                                                                      \
-    VRX_TH_IO(LTVal_##S, T, COMMA T level COMMA T value, [&](const T* a, T* b, int n) { return threshLTVal<T>(a, b, n, level, value); }) \
-    VRX_TH_IO(GTVal_##S, T, COMMA T level COMMA T value, [&](const T* a, T* b, int n) { return threshGTVal<T>(a, b, n, level, value); })
-THV(16s, Vrx16s)
-THV(32f, Vrx32f)
-THV(64f, Vrx64f)
-#undef THV
+VrxStatus N0(vrxsThreshold_LTVal_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, Vrx16s value) { return threshLTVal<Vrx16s>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s level, Vrx16s value) { return threshLTVal<Vrx16s>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, Vrx16s value) { return threshGTVal<Vrx16s>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s level, Vrx16s value) { return threshGTVal<Vrx16s>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level, Vrx32f value) { return threshLTVal<Vrx32f>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level, Vrx32f value) { return threshLTVal<Vrx32f>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level, Vrx32f value) { return threshGTVal<Vrx32f>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level, Vrx32f value) { return threshGTVal<Vrx32f>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level, Vrx64f value) { return threshLTVal<Vrx64f>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level, Vrx64f value) { return threshLTVal<Vrx64f>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level, Vrx64f value) { return threshGTVal<Vrx64f>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level, Vrx64f value) { return threshGTVal<Vrx64f>(pSrcDst, pSrcDst, len, level, value); }
 
-#define THB(S, T)                                                                                                         \
-    VRX_TH_IO(LTValGTVal_##S, T, COMMA T levelLT COMMA T valueLT COMMA T levelGT COMMA T valueGT,                         \
-              [&](const T* a, T* b, int n) { return threshLTValGTVal<T>(a, b, n, levelLT, valueLT, levelGT, valueGT); })  \
-    VRX_TH_IO(LTAbsVal_##S, T, COMMA T level COMMA T value, [&](const T* a, T* b, int n) { return threshLTAbsVal<T>(a, b, n, level, value); }) \
-    VRX_TH_IO(GTAbs_##S, T, COMMA T level, [&](const T* a, T* b, int n) { return threshGTAbs<T>(a, b, n, level); })
-THB(16s, Vrx16s)
-THB(32s, Vrx32s)
-THB(32f, Vrx32f)
-THB(64f, Vrx64f)
-#undef THB
+VrxStatus N0(vrxsThreshold_LTValGTVal_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s levelLT, Vrx16s valueLT, Vrx16s levelGT, Vrx16s valueGT) { return threshLTValGTVal<Vrx16s>(pSrc, pDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s levelLT, Vrx16s valueLT, Vrx16s levelGT, Vrx16s valueGT) { return threshLTValGTVal<Vrx16s>(pSrcDst, pSrcDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, Vrx16s value) { return threshLTAbsVal<Vrx16s>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s level, Vrx16s value) { return threshLTAbsVal<Vrx16s>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTAbs_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level) { return threshGTAbs<Vrx16s>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_GTAbs_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s level) { return threshGTAbs<Vrx16s>(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_32s)(const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s levelLT, Vrx32s valueLT, Vrx32s levelGT, Vrx32s valueGT) { return threshLTValGTVal<Vrx32s>(pSrc, pDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_32s_I)(Vrx32s* pSrcDst, int len, Vrx32s levelLT, Vrx32s valueLT, Vrx32s levelGT, Vrx32s valueGT) { return threshLTValGTVal<Vrx32s>(pSrcDst, pSrcDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_32s)(const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level, Vrx32s value) { return threshLTAbsVal<Vrx32s>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_32s_I)(Vrx32s* pSrcDst, int len, Vrx32s level, Vrx32s value) { return threshLTAbsVal<Vrx32s>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTAbs_32s)(const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level) { return threshGTAbs<Vrx32s>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_GTAbs_32s_I)(Vrx32s* pSrcDst, int len, Vrx32s level) { return threshGTAbs<Vrx32s>(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f levelLT, Vrx32f valueLT, Vrx32f levelGT, Vrx32f valueGT) { return threshLTValGTVal<Vrx32f>(pSrc, pDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f levelLT, Vrx32f valueLT, Vrx32f levelGT, Vrx32f valueGT) { return threshLTValGTVal<Vrx32f>(pSrcDst, pSrcDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level, Vrx32f value) { return threshLTAbsVal<Vrx32f>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level, Vrx32f value) { return threshLTAbsVal<Vrx32f>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTAbs_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level) { return threshGTAbs<Vrx32f>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_GTAbs_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level) { return threshGTAbs<Vrx32f>(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f levelLT, Vrx64f valueLT, Vrx64f levelGT, Vrx64f valueGT) { return threshLTValGTVal<Vrx64f>(pSrc, pDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTValGTVal_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f levelLT, Vrx64f valueLT, Vrx64f levelGT, Vrx64f valueGT) { return threshLTValGTVal<Vrx64f>(pSrcDst, pSrcDst, len, levelLT, valueLT, levelGT, valueGT); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level, Vrx64f value) { return threshLTAbsVal<Vrx64f>(pSrc, pDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTAbsVal_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level, Vrx64f value) { return threshLTAbsVal<Vrx64f>(pSrcDst, pSrcDst, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTAbs_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level) { return threshGTAbs<Vrx64f>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_GTAbs_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level) { return threshGTAbs<Vrx64f>(pSrcDst, pSrcDst, len, level); }
 
-VRX_TH_IO(LTAbs_16s, Vrx16s, COMMA Vrx16s level, [&](const Vrx16s* a, Vrx16s* b, int n) { return threshLTAbs16s(a, b, n, level); })
-VRX_TH_IO(LTAbs_32s, Vrx32s, COMMA Vrx32s level, [&](const Vrx32s* a, Vrx32s* b, int n) { return threshLTAbs32s(a, b, n, level); })
-VRX_TH_IO(LTAbs_32f, Vrx32f, COMMA Vrx32f level, [&](const Vrx32f* a, Vrx32f* b, int n) { return (threshLTAbsFloat<Vrx32f COMMA uint32_t>)(a, b, n, level); })
-VRX_TH_IO(LTAbs_64f, Vrx64f, COMMA Vrx64f level, [&](const Vrx64f* a, Vrx64f* b, int n) { return (threshLTAbsFloat<Vrx64f COMMA uint64_t>)(a, b, n, level); })
-VRX_TH_IO(LTInv_32f, Vrx32f, COMMA Vrx32f level, [&](const Vrx32f* a, Vrx32f* b, int n) { return threshLTInv<Inv32f>(a, b, n, level); })
-VRX_TH_IO(LTInv_64f, Vrx64f, COMMA Vrx64f level, [&](const Vrx64f* a, Vrx64f* b, int n) { return threshLTInv<Inv64f>(a, b, n, level); })
+VrxStatus N0(vrxsThreshold_LTAbs_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level) { return threshLTAbs16s(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_16s_I)(Vrx16s* pSrcDst, int len, Vrx16s level) { return threshLTAbs16s(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_32s)(const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level) { return threshLTAbs32s(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_32s_I)(Vrx32s* pSrcDst, int len, Vrx32s level) { return threshLTAbs32s(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level) { return threshLTAbsFloat<Vrx32f, uint32_t>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level) { return threshLTAbsFloat<Vrx32f, uint32_t>(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level) { return threshLTAbsFloat<Vrx64f, uint64_t>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTAbs_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level) { return threshLTAbsFloat<Vrx64f, uint64_t>(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level) { return threshLTInv<Vrx32f>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_32f_I)(Vrx32f* pSrcDst, int len, Vrx32f level) { return threshLTInv<Vrx32f>(pSrcDst, pSrcDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level) { return threshLTInv<Vrx64f>(pSrc, pDst, len, level); }
+VrxStatus N0(vrxsThreshold_LTInv_64f_I)(Vrx64f* pSrcDst, int len, Vrx64f level) { return threshLTInv<Vrx64f>(pSrcDst, pSrcDst, len, level); }

@@ -5,7 +5,8 @@
 // by level/|x| formed from the approximate reciprocal square root with one
 // correction step (unselected elements use |x| = level, a factor within a
 // rounding error of 1).
-#include "conv_simd.h"
+#include "simd/simd.h"
+#include "vrx_fpu.h"
 
 #include <math.h>
 
@@ -14,70 +15,46 @@ using namespace n0;
 namespace {
 
 // ------------------------------------------------------------ float clip
-// 16 lanes hold 8 elements, that is two rounds; m is formed in both lanes
-// of an element (re*re + im*im in either order gives the same sum).
-template <bool Greater>
-void clip32fc(const Vrx32fc* s, Vrx32fc* d, int len, float level) {
-    const float* ps = reinterpret_cast<const float*>(s);
-    float* pd = reinterpret_cast<float*>(d);
-    const __m512 L2 = _mm512_set1_ps(level * level), H = _mm512_set1_ps(level * 0.5f);
-    const __m512 three = _mm512_set1_ps(3.0f), lv = _mm512_set1_ps(level);
-    const int n = 2 * len;
-    for (int i = 0; i < n; i += 16) {
-        const int cnt = n - i < 16 ? n - i : 16;
-        const __mmask16 k = conv::tailMask16(cnt);
-        __m512 v = _mm512_maskz_loadu_ps(k, ps + i);
-        __m512 sq = _mm512_mul_ps(v, v);
-        __m512 m = _mm512_add_ps(sq, _mm512_permute_ps(sq, 0xB1));
-        __mmask16 sel = (Greater ? _mm512_cmp_ps_mask(L2, m, _CMP_LT_OQ) : _mm512_cmp_ps_mask(m, L2, _CMP_LT_OQ)) & k;
-        __mmask16 rounds = ((sel & 0x00FF) ? 0x00FF : 0) | ((sel & 0xFF00) ? 0xFF00 : 0);
-        if (rounds) {
-            __m512 mm = _mm512_mask_mov_ps(L2, sel, m);
-            __m512 y = _mm512_rsqrt14_ps(mm);
-            __m512 f = _mm512_mul_ps(_mm512_mul_ps(H, y), _mm512_sub_ps(three, _mm512_mul_ps(_mm512_mul_ps(mm, y), y)));
-            __m512 r = _mm512_mul_ps(v, f);
-            if (!Greater) {
-                // a zero element has no phase: it becomes (level, 0)
-                __mmask16 z = _mm512_cmp_ps_mask(m, _mm512_setzero_ps(), _CMP_EQ_OQ) & sel;
-                r = _mm512_mask_mov_ps(r, z & 0x5555, lv);
-                r = _mm512_mask_mov_ps(r, z & 0xAAAA, _mm512_setzero_ps());
-            }
-            v = _mm512_mask_mov_ps(v, rounds, r);
-        }
-        _mm512_mask_storeu_ps(pd + i, k, v);
-    }
+// A register holds whole rounds: 16 float lanes two rounds of 4 elements,
+// 8 double lanes one. m is formed in both lanes of an element (re*re +
+// im*im in either order gives the same sum). The double estimate takes one
+// extra refinement so that the factor carries double precision.
+template <class T>
+VRX_INLINE typename simd::V<T>::M roundsOf(typename simd::V<T>::M sel) {
+    if constexpr (simd::V<T>::N == 16) return ((sel & 0x00FF) ? 0x00FF : 0) | ((sel & 0xFF00) ? 0xFF00 : 0);
+    else return sel ? simd::V<T>::kAll : 0;
 }
 
-// 8 lanes hold one round of 4 elements. The estimate takes one extra
-// refinement so that the factor carries double precision.
-template <bool Greater>
-void clip64fc(const Vrx64fc* s, Vrx64fc* d, int len, double level) {
-    const double* ps = reinterpret_cast<const double*>(s);
-    double* pd = reinterpret_cast<double*>(d);
-    const __m512d L2 = _mm512_set1_pd(level * level), H = _mm512_set1_pd(level * 0.5);
-    const __m512d three = _mm512_set1_pd(3.0), half = _mm512_set1_pd(0.5), lv = _mm512_set1_pd(level);
+template <bool Greater, class T>
+void clipFc(const T* ps, T* pd, int len, T level) {
+    using V = simd::V<T>;
+    using M = typename V::M;
+    constexpr int N = V::N;
+    const auto L2 = V::set1(level * level), H = V::set1(level * T(0.5));
+    const auto three = V::set1(T(3)), lv = V::set1(level);
     const int n = 2 * len;
-    for (int i = 0; i < n; i += 8) {
-        const int cnt = n - i < 8 ? n - i : 8;
-        const __mmask8 k = conv::tailMask8(cnt);
-        __m512d v = _mm512_maskz_loadu_pd(k, ps + i);
-        __m512d sq = _mm512_mul_pd(v, v);
-        __m512d m = _mm512_add_pd(sq, _mm512_permute_pd(sq, 0x55));
-        __mmask8 sel = (Greater ? _mm512_cmp_pd_mask(L2, m, _CMP_LT_OQ) : _mm512_cmp_pd_mask(m, L2, _CMP_LT_OQ)) & k;
-        if (sel) {
-            __m512d mm = _mm512_mask_mov_pd(L2, sel, m);
-            __m512d y = _mm512_rsqrt14_pd(mm);
-            y = _mm512_mul_pd(_mm512_mul_pd(half, y), _mm512_sub_pd(three, _mm512_mul_pd(_mm512_mul_pd(mm, y), y)));
-            __m512d f = _mm512_mul_pd(_mm512_mul_pd(H, y), _mm512_sub_pd(three, _mm512_mul_pd(_mm512_mul_pd(mm, y), y)));
-            __m512d r = _mm512_mul_pd(v, f);
+    for (int i = 0; i < n; i += N) {
+        const M k = simd::tail<T>(n - i < N ? n - i : N);
+        auto v = V::loadm(k, ps + i);
+        auto sq = V::mul(v, v);
+        auto m = V::add(sq, V::swapPair(sq));
+        const M sel = (Greater ? V::lt(L2, m) : V::lt(m, L2)) & k;
+        const M rounds = roundsOf<T>(sel);
+        if (rounds) {
+            auto mm = V::blend(sel, L2, m);
+            auto y = V::rsqrt14(mm);
+            if constexpr (N == 8) y = V::mul(V::mul(V::set1(T(0.5)), y), V::sub(three, V::mul(V::mul(mm, y), y)));
+            auto f = V::mul(V::mul(H, y), V::sub(three, V::mul(V::mul(mm, y), y)));
+            auto r = V::mul(v, f);
             if (!Greater) {
-                __mmask8 z = _mm512_cmp_pd_mask(m, _mm512_setzero_pd(), _CMP_EQ_OQ) & sel;
-                r = _mm512_mask_mov_pd(r, z & 0x55, lv);
-                r = _mm512_mask_mov_pd(r, z & 0xAA, _mm512_setzero_pd());
+                // a zero element has no phase: it becomes (level, 0)
+                const M z = V::eq(m, V::zero()) & sel;
+                r = V::blend(z & static_cast<M>(0x5555), r, lv);
+                r = V::blend(z & static_cast<M>(0xAAAA), r, V::zero());
             }
-            v = r;
+            v = V::blend(rounds, v, r);
         }
-        _mm512_mask_storeu_pd(pd + i, k, v);
+        V::storem(pd + i, k, v);
     }
 }
 
@@ -112,10 +89,10 @@ VRX_INLINE void clip(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, bool g
     if (gt) clip16sc<true>(s, d, len, level); else clip16sc<false>(s, d, len, level);
 }
 VRX_INLINE void clip(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, bool gt) {
-    if (gt) clip32fc<true>(s, d, len, level); else clip32fc<false>(s, d, len, level);
+    if (gt) clipFc<true>(&s->re, &d->re, len, level); else clipFc<false>(&s->re, &d->re, len, level);
 }
 VRX_INLINE void clip(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, bool gt) {
-    if (gt) clip64fc<true>(s, d, len, level); else clip64fc<false>(s, d, len, level);
+    if (gt) clipFc<true>(&s->re, &d->re, len, level); else clipFc<false>(&s->re, &d->re, len, level);
 }
 
 template <class C, class R>
@@ -185,21 +162,38 @@ VrxStatus threshInvC(const C* s, C* d, int len, R level) {
 
 }  // namespace
 
-#define VRX_THC(S, C, R)                                                                                                        \
-    VrxStatus N0(vrxsThreshold_##S)(const C* s, C* d, int len, R level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); } \
-    VrxStatus N0(vrxsThreshold_##S##_I)(C* d, int len, R level, VrxCmpOp relOp) { return threshC<C, R>(d, d, len, level, relOp); }     \
-    VrxStatus N0(vrxsThreshold_LT_##S)(const C* s, C* d, int len, R level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpLess); } \
-    VrxStatus N0(vrxsThreshold_GT_##S)(const C* s, C* d, int len, R level) { return N0(vrxsThreshold_##S)(s, d, len, level, vrxCmpGreater); } \
-    VrxStatus N0(vrxsThreshold_LT_##S##_I)(C* d, int len, R level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpLess); }  \
-    VrxStatus N0(vrxsThreshold_GT_##S##_I)(C* d, int len, R level) { return N0(vrxsThreshold_##S##_I)(d, len, level, vrxCmpGreater); } \
-    VrxStatus N0(vrxsThreshold_LTVal_##S)(const C* s, C* d, int len, R level, C value) { return threshValC<false>(s, d, len, level, value); } \
-    VrxStatus N0(vrxsThreshold_GTVal_##S)(const C* s, C* d, int len, R level, C value) { return threshValC<true>(s, d, len, level, value); } \
-    VrxStatus N0(vrxsThreshold_LTVal_##S##_I)(C* d, int len, R level, C value) { return threshValC<false, C, R>(d, d, len, level, value); } \
-    VrxStatus N0(vrxsThreshold_GTVal_##S##_I)(C* d, int len, R level, C value) { return threshValC<true, C, R>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_16sc_I)(Vrx16sc* d, int len, Vrx16s level, VrxCmpOp relOp) { return threshC<Vrx16sc, Vrx16s>(d, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_LT_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_16sc_I)(Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_16sc_I)(Vrx16sc* d, int len, Vrx16s level) { return N0(vrxsThreshold_16sc_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LTVal_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<false>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_16sc)(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<true>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_16sc_I)(Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<false, Vrx16sc, Vrx16s>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_16sc_I)(Vrx16sc* d, int len, Vrx16s level, Vrx16sc value) { return threshValC<true, Vrx16sc, Vrx16s>(d, d, len, level, value); }
 
-VRX_THC(16sc, Vrx16sc, Vrx16s)
-VRX_THC(32fc, Vrx32fc, Vrx32f)
-VRX_THC(64fc, Vrx64fc, Vrx64f)
+VrxStatus N0(vrxsThreshold_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_32fc_I)(Vrx32fc* d, int len, Vrx32f level, VrxCmpOp relOp) { return threshC<Vrx32fc, Vrx32f>(d, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_LT_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_32fc_I)(Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_32fc_I)(Vrx32fc* d, int len, Vrx32f level) { return N0(vrxsThreshold_32fc_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LTVal_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<false>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<true>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_32fc_I)(Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<false, Vrx32fc, Vrx32f>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_32fc_I)(Vrx32fc* d, int len, Vrx32f level, Vrx32fc value) { return threshValC<true, Vrx32fc, Vrx32f>(d, d, len, level, value); }
+
+VrxStatus N0(vrxsThreshold_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, VrxCmpOp relOp) { return threshC(s, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_64fc_I)(Vrx64fc* d, int len, Vrx64f level, VrxCmpOp relOp) { return threshC<Vrx64fc, Vrx64f>(d, d, len, level, relOp); }
+VrxStatus N0(vrxsThreshold_LT_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc)(s, d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc)(s, d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LT_64fc_I)(Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc_I)(d, len, level, vrxCmpLess); }
+VrxStatus N0(vrxsThreshold_GT_64fc_I)(Vrx64fc* d, int len, Vrx64f level) { return N0(vrxsThreshold_64fc_I)(d, len, level, vrxCmpGreater); }
+VrxStatus N0(vrxsThreshold_LTVal_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<false>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<true>(s, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_LTVal_64fc_I)(Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<false, Vrx64fc, Vrx64f>(d, d, len, level, value); }
+VrxStatus N0(vrxsThreshold_GTVal_64fc_I)(Vrx64fc* d, int len, Vrx64f level, Vrx64fc value) { return threshValC<true, Vrx64fc, Vrx64f>(d, d, len, level, value); }
 
 VrxStatus N0(vrxsThreshold_LTInv_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32f level) { return threshInvC(s, d, len, level); }
 VrxStatus N0(vrxsThreshold_LTInv_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64f level) { return threshInvC(s, d, len, level); }

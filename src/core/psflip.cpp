@@ -1,5 +1,8 @@
 // Flip: dst[i] = src[len-1-i]. One kernel per element size; a complex
 // element moves whole, its parts keep their order.
+// The reversal shuffles have no name in the SIMD layer: the kernels use raw
+// registers, 256-bit AVX2 for 1- and 2-byte elements (no AVX-512BW byte
+// shuffle), 512-bit permutes for the wider ones.
 #include "vrx_memops.h"
 
 using namespace n0;
@@ -110,18 +113,15 @@ VrxStatus flipOutOfPlace(const T* pSrc, T* pDst, int len) {
 }  // namespace
 
 // Equal pointers go to the in-place form before any check.
-#define VRX_FLIP(suffix, T)                                                         \
-    VrxStatus N0(vrxsFlip_##suffix##_I)(T* pSrcDst, int len) {                     \
-        return flipInPlace(pSrcDst, len);                                           \
-    }                                                                               \
-    VrxStatus N0(vrxsFlip_##suffix)(const T* pSrc, T* pDst, int len) {              \
-        if (pSrc == pDst) return N0(vrxsFlip_##suffix##_I)(pDst, len);              \
-        return flipOutOfPlace(pSrc, pDst, len);                                     \
-    }
-
-VRX_FLIP(8u, Vrx8u)
-VRX_FLIP(16u, Vrx16u)
-VRX_FLIP(32f, Vrx32f)
-VRX_FLIP(64f, Vrx64f)
-VRX_FLIP(32fc, Vrx32fc)
-VRX_FLIP(64fc, Vrx64fc)
+VrxStatus N0(vrxsFlip_8u_I)(Vrx8u* pSrcDst, int len) { return flipInPlace(pSrcDst, len); }
+VrxStatus N0(vrxsFlip_8u)(const Vrx8u* pSrc, Vrx8u* pDst, int len) { return pSrc == pDst ? N0(vrxsFlip_8u_I)(pDst, len) : flipOutOfPlace(pSrc, pDst, len); }
+VrxStatus N0(vrxsFlip_16u_I)(Vrx16u* pSrcDst, int len) { return flipInPlace(pSrcDst, len); }
+VrxStatus N0(vrxsFlip_16u)(const Vrx16u* pSrc, Vrx16u* pDst, int len) { return pSrc == pDst ? N0(vrxsFlip_16u_I)(pDst, len) : flipOutOfPlace(pSrc, pDst, len); }
+VrxStatus N0(vrxsFlip_32f_I)(Vrx32f* pSrcDst, int len) { return flipInPlace(pSrcDst, len); }
+VrxStatus N0(vrxsFlip_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len) { return pSrc == pDst ? N0(vrxsFlip_32f_I)(pDst, len) : flipOutOfPlace(pSrc, pDst, len); }
+VrxStatus N0(vrxsFlip_64f_I)(Vrx64f* pSrcDst, int len) { return flipInPlace(pSrcDst, len); }
+VrxStatus N0(vrxsFlip_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len) { return pSrc == pDst ? N0(vrxsFlip_64f_I)(pDst, len) : flipOutOfPlace(pSrc, pDst, len); }
+VrxStatus N0(vrxsFlip_32fc_I)(Vrx32fc* pSrcDst, int len) { return flipInPlace(pSrcDst, len); }
+VrxStatus N0(vrxsFlip_32fc)(const Vrx32fc* pSrc, Vrx32fc* pDst, int len) { return pSrc == pDst ? N0(vrxsFlip_32fc_I)(pDst, len) : flipOutOfPlace(pSrc, pDst, len); }
+VrxStatus N0(vrxsFlip_64fc_I)(Vrx64fc* pSrcDst, int len) { return flipInPlace(pSrcDst, len); }
+VrxStatus N0(vrxsFlip_64fc)(const Vrx64fc* pSrc, Vrx64fc* pDst, int len) { return pSrc == pDst ? N0(vrxsFlip_64fc_I)(pDst, len) : flipOutOfPlace(pSrc, pDst, len); }

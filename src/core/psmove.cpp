@@ -1,6 +1,7 @@
 // Move: copies that are right for overlapping vectors, by direction alone.
 // A source below the destination is copied from the end, whether or not the
 // two overlap; otherwise from the start.
+// Raw 256-bit AVX2 registers, as in every block-move engine (vrx_memops.h).
 #include "vrx_memops.h"
 
 using namespace n0;
@@ -72,17 +73,14 @@ VRX_INLINE VrxStatus moveTyped(const T* pSrc, T* pDst, int len) {
 
 }  // namespace
 
-#define VRX_MOVE(suffix, T) \
-    VrxStatus N0(vrxsMove_##suffix)(const T* pSrc, T* pDst, int len) { return moveTyped(pSrc, pDst, len); }
-
-VRX_MOVE(8u, Vrx8u)
-VRX_MOVE(16s, Vrx16s)
-VRX_MOVE(32s, Vrx32s)
-VRX_MOVE(32f, Vrx32f)
-VRX_MOVE(16sc, Vrx16sc)
-VRX_MOVE(64s, Vrx64s)
-VRX_MOVE(64f, Vrx64f)
-VRX_MOVE(32sc, Vrx32sc)
-VRX_MOVE(32fc, Vrx32fc)
-VRX_MOVE(64sc, Vrx64sc)
-VRX_MOVE(64fc, Vrx64fc)
+VrxStatus N0(vrxsMove_8u)(const Vrx8u* pSrc, Vrx8u* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_16s)(const Vrx16s* pSrc, Vrx16s* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_32s)(const Vrx32s* pSrc, Vrx32s* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_32f)(const Vrx32f* pSrc, Vrx32f* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_16sc)(const Vrx16sc* pSrc, Vrx16sc* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_64s)(const Vrx64s* pSrc, Vrx64s* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_64f)(const Vrx64f* pSrc, Vrx64f* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_32sc)(const Vrx32sc* pSrc, Vrx32sc* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_32fc)(const Vrx32fc* pSrc, Vrx32fc* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_64sc)(const Vrx64sc* pSrc, Vrx64sc* pDst, int len) { return moveTyped(pSrc, pDst, len); }
+VrxStatus N0(vrxsMove_64fc)(const Vrx64fc* pSrc, Vrx64fc* pDst, int len) { return moveTyped(pSrc, pDst, len); }

@@ -1,6 +1,8 @@
 // Set and Zero: one pattern-fill engine serves every element size. Large
 // fills of patterns up to 8 bytes use the string store; set fills larger
 // than the largest cache use non-temporal stores.
+// The fill engines store a byte pattern in raw 256-bit AVX2 registers, as
+// the SIMD layer allows for move-only kernels (vrx_memops.h).
 #include "vrx_cache.h"
 #include "vrx_memops.h"
 
@@ -168,20 +170,17 @@ VRX_INLINE VrxStatus zeroTyped(T* pDst, int len) {
 
 }  // namespace
 
-#define VRX_ZERO(suffix, T) \
-    VrxStatus N0(vrxsZero_##suffix)(T* pDst, int len) { return zeroTyped(pDst, len); }
-
-VRX_ZERO(8u, Vrx8u)
-VRX_ZERO(16s, Vrx16s)
-VRX_ZERO(32s, Vrx32s)
-VRX_ZERO(32f, Vrx32f)
-VRX_ZERO(16sc, Vrx16sc)
-VRX_ZERO(64s, Vrx64s)
-VRX_ZERO(64f, Vrx64f)
-VRX_ZERO(32sc, Vrx32sc)
-VRX_ZERO(32fc, Vrx32fc)
-VRX_ZERO(64sc, Vrx64sc)
-VRX_ZERO(64fc, Vrx64fc)
+VrxStatus N0(vrxsZero_8u)(Vrx8u* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_16s)(Vrx16s* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_32s)(Vrx32s* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_32f)(Vrx32f* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_16sc)(Vrx16sc* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_64s)(Vrx64s* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_64f)(Vrx64f* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_32sc)(Vrx32sc* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_32fc)(Vrx32fc* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_64sc)(Vrx64sc* pDst, int len) { return zeroTyped(pDst, len); }
+VrxStatus N0(vrxsZero_64fc)(Vrx64fc* pDst, int len) { return zeroTyped(pDst, len); }
 
 // ------------------------------------------------------------------- Set
 

@@ -1,5 +1,7 @@
 // SwapBytes: the bytes of each element in reverse order. A 24u sample is
 // three bytes, of which the outer two trade places.
+// The byte shuffle has no name in the SIMD layer (no 8-bit lanes without
+// AVX-512BW): the kernel uses raw 256-bit AVX2 registers.
 #include "vrx_memops.h"
 
 using namespace n0;

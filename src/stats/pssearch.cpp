@@ -104,7 +104,7 @@ VRX_INLINE void sumWindowExact(const T* p, float* d, int len, int w) {
         inc = I::add(inc, I::shiftUp<2>(inc));
         inc = I::add(inc, I::shiftUp<4>(inc));
         inc = I::add(inc, I::shiftUp<8>(inc));
-        F::store(d + i, simd::int32ToFloat(I::add(carry, I::sub(inc, dv))));
+        F::store(d + i, simd::intToFloat(I::add(carry, I::sub(inc, dv))));
         carry = I::add(carry, I::broadcastLast(inc));
     }
     s = I::first(carry);

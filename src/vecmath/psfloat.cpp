@@ -45,7 +45,7 @@ struct LnF {
         // e = exponent of x / sqrt(1/2) rounded down; m = x / 2^e in [sqrt(1/2), sqrt(2))
         VI ei = I32::shr<23>(I32::sub(bits, I32::set1(0x3F3504F3)));
         F16 m = simd::floatsOf(I32::sub(bits, I32::shl<23>(ei)));
-        F16 e = simd::floatsFromInt32(ei);  // exact
+        F16 e = simd::intToFloat(ei);  // exact
         F16 f = F::sub(m, F::set1(1.0f));
         F16 f2 = F::mul(f, f);
         F16 f4 = F::mul(f2, f2);

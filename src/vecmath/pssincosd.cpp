@@ -373,7 +373,7 @@ VRX_INLINE F16 byPi(F16 x, __mmask16& rare) {
     p = F::fma(z, p, F::set1(-1.0f / 6.0f));
     F16 sn = F::fma(F::mul(r, z), p, r);
     // (-1)^(k+1)
-    VI ki = I32::add(simd::int32FromFloats(k), I32::set1(1));  // k is integral: exact
+    VI ki = I32::add(simd::floatToInt(k), I32::set1(1));  // k is integral: exact
     return F::xorb(sn, simd::floatsOf(I32::shl<31>(ki)));
 }
 

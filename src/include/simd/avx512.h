@@ -52,6 +52,10 @@ template <> struct V<float> {
     static VRX_INLINE R mul(R a, R b) { return _mm512_mul_ps(a, b); }
     static VRX_INLINE R div(R a, R b) { return _mm512_div_ps(a, b); }
     static VRX_INLINE R sqrt(R a) { return _mm512_sqrt_ps(a); }
+    // approximate 1/a, relative error below 2^-14
+    static VRX_INLINE R rcp14(R a) { return _mm512_rcp14_ps(a); }
+    // approximate 1/sqrt(a), relative error below 2^-14
+    static VRX_INLINE R rsqrt14(R a) { return _mm512_rsqrt14_ps(a); }
     static VRX_INLINE R fma(R a, R b, R c) { return _mm512_fmadd_ps(a, b, c); }
     static VRX_INLINE R fms(R a, R b, R c) { return _mm512_fmsub_ps(a, b, c); }
     static VRX_INLINE R fnma(R a, R b, R c) { return _mm512_fnmadd_ps(a, b, c); }
@@ -109,6 +113,11 @@ template <> struct V<float> {
         q = _mm_add_ps(q, _mm_movehl_ps(q, q));
         *even = _mm_cvtss_f32(q);
         *odd = _mm_cvtss_f32(_mm_movehdup_ps(q));
+    // even lanes a*b + c, odd lanes a*b - c, one rounding each
+    static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_ps(a, b, c); }
+    // lanes 0..7 each repeated into two adjacent lanes (a real onto a pair)
+    static VRX_INLINE R dupLowPairs(R a) {
+        return _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
     }
 };
 
@@ -134,6 +143,8 @@ template <> struct V<double> {
     static VRX_INLINE R mul(R a, R b) { return _mm512_mul_pd(a, b); }
     static VRX_INLINE R div(R a, R b) { return _mm512_div_pd(a, b); }
     static VRX_INLINE R sqrt(R a) { return _mm512_sqrt_pd(a); }
+    static VRX_INLINE R rcp14(R a) { return _mm512_rcp14_pd(a); }
+    static VRX_INLINE R rsqrt14(R a) { return _mm512_rsqrt14_pd(a); }
     static VRX_INLINE R fma(R a, R b, R c) { return _mm512_fmadd_pd(a, b, c); }
     static VRX_INLINE R fms(R a, R b, R c) { return _mm512_fmsub_pd(a, b, c); }
     static VRX_INLINE R fnma(R a, R b, R c) { return _mm512_fnmadd_pd(a, b, c); }
@@ -184,6 +195,7 @@ template <> struct V<double> {
         *even = _mm_cvtsd_f64(q);
         *odd = _mm_cvtsd_f64(_mm_unpackhi_pd(q, q));
     }
+    static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_pd(a, b, c); }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers
@@ -292,13 +304,26 @@ VRX_INLINE __m512i bitsOf(__m512 a) { return _mm512_castps_si512(a); }
 VRX_INLINE __m512i bitsOf(__m512d a) { return _mm512_castpd_si512(a); }
 VRX_INLINE __m512 floatsOf(__m512i a) { return _mm512_castsi512_ps(a); }
 VRX_INLINE __m512d doublesOf(__m512i a) { return _mm512_castsi512_pd(a); }
+// 32-bit integer lanes to floats, rounded in the caller's mode (exact
+// below 2^24 in magnitude).
+VRX_INLINE __m512 intToFloat(__m512i a) { return _mm512_cvtepi32_ps(a); }
+// Floats to 32-bit integer lanes, rounded in the caller's mode; a NaN or
+// out-of-range lane gives 0x80000000.
+VRX_INLINE __m512i floatToInt(__m512 a) { return _mm512_cvtps_epi32(a); }
+VRX_INLINE __m512i floatToIntTrunc(__m512 a) { return _mm512_cvttps_epi32(a); }
+// Doubles to 32-bit integers in the 8 lanes of a half register, rounded in
+// the caller's mode or truncated; a NaN or out-of-range lane gives
+// 0x80000000.
+VRX_INLINE __m256i doubleToInt(__m512d a) { return _mm512_cvtpd_epi32(a); }
+VRX_INLINE __m256i doubleToIntTrunc(__m512d a) { return _mm512_cvttpd_epi32(a); }
 // The low and high 8 floats of a register as doubles (exact).
 VRX_INLINE __m512d lowToDouble(__m512 a) { return _mm512_cvtps_pd(_mm512_castps512_ps256(a)); }
 VRX_INLINE __m512d highToDouble(__m512 a) {
     return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
 }
-// Signed 32-bit lanes to float in the caller's rounding mode (exact up to 2^24).
-VRX_INLINE __m512 int32ToFloat(__m512i a) { return _mm512_cvtepi32_ps(a); }
+// The 8 elements at p as doubles (exact).
+VRX_INLINE __m512d loadToDouble(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+VRX_INLINE __m512d loadToDouble(const int32_t* p) { return _mm512_cvtepi32_pd(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))); }
 // Two registers of doubles rounded to nearest (ties to even) into one of
 // floats, whatever the caller's mode: lo fills lanes 0..7, hi lanes 8..15.
 VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
@@ -307,9 +332,6 @@ VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
     return _mm512_castpd_ps(_mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_castps_pd(a)), _mm256_castps_pd(b), 1));
 }
 
-// 32-bit integers to floats and back in the caller's rounding mode.
-VRX_INLINE __m512 floatsFromInt32(__m512i a) { return _mm512_cvtepi32_ps(a); }
-VRX_INLINE __m512i int32FromFloats(__m512 a) { return _mm512_cvtps_epi32(a); }
 // One register of doubles rounded to nearest into floats 0..7; lanes 8..15
 // are unspecified.
 VRX_INLINE __m512 lowToFloat(__m512d a) {

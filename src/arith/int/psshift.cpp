@@ -4,8 +4,7 @@
 // signed ones. The shortcuts (count 0, count of the width or more) stand in
 // front of the general checks.
 #include "conv_forward.h"
-
-#include <immintrin.h>
+#include "simd/simd.h"
 
 #include <type_traits>
 
@@ -38,10 +37,13 @@ void shiftKernel(const T* s, T* d, int len, int c, bool left) {
     const Vrx8u* a = reinterpret_cast<const Vrx8u*>(s);
     Vrx8u* o = reinterpret_cast<Vrx8u*>(d);
     const size_t n = static_cast<size_t>(len) * sizeof(T);
-    const __m128i cnt = _mm_cvtsi32_si128(c);
     size_t i = 0;
     if constexpr (std::is_same_v<T, Vrx16s>) {
         if (!left) {
+            // 16-bit lanes have no register type in the layer and no 512-bit
+            // word shift without AVX-512BW: the arithmetic word shift runs
+            // on raw 256-bit registers, 16 elements each.
+            const __m128i cnt = _mm_cvtsi32_si128(c);
             auto op = [cnt](__m256i v) { return _mm256_sra_epi16(v, cnt); };
             for (; i + 128 <= n; i += 128) {
                 __m256i r0 = op(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i)));
@@ -59,24 +61,28 @@ void shiftKernel(const T* s, T* d, int len, int c, bool left) {
             return;
         }
     }
-    const __m512i m = _mm512_set1_epi32(static_cast<int>(laneMask<T>(c, left)));
-    auto op = [&](__m512i v) {
+    using U = simd::V<uint32_t>;
+    using I = simd::V<int32_t>;
+    const U::R m = U::set1(laneMask<T>(c, left)), cv = U::set1(static_cast<uint32_t>(c));
+    auto op = [&](U::R v) {
         if constexpr (std::is_same_v<T, Vrx32s>) {
-            return left ? _mm512_sll_epi32(v, cnt) : _mm512_sra_epi32(v, cnt);
+            return left ? U::shlv(v, cv) : I::shrv(v, cv);
         } else {
-            return _mm512_and_si512(left ? _mm512_sll_epi32(v, cnt) : _mm512_srl_epi32(v, cnt), m);
+            return U::andb(left ? U::shlv(v, cv) : U::shrv(v, cv), m);
         }
     };
+    auto ld = [](const Vrx8u* p) { return U::load(reinterpret_cast<const uint32_t*>(p)); };
+    auto st = [](Vrx8u* p, U::R v) { U::store(reinterpret_cast<uint32_t*>(p), v); };
     for (; i + 256 <= n; i += 256) {
-        __m512i r0 = op(_mm512_loadu_si512(a + i)), r1 = op(_mm512_loadu_si512(a + i + 64));
-        __m512i r2 = op(_mm512_loadu_si512(a + i + 128)), r3 = op(_mm512_loadu_si512(a + i + 192));
-        _mm512_storeu_si512(o + i, r0); _mm512_storeu_si512(o + i + 64, r1);
-        _mm512_storeu_si512(o + i + 128, r2); _mm512_storeu_si512(o + i + 192, r3);
+        auto r0 = op(ld(a + i)), r1 = op(ld(a + i + 64));
+        auto r2 = op(ld(a + i + 128)), r3 = op(ld(a + i + 192));
+        st(o + i, r0); st(o + i + 64, r1);
+        st(o + i + 128, r2); st(o + i + 192, r3);
     }
-    for (; i + 64 <= n; i += 64) _mm512_storeu_si512(o + i, op(_mm512_loadu_si512(a + i)));
+    for (; i + 64 <= n; i += 64) st(o + i, op(ld(a + i)));
     if (size_t q = (n - i) / 4) {
-        const __mmask16 k = static_cast<__mmask16>((1u << q) - 1u);
-        _mm512_mask_storeu_epi32(o + i, k, op(_mm512_maskz_loadu_epi32(k, a + i)));
+        const auto k = simd::tail<uint32_t>(q);
+        U::storem(reinterpret_cast<uint32_t*>(o + i), k, op(U::loadm(k, reinterpret_cast<const uint32_t*>(a + i))));
         i += 4 * q;
     }
     for (size_t k = i / sizeof(T); k < static_cast<size_t>(len); ++k) d[k] = scalarShift(s[k], c, left);
@@ -138,13 +144,22 @@ VrxStatus shiftArithI(int c, T* d, int len) {
 
 }  // namespace
 
-#define VRX_SHIFT_TYPE(S, T, RSHIFT, RSHIFT_I)                                                          \
-    VrxStatus N0(vrxsLShiftC_##S)(const T* s, int c, T* d, int len) { return shiftClearing<true>(s, c, d, len); } \
-    VrxStatus N0(vrxsLShiftC_##S##_I)(int c, T* d, int len) { return shiftClearingI<true>(c, d, len); }           \
-    VrxStatus N0(vrxsRShiftC_##S)(const T* s, int c, T* d, int len) { return RSHIFT(s, c, d, len); }              \
-    VrxStatus N0(vrxsRShiftC_##S##_I)(int c, T* d, int len) { return RSHIFT_I(c, d, len); }
+VrxStatus N0(vrxsLShiftC_8u)(const Vrx8u* s, int c, Vrx8u* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_8u_I)(int c, Vrx8u* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_8u)(const Vrx8u* s, int c, Vrx8u* d, int len) { return shiftClearing<false>(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_8u_I)(int c, Vrx8u* d, int len) { return shiftClearingI<false>(c, d, len); }
 
-VRX_SHIFT_TYPE(8u, Vrx8u, shiftClearing<false>, shiftClearingI<false>)
-VRX_SHIFT_TYPE(16u, Vrx16u, shiftClearing<false>, shiftClearingI<false>)
-VRX_SHIFT_TYPE(16s, Vrx16s, shiftArith, shiftArithI)
-VRX_SHIFT_TYPE(32s, Vrx32s, shiftArith, shiftArithI)
+VrxStatus N0(vrxsLShiftC_16u)(const Vrx16u* s, int c, Vrx16u* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_16u_I)(int c, Vrx16u* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_16u)(const Vrx16u* s, int c, Vrx16u* d, int len) { return shiftClearing<false>(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_16u_I)(int c, Vrx16u* d, int len) { return shiftClearingI<false>(c, d, len); }
+
+VrxStatus N0(vrxsLShiftC_16s)(const Vrx16s* s, int c, Vrx16s* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_16s_I)(int c, Vrx16s* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_16s)(const Vrx16s* s, int c, Vrx16s* d, int len) { return shiftArith(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_16s_I)(int c, Vrx16s* d, int len) { return shiftArithI(c, d, len); }
+
+VrxStatus N0(vrxsLShiftC_32s)(const Vrx32s* s, int c, Vrx32s* d, int len) { return shiftClearing<true>(s, c, d, len); }
+VrxStatus N0(vrxsLShiftC_32s_I)(int c, Vrx32s* d, int len) { return shiftClearingI<true>(c, d, len); }
+VrxStatus N0(vrxsRShiftC_32s)(const Vrx32s* s, int c, Vrx32s* d, int len) { return shiftArith(s, c, d, len); }
+VrxStatus N0(vrxsRShiftC_32s_I)(int c, Vrx32s* d, int len) { return shiftArithI(c, d, len); }

@@ -69,6 +69,9 @@ namespace {
 // sf 0: the rounded binary64 product, clamped, truncated. Otherwise
 // (a * 2^-sf) * b, clamped, converted by the rounding instruction at
 // nearest. A product beyond 53 bits is rounded once in binary64 first.
+// Eight 32-bit lanes (a half register) go to doubles and back: the layer
+// names no half-register integer load, store or conversion, so this kernel
+// keeps the raw instructions.
 template <bool Scaled>
 void mul32sF64(const Vrx32s* a, const Vrx32s* b, Vrx32s* d, size_t n, double pw) {
     const __m512d hi = _mm512_set1_pd(2147483647.0), lo = _mm512_set1_pd(-2147483648.0), p2 = _mm512_set1_pd(pw);
@@ -84,7 +87,7 @@ void mul32sF64(const Vrx32s* a, const Vrx32s* b, Vrx32s* d, size_t n, double pw)
                             kern(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i)),
                                  _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b + i))));
     if (i < n) {
-        const __mmask16 m = static_cast<__mmask16>((1u << (n - i)) - 1u);
+        const __mmask16 m = simd::tail<double>(n - i);
         __m256i x = _mm512_castsi512_si256(_mm512_maskz_loadu_epi32(m, a + i));
         __m256i y = _mm512_castsi512_si256(_mm512_maskz_loadu_epi32(m, b + i));
         _mm512_mask_storeu_epi32(d + i, m, _mm512_castsi256_si512(kern(x, y)));

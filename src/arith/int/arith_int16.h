@@ -6,8 +6,7 @@
 #pragma once
 
 #include "arith_int.h"
-
-#include <immintrin.h>
+#include "simd/simd.h"
 
 namespace n0::ar {
 
@@ -15,29 +14,29 @@ enum class Mode16 { NoScale, Pos, Neg };
 
 template <Op op, bool Const, Mode16 M>
 void kern16s(const Vrx16s* a, const Vrx16s* b, Vrx16s cval, Vrx16s* d, size_t n, int sf) {
-    const __m512i cv = _mm512_set1_epi32(cval);
-    const __m128i cnt = _mm_cvtsi32_si128(M == Mode16::Neg ? -sf : sf);
-    const __m512i one = _mm512_set1_epi32(1);
-    const __m512i bias = _mm512_set1_epi32(M == Mode16::Pos ? (1 << (sf - 1)) - 1 : 0);
+    using I = simd::V<int32_t>;
+    const auto cv = I::set1(cval);
+    const auto cnt = I::set1(M == Mode16::Neg ? -sf : sf);
+    const auto one = I::set1(1);
+    const auto bias = I::set1(M == Mode16::Pos ? (1 << (sf - 1)) - 1 : 0);
     // for a left shift by k: the values that survive it, one beyond each side
     const int k = M == Mode16::Neg ? -sf : 0;
-    const __m512i hiK = _mm512_set1_epi32((32767 >> k) + 1), loK = _mm512_set1_epi32(-(32768 >> k) - 1);
-    auto ld = [](const Vrx16s* p) { return _mm512_cvtepi16_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))); };
+    const auto hiK = I::set1((32767 >> k) + 1), loK = I::set1(-(32768 >> k) - 1);
     auto body = [&](size_t i) {
-        const __m512i x = ld(a + i);
-        const __m512i y = Const ? cv : ld(b + i);
-        __m512i r;
-        if constexpr (op == Op::Add) r = _mm512_add_epi32(x, y);
-        else if constexpr (op == Op::Sub) r = _mm512_sub_epi32(y, x);
-        else if constexpr (op == Op::SubRev) r = _mm512_sub_epi32(x, y);
-        else r = _mm512_mullo_epi32(x, y);
+        const auto x = simd::widen16s(a + i);
+        const auto y = Const ? cv : simd::widen16s(b + i);
+        I::R r;
+        if constexpr (op == Op::Add) r = I::add(x, y);
+        else if constexpr (op == Op::Sub) r = I::sub(y, x);
+        else if constexpr (op == Op::SubRev) r = I::sub(x, y);
+        else r = I::mullo(x, y);
         if constexpr (M == Mode16::Pos) {
-            const __m512i q = _mm512_sra_epi32(r, cnt);
-            r = _mm512_sra_epi32(_mm512_add_epi32(_mm512_add_epi32(r, bias), _mm512_and_si512(q, one)), cnt);
+            const auto q = I::shrv(r, cnt);
+            r = I::shrv(I::add(I::add(r, bias), I::andb(q, one)), cnt);
         } else if constexpr (M == Mode16::Neg) {
-            r = _mm512_sll_epi32(_mm512_max_epi32(_mm512_min_epi32(r, hiK), loK), cnt);
+            r = I::shlv(I::max(I::min(r, hiK), loK), cnt);
         }
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm512_cvtsepi32_epi16(r));
+        simd::narrowSat16s(d + i, I::kAll, r);
     };
     size_t i = 0;
     for (; i + 32 <= n; i += 32) { body(i); body(i + 16); }
