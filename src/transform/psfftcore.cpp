@@ -6,6 +6,7 @@
 #include "vrx_fft_simd.h"
 #include "vrx_fft_pass.h"
 #include "vrx_fft_sintab.h"
+#include "vrx_fft_layout.h"
 
 // The shuffle intrinsics of g++ 12 start from an undefined register, which
 // its uninitialised-value analysis reports once they are inlined.
@@ -308,35 +309,6 @@ template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o)
 
 // ------------------------------------------------------------ radix engine
 
-// The schedule of radices for complex order m. Entry 0 is the first pass,
-// which reads the input in bit-reversed order and needs no factors; each
-// further entry merges blocks of 2^s values by radix 2^t, reading its
-// factors from the twiddle table in this order.
-template <class T> constexpr int radixSchedule(int m, PassStep* ps) {
-    int n = 0;
-    int s = (sizeof(T) == 4 || m >= 11 || m == 4) ? 2 : 3;
-    ps[n++] = {0, s};
-    while (s < m) {
-        const int r = m - s;
-        int t;
-        if constexpr (sizeof(T) == 4) {
-            if (r == 3) t = 3;
-            else if (r >= 5 && s > 2 && m < 12) t = 3;
-            else if (s == 4 && (m & 1)) t = 3;
-            else t = 2;
-        } else {
-            if (r == 2 || r == 4) t = 2;
-            else if (m < 11) t = 3;
-            else if ((m & 1) == 0) t = 2;
-            else if (m == 11) t = s < 5 ? 3 : 2;
-            else t = (m >= 15 && s == 8) ? 2 : 3;
-        }
-        ps[n++] = {s, t};
-        s += t;
-    }
-    return n;
-}
-
 // The schedules of all orders of the radix engine, with the offset of each
 // pass's factors in the twiddle table.
 struct Schedule {
@@ -622,21 +594,12 @@ template <class T, bool Inv> void radixBlock(int m, const Cx<T>* tw, Cx<T>* p, C
 
 // ------------------------------------------------------------ table builders
 
-template <class T> int64_t radixTwiddleCount(int m) {
-    PassStep ps[16];
-    const int np = radixSchedule<T>(m, ps);
-    int64_t n = 0;
-    for (int i = 1; i < np; ++i) n += ((int64_t(1) << ps[i].t) - 1) * (int64_t(1) << ps[i].s);
-    return n;
-}
-
-uint8_t* initTabBitRevNorm(int m, int32_t* tab) {
-    if (m < 2) return align64(reinterpret_cast<uint8_t*>(tab));
+void initTabBitRevNorm(int m, int32_t* tab) {
+    if (m < 2) return;
     const int bits = m - 2;
     const int64_t n = int64_t(1) << bits;
     for (int64_t i = 0; i < n; ++i) tab[i] = static_cast<int32_t>(2 * revBits(static_cast<uint32_t>(i), bits));
     tab[n] = 0;
-    return align64(reinterpret_cast<uint8_t*>(tab + n + 1));
 }
 
 // Pass by pass in the order of the schedule: for each group of positions k,
@@ -659,12 +622,6 @@ template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
                 f += 2 * G;
             }
     }
-}
-
-template <class T> int32_t complexWorkSize(int m) {
-    if (m <= 6) return 0;
-    if (m <= Limits<T>::kRadixLast) return a64(int64_t(sizeof(Cx<T>)) << m);
-    return static_cast<int32_t>(largeWorkSize<T>(m));
 }
 
 
@@ -724,9 +681,7 @@ template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* d
 #define VRX_FFT_INSTANTIATE(T)                                                                          \
     template void smallComplex<T, false>(int, const Cx<T>*, Cx<T>*, T);                                \
     template void smallComplex<T, true>(int, const Cx<T>*, Cx<T>*, T);                                 \
-    template int64_t radixTwiddleCount<T>(int);                                                        \
     template void initTabTwdL1<T>(int, const SineTab<T>&, Cx<T>*);                                     \
-    template int32_t complexWorkSize<T>(int);                                                          \
     template void radixBlock<T, false>(int, const Cx<T>*, Cx<T>*, Cx<T>*);                             \
     template void radixBlock<T, true>(int, const Cx<T>*, Cx<T>*, Cx<T>*);                              \
     template void complexTransform<T, false>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*); \

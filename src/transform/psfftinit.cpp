@@ -1,5 +1,5 @@
 // FFT plans: size queries and initialisation of the six plan kinds.
-#include "vrx_fft.h"
+#include "vrx_fft_layout.h"
 #include "vrx_fft_sintab.h"
 #include "vrx_tiers.h"
 #include "vrx_fft_own.h"
@@ -10,71 +10,34 @@ namespace n0::fft {
 
 namespace {
 
-struct Kind {
-    int32_t id;
-    int maxOrder;
-    bool real;
-    bool dbl;
-};
-constexpr Kind kC32fc{kIdC32fc, 28, false, false};
-constexpr Kind kR32f{kIdR32f, 29, true, false};
-constexpr Kind kC64fc{kIdC64fc, 27, false, true};
-constexpr Kind kR64f{kIdR64f, 28, true, true};
-
 VRX_INLINE bool flagKnown(int flag) { return flag == 8 || flag == 4 || flag == 1 || flag == 2; }
 
-// Size of one recombination table of a real plan.
-int64_t recombSize(const Kind& k, int order) {
-    const int64_t N = int64_t(1) << order;
-    if (!k.dbl) return order <= 18 ? a64(2 * N) : a64(8 * (int64_t(1) << (order - 12)) + 8192);
-    return order <= 16 ? a64(4 * N) : a64(16 * (int64_t(1) << (order - 11)) + 8192);
-}
-
-void sizes(const Kind& k, int order, int32_t& spec, int32_t& init, int32_t& work) {
-    const int64_t N = int64_t(1) << order;
-    const int64_t initBig = k.dbl ? a64(2 * N + 8) + 64 : a64(N + 4) + 64;
-    if (!k.real) {
-        const int64_t e = k.dbl ? 16 : 8;
-        const int radixLast = k.dbl ? Limits<double>::kRadixLast : Limits<float>::kRadixLast;
-        if (order <= 6) { spec = 208; init = 0; work = 0; return; }
-        if (order <= radixLast) {
-            spec = static_cast<int32_t>(a64(e * N + e) + a64(N + 4) + 256);
-            init = static_cast<int32_t>(order < 11 ? 0 : initBig);
-            work = static_cast<int32_t>(a64(e * N) + 64);
-            return;
-        }
-        spec = static_cast<int32_t>((k.dbl ? largeSpecSize<double>(order) : largeSpecSize<float>(order)) + 256);
-        init = static_cast<int32_t>(initBig);
-        work = static_cast<int32_t>((k.dbl ? largeWorkSize<double>(order) : largeWorkSize<float>(order)) + 64);
-        return;
+// Every layout fits inside the sizes reported, at any misalignment of the
+// caller's blocks: the plan in the spec size, the sine table in the init
+// size.
+template <class T> constexpr bool layoutFits(const Kind& k) {
+    for (int order = 0; order <= k.maxOrder; ++order) {
+        const PlanSizes z = planSizes(k, order);
+        Carver plan, init;
+        planLayout<T>(plan, k, order);
+        initLayout<T>(init, order);
+        if (plan.size() + Carver::kSlack > z.spec) return false;
+        if (init.size() > 0 && init.size() + Carver::kSlack > z.init) return false;
     }
-    const int64_t M = N / 2;
-    const int64_t e = k.dbl ? 16 : 8;
-    const int64_t Q = recombSize(k, order);
-    const int radixLast = k.dbl ? Limits<double>::kRadixLast : Limits<float>::kRadixLast;
-    if (order <= 4) { spec = 208; init = 0; work = 0; return; }
-    if (order <= 7) { spec = static_cast<int32_t>(2 * a64((k.dbl ? 4 : 2) * N) + 256); init = 0; work = 0; return; }
-    if (order - 1 <= radixLast) {
-        spec = static_cast<int32_t>(a64(e * M + e) + a64(M + 4) + 2 * Q + 256);
-        init = static_cast<int32_t>(order < 11 ? 0 : initBig);
-        work = static_cast<int32_t>(a64(e * M) + 64);
-        return;
-    }
-    spec = static_cast<int32_t>((k.dbl ? largeSpecSize<double>(order - 1) : largeSpecSize<float>(order - 1)) + 2 * Q + 256);
-    init = static_cast<int32_t>(initBig);
-    work = static_cast<int32_t>((k.dbl ? largeWorkSize<double>(order - 1) : largeWorkSize<float>(order - 1)) + 64);
+    return true;
 }
+static_assert(layoutFits<float>(kC32fc) && layoutFits<float>(kR32f), "a single-precision plan outgrows its size");
+static_assert(layoutFits<double>(kC64fc) && layoutFits<double>(kR64f), "a double-precision plan outgrows its size");
 
 VrxStatus getSize(const Kind& k, int order, int flag, int* pSpec, int* pInit, int* pWork) {
     if (static_cast<unsigned>(order) > 30u) return vrxErrFftOrder;
     if (anyNull(pSpec, pInit, pWork)) return vrxErrNullPtr;
     if (!flagKnown(flag)) return vrxErrFftFlag;
     if (order > k.maxOrder) return vrxErrFftOrder;
-    int32_t s, i, w;
-    sizes(k, order, s, i, w);
-    *pSpec = s;
-    *pInit = i;
-    *pWork = w;
+    const PlanSizes z = planSizes(k, order);
+    *pSpec = z.spec;
+    *pInit = z.init;
+    *pWork = z.work;
     return vrxOk;
 }
 
@@ -116,7 +79,7 @@ template <class T> VRX_INLINE void putPaired(T* d, int64_t k, T first, T second)
     d[4 * g + 2 + odd] = second;
 }
 
-template <class T> uint8_t* buildRecomb(int order, const SineTab<T>& st, T* d, bool fwd) {
+template <class T> void buildRecomb(int order, const SineTab<T>& st, T* d, bool fwd) {
     const int64_t N = int64_t(1) << order;
     const int64_t q = N / 4;
     const bool two = recombTwoLevel<T>(order);
@@ -136,24 +99,6 @@ template <class T> uint8_t* buildRecomb(int order, const SineTab<T>& st, T* d, b
             *e++ = -s;
         }
     }
-    return reinterpret_cast<uint8_t*>(e);
-}
-
-// Both recombination tables behind the complex tables at p. A two-level
-// table that would outgrow its share of the plan (single precision from
-// order 22, where the coarse part passes the reserved room) is built once
-// and serves both directions, its values being the same.
-template <class T> uint8_t* buildRecombTables(Plan* plan, int order, int64_t room, const SineTab<T>& st, uint8_t* p) {
-    p = align64(p);
-    plan->recombFwdTab = p;
-    uint8_t* e = buildRecomb<T>(order, st, reinterpret_cast<T*>(p), true);
-    if (recombTwoLevel<T>(order) && align64(e) - p > room) {
-        plan->recombInvTab = p;
-        return e;
-    }
-    p = align64(e);
-    plan->recombInvTab = p;
-    return buildRecomb<T>(order, st, reinterpret_cast<T*>(p), false);
 }
 
 template <class T>
@@ -161,7 +106,9 @@ VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint
     if (!ppPlan) return vrxErrNullPtr;
     if (order < 0 || order > k.maxOrder) return vrxErrFftOrder;
     if (!pSpecMem) return vrxErrNullPtr;
-    Plan* plan = reinterpret_cast<Plan*>(align64(pSpecMem));
+    Carver c(pSpecMem);
+    const PlanPieces<T> o = planLayout<T>(c, k, order);
+    Plan* plan = o.hdr;
     memset(plan, 0, sizeof(Plan));
     plan->order = order;
     plan->algHint = hint;
@@ -177,7 +124,7 @@ VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint
     }
     if (sizeof(T) == 4) plan->normScale.f = static_cast<float>(scale);
     else plan->normScale.d = static_cast<double>(scale);
-    plan->idWord = k.id;
+    plan->idWord = idWord(k.id);
     const int smallEnd = k.real ? 4 : 6;
     if (order <= smallEnd) {
         plan->workSize = 0;
@@ -191,57 +138,61 @@ VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint
         st.tabOrder = 10;
     } else {
         if (!pInitBuf) return vrxErrNullPtr;
-        T* tab = reinterpret_cast<T*>(align64(pInitBuf));
+        Carver ci(pInitBuf);
+        T* tab = initLayout<T>(ci, order);
         if constexpr (sizeof(T) == 4) owns_initTabTwdBase_32f(order, tab);
         else owns_initTabTwdBase_64f(order, tab);
         st.tab = tab;
         st.tabOrder = order;
     }
-    uint8_t* p = reinterpret_cast<uint8_t*>(plan) + sizeof(Plan);
+    plan->bitRevTab = o.bitRev;
+    plan->twiddleTab = o.twiddle;
+    for (int l = 0; l < 3; ++l) plan->stepTab[l] = o.step[l];
+    plan->recombFwdTab = o.recombFwd;
+    plan->recombInvTab = o.recombInv;
     const int m = k.real ? order - 1 : order;
     if (!k.real || order >= 8) {
         if (m <= Limits<T>::kRadixLast) {
-            plan->bitRevTab = reinterpret_cast<int32_t*>(p);
-            p = initTabBitRevNorm(m, plan->bitRevTab);
-            plan->twiddleTab = p;
-            initTabTwdL1<T>(m, st, reinterpret_cast<Cx<T>*>(p));
-            p += radixTwiddleCount<T>(m) * int64_t(sizeof(Cx<T>));
+            initTabBitRevNorm(m, o.bitRev);
+            initTabTwdL1<T>(m, st, o.twiddle);
         } else {
-            p = initTabTwdLarge<T>(plan, m, st, p);
+            initTabTwdLarge<T>(plan, m, st);
         }
         plan->workSize = complexWorkSize<T>(m);
     } else {
         plan->workSize = 0;
     }
-    if (k.real) p = buildRecombTables<T>(plan, order, recombSize(k, order), st, p);
+    if (k.real) {
+        buildRecomb<T>(order, st, o.recombFwd, true);
+        if (o.recombInv != o.recombFwd) buildRecomb<T>(order, st, o.recombInv, false);
+    }
     *ppPlan = plan;
     return vrxOk;
 }
-
-VRX_INLINE const Plan* asPlan(const void* p) { return static_cast<const Plan*>(p); }
 
 }  // namespace
 
 }  // namespace n0::fft
 
 using namespace n0::fft;
+using n0::ObjId;
 
 namespace {
-VrxStatus bufSize(const void* plan, int* pSize, int32_t id) {
-    if (!plan || !pSize) return vrxErrNullPtr;
-    const Plan* p = asPlan(plan);
-    if (p->idWord != id) return vrxErrBadSpec;
+VrxStatus bufSize(const void* plan, int* pSize, ObjId id) {
+    if (!pSize) return vrxErrNullPtr;
+    const Plan* p;
+    if (VrxStatus st = n0::open(plan, id, &p)) return st;
     *pSize = p->workSize > 0 ? p->workSize + 64 : 0;
     return vrxOk;
 }
 }  // namespace
 
-VrxStatus N0(ownsFFTGetBufSize_C_32fc)(const VrxsFftPlan_C_32fc* plan, int* pSize) { return bufSize(plan, pSize, kIdC32fc); }
-VrxStatus N0(ownsFFTGetBufSize_C_32f)(const VrxsFftPlan_C_32f* plan, int* pSize) { return bufSize(plan, pSize, kIdC32f); }
-VrxStatus N0(ownsFFTGetBufSize_R_32f)(const VrxsFftPlan_R_32f* plan, int* pSize) { return bufSize(plan, pSize, kIdR32f); }
-VrxStatus N0(ownsFFTGetBufSize_C_64fc)(const VrxsFftPlan_C_64fc* plan, int* pSize) { return bufSize(plan, pSize, kIdC64fc); }
-VrxStatus N0(ownsFFTGetBufSize_C_64f)(const VrxsFftPlan_C_64f* plan, int* pSize) { return bufSize(plan, pSize, kIdC64f); }
-VrxStatus N0(ownsFFTGetBufSize_R_64f)(const VrxsFftPlan_R_64f* plan, int* pSize) { return bufSize(plan, pSize, kIdR64f); }
+VrxStatus N0(ownsFFTGetBufSize_C_32fc)(const VrxsFftPlan_C_32fc* plan, int* pSize) { return bufSize(plan, pSize, ObjId::FftC32fc); }
+VrxStatus N0(ownsFFTGetBufSize_C_32f)(const VrxsFftPlan_C_32f* plan, int* pSize) { return bufSize(plan, pSize, ObjId::FftC32f); }
+VrxStatus N0(ownsFFTGetBufSize_R_32f)(const VrxsFftPlan_R_32f* plan, int* pSize) { return bufSize(plan, pSize, ObjId::FftR32f); }
+VrxStatus N0(ownsFFTGetBufSize_C_64fc)(const VrxsFftPlan_C_64fc* plan, int* pSize) { return bufSize(plan, pSize, ObjId::FftC64fc); }
+VrxStatus N0(ownsFFTGetBufSize_C_64f)(const VrxsFftPlan_C_64f* plan, int* pSize) { return bufSize(plan, pSize, ObjId::FftC64f); }
+VrxStatus N0(ownsFFTGetBufSize_R_64f)(const VrxsFftPlan_R_64f* plan, int* pSize) { return bufSize(plan, pSize, ObjId::FftR64f); }
 
 VrxStatus N0(vrxsFFTGetSize_C_32fc)(int order, int flag, VrxAlgHint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
     return getSize(kC32fc, order, flag, pSpecSize, pInitSize, pWorkSize);
@@ -280,7 +231,7 @@ VrxStatus N0(vrxsFFTInit_C_32f)(VrxsFftPlan_C_32f** ppPlan, int order, int flag,
     VrxsFftPlan_C_32fc* p = nullptr;
     VrxStatus st = N0(vrxsFFTInit_C_32fc)(ppPlan ? &p : nullptr, order, flag, hint, pSpecMem, pInitBuf);
     if (st != vrxOk) return st;
-    reinterpret_cast<Plan*>(p)->idWord = kIdC32f;
+    reinterpret_cast<Plan*>(p)->idWord = idWord(ObjId::FftC32f);
     *ppPlan = reinterpret_cast<VrxsFftPlan_C_32f*>(p);
     return vrxOk;
 }
@@ -288,7 +239,7 @@ VrxStatus N0(vrxsFFTInit_C_64f)(VrxsFftPlan_C_64f** ppPlan, int order, int flag,
     VrxsFftPlan_C_64fc* p = nullptr;
     VrxStatus st = N0(vrxsFFTInit_C_64fc)(ppPlan ? &p : nullptr, order, flag, hint, pSpecMem, pInitBuf);
     if (st != vrxOk) return st;
-    reinterpret_cast<Plan*>(p)->idWord = kIdC64f;
+    reinterpret_cast<Plan*>(p)->idWord = idWord(ObjId::FftC64f);
     *ppPlan = reinterpret_cast<VrxsFftPlan_C_64f*>(p);
     return vrxOk;
 }

@@ -13,6 +13,7 @@
 #include "vrx_fft.h"
 #include "vrx_fft_pass.h"
 #include "vrx_fft_simd.h"
+#include "vrx_fft_layout.h"
 
 #include <type_traits>
 
@@ -313,13 +314,7 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
     const T sh = sqrtHalf<T>();
     // factors of one column group, and the share of the next group's that
     // each row's merge fetches ahead
-    int64_t perGroup = 0;
-    for (int64_t t = 0, c = w; t < blk;) {
-        const int tl = (blk == t + 2 || blk == t + 4 || blk == t + 6) ? 2 : 3;
-        perGroup += blk == t + 2 ? c : ((int64_t(1) << tl) - 1) * c;
-        c <<= tl;
-        t += tl;
-    }
+    const int64_t perGroup = stepGroupCount<T>(m);
     const int64_t tabBytes = perGroup * int64_t(sizeof(C));
     const int64_t tabShare = ((tabBytes / rows) + 63) & ~int64_t(63);
     const int64_t rowBytes = 2 * w * int64_t(sizeof(T));
@@ -424,20 +419,14 @@ T* stepFactors(T* f, const SineTab<T>& st, int64_t c0, int64_t w, int sub, int o
     return f;
 }
 
-template <class T> uint8_t* buildStep(Plan* plan, int m, int level, const SineTab<T>& st, uint8_t* p) {
+// The tables of a level of order m: the deepest level's twiddle table,
+// then this level's step table, both placed by planLayout.
+template <class T> void buildStep(const Plan* plan, int m, int level, const SineTab<T>& st) {
     const int blk = blockOrder<T>(m);
     const int sub = m - blk;
-    if (sub > Limits<T>::kRadixLast) {
-        p = buildStep<T>(plan, sub, level + 1, st, p);
-    } else {
-        p = align64(p);
-        plan->twiddleTab = p;
-        initTabTwdL1<T>(sub, st, reinterpret_cast<Cx<T>*>(p));
-        p += radixTwiddleCount<T>(sub) * int64_t(sizeof(Cx<T>));
-    }
-    p = align64(p);
-    plan->stepTab[level] = p;
-    T* f = reinterpret_cast<T*>(p);
+    if (sub > Limits<T>::kRadixLast) buildStep<T>(plan, sub, level + 1, st);
+    else initTabTwdL1<T>(sub, st, static_cast<Cx<T>*>(plan->twiddleTab));
+    T* f = static_cast<T*>(plan->stepTab[level]);
     static constexpr int kJ[7] = {1, 2, 3, 4, 5, 6, 7};
     const int64_t rowLen = int64_t(1) << sub;
     const int64_t w = int64_t(1) << (bufferOrder<T>(m) - blk);
@@ -448,22 +437,20 @@ template <class T> uint8_t* buildStep(Plan* plan, int m, int level, const SineTa
                 f = stepFactors<T>(f, st, c0, w, sub, m, c / 2, kJ, 2);
                 t += 2;
             } else {
-                const int tl = (blk == t + 4 || blk == t + 6) ? 2 : 3;
+                const int tl = outerRadixLog(blk, t);
                 f = stepFactors<T>(f, st, c0, w, sub, sub + t + tl, c, kJ, (1 << tl) - 1);
                 c <<= tl;
                 t += tl;
             }
         }
     }
-    return reinterpret_cast<uint8_t*>(f);
 }
 
 }  // namespace
 
-template <class T> uint8_t* initTabTwdLarge(Plan* plan, int m, const SineTab<T>& st, uint8_t* p) {
+template <class T> void initTabTwdLarge(const Plan* plan, int m, const SineTab<T>& st) {
     const int k = Limits<T>::kTileOrder;
-    int32_t* tab = reinterpret_cast<int32_t*>(p);
-    plan->bitRevTab = tab;
+    int32_t* tab = plan->bitRevTab;
     const int bits = m - 2 * k;
     const int64_t nT = int64_t(1) << bits;
     for (int64_t i = 0; i < nT; ++i) tab[i] = static_cast<int32_t>(revBits(static_cast<uint32_t>(i), bits) << k);
@@ -480,36 +467,11 @@ template <class T> uint8_t* initTabTwdLarge(Plan* plan, int m, const SineTab<T>&
     }
     list[front] = 0;
     list[n] = 0;
-    p = reinterpret_cast<uint8_t*>(list + n + 1);
-    return buildStep<T>(plan, m, 0, st, p);
+    buildStep<T>(plan, m, 0, st);
 }
-
-namespace {
-template <class T> void largeSizes(int m, bool top, int64_t& s, int64_t& w) {
-    const int64_t e = sizeof(Cx<T>);
-    const int blk = blockOrder<T>(m), buf = bufferOrder<T>(m);
-    if (m - blk <= Limits<T>::kRadixLast) {
-        s = a64(e * (int64_t(1) << (m - blk)) + e);
-        w = a64(e * (int64_t(1) << (m - blk)));
-    } else {
-        largeSizes<T>(m - blk, false, s, w);
-    }
-    s += e * (int64_t(1) << (m - 1));
-    if (w < (e << buf)) w = e << buf;
-    if (top) {
-        if (sizeof(T) == 4) { s += 4 * (int64_t(1) << (m - 12)) + 4160; if (w < 65536) w = 65536; }
-        else { s += 4 * (int64_t(1) << (m - 10)) + 1088; if (w < 32768) w = 32768; }
-    }
-}
-}  // namespace
-
-template <class T> int64_t largeSpecSize(int m) { int64_t s, w; largeSizes<T>(m, true, s, w); return s; }
-template <class T> int64_t largeWorkSize(int m) { int64_t s, w; largeSizes<T>(m, true, s, w); return w; }
 
 #define VRX_FFT_LARGE_INSTANTIATE(T)                                                                    \
-    template uint8_t* initTabTwdLarge<T>(Plan*, int, const SineTab<T>&, uint8_t*);                     \
-    template int64_t largeSpecSize<T>(int);                                                            \
-    template int64_t largeWorkSize<T>(int);                                                            \
+    template void initTabTwdLarge<T>(const Plan*, int, const SineTab<T>&);                             \
     template void largeRun<T, false>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*);  \
     template void largeRun<T, true>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*);
 

@@ -9,9 +9,6 @@
 
 namespace n0::fft {
 
-// Identity words of the six plan kinds.
-constexpr int32_t kIdC32fc = 4, kIdC32f = 5, kIdR32f = 6, kIdC64fc = 7, kIdC64f = 8, kIdR64f = 9;
-
 // The plan header. It sits on a 64-byte boundary of the caller's block; the
 // tables follow it in the same block.
 struct Plan {
@@ -34,7 +31,7 @@ static_assert(sizeof(Plan) == 96, "plan header must stay within the fixed slack 
 
 VRX_INLINE uintptr_t align64(uintptr_t a) { return (a + 63) & ~uintptr_t(63); }
 template <class T> VRX_INLINE T* align64(T* p) { return reinterpret_cast<T*>(align64(reinterpret_cast<uintptr_t>(p))); }
-VRX_INLINE int32_t a64(int64_t x) { return static_cast<int32_t>((x + 63) & ~int64_t(63)); }
+constexpr int32_t a64(int64_t x) { return static_cast<int32_t>((x + 63) & ~int64_t(63)); }
 
 // The low `bits` bits of x in reverse order.
 VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
@@ -66,10 +63,10 @@ template <> struct Limits<double> {
 };
 
 // Large-path order tables: block order and buffer order by complex order.
-template <class T> VRX_INLINE int blockOrder(int m) {
+template <class T> constexpr int blockOrder(int m) {
     return (m < Limits<T>::kLargeFirst) ? 0 : (m <= Limits<T>::kLargeFirst + 3 ? 4 : 8);
 }
-template <class T> VRX_INLINE int bufferOrder(int m) {
+template <class T> constexpr int bufferOrder(int m) {
     int b = blockOrder<T>(m);
     if (b == 0) return 0;
     return (sizeof(T) == 4 ? 10 : 9) + (b == 8 ? 4 : 0);
@@ -79,7 +76,7 @@ template <class T> VRX_INLINE int bufferOrder(int m) {
 // 2^17 (single) or 2^15 (double), two levels above, with kRecombFine fine
 // factors and one coarse factor per kRecombFine values of k.
 constexpr int kRecombFine = 512;
-template <class T> VRX_INLINE bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
+template <class T> constexpr bool recombTwoLevel(int order) { return sizeof(T) == 4 ? order >= 19 : order >= 17; }
 
 // Table builders and the engine (templates instantiated for float and
 // double in the engine modules).
@@ -111,20 +108,13 @@ struct PassStep {
     int s, t;
 };
 
-// Bytes of the radix engine's twiddle table for complex order m.
-template <class T> int64_t radixTwiddleCount(int m);
-// Builds the bit-reversal table; returns the next 64-byte boundary.
-uint8_t* initTabBitRevNorm(int m, int32_t* tab);
+// Builds the radix engine's bit-reversal table for order m.
+void initTabBitRevNorm(int m, int32_t* tab);
 // Builds the radix engine's per-pass twiddle table for order m.
 template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* dst);
-// Builds the large path's tables at pBase; returns the end; fills the plan's
-// bitRevTab, twiddleTab and stepTab.
-template <class T> uint8_t* initTabTwdLarge(Plan* plan, int m, const SineTab<T>& st, uint8_t* pBase);
-// Work bytes of a complex transform of order m (without slack).
-template <class T> int32_t complexWorkSize(int m);
-// Size of the table part of a complex plan of order m (S of the size rules for large orders).
-template <class T> int64_t largeSpecSize(int m);
-template <class T> int64_t largeWorkSize(int m);
+// Builds the large path's tables of order m at the plan's bitRevTab,
+// twiddleTab and stepTab (placed by planLayout in vrx_fft_layout.h).
+template <class T> void initTabTwdLarge(const Plan* plan, int m, const SineTab<T>& st);
 
 // Radix engine on a block of 2^m values already in bit-reversed order (the
 // rows of the large path), in place at p; work holds 2^m values.
