@@ -2,6 +2,7 @@
 // with the three packed spectrum forms CCS, Pack and Perm. Up to N = 16 the
 // transforms are straight-line real kernels.
 #include "vrx_fft.h"
+#include "vrx_layout.h"
 #include "vrx_fft_simd.h"
 
 #include <immintrin.h>
@@ -500,6 +501,8 @@ VrxStatus invReal(const void* planV, int32_t id, const T* pSrc, T* pDst, Vrx8u* 
 }
 
 }  // namespace
+
+constexpr int32_t kIdR32f = n0::idWord(n0::ObjId::FftR32f), kIdR64f = n0::idWord(n0::ObjId::FftR64f);
 
 #define VRX_REAL_FWD(F, T, ID, FORM)                                                                   \
     VrxStatus N0(vrxsFFTFwd_RTo##F##_##T)(const Vrx##T* pSrc, Vrx##T* pDst, const VrxsFftPlan_R_##T* plan, Vrx8u* pBuf) { \
