@@ -252,6 +252,20 @@ VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
     return _mm512_castpd_ps(_mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_castps_pd(a)), _mm256_castps_pd(b), 1));
 }
 
+// The low and high 8 int32 lanes of a register as doubles (exact).
+VRX_INLINE __m512d lowInt32ToDouble(__m512i a) { return _mm512_cvtepi32_pd(_mm512_castsi512_si256(a)); }
+VRX_INLINE __m512d highInt32ToDouble(__m512i a) { return _mm512_cvtepi32_pd(_mm512_extracti64x4_epi64(a, 1)); }
+// Two registers of doubles converted in the caller's MXCSR rounding mode
+// into one register: lo fills lanes 0..7, hi lanes 8..15. Out-of-range
+// lanes of the integer form give 0x80000000, as the scalar conversion.
+VRX_INLINE __m512 joinToFloatCur(__m512d lo, __m512d hi) {
+    return _mm512_castpd_ps(_mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_castps_pd(_mm512_cvtpd_ps(lo))),
+                                               _mm256_castps_pd(_mm512_cvtpd_ps(hi)), 1));
+}
+VRX_INLINE __m512i joinToInt32Cur(__m512d lo, __m512d hi) {
+    return _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtpd_epi32(lo)), _mm512_cvtpd_epi32(hi), 1);
+}
+
 // --------------------------------------------------- 8- and 16-bit lanes
 // The build has no AVX-512BW: 8- and 16-bit data are widened into the
 // 32-bit lanes of a zmm register (16 elements a register), computed there,
@@ -272,6 +286,11 @@ VRX_INLINE void narrowSat8s(int8_t* p, __mmask16 m, __m512i v) { _mm512_mask_cvt
 VRX_INLINE void narrowSat8u(uint8_t* p, __mmask16 m, __m512i v) {
     _mm512_mask_cvtusepi32_storeu_epi8(p, m, _mm512_max_epi32(v, _mm512_setzero_si512()));
 }
+
+// 32-bit lanes stored as their low 16 or 8 bits (no saturation); only the
+// lanes of m are written.
+VRX_INLINE void narrowLow16(int16_t* p, __mmask16 m, __m512i v) { _mm512_mask_cvtepi32_storeu_epi16(p, m, v); }
+VRX_INLINE void narrowLow8(uint8_t* p, __mmask16 m, __m512i v) { _mm512_mask_cvtepi32_storeu_epi8(p, m, v); }
 
 // Orders earlier streaming stores before later stores.
 VRX_INLINE void streamFence() { _mm_sfence(); }
