@@ -1296,9 +1296,10 @@ VRXAPI(VrxStatus, vrxsRandGauss_64f, (Vrx64f* pDst, int len, VrxsRandGaussState*
  * (the optimal Blackman, vrxsWinBlackmanOpt), vrxWinHamming, vrxWinHann;
  * any other value applies no window and is no error. If doNormal != 0 the
  * taps are divided by the gain at a reference frequency: 0 for Lowpass and
- * Bandstop, Nyquist for Highpass (taken as the alternating sum that starts
- * with -pTaps[0], so that the sign of the result follows that convention),
- * the centre (low + high)/2 for Bandpass. Last the first half is mirrored
+ * Bandstop, Nyquist for Highpass (the alternating sum that starts with
+ * -pTaps[0] and runs through the centre, so a normalised odd-length
+ * Highpass with an even half, N = 5, 9, 13, ..., has gain -1 at Nyquist),
+ * the centre (low + high)/2 for Bandpass, by one more tone. Last the first half is mirrored
  * onto the second: symmetric, except the even-length Highpass, which is
  * antisymmetric (pTaps[N-1-i] = -pTaps[i]).
  * pBuffer: vrxsFIRGenGetBufferSize bytes, any alignment (aligned up to 16

@@ -117,6 +117,30 @@ struct Gen {
         a = x;
         return x;
     }
+    // n subtractive words into xs, three a round so that the words rotate
+    // through the registers instead of being moved.
+    VRX_INLINE void fill(uint32_t* xs, int n) {
+        uint32_t p = a, q = b, r = c, br = borrow;
+        auto step = [&br](uint32_t hi, uint32_t lo) {
+            const uint32_t v = hi - lo + br;
+            br = static_cast<uint32_t>(static_cast<int32_t>(v) >> 31);
+            return v - (18u & br);  // no branch: the sign is a coin toss
+        };
+        int i = 0;
+        for (; i + 3 <= n; i += 3) {
+            r = step(q, r);  // (a, b, c) = (r, p, q)
+            q = step(p, q);  // (q, r, p)
+            p = step(r, p);  // (p, q, r)
+            xs[i] = r;
+            xs[i + 1] = q;
+            xs[i + 2] = p;
+        }
+        a = p;
+        b = q;
+        c = r;
+        borrow = br;
+        for (; i < n; ++i) xs[i] = swb();
+    }
     // One raw number, signed.
     VRX_INLINE int32_t next() {
         const uint32_t x = swb();
@@ -205,7 +229,7 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
     VU::R lastLcg = lcg;
     for (int i0 = 0; i0 < len; i0 += kBlock) {
         const int n = len - i0 < kBlock ? len - i0 : kBlock;
-        for (int i = 0; i < n; ++i) xs[i] = g.swb();
+        g.fill(xs, n);
         for (int j = 0; j < n; j += 16) {
             const int m = n - j < 16 ? n - j : 16;
             const VU::R u = VU::add(VU::load(xs + j), lcg);
