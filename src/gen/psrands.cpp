@@ -199,6 +199,7 @@ VRX_INLINE void putGroup(Vrx8u* d, int n, __m512d lo, __m512d hi) {
 }
 
 constexpr int kBlock = 256;  // subtractive words buffered per pass
+constexpr int kPairs = 64;   // normal pairs per batch
 
 template <class T>
 VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
@@ -301,24 +302,44 @@ VrxStatus gaussRun(T* pDst, int len, VrxsRandGaussState* pState, ObjId id) {
         s.empty = 1;
         i = 1;
     }
+    // Pairs in batches: accepted pairs first (the generator in order), then
+    // the logarithms, then the factors in vector lanes (division and square
+    // root are correctly rounded, so lanes equal the scalar form), then the
+    // outputs. The last pair of a call may be cut, and is held.
+    alignas(64) double P[kPairs], Q[kPairs], R[kPairs], F[kPairs];
     while (i < len) {
-        double p, q, r;
-        do {
-            p = static_cast<double>(g.next()) * kTwoM31;
-            q = static_cast<double>(g.next()) * kTwoM31;
-            r = __builtin_fma(q, q, p * p);
-        } while (r >= 1.0 || r == 0.0);
-        const double f = sqrt(-2.0 * log(r) / r);
-        putG(pDst + i, __builtin_fma(p * sd, f, mean));
-        ++i;
-        if (i < len) {
-            putG(pDst + i, __builtin_fma(q * sd, f, mean));
+        const int left = len - i;
+        const int np = left / 2 + (left & 1) < kPairs ? left / 2 + (left & 1) : kPairs;
+        for (int k = 0; k < np; ++k) {
+            double p, q, r;
+            do {
+                p = static_cast<double>(g.next()) * kTwoM31;
+                q = static_cast<double>(g.next()) * kTwoM31;
+                r = __builtin_fma(q, q, p * p);
+            } while (r >= 1.0 || r == 0.0);
+            P[k] = p;
+            Q[k] = q;
+            R[k] = r;
+        }
+        for (int k = 0; k < np; ++k) F[k] = log(R[k]);
+        for (int k = 0; k < np; k += VD::N) {
+            const auto m = simd::tail<double>(static_cast<size_t>(np - k));
+            const VD::R r = VD::loadm(m, R + k, 1.0);
+            VD::storem(F + k, m, VD::sqrt(VD::div(VD::mul(VD::set1(-2.0), VD::loadm(m, F + k)), r)));
+        }
+        for (int k = 0; k < np; ++k) {
+            const double f = F[k];
+            putG(pDst + i, __builtin_fma(P[k] * sd, f, mean));
             ++i;
-        } else {
-            s.empty = 0;
-            s.factor = f;
-            s.second = q;
-            s.first = p;
+            if (i < len) {
+                putG(pDst + i, __builtin_fma(Q[k] * sd, f, mean));
+                ++i;
+            } else {
+                s.empty = 0;
+                s.factor = f;
+                s.second = Q[k];
+                s.first = P[k];
+            }
         }
     }
     g.save(s);
