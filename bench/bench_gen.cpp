@@ -1,11 +1,15 @@
 // Signal generators: window functions against a scalar loop that calls cos
 // for every weight (and liquid-dsp's per-sample window functions when it is
 // installed), Tone with both hints against a scalar sin loop; 1 Ki and
-// 64 Ki elements, side by side in one run.
+// 64 Ki elements, side by side in one run. Random numbers against
+// std::mt19937 with the standard distributions and liquid-dsp's randf and
+// randnf (1 Ki, 64 Ki, 1 Mi); FIR design against liquid_firdes_kaiser at 31,
+// 255 and 4095 taps.
 #include <benchmark/benchmark.h>
 #include <math.h>
 
 #include <complex>
+#include <random>
 #include <vector>
 
 #include "vrxs.h"
@@ -168,6 +172,107 @@ void BM_ScalarSin_64f(benchmark::State& st) {
     setItems(st);
 }
 
+// ---------------------------------------------------------- random numbers
+template <class T>
+void BM_RandUniform(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<T> dst(n);
+    std::vector<uint8_t> mem(64);
+    auto* s = reinterpret_cast<VrxsRandUniformState*>(mem.data());
+    if constexpr (sizeof(T) == 4) vrxsRandUniformInit_32f(s, -1.0f, 1.0f, 1);
+    else vrxsRandUniformInit_64f(s, -1.0, 1.0, 1);
+    for (auto _ : st) {
+        if constexpr (sizeof(T) == 4) vrxsRandUniform_32f(dst.data(), n, s);
+        else vrxsRandUniform_64f(dst.data(), n, s);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+template <class T>
+void BM_StdUniform(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<T> dst(n);
+    std::mt19937 g(1);
+    std::uniform_real_distribution<T> d(T(-1), T(1));
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = d(g);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+template <class T>
+void BM_RandGauss(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<T> dst(n);
+    std::vector<uint8_t> mem(80);
+    auto* s = reinterpret_cast<VrxsRandGaussState*>(mem.data());
+    if constexpr (sizeof(T) == 4) vrxsRandGaussInit_32f(s, 0.0f, 1.0f, 1);
+    else vrxsRandGaussInit_64f(s, 0.0, 1.0, 1);
+    for (auto _ : st) {
+        if constexpr (sizeof(T) == 4) vrxsRandGauss_32f(dst.data(), n, s);
+        else vrxsRandGauss_64f(dst.data(), n, s);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+template <class T>
+void BM_StdNormal(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<T> dst(n);
+    std::mt19937 g(1);
+    std::normal_distribution<T> d(T(0), T(1));
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = d(g);
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+#ifdef VRX_HAVE_LIQUID
+void BM_LiquidRandf(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = randf();
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+void BM_LiquidRandnf(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<float> dst(n);
+    for (auto _ : st) {
+        for (int i = 0; i < n; ++i) dst[i] = randnf();
+        benchmark::DoNotOptimize(dst.data());
+    }
+    setItems(st);
+}
+#endif
+
+// -------------------------------------------------------------- FIR design
+void BM_FIRGenLowpass_64f(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<double> taps(n);
+    int size = 0;
+    vrxsFIRGenGetBufferSize(n, &size);
+    std::vector<uint8_t> buf(size);
+    for (auto _ : st) {
+        vrxsFIRGenLowpass_64f(0.2, taps.data(), n, vrxWinHamming, 1, buf.data());
+        benchmark::DoNotOptimize(taps.data());
+    }
+    setItems(st);
+}
+#ifdef VRX_HAVE_LIQUID
+void BM_LiquidFirdesKaiser(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    std::vector<float> taps(n);
+    for (auto _ : st) {
+        liquid_firdes_kaiser(static_cast<unsigned>(n), 0.2f, 60.0f, 0.0f, taps.data());
+        benchmark::DoNotOptimize(taps.data());
+    }
+    setItems(st);
+}
+#endif
+
 }  // namespace
 
 #define SIZES ->Arg(1 << 10)->Arg(1 << 16)
@@ -189,5 +294,26 @@ BENCHMARK(BM_ScalarSin_32f) SIZES;
 BENCHMARK_TEMPLATE(BM_Tone_64f, vrxAlgHintFast) SIZES;
 BENCHMARK_TEMPLATE(BM_Tone_64f, vrxAlgHintAccurate) SIZES;
 BENCHMARK(BM_ScalarSin_64f) SIZES;
+
+#define RAND_SIZES ->Arg(1 << 10)->Arg(1 << 16)->Arg(1 << 20)
+BENCHMARK_TEMPLATE(BM_RandUniform, float) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_StdUniform, float) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_RandUniform, double) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_StdUniform, double) RAND_SIZES;
+#ifdef VRX_HAVE_LIQUID
+BENCHMARK(BM_LiquidRandf) RAND_SIZES;
+#endif
+BENCHMARK_TEMPLATE(BM_RandGauss, float) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_StdNormal, float) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_RandGauss, double) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_StdNormal, double) RAND_SIZES;
+#ifdef VRX_HAVE_LIQUID
+BENCHMARK(BM_LiquidRandnf) RAND_SIZES;
+#endif
+#define FIR_SIZES ->Arg(31)->Arg(255)->Arg(4095)
+BENCHMARK(BM_FIRGenLowpass_64f) FIR_SIZES;
+#ifdef VRX_HAVE_LIQUID
+BENCHMARK(BM_LiquidFirdesKaiser) FIR_SIZES;
+#endif
 
 BENCHMARK_MAIN();

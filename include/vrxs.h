@@ -1535,7 +1535,101 @@ VRXAPI(VrxStatus, vrxsVectorSlope_32s, (Vrx32s* pDst, int len, Vrx64f offset, Vr
 VRXAPI(VrxStatus, vrxsVectorSlope_32f, (Vrx32f* pDst, int len, Vrx64f offset, Vrx64f slope))
 VRXAPI(VrxStatus, vrxsVectorSlope_64f, (Vrx64f* pDst, int len, Vrx64f offset, Vrx64f slope))
 
+/*
+ * Random numbers. A state holds one 32-bit source: a subtract-with-borrow
+ * generator (modulo 2^32 - 18) added to a congruential one
+ * (X = X * 69069 + 0x3C6EF373), both in wrapping arithmetic. The state
+ * lives at the caller's pointer, at any alignment, sized by GetSize and
+ * filled by Init; a given seed gives the same sequence always, and Init with
+ * the same seed restarts it. A state is written by every call: use one state
+ * per thread (or lock around it). There is no free.
+ *
+ * GetSize: *pSize = 56, 56, 56, 64 bytes (Uniform 8u, 16s, 32f, 64f) and
+ * 64, 64, 72, 80 (Gauss). Checks: pSize null -8.
+ */
+VRXAPI(VrxStatus, vrxsRandUniformGetSize_8u, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandUniformGetSize_16s, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandUniformGetSize_32f, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandUniformGetSize_64f, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandGaussGetSize_8u, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandGaussGetSize_16s, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandGaussGetSize_32f, (int* pSize))
+VRXAPI(VrxStatus, vrxsRandGaussGetSize_64f, (int* pSize))
+
+/* Uniform Init: numbers in [low, high) (half open; rounding may reach high
+ * in the 32f and integer forms). low > high is accepted (negative scale).
+ * Checks: pState null -8; nothing else is checked. */
+VRXAPI(VrxStatus, vrxsRandUniformInit_8u, (VrxsRandUniformState* pState, Vrx8u low, Vrx8u high, Vrx32u seed))
+VRXAPI(VrxStatus, vrxsRandUniformInit_16s, (VrxsRandUniformState* pState, Vrx16s low, Vrx16s high, Vrx32u seed))
+VRXAPI(VrxStatus, vrxsRandUniformInit_32f, (VrxsRandUniformState* pState, Vrx32f low, Vrx32f high, Vrx32u seed))
+VRXAPI(VrxStatus, vrxsRandUniformInit_64f, (VrxsRandUniformState* pState, Vrx64f low, Vrx64f high, Vrx32u seed))
+
+/* Uniform: pDst[n] = u * (high - low) 2^-32 + (low + high)/2 by one fused
+ * multiply-add in double, u the next raw number as a signed 32-bit value.
+ * 32f rounds to single precision; 8u and 16s convert in the caller's
+ * rounding mode and keep the low bits (no saturation).
+ * Checks: pDst or pState null -8, len < 1 -6, a state of another family or
+ * type -17 (vrxErrBadSpec). On failure the state is unchanged. */
+VRXAPI(VrxStatus, vrxsRandUniform_8u, (Vrx8u* pDst, int len, VrxsRandUniformState* pState))
+VRXAPI(VrxStatus, vrxsRandUniform_16s, (Vrx16s* pDst, int len, VrxsRandUniformState* pState))
+VRXAPI(VrxStatus, vrxsRandUniform_32f, (Vrx32f* pDst, int len, VrxsRandUniformState* pState))
+VRXAPI(VrxStatus, vrxsRandUniform_64f, (Vrx64f* pDst, int len, VrxsRandUniformState* pState))
+
+/* Gauss Init: normal numbers of the given mean and standard deviation (the
+ * sign of stdDev is not checked). Checks: pState null -8. */
+VRXAPI(VrxStatus, vrxsRandGaussInit_8u, (VrxsRandGaussState* pState, Vrx8u mean, Vrx8u stdDev, Vrx32u seed))
+VRXAPI(VrxStatus, vrxsRandGaussInit_16s, (VrxsRandGaussState* pState, Vrx16s mean, Vrx16s stdDev, Vrx32u seed))
+VRXAPI(VrxStatus, vrxsRandGaussInit_32f, (VrxsRandGaussState* pState, Vrx32f mean, Vrx32f stdDev, Vrx32u seed))
+VRXAPI(VrxStatus, vrxsRandGaussInit_64f, (VrxsRandGaussState* pState, Vrx64f mean, Vrx64f stdDev, Vrx32u seed))
+
+/* Gauss: polar method on pairs of raw numbers p, q (times 2^-31), both drawn
+ * on every attempt, s = q^2 + p^2 (rejected when s >= 1 or s == 0),
+ * f = sqrt(-2 ln(s) / s); outputs mean + (p stdDev) f, then
+ * mean + (q stdDev) f, by fused multiply-add in double. An odd element left
+ * at the end keeps its pair's second deviate for the next call, which
+ * starts with mean + stdDev (f q); so calls of odd lengths continue one
+ * sequence (the held deviate may differ from the unsplit one in the last
+ * bit of a 64f value). 8u and 16s clamp to the type's range, then convert
+ * in the caller's rounding mode. Checks as for Uniform (-8, -6, -17). */
+VRXAPI(VrxStatus, vrxsRandGauss_8u, (Vrx8u* pDst, int len, VrxsRandGaussState* pState))
+VRXAPI(VrxStatus, vrxsRandGauss_16s, (Vrx16s* pDst, int len, VrxsRandGaussState* pState))
+VRXAPI(VrxStatus, vrxsRandGauss_32f, (Vrx32f* pDst, int len, VrxsRandGaussState* pState))
+VRXAPI(VrxStatus, vrxsRandGauss_64f, (Vrx64f* pDst, int len, VrxsRandGaussState* pState))
+
 /* ------------------------------------------ end of windows, tones, ramps */
+
+/* ----------------------------------------------------------- FIR design */
+
+/*
+ * Window-method design of linear-phase FIR filters in double. Frequencies
+ * are relative to the sampling rate (0.5 is Nyquist) and must lie strictly
+ * between 0 and 0.5. The ideal response is sampled at the taps before the
+ * centre (and the centre for odd tapsLen) from tones of vrxsTone_64f, then
+ * windowed over all tapsLen taps: winType vrxWinBartlett, vrxWinBlackman
+ * (the optimal Blackman, vrxsWinBlackmanOpt), vrxWinHamming, vrxWinHann;
+ * any other value applies no window and is no error. If doNormal != 0 the
+ * taps are divided by the gain at a reference frequency: 0 for Lowpass and
+ * Bandstop, Nyquist for Highpass (the alternating sum that starts with
+ * -pTaps[0] and runs through the centre, so a normalised odd-length
+ * Highpass with an even half, N = 5, 9, 13, ..., has gain -1 at Nyquist),
+ * the centre (low + high)/2 for Bandpass, by one more tone. Last the first half is mirrored
+ * onto the second: symmetric, except the even-length Highpass, which is
+ * antisymmetric (pTaps[N-1-i] = -pTaps[i]).
+ * pBuffer: vrxsFIRGenGetBufferSize bytes, any alignment (aligned up to 16
+ * on use); nothing in it survives the call.
+ * Checks, in this order: pTaps or pBuffer null -8; tapsLen < 5, a frequency
+ * not in (0, 0.5) or rLowFreq >= rHighFreq -6 (vrxErrBadLength, also for the
+ * frequencies). Nothing is written on failure.
+ */
+VRXAPI(VrxStatus, vrxsFIRGenLowpass_64f, (Vrx64f rFreq, Vrx64f* pTaps, int tapsLen, VrxWinType winType, int doNormal, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsFIRGenHighpass_64f, (Vrx64f rFreq, Vrx64f* pTaps, int tapsLen, VrxWinType winType, int doNormal, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsFIRGenBandpass_64f, (Vrx64f rLowFreq, Vrx64f rHighFreq, Vrx64f* pTaps, int tapsLen, VrxWinType winType, int doNormal, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsFIRGenBandstop_64f, (Vrx64f rLowFreq, Vrx64f rHighFreq, Vrx64f* pTaps, int tapsLen, VrxWinType winType, int doNormal, Vrx8u* pBuffer))
+
+/* Work-buffer size of the design functions: *pBufferSize =
+ * (((tapsLen >> 1) * 16 + 46) & ~31) + 16 bytes, two half-length tones.
+ * Checks: pBufferSize null -8, tapsLen < 5 -6. */
+VRXAPI(VrxStatus, vrxsFIRGenGetBufferSize, (int tapsLen, int* pBufferSize))
 
 
 #undef VRXAPI

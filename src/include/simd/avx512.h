@@ -337,6 +337,16 @@ VRX_INLINE __m512 joinToFloat(__m512d lo, __m512d hi) {
 VRX_INLINE __m512 lowToFloat(__m512d a) {
     return _mm512_castps256_ps512(_mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
 }
+// Two registers of doubles converted in the caller's MXCSR rounding mode
+// into one register: lo fills lanes 0..7, hi lanes 8..15. Out-of-range
+// lanes of the integer form give 0x80000000, as the scalar conversion.
+VRX_INLINE __m512 joinToFloatCur(__m512d lo, __m512d hi) {
+    return _mm512_castpd_ps(_mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_castps_pd(_mm512_cvtpd_ps(lo))),
+                                               _mm256_castps_pd(_mm512_cvtpd_ps(hi)), 1));
+}
+VRX_INLINE __m512i joinToInt32Cur(__m512d lo, __m512d hi) {
+    return _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtpd_epi32(lo)), _mm512_cvtpd_epi32(hi), 1);
+}
 
 // --------------------------------------------------- 8- and 16-bit lanes
 // The build has no AVX-512BW: 8- and 16-bit data are widened into the
@@ -509,6 +519,10 @@ VRX_INLINE Total4 foldToTotal4(__m512 s, Total4 d) {
     return _mm256_add_pd(d, w);
 }
 VRX_INLINE void storeTotal4(double* p, Total4 d) { _mm256_storeu_pd(p, d); }
+// 32-bit lanes stored as their low 16 or 8 bits (no saturation); only the
+// lanes of m are written.
+VRX_INLINE void narrowLow16(int16_t* p, __mmask16 m, __m512i v) { _mm512_mask_cvtepi32_storeu_epi16(p, m, v); }
+VRX_INLINE void narrowLow8(uint8_t* p, __mmask16 m, __m512i v) { _mm512_mask_cvtepi32_storeu_epi8(p, m, v); }
 
 // Orders earlier streaming stores before later stores.
 VRX_INLINE void streamFence() { _mm_sfence(); }

@@ -1,0 +1,406 @@
+// Random numbers: uniform and normal, from one 32-bit source, the sum of a
+// subtract-with-borrow generator (modulo 2^32 - 18) and a congruential
+// generator. The state sits at the caller's pointer with no alignment of
+// its own; a call copies it in, runs, and copies it back, so a failed call
+// leaves it as it was and unaligned fields cost nothing in the loops.
+//
+// The borrow chain is serial; the congruential word is not, and runs in
+// sixteen jump-ahead lanes, so the uniform loop is a scalar chain of
+// subtractive words into a small buffer followed by a vector pass (sum,
+// conversion to double, one fused multiply-add, conversion to the type).
+#include "vrx_base.h"
+#include "vrx_layout.h"
+#include "simd/simd.h"
+
+#include <math.h>
+#include <string.h>
+
+using namespace n0;
+
+namespace {
+
+constexpr uint32_t kLcgMul = 69069u;        // 0x10DCD
+constexpr uint32_t kLcgAdd = 0x3C6EF373u;
+constexpr uint32_t kLcgInit = 0x436CBAE9u;
+constexpr double kTwoM32 = 2.3283064365386963e-10;  // 2^-32
+constexpr double kTwoM31 = 4.656612873077393e-10;   // 2^-31
+
+// ----------------------------------------------------------------- states
+// Fields in this order, naturally aligned relative to the state's start.
+template <class T>
+struct UniformState {
+    int32_t id;
+    uint32_t seed;
+    T low;
+    T high;
+    double mid;    // (low + high) * 0.5
+    double scale;  // (high - low) * 2^-32
+    uint32_t lcg;
+    int32_t a, b, c;  // subtractive words, newest first
+    int32_t borrow;   // 0 or -1
+};
+
+template <class T>
+struct GaussState {
+    int32_t id;
+    uint32_t seed;
+    T mean;
+    T stdDev;
+    uint32_t lcg;
+    int32_t a, b, c;
+    int32_t borrow;
+    int32_t empty;  // 1: no spare deviate held
+    double factor;  // the held pair: polar factor and coordinates
+    double second;
+    double first;
+};
+
+// The one layout of a state: a single piece at the caller's pointer, with
+// no alignment (byte alignment keeps the offsets fixed from any start).
+template <class S>
+constexpr S* stateLayout(Carver& c) { return c.take<S>(1, 1); }
+
+template <class S>
+constexpr int64_t stateBytes() {
+    Carver c;
+    stateLayout<S>(c);
+    return c.size();
+}
+
+// The sizes that GetSize reports. The Gauss 32f and 64f figures are 8 bytes
+// above the natural layout and are reported as they are.
+constexpr int kUniformSize8u = 56, kUniformSize16s = 56, kUniformSize32f = 56, kUniformSize64f = 64;
+constexpr int kGaussSize8u = 64, kGaussSize16s = 64, kGaussSize32f = 72, kGaussSize64f = 80;
+static_assert(stateBytes<UniformState<Vrx8u>>() <= kUniformSize8u);
+static_assert(stateBytes<UniformState<Vrx16s>>() <= kUniformSize16s);
+static_assert(stateBytes<UniformState<Vrx32f>>() <= kUniformSize32f);
+static_assert(stateBytes<UniformState<Vrx64f>>() <= kUniformSize64f);
+static_assert(stateBytes<GaussState<Vrx8u>>() <= kGaussSize8u);
+static_assert(stateBytes<GaussState<Vrx16s>>() <= kGaussSize16s);
+static_assert(stateBytes<GaussState<Vrx32f>>() <= kGaussSize32f);
+static_assert(stateBytes<GaussState<Vrx64f>>() <= kGaussSize64f);
+
+VRX_INLINE VrxStatus putSize(int* pSize, int size) {
+    if (!pSize) return vrxErrNullPtr;
+    *pSize = size;
+    return vrxOk;
+}
+
+// -------------------------------------------------------------- generator
+struct Gen {
+    uint32_t lcg, a, b, c, borrow;
+
+    template <class S>
+    VRX_INLINE void load(const S& s) {
+        lcg = s.lcg;
+        a = static_cast<uint32_t>(s.a);
+        b = static_cast<uint32_t>(s.b);
+        c = static_cast<uint32_t>(s.c);
+        borrow = static_cast<uint32_t>(s.borrow);
+    }
+    template <class S>
+    VRX_INLINE void save(S& s) const {
+        s.lcg = lcg;
+        s.a = static_cast<int32_t>(a);
+        s.b = static_cast<int32_t>(b);
+        s.c = static_cast<int32_t>(c);
+        s.borrow = static_cast<int32_t>(borrow);
+    }
+    // The next subtractive word: v = b - c + borrow, borrow = -1 when v is
+    // negative, and then 18 is taken off.
+    VRX_INLINE uint32_t swb() {
+        const uint32_t v = b - c + borrow;
+        borrow = static_cast<uint32_t>(static_cast<int32_t>(v) >> 31);
+        const uint32_t x = v - (18u & borrow);
+        c = b;
+        b = a;
+        a = x;
+        return x;
+    }
+    // n subtractive words into xs, three a round so that the words rotate
+    // through the registers instead of being moved.
+    VRX_INLINE void fill(uint32_t* xs, int n) {
+        uint32_t p = a, q = b, r = c, br = borrow;
+        auto step = [&br](uint32_t hi, uint32_t lo) {
+            const uint32_t v = hi - lo + br;
+            br = static_cast<uint32_t>(static_cast<int32_t>(v) >> 31);
+            return v - (18u & br);  // no branch: the sign is a coin toss
+        };
+        int i = 0;
+        for (; i + 3 <= n; i += 3) {
+            r = step(q, r);  // (a, b, c) = (r, p, q)
+            q = step(p, q);  // (q, r, p)
+            p = step(r, p);  // (p, q, r)
+            xs[i] = r;
+            xs[i + 1] = q;
+            xs[i + 2] = p;
+        }
+        a = p;
+        b = q;
+        c = r;
+        borrow = br;
+        for (; i < n; ++i) xs[i] = swb();
+    }
+    // One raw number, signed.
+    VRX_INLINE int32_t next() {
+        const uint32_t x = swb();
+        lcg = lcg * kLcgMul + kLcgAdd;
+        return static_cast<int32_t>(x + lcg);
+    }
+};
+
+template <class S>
+VRX_INLINE void seedWords(S& s, uint32_t seed) {
+    const uint32_t b = seed * kLcgMul + kLcgAdd;
+    const uint32_t c = b * kLcgMul + kLcgAdd;
+    s.lcg = kLcgInit;
+    s.a = static_cast<int32_t>(seed);
+    s.b = static_cast<int32_t>(b);
+    s.c = static_cast<int32_t>(c);
+    s.borrow = -1;
+}
+
+// Sixteen steps of the congruential generator at once: X -> kMul16 X + kAdd16.
+struct Jump {
+    uint32_t mul, add;
+};
+constexpr Jump jump16() {
+    Jump j{1u, 0u};
+    for (int i = 0; i < 16; ++i) j = Jump{j.mul * kLcgMul, j.add * kLcgMul + kLcgAdd};
+    return j;
+}
+constexpr Jump kJump16 = jump16();
+
+// --------------------------------------------------------------- Uniform
+using VD = simd::V<double>;
+using VF = simd::V<float>;
+using VU = simd::V<uint32_t>;
+
+// Sixteen values (lo: 0..7, hi: 8..15) stored to d, n <= 16 of them.
+VRX_INLINE void putGroup(Vrx64f* d, int n, __m512d lo, __m512d hi) {
+    if (n == 16) {
+        VD::store(d, lo);
+        VD::store(d + 8, hi);
+    } else if (n > 8) {
+        VD::store(d, lo);
+        VD::storem(d + 8, simd::tail<double>(static_cast<size_t>(n - 8)), hi);
+    } else {
+        VD::storem(d, simd::tail<double>(static_cast<size_t>(n)), lo);
+    }
+}
+VRX_INLINE void putGroup(Vrx32f* d, int n, __m512d lo, __m512d hi) {
+    VF::storem(d, simd::tail<float>(static_cast<size_t>(n)), simd::joinToFloatCur(lo, hi));
+}
+VRX_INLINE void putGroup(Vrx16s* d, int n, __m512d lo, __m512d hi) {
+    simd::narrowLow16(d, simd::tail<float>(static_cast<size_t>(n)), simd::joinToInt32Cur(lo, hi));
+}
+VRX_INLINE void putGroup(Vrx8u* d, int n, __m512d lo, __m512d hi) {
+    simd::narrowLow8(d, simd::tail<float>(static_cast<size_t>(n)), simd::joinToInt32Cur(lo, hi));
+}
+
+constexpr int kBlock = 256;  // subtractive words buffered per pass
+constexpr int kPairs = 64;   // normal pairs per batch
+
+template <class T>
+VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
+    if (anyNull(pDst, pState)) return vrxErrNullPtr;
+    if (len < 1) return vrxErrBadLength;
+    UniformState<T>* sp;
+    if (VrxStatus st = open(static_cast<void*>(pState), id, &sp)) return st;
+    UniformState<T> s;
+    memcpy(&s, sp, sizeof s);
+
+    Gen g;
+    g.load(s);
+    // Lanes hold the congruential words of the next sixteen numbers.
+    alignas(64) uint32_t lanes[16];
+    {
+        uint32_t x = g.lcg;
+        for (int i = 0; i < 16; ++i) {
+            x = x * kLcgMul + kLcgAdd;
+            lanes[i] = x;
+        }
+    }
+    VU::R lcg = VU::load(lanes);
+    const VU::R jm = VU::set1(kJump16.mul), ja = VU::set1(kJump16.add);
+    const VD::R scale = VD::set1(s.scale), mid = VD::set1(s.mid);
+
+    alignas(64) uint32_t xs[kBlock];
+    int last = 16;  // numbers used of the last group
+    VU::R lastLcg = lcg;
+    for (int i0 = 0; i0 < len; i0 += kBlock) {
+        const int n = len - i0 < kBlock ? len - i0 : kBlock;
+        g.fill(xs, n);
+        for (int j = 0; j < n; j += 16) {
+            const int m = n - j < 16 ? n - j : 16;
+            const VU::R u = VU::add(VU::load(xs + j), lcg);
+            const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
+            const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
+            putGroup(pDst + i0 + j, m, lo, hi);
+            lastLcg = lcg;
+            last = m;
+            lcg = VU::add(VU::mullo(lcg, jm), ja);
+        }
+    }
+    VU::store(lanes, lastLcg);
+    g.lcg = lanes[last - 1];
+    g.save(s);
+    memcpy(sp, &s, sizeof s);
+    return vrxOk;
+}
+
+template <class T>
+VrxStatus uniformInit(VrxsRandUniformState* pState, T low, T high, uint32_t seed, ObjId id) {
+    if (!pState) return vrxErrNullPtr;
+    Carver c(pState);
+    UniformState<T>* sp = stateLayout<UniformState<T>>(c);
+    UniformState<T> s;
+    memset(&s, 0, sizeof s);
+    s.id = idWord(id);
+    s.seed = seed;
+    s.low = low;
+    s.high = high;
+    s.mid = (static_cast<double>(low) + static_cast<double>(high)) * 0.5;
+    s.scale = (static_cast<double>(high) - static_cast<double>(low)) * kTwoM32;
+    seedWords(s, seed);
+    memcpy(sp, &s, sizeof s);
+    return vrxOk;
+}
+
+// ----------------------------------------------------------------- Gauss
+// Integer outputs are clamped to the type's range, then converted in the
+// caller's rounding mode.
+VRX_INLINE void putG(Vrx64f* d, double v) { *d = v; }
+VRX_INLINE void putG(Vrx32f* d, double v) { *d = static_cast<float>(v); }
+VRX_INLINE int cvtCur(double v) { return _mm_cvtsd_si32(_mm_set_sd(v)); }
+VRX_INLINE void putG(Vrx16s* d, double v) {
+    v = v < -32768.0 ? -32768.0 : (v > 32767.0 ? 32767.0 : v);
+    *d = static_cast<Vrx16s>(cvtCur(v));
+}
+VRX_INLINE void putG(Vrx8u* d, double v) {
+    v = v < 0.0 ? 0.0 : (v > 255.0 ? 255.0 : v);
+    *d = static_cast<Vrx8u>(cvtCur(v));
+}
+
+template <class T>
+VrxStatus gaussRun(T* pDst, int len, VrxsRandGaussState* pState, ObjId id) {
+    if (anyNull(pDst, pState)) return vrxErrNullPtr;
+    if (len < 1) return vrxErrBadLength;
+    GaussState<T>* sp;
+    if (VrxStatus st = open(static_cast<void*>(pState), id, &sp)) return st;
+    GaussState<T> s;
+    memcpy(&s, sp, sizeof s);
+
+    Gen g;
+    g.load(s);
+    const double mean = static_cast<double>(s.mean);
+    const double sd = static_cast<double>(s.stdDev);
+    int i = 0;
+    if (s.empty == 0) {
+        // The held deviate: its own association, stdDev times (f q).
+        putG(pDst, __builtin_fma(sd, s.factor * s.second, mean));
+        s.empty = 1;
+        i = 1;
+    }
+    // Pairs in batches: accepted pairs first (the generator in order), then
+    // the logarithms, then the factors in vector lanes (division and square
+    // root are correctly rounded, so lanes equal the scalar form), then the
+    // outputs. The last pair of a call may be cut, and is held.
+    alignas(64) double P[kPairs], Q[kPairs], R[kPairs], F[kPairs];
+    while (i < len) {
+        const int left = len - i;
+        const int np = left / 2 + (left & 1) < kPairs ? left / 2 + (left & 1) : kPairs;
+        for (int k = 0; k < np; ++k) {
+            double p, q, r;
+            do {
+                p = static_cast<double>(g.next()) * kTwoM31;
+                q = static_cast<double>(g.next()) * kTwoM31;
+                r = __builtin_fma(q, q, p * p);
+            } while (r >= 1.0 || r == 0.0);
+            P[k] = p;
+            Q[k] = q;
+            R[k] = r;
+        }
+        for (int k = 0; k < np; ++k) F[k] = log(R[k]);
+        for (int k = 0; k < np; k += VD::N) {
+            const auto m = simd::tail<double>(static_cast<size_t>(np - k));
+            const VD::R r = VD::loadm(m, R + k, 1.0);
+            VD::storem(F + k, m, VD::sqrt(VD::div(VD::mul(VD::set1(-2.0), VD::loadm(m, F + k)), r)));
+        }
+        for (int k = 0; k < np; ++k) {
+            const double f = F[k];
+            putG(pDst + i, __builtin_fma(P[k] * sd, f, mean));
+            ++i;
+            if (i < len) {
+                putG(pDst + i, __builtin_fma(Q[k] * sd, f, mean));
+                ++i;
+            } else {
+                s.empty = 0;
+                s.factor = f;
+                s.second = Q[k];
+                s.first = P[k];
+            }
+        }
+    }
+    g.save(s);
+    memcpy(sp, &s, sizeof s);
+    return vrxOk;
+}
+
+template <class T>
+VrxStatus gaussInit(VrxsRandGaussState* pState, T mean, T stdDev, uint32_t seed, ObjId id) {
+    if (!pState) return vrxErrNullPtr;
+    Carver c(pState);
+    GaussState<T>* sp = stateLayout<GaussState<T>>(c);
+    GaussState<T> s;
+    memset(&s, 0, sizeof s);
+    s.id = idWord(id);
+    s.seed = seed;
+    s.mean = mean;
+    s.stdDev = stdDev;
+    seedWords(s, seed);
+    s.empty = 1;
+    s.factor = 0.0;
+    s.second = 0.0;
+    s.first = 0.0;
+    memcpy(sp, &s, sizeof s);
+    return vrxOk;
+}
+
+}  // namespace
+
+extern "C" {
+
+// ---------------------------------------------------------------- sizes
+VrxStatus N0(vrxsRandUniformGetSize_8u)(int* pSize) { return putSize(pSize, kUniformSize8u); }
+VrxStatus N0(vrxsRandUniformGetSize_16s)(int* pSize) { return putSize(pSize, kUniformSize16s); }
+VrxStatus N0(vrxsRandUniformGetSize_32f)(int* pSize) { return putSize(pSize, kUniformSize32f); }
+VrxStatus N0(vrxsRandUniformGetSize_64f)(int* pSize) { return putSize(pSize, kUniformSize64f); }
+VrxStatus N0(vrxsRandGaussGetSize_8u)(int* pSize) { return putSize(pSize, kGaussSize8u); }
+VrxStatus N0(vrxsRandGaussGetSize_16s)(int* pSize) { return putSize(pSize, kGaussSize16s); }
+VrxStatus N0(vrxsRandGaussGetSize_32f)(int* pSize) { return putSize(pSize, kGaussSize32f); }
+VrxStatus N0(vrxsRandGaussGetSize_64f)(int* pSize) { return putSize(pSize, kGaussSize64f); }
+
+// --------------------------------------------------------------- Uniform
+VrxStatus N0(vrxsRandUniformInit_8u)(VrxsRandUniformState* pState, Vrx8u low, Vrx8u high, Vrx32u seed) { return uniformInit(pState, low, high, seed, ObjId::RandUniform8u); }
+VrxStatus N0(vrxsRandUniformInit_16s)(VrxsRandUniformState* pState, Vrx16s low, Vrx16s high, Vrx32u seed) { return uniformInit(pState, low, high, seed, ObjId::RandUniform16s); }
+VrxStatus N0(vrxsRandUniformInit_32f)(VrxsRandUniformState* pState, Vrx32f low, Vrx32f high, Vrx32u seed) { return uniformInit(pState, low, high, seed, ObjId::RandUniform32f); }
+VrxStatus N0(vrxsRandUniformInit_64f)(VrxsRandUniformState* pState, Vrx64f low, Vrx64f high, Vrx32u seed) { return uniformInit(pState, low, high, seed, ObjId::RandUniform64f); }
+
+VrxStatus N0(vrxsRandUniform_8u)(Vrx8u* pDst, int len, VrxsRandUniformState* pState) { return uniformRun(pDst, len, pState, ObjId::RandUniform8u); }
+VrxStatus N0(vrxsRandUniform_16s)(Vrx16s* pDst, int len, VrxsRandUniformState* pState) { return uniformRun(pDst, len, pState, ObjId::RandUniform16s); }
+VrxStatus N0(vrxsRandUniform_32f)(Vrx32f* pDst, int len, VrxsRandUniformState* pState) { return uniformRun(pDst, len, pState, ObjId::RandUniform32f); }
+VrxStatus N0(vrxsRandUniform_64f)(Vrx64f* pDst, int len, VrxsRandUniformState* pState) { return uniformRun(pDst, len, pState, ObjId::RandUniform64f); }
+
+// ----------------------------------------------------------------- Gauss
+VrxStatus N0(vrxsRandGaussInit_8u)(VrxsRandGaussState* pState, Vrx8u mean, Vrx8u stdDev, Vrx32u seed) { return gaussInit(pState, mean, stdDev, seed, ObjId::RandGauss8u); }
+VrxStatus N0(vrxsRandGaussInit_16s)(VrxsRandGaussState* pState, Vrx16s mean, Vrx16s stdDev, Vrx32u seed) { return gaussInit(pState, mean, stdDev, seed, ObjId::RandGauss16s); }
+VrxStatus N0(vrxsRandGaussInit_32f)(VrxsRandGaussState* pState, Vrx32f mean, Vrx32f stdDev, Vrx32u seed) { return gaussInit(pState, mean, stdDev, seed, ObjId::RandGauss32f); }
+VrxStatus N0(vrxsRandGaussInit_64f)(VrxsRandGaussState* pState, Vrx64f mean, Vrx64f stdDev, Vrx32u seed) { return gaussInit(pState, mean, stdDev, seed, ObjId::RandGauss64f); }
+
+VrxStatus N0(vrxsRandGauss_8u)(Vrx8u* pDst, int len, VrxsRandGaussState* pState) { return gaussRun(pDst, len, pState, ObjId::RandGauss8u); }
+VrxStatus N0(vrxsRandGauss_16s)(Vrx16s* pDst, int len, VrxsRandGaussState* pState) { return gaussRun(pDst, len, pState, ObjId::RandGauss16s); }
+VrxStatus N0(vrxsRandGauss_32f)(Vrx32f* pDst, int len, VrxsRandGaussState* pState) { return gaussRun(pDst, len, pState, ObjId::RandGauss32f); }
+VrxStatus N0(vrxsRandGauss_64f)(Vrx64f* pDst, int len, VrxsRandGaussState* pState) { return gaussRun(pDst, len, pState, ObjId::RandGauss64f); }
+
+}  // extern "C"

@@ -1,0 +1,402 @@
+// Random numbers: the generator words and every output bit for bit against
+// a model written here, split calls against one long call, state sizes,
+// states at any alignment, check order and untouched state on failure.
+#include "vrx_test.h"
+
+#include <math.h>
+
+#include <vector>
+
+namespace {
+
+// ------------------------------------------------------------------ model
+// Subtract-with-borrow (modulo 2^32 - 18) plus a congruential word.
+struct Model {
+    uint32_t lcg = 0x436CBAE9u, a, b, c;
+    int32_t borrow = -1;
+    explicit Model(uint32_t seed) : a(seed) {
+        b = a * 69069u + 0x3C6EF373u;
+        c = b * 69069u + 0x3C6EF373u;
+    }
+    int32_t next() {
+        int32_t v = static_cast<int32_t>(b - c + static_cast<uint32_t>(borrow));
+        borrow = v < 0 ? -1 : 0;
+        uint32_t x = static_cast<uint32_t>(v);
+        if (v < 0) x -= 18u;
+        c = b;
+        b = a;
+        a = x;
+        lcg = lcg * 69069u + 0x3C6EF373u;
+        return static_cast<int32_t>(x + lcg);
+    }
+};
+
+const uint32_t kSeeds[] = {0u, 1u, 0xFFFFFFFFu};
+
+int cvtCur(double v) { return _mm_cvtsd_si32(_mm_set_sd(v)); }
+
+template <class T> T uniformOut(double y);
+template <> double uniformOut<double>(double y) { return y; }
+template <> float uniformOut<float>(double y) { return static_cast<float>(y); }
+template <> int16_t uniformOut<int16_t>(double y) { return static_cast<int16_t>(cvtCur(y)); }
+template <> uint8_t uniformOut<uint8_t>(double y) { return static_cast<uint8_t>(cvtCur(y)); }
+
+template <class T> T gaussOut(double y);
+template <> double gaussOut<double>(double y) { return y; }
+template <> float gaussOut<float>(double y) { return static_cast<float>(y); }
+template <> int16_t gaussOut<int16_t>(double y) { return static_cast<int16_t>(cvtCur(fmin(fmax(y, -32768.0), 32767.0))); }
+template <> uint8_t gaussOut<uint8_t>(double y) { return static_cast<uint8_t>(cvtCur(fmin(fmax(y, 0.0), 255.0))); }
+
+// The uniform stream of n values.
+template <class T>
+std::vector<T> modelUniform(uint32_t seed, T low, T high, int n) {
+    Model m(seed);
+    const double mid = (static_cast<double>(low) + static_cast<double>(high)) * 0.5;
+    const double scale = (static_cast<double>(high) - static_cast<double>(low)) * 0x1p-32;
+    std::vector<T> r(n);
+    for (int i = 0; i < n; ++i) r[i] = uniformOut<T>(fma(static_cast<double>(m.next()), scale, mid));
+    return r;
+}
+
+// The normal stream, calls of the given lengths one after another; a pair
+// split across calls gives its second deviate as mean + sd (f q).
+template <class T>
+std::vector<T> modelGauss(uint32_t seed, T mean, T sd, const std::vector<int>& calls) {
+    Model m(seed);
+    const double mu = mean, s = sd;
+    bool held = false;
+    double hf = 0, hq = 0;
+    std::vector<T> r;
+    for (int len : calls) {
+        int i = 0;
+        if (held) {
+            r.push_back(gaussOut<T>(fma(s, hf * hq, mu)));
+            held = false;
+            ++i;
+        }
+        while (i < len) {
+            double p, q, w;
+            do {
+                p = m.next() * 4.656612873077393e-10;
+                q = m.next() * 4.656612873077393e-10;
+                w = fma(q, q, p * p);
+            } while (w >= 1.0 || w == 0.0);
+            const double f = sqrt(-2.0 * log(w) / w);
+            r.push_back(gaussOut<T>(fma(p * s, f, mu)));
+            if (++i < len) {
+                r.push_back(gaussOut<T>(fma(q * s, f, mu)));
+                ++i;
+            } else {
+                held = true;
+                hf = f;
+                hq = q;
+            }
+        }
+    }
+    return r;
+}
+
+// ------------------------------------------------------- per-type access
+template <class T> struct Api;
+template <> struct Api<uint8_t> {
+    static int uSize() { int s = 0; vrxsRandUniformGetSize_8u(&s); return s; }
+    static int gSize() { int s = 0; vrxsRandGaussGetSize_8u(&s); return s; }
+    static VrxStatus uInit(void* p, uint8_t l, uint8_t h, uint32_t s) { return vrxsRandUniformInit_8u(static_cast<VrxsRandUniformState*>(p), l, h, s); }
+    static VrxStatus u(uint8_t* d, int n, void* p) { return vrxsRandUniform_8u(d, n, static_cast<VrxsRandUniformState*>(p)); }
+    static VrxStatus gInit(void* p, uint8_t m, uint8_t s, uint32_t seed) { return vrxsRandGaussInit_8u(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
+    static VrxStatus g(uint8_t* d, int n, void* p) { return vrxsRandGauss_8u(d, n, static_cast<VrxsRandGaussState*>(p)); }
+};
+template <> struct Api<int16_t> {
+    static int uSize() { int s = 0; vrxsRandUniformGetSize_16s(&s); return s; }
+    static int gSize() { int s = 0; vrxsRandGaussGetSize_16s(&s); return s; }
+    static VrxStatus uInit(void* p, int16_t l, int16_t h, uint32_t s) { return vrxsRandUniformInit_16s(static_cast<VrxsRandUniformState*>(p), l, h, s); }
+    static VrxStatus u(int16_t* d, int n, void* p) { return vrxsRandUniform_16s(d, n, static_cast<VrxsRandUniformState*>(p)); }
+    static VrxStatus gInit(void* p, int16_t m, int16_t s, uint32_t seed) { return vrxsRandGaussInit_16s(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
+    static VrxStatus g(int16_t* d, int n, void* p) { return vrxsRandGauss_16s(d, n, static_cast<VrxsRandGaussState*>(p)); }
+};
+template <> struct Api<float> {
+    static int uSize() { int s = 0; vrxsRandUniformGetSize_32f(&s); return s; }
+    static int gSize() { int s = 0; vrxsRandGaussGetSize_32f(&s); return s; }
+    static VrxStatus uInit(void* p, float l, float h, uint32_t s) { return vrxsRandUniformInit_32f(static_cast<VrxsRandUniformState*>(p), l, h, s); }
+    static VrxStatus u(float* d, int n, void* p) { return vrxsRandUniform_32f(d, n, static_cast<VrxsRandUniformState*>(p)); }
+    static VrxStatus gInit(void* p, float m, float s, uint32_t seed) { return vrxsRandGaussInit_32f(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
+    static VrxStatus g(float* d, int n, void* p) { return vrxsRandGauss_32f(d, n, static_cast<VrxsRandGaussState*>(p)); }
+};
+template <> struct Api<double> {
+    static int uSize() { int s = 0; vrxsRandUniformGetSize_64f(&s); return s; }
+    static int gSize() { int s = 0; vrxsRandGaussGetSize_64f(&s); return s; }
+    static VrxStatus uInit(void* p, double l, double h, uint32_t s) { return vrxsRandUniformInit_64f(static_cast<VrxsRandUniformState*>(p), l, h, s); }
+    static VrxStatus u(double* d, int n, void* p) { return vrxsRandUniform_64f(d, n, static_cast<VrxsRandUniformState*>(p)); }
+    static VrxStatus gInit(void* p, double m, double s, uint32_t seed) { return vrxsRandGaussInit_64f(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
+    static VrxStatus g(double* d, int n, void* p) { return vrxsRandGauss_64f(d, n, static_cast<VrxsRandGaussState*>(p)); }
+};
+
+// Calls of these lengths, 1000 elements in all: odd splits cross the
+// vector groups and the held deviate.
+const std::vector<int> kSplits = {1, 3, 17, 15, 1, 250, 129, 64, 5, 515};
+const std::vector<int> kWhole = {1000};
+
+template <class T>
+std::vector<T> runCalls(bool gauss, void* st, const std::vector<int>& calls) {
+    std::vector<T> r;
+    for (int n : calls) {
+        std::vector<T> d(n);
+        EXPECT_EQ(gauss ? Api<T>::g(d.data(), n, st) : Api<T>::u(d.data(), n, st), vrxOk);
+        r.insert(r.end(), d.begin(), d.end());
+    }
+    return r;
+}
+
+template <class T>
+void expectSame(const std::vector<T>& got, const std::vector<T>& want, const char* what, uint32_t seed) {
+    ASSERT_EQ(got.size(), want.size());
+    for (size_t i = 0; i < got.size(); ++i)
+        ASSERT_EQ(memcmp(&got[i], &want[i], sizeof(T)), 0) << what << " seed " << seed << " at " << i << ": " << +got[i] << " vs " << +want[i];
+}
+
+}  // namespace
+
+// ------------------------------------------------------------------ sizes
+TEST(RandSize, FiguresAndNull) {
+    EXPECT_EQ(Api<uint8_t>::uSize(), 56);
+    EXPECT_EQ(Api<int16_t>::uSize(), 56);
+    EXPECT_EQ(Api<float>::uSize(), 56);
+    EXPECT_EQ(Api<double>::uSize(), 64);
+    EXPECT_EQ(Api<uint8_t>::gSize(), 64);
+    EXPECT_EQ(Api<int16_t>::gSize(), 64);
+    EXPECT_EQ(Api<float>::gSize(), 72);
+    EXPECT_EQ(Api<double>::gSize(), 80);
+    VrxStatus (*const fns[])(int*) = {vrxsRandUniformGetSize_8u, vrxsRandUniformGetSize_16s, vrxsRandUniformGetSize_32f,
+                                      vrxsRandUniformGetSize_64f, vrxsRandGaussGetSize_8u, vrxsRandGaussGetSize_16s,
+                                      vrxsRandGaussGetSize_32f, vrxsRandGaussGetSize_64f};
+    for (auto f : fns) EXPECT_EQ(f(nullptr), vrxErrNullPtr);
+}
+
+// ------------------------------------------------------- generator words
+// With low = -2^31 and high = 2^31 the uniform 64f output is the raw
+// number itself (scale 1, mid 0).
+TEST(RandWords, RawNumbersFromSeeds) {
+    for (uint32_t seed : kSeeds) {
+        vt::Buffer st(64);
+        ASSERT_EQ(vrxsRandUniformInit_64f(st.as<VrxsRandUniformState>(), -2147483648.0, 2147483648.0, seed), vrxOk);
+        std::vector<double> d(5000);
+        ASSERT_EQ(vrxsRandUniform_64f(d.data(), 5000, st.as<VrxsRandUniformState>()), vrxOk);
+        Model m(seed);
+        for (int i = 0; i < 5000; ++i) ASSERT_EQ(d[i], static_cast<double>(m.next())) << "seed " << seed << " at " << i;
+        EXPECT_TRUE(st.guardsIntact());
+    }
+}
+
+// ---------------------------------------------------------------- Uniform
+template <class T>
+void uniformCase(T low, T high) {
+    for (uint32_t seed : kSeeds) {
+        const std::vector<T> want = modelUniform<T>(seed, low, high, 1000);
+        for (const auto* calls : {&kWhole, &kSplits}) {
+            vt::Buffer st(Api<T>::uSize());
+            ASSERT_EQ(Api<T>::uInit(st.data(), low, high, seed), vrxOk);
+            expectSame(runCalls<T>(false, st.data(), *calls), want, "uniform", seed);
+            EXPECT_TRUE(st.guardsIntact());
+        }
+    }
+}
+
+TEST(RandUniform, EveryTypeBitExact) {
+    uniformCase<uint8_t>(0, 255);
+    uniformCase<uint8_t>(200, 10);  // low above high: negative scale
+    uniformCase<int16_t>(-32768, 32767);
+    uniformCase<int16_t>(-5, 1000);
+    uniformCase<float>(-1.0f, 1.0f);
+    uniformCase<float>(3.25f, 1e6f);
+    uniformCase<double>(-1.0, 1.0);
+    uniformCase<double>(-3e300, 1e-3);
+}
+
+TEST(RandUniform, LowEqualHighAndRangeHalfOpen) {
+    vt::Buffer st(56);
+    ASSERT_EQ(vrxsRandUniformInit_32f(st.as<VrxsRandUniformState>(), 2.5f, 2.5f, 7), vrxOk);
+    std::vector<float> d(300);
+    ASSERT_EQ(vrxsRandUniform_32f(d.data(), 300, st.as<VrxsRandUniformState>()), vrxOk);
+    for (float v : d) ASSERT_EQ(v, 2.5f);
+    vt::Buffer s2(64);
+    ASSERT_EQ(vrxsRandUniformInit_64f(s2.as<VrxsRandUniformState>(), 10.0, 20.0, 99), vrxOk);
+    std::vector<double> e(100000);
+    ASSERT_EQ(vrxsRandUniform_64f(e.data(), 100000, s2.as<VrxsRandUniformState>()), vrxOk);
+    double mean = 0;
+    for (double v : e) {
+        ASSERT_GE(v, 10.0);
+        ASSERT_LT(v, 20.0);
+        mean += v;
+    }
+    EXPECT_NEAR(mean / 1e5, 15.0, 0.05);
+}
+
+// Integer outputs follow the caller's rounding mode, which survives the call.
+TEST(RandUniform, IntegerConversionInCallersMode) {
+    for (unsigned mode : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero}) {
+        vt::MxcsrScope scope;
+        _mm_setcsr((_mm_getcsr() & ~0x6000u) | mode);
+        const unsigned before = _mm_getcsr() & ~0x3Fu;
+        std::vector<int16_t> want = modelUniform<int16_t>(5, -300, 301, 777);
+        std::vector<uint8_t> want8 = modelUniform<uint8_t>(5, 3, 250, 777);
+        vt::Buffer st(56), st8(56);
+        ASSERT_EQ(vrxsRandUniformInit_16s(st.as<VrxsRandUniformState>(), -300, 301, 5), vrxOk);
+        ASSERT_EQ(vrxsRandUniformInit_8u(st8.as<VrxsRandUniformState>(), 3, 250, 5), vrxOk);
+        std::vector<int16_t> d(777);
+        std::vector<uint8_t> d8(777);
+        ASSERT_EQ(vrxsRandUniform_16s(d.data(), 777, st.as<VrxsRandUniformState>()), vrxOk);
+        ASSERT_EQ(vrxsRandUniform_8u(d8.data(), 777, st8.as<VrxsRandUniformState>()), vrxOk);
+        EXPECT_EQ(_mm_getcsr() & ~0x3Fu, before);
+        expectSame(d, want, "16s mode", mode);
+        expectSame(d8, want8, "8u mode", mode);
+    }
+}
+
+// ------------------------------------------------------------------ Gauss
+template <class T>
+void gaussCase(T mean, T sd) {
+    for (uint32_t seed : kSeeds) {
+        vt::Buffer st(Api<T>::gSize()), st2(Api<T>::gSize());
+        ASSERT_EQ(Api<T>::gInit(st.data(), mean, sd, seed), vrxOk);
+        ASSERT_EQ(Api<T>::gInit(st2.data(), mean, sd, seed), vrxOk);
+        const std::vector<T> whole = runCalls<T>(true, st.data(), kWhole);
+        const std::vector<T> split = runCalls<T>(true, st2.data(), kSplits);
+        expectSame(whole, modelGauss<T>(seed, mean, sd, kWhole), "gauss", seed);
+        expectSame(split, modelGauss<T>(seed, mean, sd, kSplits), "gauss split", seed);
+        // The held deviate is associated differently: within one ulp of
+        // the unsplit value (and equal after rounding to narrower types).
+        for (size_t i = 0; i < whole.size(); ++i) {
+            if constexpr (sizeof(T) == 8) {
+                ASSERT_LE(fabs(split[i] - whole[i]), nextafter(fabs(whole[i]), INFINITY) - fabs(whole[i])) << i;
+            } else {
+                ASSERT_EQ(split[i], whole[i]) << "seed " << seed << " at " << i;
+            }
+        }
+        EXPECT_TRUE(st.guardsIntact());
+        EXPECT_TRUE(st2.guardsIntact());
+    }
+}
+
+TEST(RandGauss, EveryTypeBitExactAndSplits) {
+    gaussCase<uint8_t>(128, 30);
+    gaussCase<int16_t>(-100, 3000);
+    gaussCase<float>(0.5f, 2.0f);
+    gaussCase<double>(-1.0, 0.25);
+}
+
+TEST(RandGauss, IntegerClampsBeforeConversion) {
+    vt::Buffer st(64);
+    ASSERT_EQ(vrxsRandGaussInit_8u(st.as<VrxsRandGaussState>(), 128, 250, 3), vrxOk);
+    std::vector<uint8_t> d(2000);
+    ASSERT_EQ(vrxsRandGauss_8u(d.data(), 2000, st.as<VrxsRandGaussState>()), vrxOk);
+    int lo = 0, hi = 0;
+    for (uint8_t v : d) {
+        lo += v == 0;
+        hi += v == 255;
+    }
+    EXPECT_GT(lo, 200);
+    EXPECT_GT(hi, 200);
+    expectSame(d, modelGauss<uint8_t>(3, 128, 250, {2000}), "8u clamp", 3);
+    vt::Buffer s16(64);
+    ASSERT_EQ(vrxsRandGaussInit_16s(s16.as<VrxsRandGaussState>(), 30000, 20000, 3), vrxOk);
+    std::vector<int16_t> e(2000);
+    ASSERT_EQ(vrxsRandGauss_16s(e.data(), 2000, s16.as<VrxsRandGaussState>()), vrxOk);
+    expectSame(e, modelGauss<int16_t>(3, 30000, 20000, {2000}), "16s clamp", 3);
+    int top = 0;
+    for (int16_t v : e) top += v == 32767;
+    EXPECT_GT(top, 500);
+}
+
+TEST(RandGauss, Moments) {
+    vt::Buffer st(80);
+    ASSERT_EQ(vrxsRandGaussInit_64f(st.as<VrxsRandGaussState>(), 3.0, 2.0, 12345), vrxOk);
+    std::vector<double> d(200001);
+    ASSERT_EQ(vrxsRandGauss_64f(d.data(), 200001, st.as<VrxsRandGaussState>()), vrxOk);
+    double m = 0, v = 0;
+    for (double x : d) m += x;
+    m /= d.size();
+    for (double x : d) v += (x - m) * (x - m);
+    v /= d.size();
+    EXPECT_NEAR(m, 3.0, 0.02);
+    EXPECT_NEAR(sqrt(v), 2.0, 0.02);
+}
+
+// ------------------------------------------------------- layout and state
+// A state at any alignment gives the same numbers and stays inside its size.
+TEST(RandState, AnyAlignmentAndReinit) {
+    std::vector<float> ref(100);
+    for (size_t off : {0, 1, 3, 6, 13}) {
+        vt::Buffer st(72, off);
+        ASSERT_EQ(vrxsRandGaussInit_32f(st.as<VrxsRandGaussState>(), 0.0f, 1.0f, 42), vrxOk);
+        std::vector<float> d(100);
+        ASSERT_EQ(vrxsRandGauss_32f(d.data(), 37, st.as<VrxsRandGaussState>()), vrxOk);
+        ASSERT_EQ(vrxsRandGauss_32f(d.data() + 37, 63, st.as<VrxsRandGaussState>()), vrxOk);
+        if (off == 0) ref = d;
+        expectSame(d, ref, "aligned", static_cast<uint32_t>(off));
+        EXPECT_TRUE(st.guardsIntact());
+        // Init with the same seed restarts the sequence.
+        ASSERT_EQ(vrxsRandGaussInit_32f(st.as<VrxsRandGaussState>(), 0.0f, 1.0f, 42), vrxOk);
+        std::vector<float> e(100);
+        ASSERT_EQ(vrxsRandGauss_32f(e.data(), 100, st.as<VrxsRandGaussState>()), vrxOk);
+        expectSame(e, ref, "reinit", static_cast<uint32_t>(off));
+    }
+    for (size_t off : {1, 5, 11}) {
+        vt::Buffer st(64, off);
+        ASSERT_EQ(vrxsRandUniformInit_64f(st.as<VrxsRandUniformState>(), -1.0, 1.0, 8), vrxOk);
+        std::vector<double> d(333);
+        ASSERT_EQ(vrxsRandUniform_64f(d.data(), 333, st.as<VrxsRandUniformState>()), vrxOk);
+        expectSame(d, modelUniform<double>(8, -1.0, 1.0, 333), "unaligned uniform", static_cast<uint32_t>(off));
+        EXPECT_TRUE(st.guardsIntact());
+    }
+}
+
+// Pointers, then length, then the identity word; nothing is written and
+// the state is unchanged on any failure.
+TEST(RandChecks, OrderAndNothingWritten) {
+    vt::Buffer u(64), g(80);
+    ASSERT_EQ(vrxsRandUniformInit_64f(u.as<VrxsRandUniformState>(), 0.0, 1.0, 1), vrxOk);
+    ASSERT_EQ(vrxsRandGaussInit_64f(g.as<VrxsRandGaussState>(), 0.0, 1.0, 1), vrxOk);
+    double d0[1];  // advance both once, so a spare is held in the Gauss state
+    ASSERT_EQ(vrxsRandUniform_64f(d0, 1, u.as<VrxsRandUniformState>()), vrxOk);
+    ASSERT_EQ(vrxsRandGauss_64f(d0, 1, g.as<VrxsRandGaussState>()), vrxOk);
+    std::vector<uint8_t> us(u.data(), u.data() + 64), gs(g.data(), g.data() + 80);
+    auto* U = u.as<VrxsRandUniformState>();
+    auto* G = g.as<VrxsRandGaussState>();
+    vt::Buffer dst(64 * 8);
+    auto untouched = [&] {
+        for (int i = 0; i < 64 * 8; ++i)
+            if (dst.data()[i] != vt::Buffer::kFill) return false;
+        return memcmp(us.data(), u.data(), 64) == 0 && memcmp(gs.data(), g.data(), 80) == 0;
+    };
+    struct Case { VrxStatus got, want; };
+    const Case cases[] = {
+        {vrxsRandUniform_64f(nullptr, 8, U), vrxErrNullPtr},
+        {vrxsRandUniform_64f(dst.as<double>(), 8, nullptr), vrxErrNullPtr},
+        {vrxsRandUniform_64f(nullptr, 0, U), vrxErrNullPtr},
+        {vrxsRandUniform_64f(dst.as<double>(), 0, U), vrxErrBadLength},
+        {vrxsRandUniform_64f(dst.as<double>(), -1, U), vrxErrBadLength},
+        {vrxsRandUniform_64f(dst.as<double>(), 0, reinterpret_cast<VrxsRandUniformState*>(G)), vrxErrBadLength},
+        {vrxsRandUniform_32f(dst.as<float>(), 8, U), vrxErrBadSpec},
+        {vrxsRandUniform_16s(dst.as<int16_t>(), 8, U), vrxErrBadSpec},
+        {vrxsRandUniform_8u(dst.as<uint8_t>(), 8, U), vrxErrBadSpec},
+        {vrxsRandUniform_64f(dst.as<double>(), 8, reinterpret_cast<VrxsRandUniformState*>(G)), vrxErrBadSpec},
+        {vrxsRandGauss_64f(nullptr, 8, G), vrxErrNullPtr},
+        {vrxsRandGauss_64f(dst.as<double>(), 8, nullptr), vrxErrNullPtr},
+        {vrxsRandGauss_64f(dst.as<double>(), -5, G), vrxErrBadLength},
+        {vrxsRandGauss_32f(dst.as<float>(), 8, G), vrxErrBadSpec},
+        {vrxsRandGauss_16s(dst.as<int16_t>(), 8, G), vrxErrBadSpec},
+        {vrxsRandGauss_8u(dst.as<uint8_t>(), 8, G), vrxErrBadSpec},
+        {vrxsRandGauss_64f(dst.as<double>(), 8, reinterpret_cast<VrxsRandGaussState*>(U)), vrxErrBadSpec},
+        {vrxsRandUniformInit_8u(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandUniformInit_16s(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandUniformInit_32f(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandUniformInit_64f(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandGaussInit_8u(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandGaussInit_16s(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandGaussInit_32f(nullptr, 0, 1, 0), vrxErrNullPtr},
+        {vrxsRandGaussInit_64f(nullptr, 0, 1, 0), vrxErrNullPtr},
+    };
+    for (size_t i = 0; i < sizeof cases / sizeof cases[0]; ++i) EXPECT_EQ(cases[i].got, cases[i].want) << "case " << i;
+    EXPECT_TRUE(untouched());
+    EXPECT_TRUE(dst.guardsIntact());
+}
