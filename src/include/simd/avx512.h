@@ -113,6 +113,7 @@ template <> struct V<float> {
         q = _mm_add_ps(q, _mm_movehl_ps(q, q));
         *even = _mm_cvtss_f32(q);
         *odd = _mm_cvtss_f32(_mm_movehdup_ps(q));
+    }
     // even lanes a*b + c, odd lanes a*b - c, one rounding each
     static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_ps(a, b, c); }
     // lanes 0..7 each repeated into two adjacent lanes (a real onto a pair)
