@@ -186,6 +186,10 @@ template <class T> struct VInt<T, 4> {
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi32_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi32(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si32(_mm512_castsi512_si128(a))); }
+    // the lanes of m packed together and stored from p on (popcount(m) elements written)
+    static VRX_INLINE void compress(T* p, M m, R v) { _mm512_mask_compressstoreu_epi32(p, m, v); }
+    // lane i of the result is lane idx[i] of v
+    static VRX_INLINE R permute(R idx, R v) { return _mm512_permutexvar_epi32(idx, v); }
 };
 
 template <class T> struct VInt<T, 8> {
@@ -225,6 +229,8 @@ template <class T> struct VInt<T, 8> {
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi64_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi64(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si64(_mm512_castsi512_si128(a))); }
+    static VRX_INLINE void compress(T* p, M m, R v) { _mm512_mask_compressstoreu_epi64(p, m, v); }
+    static VRX_INLINE R permute(R idx, R v) { return _mm512_permutexvar_epi64(idx, v); }
 };
 
 template <> struct V<int32_t> : VInt<int32_t, 4> { using T = int32_t; };
