@@ -313,9 +313,13 @@ struct Qs {
             compress(a + wr, x + wr, static_cast<M>(~m & simd::tail<K>(cnt)), v);
         };
         while (rr - rl >= N) {
-            Reg v;
-            if (rl - wl <= wr - rr) { v = load(a + rl, x + rl); rl += N; }
-            else { rr -= N; v = load(a + rr, x + rr); }
+            // read from the side with less room left (no branch: the
+            // choice follows the data and would mispredict)
+            const size_t lm = size_t(0) - static_cast<size_t>(rl - wl <= wr - rr);
+            const size_t at = (rl & lm) | ((rr - N) & ~lm);
+            rl += N & lm;
+            rr -= N & ~lm;
+            Reg v = load(a + at, x + at);
             put(v, pass(v), N);
         }
         if (rr > rl) {

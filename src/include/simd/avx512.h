@@ -186,8 +186,12 @@ template <class T> struct VInt<T, 4> {
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi32_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi32(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si32(_mm512_castsi512_si128(a))); }
-    // the lanes of m packed together and stored from p on (popcount(m) elements written)
-    static VRX_INLINE void compress(T* p, M m, R v) { _mm512_mask_compressstoreu_epi32(p, m, v); }
+    // the lanes of m packed together and stored from p on (popcount(m) elements
+    // written); packed in the register, then a masked store: the memory form
+    // of the compress instruction is microcoded on some processors
+    static VRX_INLINE void compress(T* p, M m, R v) {
+        _mm512_mask_storeu_epi32(p, static_cast<M>(_bzhi_u32(0xFFFFu, static_cast<unsigned>(__builtin_popcount(m)))), _mm512_maskz_compress_epi32(m, v));
+    }
     // lane i of the result is lane idx[i] of v
     static VRX_INLINE R permute(R idx, R v) { return _mm512_permutexvar_epi32(idx, v); }
 };
@@ -229,7 +233,9 @@ template <class T> struct VInt<T, 8> {
     static VRX_INLINE M ne(R a, R b) { return _mm512_cmpneq_epi64_mask(a, b); }
     static VRX_INLINE R blend(M m, R a, R b) { return _mm512_mask_blend_epi64(m, a, b); }
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si64(_mm512_castsi512_si128(a))); }
-    static VRX_INLINE void compress(T* p, M m, R v) { _mm512_mask_compressstoreu_epi64(p, m, v); }
+    static VRX_INLINE void compress(T* p, M m, R v) {
+        _mm512_mask_storeu_epi64(p, static_cast<M>(_bzhi_u32(0xFFu, static_cast<unsigned>(__builtin_popcount(m)))), _mm512_maskz_compress_epi64(m, v));
+    }
     static VRX_INLINE R permute(R idx, R v) { return _mm512_permutexvar_epi64(idx, v); }
 };
 
