@@ -294,14 +294,16 @@ struct Qs {
         return Piv{a[p], kIdx ? x[p] : 0};
     }
 
-    // Moves the elements that pass (pair < pivot, or with kLe pair <= pivot)
-    // to the front; returns their count. n >= 2N.
+    // Moves the elements that pass (key < pivot key, or with kLe key <=
+    // pivot key) to the front; returns their count. n >= 2N. Only keys are
+    // compared: equal keys stay on one side, and their indices are put in
+    // order where the keys' order is settled (networks, heap, equal runs).
     template <bool kLe>
     static size_t partition(K* a, int32_t* x, size_t n, Piv pv) {
-        Reg p{W::set1(pv.k), I::set1(pv.x)};
+        const __m512i pk = W::set1(pv.k);
         auto pass = [&](Reg v) -> M {
-            if constexpr (kLe) return static_cast<M>(~lt(p, v));
-            else return lt(v, p);
+            if constexpr (kLe) return W::le(v.k, pk);
+            else return W::lt(v.k, pk);
         };
         Reg vl = load(a, x), vr = load(a + n - N, x + n - N);
         size_t rl = N, rr = n - N, wl = 0, wr = n;
@@ -338,8 +340,10 @@ struct Qs {
             Piv pv = pivot(a, x, n);
             size_t l = partition<false>(a, x, n, pv);
             if (l == 0) {
-                // the pivot is the smallest: peel off its equals
+                // the pivot is the smallest: peel off its equals, whose
+                // indices (non-negative) then go in ascending order
                 size_t e = partition<true>(a, x, n, pv);
+                if constexpr (kIdx) Qs<uint32_t, false>::run(reinterpret_cast<uint32_t*>(x), nullptr, e);
                 a += e; x += e; n -= e;
                 continue;
             }
