@@ -16,8 +16,9 @@
 // worth, heapsort past a depth limit. The index forms carry the index
 // array along and compare (key, index): all pairs differ, so the order is
 // total and the result is the stable one whatever the partition does.
-// 8- and 16-bit keys: counting. 32- and 64-bit keys with a buffer: least
-// significant digit first, 11-bit digits.
+// 8- and 16-bit keys: counting. 32- and 64-bit keys with a buffer: one
+// most-significant-digit pass into the buffer, then the quicksort on each
+// bucket.
 #pragma once
 
 #include <string.h>
@@ -29,6 +30,8 @@
 namespace n0::sortk {
 
 using simd::V;
+
+VRX_INLINE size_t round64(size_t v) { return (v + 63) & ~size_t(63); }
 
 // ------------------------------------------------------------------ keys
 
@@ -448,48 +451,69 @@ void countSort(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* cnt) {
     }
 }
 
-// ------------------------------------------------------------ LSD radix
+// ------------------------------------------------- buffered (32/64 bit)
 
-inline constexpr int kDigitBits = 11;
-inline constexpr size_t kDigits = size_t(1) << kDigitBits;
-template <class K> inline constexpr int kPasses = (static_cast<int>(sizeof(K)) * 8 + kDigitBits - 1) / kDigitBits;
-// histogram bytes of the radix forms of 32- and 64-bit keys
-template <class K> inline constexpr size_t kRadixHistBytes = kPasses<K> * kDigits * sizeof(uint32_t);
+// One most-significant-digit pass spreads the keys into the buffer over up
+// to 2048 buckets, by the bits just below the highest bit in which any two
+// keys differ; each bucket, small and warm in cache, is then sorted there by
+// the quicksort and written back (values mapped back, or indices only).
+inline constexpr int kMaxBucketBits = 11;
+inline constexpr size_t kHistBytes = (size_t(1) << kMaxBucketBits) * sizeof(uint32_t);
 
-// Sorts keys a (with indices ax if kIdx) using b, bx of n elements each as
-// the other side; the result ends in a, ax. hist: kPasses<K> * kDigits words.
-template <class K, bool kIdx>
-void lsd(K* a, int32_t* ax, K* b, int32_t* bx, size_t n, uint32_t* hist) {
-    constexpr int P = kPasses<K>;
-    constexpr K kMask = static_cast<K>(kDigits - 1);
-    memset(hist, 0, P * kDigits * sizeof(uint32_t));
-    for (size_t i = 0; i < n; ++i) {
-        K k = a[i];
-        for (int p = 0; p < P; ++p) ++hist[p * kDigits + ((k >> (p * kDigitBits)) & kMask)];
+template <class T, bool kDesc, bool kIdx>
+void msdSort(const T* src, T* dst, int32_t* dstIdx, size_t n, Vrx8u* buf) {
+    using K = typename KeyOf<T>::K;
+    using U = V<K>;
+    constexpr size_t L = U::N;
+    const K* s = reinterpret_cast<const K*>(src);
+    K* b = reinterpret_cast<K*>(buf);
+    int32_t* bx = kIdx ? reinterpret_cast<int32_t*>(buf + round64(n * sizeof(K))) : nullptr;
+    uint32_t* hist = reinterpret_cast<uint32_t*>(buf + round64(n * sizeof(K)) + (kIdx ? round64(n * sizeof(int32_t)) : 0));
+
+    // the bits in which the keys differ from the first one
+    const K k0 = toKey<T, kDesc>(s[0]);
+    __m512i diff = U::zero();
+    const __m512i first = U::set1(k0);
+    size_t i = 0;
+    for (; i + L <= n; i += L) diff = U::orb(diff, U::xorb(first, mapKeys<T, kDesc, false>(U::load(s + i))));
+    K d = 0;
+    for (; i < n; ++i) d |= static_cast<K>(toKey<T, kDesc>(s[i]) ^ k0);
+    alignas(64) K lanes[L];
+    U::store(lanes, diff);
+    for (size_t l = 0; l < L; ++l) d |= lanes[l];
+    if (d == 0) {  // all equal: sorted as they stand
+        if constexpr (kIdx) iota(dstIdx, n);
+        return;
     }
-    K* s = a; K* d = b;
-    int32_t* sx = ax; int32_t* dx = bx;
-    for (int p = 0; p < P; ++p) {
-        uint32_t* h = hist + p * kDigits;
-        const int sh = p * kDigitBits;
-        if (h[(s[0] >> sh) & kMask] == n) continue;  // one digit value throughout
-        uint32_t acc = 0;
-        for (size_t v = 0; v < kDigits; ++v) { uint32_t c = h[v]; h[v] = acc; acc += c; }
-        for (size_t i = 0; i < n; ++i) {
-            K k = s[i];
-            uint32_t o = h[(k >> sh) & kMask]++;
-            d[o] = k;
-            if constexpr (kIdx) dx[o] = sx[i];
-        }
-        K* t = s; s = d; d = t;
-        int32_t* tx = sx; sx = dx; dx = tx;
+    // about 32 keys a bucket, 64 to 2048 buckets
+    int bits = 63 - __builtin_clzll(static_cast<unsigned long long>(n)) - 5;
+    bits = bits < 6 ? 6 : bits > kMaxBucketBits ? kMaxBucketBits : bits;
+    const int top = 63 - __builtin_clzll(static_cast<unsigned long long>(d));
+    const int shift = top + 1 >= bits ? top + 1 - bits : 0;
+    const size_t buckets = size_t(1) << bits;
+    const K mask = static_cast<K>(buckets - 1);
+
+    memset(hist, 0, buckets * sizeof(uint32_t));
+    for (i = 0; i < n; ++i) ++hist[(toKey<T, kDesc>(s[i]) >> shift) & mask];
+    uint32_t acc = 0;
+    for (size_t v = 0; v < buckets; ++v) { uint32_t c = hist[v]; hist[v] = acc; acc += c; }
+    for (i = 0; i < n; ++i) {
+        const K k = toKey<T, kDesc>(s[i]);
+        const uint32_t o = hist[(k >> shift) & mask]++;
+        b[o] = k;
+        if constexpr (kIdx) bx[o] = static_cast<int32_t>(i);
     }
-    if (s != a) {
-        memcpy(a, s, n * sizeof(K));
-        if constexpr (kIdx) memcpy(ax, sx, n * sizeof(int32_t));
+    // hist[v] is now the end of bucket v
+    size_t at = 0;
+    for (size_t v = 0; v < buckets; ++v) {
+        const size_t e = hist[v];
+        if (e == at) continue;
+        Qs<K, kIdx>::run(b + at, kIdx ? bx + at : nullptr, e - at);
+        if constexpr (kIdx) memcpy(dstIdx + at, bx + at, (e - at) * sizeof(int32_t));
+        else mapArray<T, kDesc, true>(b + at, reinterpret_cast<K*>(dst) + at, e - at);
+        at = e;
     }
 }
 
-VRX_INLINE size_t round64(size_t v) { return (v + 63) & ~size_t(63); }
 
 }  // namespace n0::sortk

@@ -5,12 +5,11 @@
 // buffer's start (the buffer itself need not be aligned):
 //   8-bit          counts, 256 words                         1024 bytes
 //   16-bit         counts 65536 words + bitmap 2048 words    270336 bytes
-//   32/64-bit, in place   keys' other side r(len*K), then the digit
-//                  histograms (3 or 6 passes of 2048 words)
-//   32/64-bit, index      keys r(len*K), keys' other side r(len*K),
-//                  indices' other side r(len*4), histograms
-// with r() rounding up to 64 and K the element size. Short vectors are
-// sorted in place by the quicksort and leave the buffer alone.
+//   32/64-bit      keys r(len*K), for the index forms the indices r(len*4),
+//                  then the bucket counts (up to 2048 words, 8192 bytes)
+// with r() rounding up to 64 and K the element size. Vectors shorter than
+// 512 elements are sorted by the quicksort alone; the in-place form leaves
+// the buffer alone then.
 #include "pssort.h"
 
 using namespace n0;
@@ -18,8 +17,8 @@ using namespace n0::sortk;
 
 namespace {
 
-// Below this length the quicksort beats the digit passes.
-constexpr size_t kLsdMin = 4096;
+// Below this length the quicksort runs in place and the buffer is unused.
+constexpr size_t kMsdMin = 512;
 
 template <class T, bool kDesc>
 VrxStatus sortRadix(T* pSrcDst, int len, Vrx8u* pBuffer) {
@@ -28,17 +27,13 @@ VrxStatus sortRadix(T* pSrcDst, int len, Vrx8u* pBuffer) {
     const size_t n = static_cast<size_t>(len);
     if constexpr (sizeof(K) <= 2) {
         countSort<T, kDesc>(pSrcDst, pSrcDst, nullptr, n, reinterpret_cast<uint32_t*>(pBuffer));
-    } else {
+    } else if (n < kMsdMin) {
         K* k = reinterpret_cast<K*>(pSrcDst);
         mapArray<T, kDesc, false>(k, k, n);
-        if (n < kLsdMin) {
-            Qs<K, false>::run(k, nullptr, n);
-        } else {
-            K* other = reinterpret_cast<K*>(pBuffer);
-            uint32_t* hist = reinterpret_cast<uint32_t*>(pBuffer + round64(n * sizeof(K)));
-            lsd<K, false>(k, nullptr, other, nullptr, n, hist);
-        }
+        Qs<K, false>::run(k, nullptr, n);
         mapArray<T, kDesc, true>(k, k, n);
+    } else {
+        msdSort<T, kDesc, false>(pSrcDst, pSrcDst, nullptr, n, pBuffer);
     }
     return vrxOk;
 }
@@ -51,19 +46,13 @@ VrxStatus sortRadixIndex(const T* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer) 
     const size_t n = static_cast<size_t>(len);
     if constexpr (sizeof(K) <= 2) {
         countSort<T, kDesc>(pSrc, nullptr, pDstIndx, n, reinterpret_cast<uint32_t*>(pBuffer));
-    } else {
-        const size_t kb = round64(n * sizeof(K));
+    } else if (n < kMsdMin) {
         K* k = reinterpret_cast<K*>(pBuffer);
         mapArray<T, kDesc, false>(reinterpret_cast<const K*>(pSrc), k, n);
         iota(pDstIndx, n);
-        if (n < kLsdMin) {
-            Qs<K, true>::run(k, pDstIndx, n);
-        } else {
-            K* other = reinterpret_cast<K*>(pBuffer + kb);
-            int32_t* otherX = reinterpret_cast<int32_t*>(pBuffer + 2 * kb);
-            uint32_t* hist = reinterpret_cast<uint32_t*>(pBuffer + 2 * kb + round64(n * sizeof(int32_t)));
-            lsd<K, true>(k, pDstIndx, other, otherX, n, hist);
-        }
+        Qs<K, true>::run(k, pDstIndx, n);
+    } else {
+        msdSort<T, kDesc, true>(pSrc, nullptr, pDstIndx, n, pBuffer);
     }
     return vrxOk;
 }
@@ -81,12 +70,8 @@ VrxStatus bufferSize(int len, VrxDataType dataType, int* pBufferSize, bool index
     case vrx16s: bytes = kCountWords<uint16_t> * sizeof(uint32_t); break;
     case vrx32u:
     case vrx32s:
-    case vrx32f:
-        bytes = index ? 3 * round64(n * 4) + kRadixHistBytes<uint32_t> : round64(n * 4) + kRadixHistBytes<uint32_t>;
-        break;
-    case vrx64f:
-        bytes = index ? 2 * round64(n * 8) + round64(n * 4) + kRadixHistBytes<uint64_t> : round64(n * 8) + kRadixHistBytes<uint64_t>;
-        break;
+    case vrx32f: bytes = round64(n * 4) + (index ? round64(n * 4) : 0) + kHistBytes; break;
+    case vrx64f: bytes = round64(n * 8) + (index ? round64(n * 4) : 0) + kHistBytes; break;
     default: return vrxErrDataType;
     }
     if (bytes > 0x7FFFFFFFu) return vrxErrBadLength;
