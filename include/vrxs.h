@@ -1039,7 +1039,7 @@ VRXAPI(VrxStatus, vrxsMulPackConj_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, i
  * None allocates; no memory outside the vectors and the buffer is touched. */
 
 /* vrxsSortAscend_*_I, vrxsSortDescend_*_I: sorts pSrcDst in place, with no
- * buffer. The 16-bit forms use 264 KiB of stack. */
+ * buffer. The 16-bit forms use 256 KiB of stack. */
 VRXAPI(VrxStatus, vrxsSortAscend_8u_I,  (Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSortDescend_8u_I, (Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSortAscend_16u_I,  (Vrx16u* pSrcDst, int len))
@@ -1057,7 +1057,7 @@ VRXAPI(VrxStatus, vrxsSortDescend_64f_I, (Vrx64f* pSrcDst, int len))
 
 /* vrxsSortIndexAscend_*_I, vrxsSortIndexDescend_*_I: sorts pSrcDst in place
  * and writes the stable permutation (len ints) to pDstIndx; no buffer. The
- * 16-bit forms use 264 KiB of stack. */
+ * 16-bit forms use 256 KiB of stack. */
 VRXAPI(VrxStatus, vrxsSortIndexAscend_8u_I,  (Vrx8u* pSrcDst, int* pDstIndx, int len))
 VRXAPI(VrxStatus, vrxsSortIndexDescend_8u_I, (Vrx8u* pSrcDst, int* pDstIndx, int len))
 VRXAPI(VrxStatus, vrxsSortIndexAscend_16u_I,  (Vrx16u* pSrcDst, int* pDstIndx, int len))
@@ -1078,7 +1078,7 @@ VRXAPI(VrxStatus, vrxsSortIndexDescend_64f_I, (Vrx64f* pSrcDst, int* pDstIndx, i
  * up to a multiple of 64:
  *                       SortRadix*                SortRadixIndex*
  *   8u                  1024                      1024
- *   16u, 16s            270336                    270336
+ *   16u, 16s            262144                    262144
  *   32u, 32s, 32f       r(4 len) + 8192           2 r(4 len) + 8192
  *   64f                 r(8 len) + 8192           r(8 len) + r(4 len) + 8192
  * Checks: pBufferSize null -8, then len < 1 -6, then any other dataType

@@ -1,6 +1,6 @@
 // Comparison sorts without a buffer: vrxsSort{Ascend,Descend}_*_I and the
 // stable index forms vrxsSortIndex{Ascend,Descend}_*_I. 8- and 16-bit data
-// are counted (the 16-bit count table lives on the stack, 264 KiB); 32- and
+// are counted (the 16-bit work space lives on the stack, 256 KiB); 32- and
 // 64-bit data go through their unsigned keys and the in-place quicksort.
 #include "pssort.h"
 

@@ -364,90 +364,115 @@ struct Qs {
 
 // ------------------------------------------------------ counting (8/16 bit)
 
-// Emits value v c times from p on.
+// Writes v c times from p on; end is the end of the vector. A run that fits
+// one 256-bit store with room behind it costs that one store (8- and 16-bit
+// data moved in AVX2 registers, 32 or 16 elements a store).
 template <class K>
-VRX_INLINE K* fillRun(K* p, K v, size_t c) {
-    if constexpr (sizeof(K) == 1) { memset(p, v, c); return p + c; }
-    else {
-        // 16-bit data moved in 256-bit AVX2 registers, 16 elements a store
-        if (c >= 16) {
-            const __m256i r = _mm256_set1_epi16(static_cast<short>(v));
-            size_t i = 0;
-            for (; i + 16 <= c; i += 16) _mm256_storeu_si256(reinterpret_cast<__m256i*>(p + i), r);
-            for (; i < c; ++i) p[i] = v;
-            return p + c;
-        }
-        for (size_t i = 0; i < c; ++i) p[i] = v;
+VRX_INLINE K* emitRun(K* p, K* end, K v, size_t c) {
+    constexpr size_t kPer = 32 / sizeof(K);
+    const __m256i r = sizeof(K) == 1 ? _mm256_set1_epi8(static_cast<char>(v)) : _mm256_set1_epi16(static_cast<short>(v));
+    if (VRX_LIKELY(c <= kPer && static_cast<size_t>(end - p) >= kPer)) {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), r);
         return p + c;
     }
+    size_t i = 0;
+    for (; i + kPer <= c; i += kPer) _mm256_storeu_si256(reinterpret_cast<__m256i*>(p + i), r);
+    for (; i < c; ++i) p[i] = v;
+    return p + c;
 }
 
-// Histogram space of the counting sorts, in 32-bit words: the counts, then
-// for 16-bit keys a bitmap of the values present (the counts of absent
-// values are never read, so only the bitmap is cleared).
-template <class K> inline constexpr size_t kCountWords = sizeof(K) == 1 ? 256 : 65536 + 65536 / 32;
+// Work space of the 8- and 16-bit sorts, in 32-bit words: 256 counts, or
+// 65536 counts (which also hold the short vectors' digit passes).
+template <class K> inline constexpr size_t kCountWords = sizeof(K) == 1 ? 256 : 65536;
+// 16-bit vectors shorter than this take two 8-bit digit passes instead of
+// the 65536 counts.
+inline constexpr size_t kCount16Min = 16384;
 
-// Counting sort of the n elements of src (keys through KeyOf<T>): writes the
-// sorted elements to dst (may be src, or null) and the stable permutation to
-// idx (or null). cnt holds kCountWords<K> words.
+// Two stable 8-bit digit passes of a short 16-bit vector through the work
+// space: keys (32 KiB), positions (64 KiB), two histograms (2 KiB).
 template <class T, bool kDesc>
-void countSort(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* cnt) {
+void digitSort16(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* work) {
     using K = typename KeyOf<T>::K;
     const K* s = reinterpret_cast<const K*>(src);
     K* d = reinterpret_cast<K*>(dst);
+    K* tk = reinterpret_cast<K*>(work);
+    int32_t* tx = reinterpret_cast<int32_t*>(work + kCount16Min / 2);
+    uint32_t* h0 = work + kCount16Min / 2 + kCount16Min;
+    uint32_t* h1 = h0 + 256;
+    memset(h0, 0, 512 * sizeof(uint32_t));
+    for (size_t i = 0; i < n; ++i) {
+        K k = toKey<T, kDesc>(s[i]);
+        ++h0[k & 0xFF];
+        ++h1[k >> 8];
+    }
+    uint32_t a0 = 0, a1 = 0;
+    for (int v = 0; v < 256; ++v) {
+        uint32_t c0 = h0[v], c1 = h1[v];
+        h0[v] = a0; h1[v] = a1;
+        a0 += c0; a1 += c1;
+    }
+    for (size_t i = 0; i < n; ++i) {
+        K k = toKey<T, kDesc>(s[i]);
+        uint32_t o = h0[k & 0xFF]++;
+        tk[o] = k;
+        if (idx) tx[o] = static_cast<int32_t>(i);
+    }
+    for (size_t i = 0; i < n; ++i) {
+        K k = tk[i];
+        uint32_t o = h1[k >> 8]++;
+        if (d) d[o] = fromKey<T, kDesc>(k);
+        if (idx) idx[o] = tx[i];
+    }
+}
+
+// Counting sort of the n elements of src (keys through KeyOf<T>): writes the
+// sorted elements to dst (may be src, or null) and the stable permutation to
+// idx (or null). work holds kCountWords<K> words.
+template <class T, bool kDesc>
+void countSort(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* work) {
+    using K = typename KeyOf<T>::K;
+    constexpr size_t kValues = size_t(1) << (8 * sizeof(K));
+    if constexpr (sizeof(K) == 2) {
+        if (n < kCount16Min) { digitSort16<T, kDesc>(src, dst, idx, n, work); return; }
+    }
+    const K* s = reinterpret_cast<const K*>(src);
+    K* d = reinterpret_cast<K*>(dst);
+    uint32_t* cnt = work;
     if constexpr (sizeof(K) == 1) {
-        memset(cnt, 0, 256 * sizeof(uint32_t));
-        for (size_t i = 0; i < n; ++i) ++cnt[toKey<T, kDesc>(s[i])];
-        if (idx) {
-            uint32_t pos[256];
-            uint32_t acc = 0;
-            for (int v = 0; v < 256; ++v) { pos[v] = acc; acc += cnt[v]; }
-            for (size_t i = 0; i < n; ++i) idx[pos[toKey<T, kDesc>(s[i])]++] = static_cast<int32_t>(i);
+        // four tables in turn, so that runs of one value do not wait on
+        // their own increments
+        uint32_t c4[4][256];
+        memset(c4, 0, sizeof c4);
+        size_t i = 0;
+        for (; i + 4 <= n; i += 4) {
+            ++c4[0][toKey<T, kDesc>(s[i])];
+            ++c4[1][toKey<T, kDesc>(s[i + 1])];
+            ++c4[2][toKey<T, kDesc>(s[i + 2])];
+            ++c4[3][toKey<T, kDesc>(s[i + 3])];
         }
+        for (; i < n; ++i) ++c4[0][toKey<T, kDesc>(s[i])];
+        for (size_t v = 0; v < 256; ++v) cnt[v] = c4[0][v] + c4[1][v] + c4[2][v] + c4[3][v];
+    } else {
+        memset(cnt, 0, kValues * sizeof(uint32_t));
+        for (size_t i = 0; i < n; ++i) ++cnt[toKey<T, kDesc>(s[i])];
+    }
+    if (idx) {
+        // counts to start positions, positions placed, then cnt[v] is the
+        // end of v's run
+        uint32_t acc = 0;
+        for (size_t v = 0; v < kValues; ++v) { uint32_t c = cnt[v]; cnt[v] = acc; acc += c; }
+        for (size_t i = 0; i < n; ++i) idx[cnt[toKey<T, kDesc>(s[i])]++] = static_cast<int32_t>(i);
         if (d) {
             K* p = d;
-            for (int v = 0; v < 256; ++v)
-                if (cnt[v]) p = fillRun<K>(p, fromKey<T, kDesc>(static_cast<K>(v)), cnt[v]);
-        }
-    } else {
-        uint64_t* bm = reinterpret_cast<uint64_t*>(cnt + 65536);
-        memset(bm, 0, 65536 / 8);
-        for (size_t i = 0; i < n; ++i) {
-            K k = toKey<T, kDesc>(s[i]);
-            uint64_t bit = 1ull << (k & 63);
-            if (bm[k >> 6] & bit) ++cnt[k];
-            else { bm[k >> 6] |= bit; cnt[k] = 1; }
-        }
-        if (idx) {
-            // counts to end positions, in key order
-            uint32_t acc = 0;
-            for (unsigned w = 0; w < 1024; ++w)
-                for (uint64_t b = bm[w]; b; b &= b - 1) {
-                    unsigned k = w * 64 + static_cast<unsigned>(__builtin_ctzll(b));
-                    uint32_t c = cnt[k];
-                    cnt[k] = acc;
-                    acc += c;
-                }
-            for (size_t i = 0; i < n; ++i) idx[cnt[toKey<T, kDesc>(s[i])]++] = static_cast<int32_t>(i);
-            if (d) {
-                // cnt[k] is now the end of k's run
-                K* p = d;
-                size_t at = 0;
-                for (unsigned w = 0; w < 1024; ++w)
-                    for (uint64_t b = bm[w]; b; b &= b - 1) {
-                        unsigned k = w * 64 + static_cast<unsigned>(__builtin_ctzll(b));
-                        p = fillRun<K>(p, fromKey<T, kDesc>(static_cast<K>(k)), cnt[k] - at);
-                        at = cnt[k];
-                    }
+            uint32_t at = 0;
+            for (size_t v = 0; v < kValues; ++v) {
+                p = emitRun<K>(p, d + n, fromKey<T, kDesc>(static_cast<K>(v)), cnt[v] - at);
+                at = cnt[v];
             }
-        } else if (d) {
-            K* p = d;
-            for (unsigned w = 0; w < 1024; ++w)
-                for (uint64_t b = bm[w]; b; b &= b - 1) {
-                    unsigned k = w * 64 + static_cast<unsigned>(__builtin_ctzll(b));
-                    p = fillRun<K>(p, fromKey<T, kDesc>(static_cast<K>(k)), cnt[k]);
-                }
         }
+    } else if (d) {
+        K* p = d;
+        for (size_t v = 0; v < kValues; ++v) p = emitRun<K>(p, d + n, fromKey<T, kDesc>(static_cast<K>(v)), cnt[v]);
     }
 }
 

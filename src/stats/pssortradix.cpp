@@ -4,7 +4,7 @@
 // Buffer layout, every part starting at a multiple of 64 bytes from the
 // buffer's start (the buffer itself need not be aligned):
 //   8-bit          counts, 256 words                         1024 bytes
-//   16-bit         counts 65536 words + bitmap 2048 words    270336 bytes
+//   16-bit         counts 65536 words                        262144 bytes
 //   32/64-bit      keys r(len*K), for the index forms the indices r(len*4),
 //                  then the bucket counts (up to 2048 words, 8192 bytes)
 // with r() rounding up to 64 and K the element size. Vectors shorter than
