@@ -12,7 +12,7 @@
 // and every form gives the same bits whatever algorithm it runs.
 //
 // 32- and 64-bit keys: an in-place quicksort whose partition packs lanes
-// with compress stores, a sorting network in registers below 2 registers'
+// with compress stores, a sorting network in registers below 4 registers'
 // worth, heapsort past a depth limit. The index forms carry the index
 // array along and compare (key, index): all pairs differ, so the order is
 // total and the result is the stable one whatever the partition does.
@@ -238,18 +238,41 @@ struct Qs {
         b = cleanReg(hi);
     }
 
-    // n <= 2N
+    // n <= 4N: up to four registers sorted, merged in pairs, then the two
+    // runs of two merged (a bitonic merge across registers, then in each)
     static void small(K* a, int32_t* x, size_t n) {
         if (n <= 1) return;
         if (n <= N) {
             storeN(a, x, sortReg(loadPad(a, x, n)), n);
             return;
         }
+        if (n <= 2 * N) {
+            Reg r0 = sortReg(load(a, x));
+            Reg r1 = sortReg(loadPad(a + N, x + N, n - N));
+            merge2(r0, r1);
+            store(a, x, r0);
+            storeN(a + N, x + N, r1, n - N);
+            return;
+        }
+        const size_t n2 = n - 2 * N < N ? n - 2 * N : N;
+        const size_t n3 = n - 2 * N - n2;
         Reg r0 = sortReg(load(a, x));
-        Reg r1 = sortReg(loadPad(a + N, x + N, n - N));
+        Reg r1 = sortReg(load(a + N, x + N));
+        Reg r2 = sortReg(loadPad(a + 2 * N, x + 2 * N, n2));
+        Reg r3 = sortReg(loadPad(a + 3 * N, x + 3 * N, n3));
         merge2(r0, r1);
+        merge2(r2, r3);
+        Reg b0 = reverse(r3), b1 = reverse(r2);
+        Reg l0 = rmin(r0, b0), h0 = rmax(r0, b0);
+        Reg l1 = rmin(r1, b1), h1 = rmax(r1, b1);
+        r0 = cleanReg(rmin(l0, l1));
+        r1 = cleanReg(rmax(l0, l1));
+        r2 = cleanReg(rmin(h0, h1));
+        r3 = cleanReg(rmax(h0, h1));
         store(a, x, r0);
-        storeN(a + N, x + N, r1, n - N);
+        store(a + N, x + N, r1);
+        storeN(a + 2 * N, x + 2 * N, r2, n2);
+        storeN(a + 3 * N, x + 3 * N, r3, n3);
     }
 
     static VRX_INLINE bool lessAt(const K* a, const int32_t* x, size_t i, size_t j) {
@@ -338,7 +361,7 @@ struct Qs {
     }
 
     static void sort(K* a, int32_t* x, size_t n, int depth) {
-        while (n > 2 * N) {
+        while (n > 4 * N) {
             if (depth-- <= 0) { heapSort(a, x, n); return; }
             Piv pv = pivot(a, x, n);
             size_t l = partition<false>(a, x, n, pv);
