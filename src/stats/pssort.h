@@ -380,6 +380,8 @@ struct Qs {
     }
 
     static void run(K* a, int32_t* x, size_t n) {
+        // without indices x only follows a's offsets, never dereferenced
+        if constexpr (!kIdx) x = reinterpret_cast<int32_t*>(a);
         int depth = 2 * (64 - __builtin_clzll(static_cast<unsigned long long>(n) | 1));
         sort(a, x, n, depth);
     }
@@ -413,7 +415,7 @@ inline constexpr size_t kCount16Min = 16384;
 
 // Two stable 8-bit digit passes of a short 16-bit vector through the work
 // space: keys (32 KiB), positions (64 KiB), two histograms (2 KiB).
-template <class T, bool kDesc>
+template <class T, bool kDesc, bool kVal, bool kIdx>
 void digitSort16(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* work) {
     using K = typename KeyOf<T>::K;
     const K* s = reinterpret_cast<const K*>(src);
@@ -438,13 +440,13 @@ void digitSort16(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* work) {
         K k = toKey<T, kDesc>(s[i]);
         uint32_t o = h0[k & 0xFF]++;
         tk[o] = k;
-        if (idx) tx[o] = static_cast<int32_t>(i);
+        if constexpr (kIdx) tx[o] = static_cast<int32_t>(i);
     }
     for (size_t i = 0; i < n; ++i) {
         K k = tk[i];
         uint32_t o = h1[k >> 8]++;
-        if (d) d[o] = fromKey<T, kDesc>(k);
-        if (idx) idx[o] = tx[i];
+        if constexpr (kVal) d[o] = fromKey<T, kDesc>(k);
+        if constexpr (kIdx) idx[o] = tx[i];
     }
 }
 
@@ -456,12 +458,20 @@ void countSort(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* work) {
     using K = typename KeyOf<T>::K;
     constexpr size_t kValues = size_t(1) << (8 * sizeof(K));
     if constexpr (sizeof(K) == 2) {
-        if (n < kCount16Min) { digitSort16<T, kDesc>(src, dst, idx, n, work); return; }
+        if (n < kCount16Min) {
+            if (dst && idx) digitSort16<T, kDesc, true, true>(src, dst, idx, n, work);
+            else if (dst) digitSort16<T, kDesc, true, false>(src, dst, idx, n, work);
+            else digitSort16<T, kDesc, false, true>(src, dst, idx, n, work);
+            return;
+        }
     }
     const K* s = reinterpret_cast<const K*>(src);
     K* d = reinterpret_cast<K*>(dst);
     uint32_t* cnt = work;
-    if constexpr (sizeof(K) == 1) {
+    if (sizeof(K) == 1 && n < 4096) {
+        memset(cnt, 0, 256 * sizeof(uint32_t));
+        for (size_t i = 0; i < n; ++i) ++cnt[toKey<T, kDesc>(s[i])];
+    } else if constexpr (sizeof(K) == 1) {
         // four tables in turn, so that runs of one value do not wait on
         // their own increments
         uint32_t c4[4][256];
