@@ -1079,8 +1079,8 @@ VRXAPI(VrxStatus, vrxsSortIndexDescend_64f_I, (Vrx64f* pSrcDst, int* pDstIndx, i
  *                       SortRadix*                SortRadixIndex*
  *   8u                  1024                      1024
  *   16u, 16s            262144                    262144
- *   32u, 32s, 32f       r(4 len) + 8192           2 r(4 len) + 8192
- *   64f                 r(8 len) + 8192           r(8 len) + r(4 len) + 8192
+ *   32u, 32s, 32f       r(4 len) + 32768          2 r(4 len) + 32768
+ *   64f                 r(8 len) + 32768          r(8 len) + r(4 len) + 32768
  * Checks: pBufferSize null -8, then len < 1 -6, then any other dataType
  * (vrx32fc and vrx64fc too) -12; a size above INT_MAX gives -6. */
 VRXAPI(VrxStatus, vrxsSortRadixGetBufferSize,      (int len, VrxDataType dataType, int* pBufferSize))

@@ -313,7 +313,7 @@ TEST(Sort, BufferSizeFormulas) {
             long long plain, index;
             if (r.elem == 1) plain = index = 1024;
             else if (r.elem == 2) plain = index = 262144;
-            else { plain = r64(1LL * r.elem * len) + 8192; index = plain + r64(4LL * len); }
+            else { plain = r64(1LL * r.elem * len) + 32768; index = plain + r64(4LL * len); }
             int got = -1;
             ASSERT_EQ(vrxsSortRadixGetBufferSize(len, r.type, &got), vrxOk);
             EXPECT_EQ(got, plain) << r.type << " " << len;

@@ -512,10 +512,10 @@ void countSort(const T* src, T* dst, int32_t* idx, size_t n, uint32_t* work) {
 // ------------------------------------------------- buffered (32/64 bit)
 
 // One most-significant-digit pass spreads the keys into the buffer over up
-// to 2048 buckets, by the bits just below the highest bit in which any two
+// to 8192 buckets, by the bits just below the highest bit in which any two
 // keys differ; each bucket, small and warm in cache, is then sorted there by
 // the quicksort and written back (values mapped back, or indices only).
-inline constexpr int kMaxBucketBits = 11;
+inline constexpr int kMaxBucketBits = 13;
 inline constexpr size_t kHistBytes = (size_t(1) << kMaxBucketBits) * sizeof(uint32_t);
 
 template <class T, bool kDesc, bool kIdx>
@@ -543,7 +543,7 @@ void msdSort(const T* src, T* dst, int32_t* dstIdx, size_t n, Vrx8u* buf) {
         if constexpr (kIdx) iota(dstIdx, n);
         return;
     }
-    // about 32 keys a bucket, 64 to 2048 buckets
+    // about 32 keys a bucket, 64 to 8192 buckets
     int bits = 63 - __builtin_clzll(static_cast<unsigned long long>(n)) - 5;
     bits = bits < 6 ? 6 : bits > kMaxBucketBits ? kMaxBucketBits : bits;
     const int top = 63 - __builtin_clzll(static_cast<unsigned long long>(d));

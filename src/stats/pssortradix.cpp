@@ -6,7 +6,7 @@
 //   8-bit          counts, 256 words                         1024 bytes
 //   16-bit         counts 65536 words                        262144 bytes
 //   32/64-bit      keys r(len*K), for the index forms the indices r(len*4),
-//                  then the bucket counts (up to 2048 words, 8192 bytes)
+//                  then the bucket counts (up to 8192 words, 32768 bytes)
 // with r() rounding up to 64 and K the element size. Vectors shorter than
 // 512 elements are sorted by the quicksort alone; the in-place form leaves
 // the buffer alone then.
