@@ -123,7 +123,7 @@ enum {
 /* Data-type selectors of the buffer-size queries. */
 typedef int VrxDataType;
 enum {
-    vrx8u = 1, vrx16u = 5, vrx16s = 7, vrx32f = 13, vrx32fc = 14, vrx64f = 19, vrx64fc = 20
+    vrx8u = 1, vrx16u = 5, vrx16s = 7, vrx32u = 9, vrx32s = 11, vrx32f = 13, vrx32fc = 14, vrx64f = 19, vrx64fc = 20
 };
 
 typedef int VrxWinType;
@@ -1341,6 +1341,100 @@ VRXAPI(VrxStatus, vrxsSumWindow_16s32f, (const Vrx16s* pSrc, Vrx32f* pDst, int l
 /* ------------------------------------- end of extrema, counts and search */
 
 /* -------------------------------------------------------------- sorting */
+
+/* Sorting of 8u, 16u, 16s, 32u, 32s, 32f and 64f vectors, ascending or
+ * descending. Floats are ordered by the IEEE total order:
+ *     -NaN < -inf < ... < -0 < +0 < ... < +inf < +NaN
+ * (NaNs by sign and payload), so every form gives the same bits. The index
+ * forms write to pDstIndx the source position of each element of the sorted
+ * order (pDstIndx[i] = j: the i-th element sorted is pSrc[j]); they are
+ * stable in both directions: equal elements keep their source order.
+ * None allocates; no memory outside the vectors and the buffer is touched. */
+
+/* vrxsSortAscend_*_I, vrxsSortDescend_*_I: sorts pSrcDst in place, with no
+ * buffer. The 16-bit forms use 256 KiB of stack. */
+VRXAPI(VrxStatus, vrxsSortAscend_8u_I,  (Vrx8u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_8u_I, (Vrx8u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortAscend_16u_I,  (Vrx16u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_16u_I, (Vrx16u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortAscend_16s_I,  (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_16s_I, (Vrx16s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortAscend_32u_I,  (Vrx32u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_32u_I, (Vrx32u* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortAscend_32s_I,  (Vrx32s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_32s_I, (Vrx32s* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortAscend_32f_I,  (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_32f_I, (Vrx32f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortAscend_64f_I,  (Vrx64f* pSrcDst, int len))
+VRXAPI(VrxStatus, vrxsSortDescend_64f_I, (Vrx64f* pSrcDst, int len))
+
+/* vrxsSortIndexAscend_*_I, vrxsSortIndexDescend_*_I: sorts pSrcDst in place
+ * and writes the stable permutation (len ints) to pDstIndx; no buffer. The
+ * 16-bit forms use 256 KiB of stack. */
+VRXAPI(VrxStatus, vrxsSortIndexAscend_8u_I,  (Vrx8u* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_8u_I, (Vrx8u* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexAscend_16u_I,  (Vrx16u* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_16u_I, (Vrx16u* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexAscend_16s_I,  (Vrx16s* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_16s_I, (Vrx16s* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexAscend_32u_I,  (Vrx32u* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_32u_I, (Vrx32u* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexAscend_32s_I,  (Vrx32s* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_32s_I, (Vrx32s* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexAscend_32f_I,  (Vrx32f* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_32f_I, (Vrx32f* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexAscend_64f_I,  (Vrx64f* pSrcDst, int* pDstIndx, int len))
+VRXAPI(VrxStatus, vrxsSortIndexDescend_64f_I, (Vrx64f* pSrcDst, int* pDstIndx, int len))
+
+/* Buffer sizes in bytes of the radix forms for len elements of dataType
+ * (vrx8u, vrx16u, vrx16s, vrx32u, vrx32s, vrx32f or vrx64f); r(x) rounds x
+ * up to a multiple of 64:
+ *                       SortRadix*                SortRadixIndex*
+ *   8u                  1024                      1024
+ *   16u, 16s            262144                    262144
+ *   32u, 32s, 32f       r(4 len) + 32768          2 r(4 len) + 32768
+ *   64f                 r(8 len) + 32768          r(8 len) + r(4 len) + 32768
+ * Checks: pBufferSize null -8, then len < 1 -6, then any other dataType
+ * (vrx32fc and vrx64fc too) -12; a size above INT_MAX gives -6. */
+VRXAPI(VrxStatus, vrxsSortRadixGetBufferSize,      (int len, VrxDataType dataType, int* pBufferSize))
+VRXAPI(VrxStatus, vrxsSortRadixIndexGetBufferSize, (int len, VrxDataType dataType, int* pBufferSize))
+
+/* vrxsSortRadixAscend_*_I, vrxsSortRadixDescend_*_I: sorts pSrcDst in place
+ * using pBuffer, of the size from vrxsSortRadixGetBufferSize (no alignment
+ * needed); the result equals that of vrxsSortAscend_*_I / vrxsSortDescend_*_I. */
+VRXAPI(VrxStatus, vrxsSortRadixAscend_8u_I,  (Vrx8u* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_8u_I, (Vrx8u* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixAscend_16u_I,  (Vrx16u* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_16u_I, (Vrx16u* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixAscend_16s_I,  (Vrx16s* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_16s_I, (Vrx16s* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixAscend_32u_I,  (Vrx32u* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_32u_I, (Vrx32u* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixAscend_32s_I,  (Vrx32s* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_32s_I, (Vrx32s* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixAscend_32f_I,  (Vrx32f* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_32f_I, (Vrx32f* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixAscend_64f_I,  (Vrx64f* pSrcDst, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixDescend_64f_I, (Vrx64f* pSrcDst, int len, Vrx8u* pBuffer))
+
+/* vrxsSortRadixIndexAscend_*, vrxsSortRadixIndexDescend_*: writes the stable
+ * sorting permutation of pSrc (len ints) to pDstIndx, leaving pSrc untouched;
+ * pBuffer has the size from vrxsSortRadixIndexGetBufferSize. */
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_8u,  (const Vrx8u* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_8u, (const Vrx8u* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_16u,  (const Vrx16u* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_16u, (const Vrx16u* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_16s,  (const Vrx16s* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_16s, (const Vrx16s* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_32u,  (const Vrx32u* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_32u, (const Vrx32u* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_32s,  (const Vrx32s* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_32s, (const Vrx32s* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_32f,  (const Vrx32f* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_32f, (const Vrx32f* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexAscend_64f,  (const Vrx64f* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsSortRadixIndexDescend_64f, (const Vrx64f* pSrc, int* pDstIndx, int len, Vrx8u* pBuffer))
+
 
 /* ------------------------------------------------------- end of sorting */
 

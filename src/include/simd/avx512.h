@@ -248,6 +248,14 @@ template <class T> struct VInt<T, 4> {
     template <int K> static VRX_INLINE R shiftUp(R a) { return _mm512_alignr_epi32(a, _mm512_setzero_si512(), 16 - K); }
     // lane 15 in every lane
     static VRX_INLINE R broadcastLast(R a) { return _mm512_permutexvar_epi32(_mm512_set1_epi32(15), a); }
+    // the lanes of m packed together and stored from p on (popcount(m) elements
+    // written); packed in the register, then a masked store: the memory form
+    // of the compress instruction is microcoded on some processors
+    static VRX_INLINE void compress(T* p, M m, R v) {
+        _mm512_mask_storeu_epi32(p, static_cast<M>(_bzhi_u32(0xFFFFu, static_cast<unsigned>(__builtin_popcount(m)))), _mm512_maskz_compress_epi32(m, v));
+    }
+    // lane i of the result is lane idx[i] of v
+    static VRX_INLINE R permute(R idx, R v) { return _mm512_permutexvar_epi32(idx, v); }
 };
 
 template <class T> struct VInt<T, 8> {
@@ -291,6 +299,10 @@ template <class T> struct VInt<T, 8> {
     static VRX_INLINE T first(R a) { return static_cast<T>(_mm_cvtsi128_si64(_mm512_castsi512_si128(a))); }
     // lanes 2k and 2k+1 exchanged
     static VRX_INLINE R swapPair(R a) { return _mm512_shuffle_epi32(a, _MM_PERM_BADC); }
+    static VRX_INLINE void compress(T* p, M m, R v) {
+        _mm512_mask_storeu_epi64(p, static_cast<M>(_bzhi_u32(0xFFu, static_cast<unsigned>(__builtin_popcount(m)))), _mm512_maskz_compress_epi64(m, v));
+    }
+    static VRX_INLINE R permute(R idx, R v) { return _mm512_permutexvar_epi64(idx, v); }
 };
 
 template <> struct V<int32_t> : VInt<int32_t, 4> { using T = int32_t; };
