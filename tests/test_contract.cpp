@@ -55,6 +55,9 @@ enum class Deviation {
     UnsignedLength, // the length is read as unsigned: only 0 is a bad length, -1 is not passed
     ObjectFirst,    // the named plan/state is checked first (null -8, then its identity word -17):
                     // a null data pointer beside a sentinel-filled object gives -17
+    ValuesFirst,    // the named pointer is checked first, then the function's own values (one of
+                    // them read through that pointer), then the other pointers and the length:
+                    // with neutral values only the named pointer's null case is reachable
 };
 
 struct Exception {
@@ -88,6 +91,14 @@ const Exception kExceptions[] = {
     {"vrxsFFTInit_*", Deviation::OptionalPtr, "pInitBuf", "ignored below order 11 (the neutral order is 1)"},
     {"vrxsFFT[FI][wn][dv]_*", Deviation::ObjectFirst, "plan",
      "the plan is tested first: null -8, then its identity word -17, then the data pointers"},
+    {"vrxsM[ai][xn]Indx_*", Deviation::OptionalPtr, "pIndx", "the index pointer is optional"},
+    {"vrxsM[ai][xn]AbsIndx_*", Deviation::OptionalPtr, "pIndx", "the index pointer is optional"},
+    {"vrxsZeroCrossing_*", Deviation::UnsignedLength, nullptr,
+     "only a zero length is refused; a negative length counts nothing and is no error"},
+    {"vrxsTone_*", Deviation::ValuesFirst, "pPhase",
+     "phase pointer, then magnitude, frequency and the phase it points to, then destination and length"},
+    {"vrxsTriangle_*", Deviation::ValuesFirst, "pPhase",
+     "phase pointer, then magnitude, frequency, asymmetry and phase, then destination and length"},
 };
 
 // ------------------------------------------------------------- the table
@@ -291,6 +302,7 @@ TEST(Contract, EveryExportChecksPointersThenLengths) {
         ++n.functions;
         ASSERT_LE(e.params.size(), kMaxArgs) << e.name;
         bool notCalled = false, nullResult = false, lengthFirst = false, unsignedLen = false;
+        std::string valuesFirst;
         std::string object;
         std::vector<std::string> optional;
         bool matched = false;
@@ -304,6 +316,7 @@ TEST(Contract, EveryExportChecksPointersThenLengths) {
                 case Deviation::OptionalPtr: optional.push_back(x.arg); break;
                 case Deviation::UnsignedLength: unsignedLen = true; break;
                 case Deviation::ObjectFirst: object = x.arg; break;
+                case Deviation::ValuesFirst: valuesFirst = x.arg; break;
             }
         }
         n.exceptions += matched;
@@ -343,6 +356,7 @@ TEST(Contract, EveryExportChecksPointersThenLengths) {
             bool opt = false;
             for (const std::string& o : optional) opt |= (o == p.name);
             if (opt) continue;
+            if (!valuesFirst.empty() && p.name != valuesFirst) continue;
             long expected = (object.empty() || p.name == object) ? vrxErrNullPtr : vrxErrBadSpec;
             a.nullArg = static_cast<int>(i);
             a.lenArg = -1;
@@ -361,7 +375,7 @@ TEST(Contract, EveryExportChecksPointersThenLengths) {
         a.nullArg = -1;
         a.otherLens = kGoodLen;
         for (size_t i = 0; i < e.params.size(); ++i) {
-            if (e.params[i].kind != Kind::Length) continue;
+            if (e.params[i].kind != Kind::Length || !valuesFirst.empty()) continue;
             a.lenArg = static_cast<int>(i);
             for (int bad : kBadLens) {
                 if (unsignedLen && bad < 0) continue;
