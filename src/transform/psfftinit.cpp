@@ -13,7 +13,7 @@ namespace {
 VRX_INLINE bool flagKnown(int flag) { return flag == 8 || flag == 4 || flag == 1 || flag == 2; }
 
 // Every layout fits inside the sizes reported, at any misalignment of the
-// caller's blocks: the plan in the spec size, the sine table in the init
+// caller's blocks: the plan in the plan size (pSpecSize), the sine table in the init
 // size.
 template <class T> constexpr bool layoutFits(const Kind& k) {
     for (int order = 0; order <= k.maxOrder; ++order) {
