@@ -1726,6 +1726,30 @@ VRXAPI(VrxStatus, vrxsFIRGenBandstop_64f, (Vrx64f rLowFreq, Vrx64f rHighFreq, Vr
 VRXAPI(VrxStatus, vrxsFIRGenGetBufferSize, (int tapsLen, int* pBufferSize))
 
 
+/* ------------------------------------------- convolution and correlation */
+
+/* ------------------------------------ end of convolution and correlation */
+
+/* ------------------ single-rate and multi-rate FIR, SampleUp, SampleDown */
+
+/* ----------------------------------------------- end of FIR and sampling */
+
+/* ----------------------------------------------------------- IIR filters */
+
+/* ---------------------------------------------------- end of IIR filters */
+
+/* ----------------------------------------- DFT of any length and Hilbert */
+
+/* ------------------------------------------------ end of DFT and Hilbert */
+
+/* ------------------------------------------------------ DCT and Goertzel */
+
+/* ----------------------------------------------- end of DCT and Goertzel */
+
+/* ---------------------------------------------------- wavelet transforms */
+
+/* --------------------------------------------- end of wavelet transforms */
+
 #undef VRXAPI
 
 #ifdef __cplusplus

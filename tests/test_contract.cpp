@@ -99,6 +99,12 @@ const Exception kExceptions[] = {
      "phase pointer, then magnitude, frequency and the phase it points to, then destination and length"},
     {"vrxsTriangle_*", Deviation::ValuesFirst, "pPhase",
      "phase pointer, then magnitude, frequency, asymmetry and phase, then destination and length"},
+    // convolution and correlation
+    // FIR and sampling
+    // IIR filters
+    // DFT and Hilbert
+    // DCT and Goertzel
+    // wavelet transforms
 };
 
 // ------------------------------------------------------------- the table
