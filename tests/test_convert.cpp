@@ -2,6 +2,7 @@
 // values in the three rounding modes; every 8-bit and 16-bit input of the
 // integer paths over scale factors -20..40; 24-bit samples; the control
 // word after each call under every caller rounding mode.
+#include <fenv.h>
 #include <float.h>
 #include <math.h>
 
@@ -379,6 +380,58 @@ TEST(ConvertInt, ScaleShortcuts) {
     EXPECT_EQ(f[0], 0.0f);
     ASSERT_EQ(vrxsConvert_16s32f_Sfs(t, f, 2, -200), vrxOk);
     EXPECT_EQ(f[0], INFINITY); EXPECT_EQ(f[1], -INFINITY);
+}
+
+// The float multiplier of 16s32f comes from halving (doubling) 1.0 once a
+// unit of sf: at the extreme counts it is zero or infinity, so values keep
+// their sign and zero times infinity is NaN.
+TEST(ConvertInt, ScaleFactorExtremesTo32f) {
+    const Vrx16s s[5] = {32767, -32768, 1, -1, 0};
+    struct Case { int sf; float mul; };
+    const Case cases[] = {{INT_MIN, INFINITY}, {INT_MIN + 1, INFINITY}, {-150, INFINITY},
+                          {INT_MAX, 0.0f}, {INT_MAX - 1, 0.0f}, {200, 0.0f}};
+    for (const auto& c : cases) {
+        float d[5];
+        ASSERT_EQ(vrxsConvert_16s32f_Sfs(s, d, 5, c.sf), vrxOk) << c.sf;
+        for (int i = 0; i < 5; ++i) {
+            volatile float want = static_cast<float>(s[i]) * c.mul;
+            if (isnan(want)) EXPECT_TRUE(isnan(d[i])) << c.sf << " x " << s[i];
+            else EXPECT_EQ(fBits(d[i]), fBits(want)) << c.sf << " x " << s[i];
+        }
+    }
+}
+
+// 16s64f is x * 2^-sf rounded once in the caller's mode, for every sf: the
+// long double product is exact here, and its narrowing rounds once.
+TEST(ConvertInt, ScaleFactorExtremesTo64f) {
+    std::vector<Vrx16s> s(65536);
+    for (int i = 0; i < 65536; ++i) s[i] = static_cast<Vrx16s>(i - 32768);
+    std::vector<double> d(s.size());
+    const int sfs[] = {1022, 1023, 1040, 1073, 1074, 1075, 1080, 1089, 1090, 1100, 2043, 2044, 2045, 5000, INT_MAX,
+                       -1022, -1023, -1024, -1025, -1100, -5000, INT_MIN + 1, INT_MIN};
+    const struct { unsigned rc; int fe; } modes[] = {{vt::kRoundNear, FE_TONEAREST}, {vt::kRoundUp, FE_UPWARD},
+                                                     {vt::kRoundDown, FE_DOWNWARD}, {vt::kRoundZero, FE_TOWARDZERO}};
+    for (const auto& m : modes) {
+        for (int sf : sfs) {
+            {
+                vt::MxcsrScope scope;
+                _mm_setcsr(0x1F80 | m.rc);
+                chunked(s, d, [sf](const Vrx16s* a, double* o, int n) { return vrxsConvert_16s64f_Sfs(a, o, n, sf); });
+            }
+            fesetround(m.fe);
+            int mismatches = 0;
+            for (size_t i = 0; i < s.size() && mismatches < 5; ++i) {
+                const int e = sf > 20000 ? 20000 : sf < -20000 ? -20000 : sf;
+                volatile long double exact = ldexpl(static_cast<long double>(s[i]), -e);
+                const double want = static_cast<double>(exact);
+                if (vt::dBits(d[i]) != vt::dBits(want)) {
+                    ++mismatches;
+                    ADD_FAILURE() << "x " << s[i] << " sf " << sf << " rc " << m.rc << ": " << d[i] << " want " << want;
+                }
+            }
+            fesetround(FE_TONEAREST);
+        }
+    }
 }
 
 // ------------------------------------------------------------------ 24-bit

@@ -111,13 +111,20 @@ void cvt64s32sDown(const Vrx64s* __restrict s, Vrx32s* __restrict d, int len, in
 
 // 2^-sf as a float by repeated halving (doubling for a negative sf); past
 // the end of the format the value stays where it lands, zero or infinity.
+// The count is taken in unsigned arithmetic, so sf = INT_MIN is 2^31 steps
+// like any other large count.
 float pow2ByHalving(int sf) {
+    const unsigned mag = sf < 0 ? 0u - static_cast<unsigned>(sf) : static_cast<unsigned>(sf);
+    const unsigned n = mag > 400u ? 400u : mag;  // the value is fixed long before this
     float m = 1.0f;
-    int n = sf < 0 ? -sf : sf;
-    if (n > 400) n = 400;  // the value is fixed long before this
-    if (sf > 0) for (int k = 0; k < n; ++k) m *= 0.5f;
-    else for (int k = 0; k < n; ++k) m *= 2.0f;
+    if (sf > 0) for (unsigned k = 0; k < n; ++k) m *= 0.5f;
+    else for (unsigned k = 0; k < n; ++k) m *= 2.0f;
     return m;
+}
+
+// 2^-sf as a double for sf in [-1023, 1022] (normal powers of two).
+double pow2Exact(int sf) {
+    return bitsToDouble(static_cast<uint64_t>(1023 - sf) << 52);
 }
 
 // 2^-sf as a double within [2^-1022, 2^992].
@@ -125,6 +132,23 @@ double pow2Double(int sf) {
     if (sf > 1022) sf = 1022;
     if (sf < -992) sf = -992;
     return bitsToDouble(static_cast<uint64_t>(0x3FF00000u - (static_cast<uint32_t>(sf) << 20)) << 32);
+}
+
+// 16-bit integers times 2^-sf, rounded once in the caller's mode. Inside
+// [-1023, 1022] the multiplier is a normal double and one product rounds.
+// Beyond, a first product that is exact (x * 2^-1022 stays normal for any
+// nonzero 16-bit x; x * 2^1023 is exact for |x| = 1 and already overflows
+// otherwise, as the full product would) is followed by a second one that
+// rounds. From sf 2044 on every nonzero product lies strictly between zero
+// and the least subnormal, where it rounds alike whatever sf.
+void widenScaledOnce(const Vrx16s* __restrict s, Vrx64f* __restrict d, int len, int sf) {
+    if (sf >= -1023 && sf <= 1022) {
+        widenScaled(s, d, len, pow2Exact(sf));
+        return;
+    }
+    const double first = sf > 0 ? pow2Exact(1022) : pow2Exact(-1023);
+    const double second = sf > 0 ? pow2Exact(sf > 2044 ? 1022 : sf - 1022) : 2.0;
+    for (int i = 0; i < len; ++i) d[i] = static_cast<double>(s[i]) * first * second;
 }
 
 }  // namespace
@@ -244,7 +268,7 @@ VrxStatus N0(vrxsConvert_32s64f_Sfs)(const Vrx32s* s, Vrx64f* d, int len, int sf
 VrxStatus N0(vrxsConvert_16s64f_Sfs)(const Vrx16s* s, Vrx64f* d, int len, int sf) {
     if (VrxStatus st = checkArgs(len, s, d)) return st;
     if (sf == 0) widen(s, d, len);
-    else widenScaled(s, d, len, pow2Double(sf));
+    else widenScaledOnce(s, d, len, sf);
     return vrxOk;
 }
 
