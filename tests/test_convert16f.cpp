@@ -5,7 +5,7 @@
 #include <math.h>
 
 #include "vrx_test.h"
-#include "vrxcore.h"
+#include "vrx_testhooks.h"
 
 namespace {
 
@@ -186,6 +186,46 @@ TEST(Convert16f, HalfToShortEveryPatternScaled) {
                 ASSERT_EQ(hw[i], sw[i]) << std::hex << i << std::dec << " sf " << sf;
                 ASSERT_EQ(hw[i], refHalfToShort(static_cast<uint16_t>(i), mode == vrxRndNear, sf))
                     << std::hex << i << std::dec << " sf " << sf << " mode " << mode;
+            }
+        }
+    }
+}
+
+// Both paths give the same bits for every half value, in both rounding
+// modes, with flush-to-zero and denormals-are-zero clear and set: half to
+// float, the floats of every half back to half, short to half and half to
+// short.
+TEST(Convert16f, PathsAgreeUnderFlushToZero) {
+    auto h = allHalves();
+    std::vector<float> f(65536);
+    ASSERT_EQ(vrxsConvert_16f32f(h.data(), f.data(), 65536), vrxOk);
+    std::vector<Vrx16s> s(65536);
+    for (int i = 0; i < 65536; ++i) s[i] = static_cast<Vrx16s>(i - 32768);
+    for (unsigned extra : {0u, vt::kFtz, vt::kFtz | vt::kDaz}) {
+        for (int mode : {1, 0}) {
+            std::vector<float> f2[2];
+            std::vector<uint16_t> h2[2], h3[2];
+            std::vector<Vrx16s> s2[2];
+            for (int path = 0; path < 2; ++path) {
+                f2[path].resize(65536);
+                h2[path].resize(65536);
+                h3[path].resize(65536);
+                s2[path].resize(65536);
+                uint64_t old = vrxSetFeatureMask(path ? ~VRX_CPU_F16C : ~0ull);
+                vt::MxcsrScope scope;
+                _mm_setcsr(0x1F80 | extra);
+                EXPECT_EQ(vrxsConvert_16f32f(h.data(), f2[path].data(), 65536), vrxOk);
+                EXPECT_EQ(vrxsConvert_32f16f(f.data(), h2[path].data(), 65536, mode), vrxOk);
+                EXPECT_EQ(vrxsConvert_16s16f(s.data(), h3[path].data(), 65536, mode), vrxOk);
+                EXPECT_EQ(vrxsConvert_16f16s_Sfs(h.data(), s2[path].data(), 65536, mode, -10), vrxOk);
+                vrxSetFeatureMask(old);
+            }
+            for (int i = 0; i < 65536; ++i) {
+                ASSERT_EQ(fBits(f2[0][i]), fBits(f2[1][i])) << std::hex << i << " csr " << extra;
+                ASSERT_EQ(fBits(f2[0][i]), fBits(f[i])) << std::hex << i << " csr " << extra;
+                ASSERT_EQ(h2[0][i], h2[1][i]) << std::hex << i << " mode " << mode << " csr " << extra;
+                ASSERT_EQ(h3[0][i], h3[1][i]) << std::hex << i << " mode " << mode << " csr " << extra;
+                ASSERT_EQ(s2[0][i], s2[1][i]) << std::hex << i << " mode " << mode << " csr " << extra;
             }
         }
     }

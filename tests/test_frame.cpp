@@ -12,7 +12,7 @@
 #include <string>
 
 #include "vrx_test.h"
-#include "vrxcore.h"
+#include "vrx_testhooks.h"
 
 namespace {
 
@@ -150,6 +150,22 @@ TEST(Version, RecordHoldsTheReleaseFields) {
 }
 
 // ----------------------------------------------------------- core library
+
+// The core exports its five functions and nothing else: no process-wide
+// switch that would change the paths of every other thread (the feature
+// mask exists only in the test build of the core this test runs against).
+TEST(Core, ExportsOnlyItsFiveFunctions) {
+    const ElfView core(VRX_CORE_PATH);
+    std::set<std::string> defined;
+    for (const auto& [name, s] : core.dynsym)
+        if (s.shndx != SHN_UNDEF && s.type == STT_FUNC) defined.insert(name);
+    EXPECT_EQ(defined, (std::set<std::string>{"vrxMalloc", "vrxFree", "vrxGetMaxCacheSizeB", "vrxAlignPtr", "ownGetFeature"}));
+    EXPECT_EQ(core.soname, "libvrxcore.so.9.0");
+    void* h = dlopen(VRX_CORE_PATH, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(h, nullptr) << dlerror();
+    EXPECT_EQ(dlsym(h, "vrxSetFeatureMask"), nullptr);
+    dlclose(h);
+}
 
 TEST(Core, MallocAlignsTo64AndRefusesNonPositive) {
     for (int n : {1, 3, 64, 1000, 1 << 20}) {

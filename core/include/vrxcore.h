@@ -12,7 +12,7 @@
 extern "C" {
 #endif
 
-/* Processor feature bits of ownGetFeature and vrxSetFeatureMask. */
+/* Processor feature bits of ownGetFeature. */
 #define VRX_CPU_SSE2       0x00000001ull
 #define VRX_CPU_SSE3       0x00000002ull
 #define VRX_CPU_SSSE3      0x00000004ull
@@ -48,13 +48,8 @@ void vrxFree(void* ptr);
 int vrxGetMaxCacheSizeB(int* pSize);
 /* Rounds ptr up to the next multiple of align (a power of two). */
 void* vrxAlignPtr(void* ptr, int align);
-/* Nonzero when the processor has every feature of mask and none of them
- * is switched off by vrxSetFeatureMask. */
+/* Nonzero when the processor has every feature of mask. */
 int ownGetFeature(uint64_t mask);
-/* Limits the features that ownGetFeature reports to those of mask (all
- * bits set: everything the processor has); returns the previous mask.
- * Lets a program or a test run the paths meant for lesser processors. */
-uint64_t vrxSetFeatureMask(uint64_t mask);
 
 #ifdef __cplusplus
 }
