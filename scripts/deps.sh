@@ -2,10 +2,15 @@
 # Installs the Debian packages the build needs, when they are missing.
 #   scripts/deps.sh          compiler, CMake, GoogleTest, pkg-config
 #   scripts/deps.sh --bench  also Google Benchmark and the comparison libraries
+#   scripts/deps.sh --check  also clang, its sanitizer and fuzzer runtimes and
+#                            ccache, for scripts/check.sh
 set -euo pipefail
 pkgs=(g++ cmake make libgtest-dev pkg-config)
 if [[ "${1:-}" == "--bench" ]]; then
   pkgs+=(libbenchmark-dev libfftw3-dev libvolk2-dev libsleef-dev libliquid-dev)
+fi
+if [[ "${1:-}" == "--check" ]]; then
+  pkgs+=(clang libclang-rt-dev ccache)
 fi
 missing=()
 for p in "${pkgs[@]}"; do
