@@ -7,6 +7,7 @@
 // rounding error of 1).
 #include "simd/simd.h"
 #include "vrx_fpu.h"
+#include "vrx_round.h"
 
 #include <math.h>
 
@@ -69,7 +70,7 @@ void clip16sc(const Vrx16sc* s, Vrx16sc* d, int len, Vrx16s level) {
         if (Greater ? m > L2 : m < L2) {
             if (m == 0) { d[i].re = level; d[i].im = 0; continue; }
             const double f = level / sqrt(static_cast<double>(m));
-            double a = __builtin_roundeven(re * f), b = __builtin_roundeven(im * f);
+            double a = roundEven(re * f), b = roundEven(im * f);
             d[i].re = static_cast<Vrx16s>(a > 32767.0 ? 32767.0 : (a < -32768.0 ? -32768.0 : a));
             d[i].im = static_cast<Vrx16s>(b > 32767.0 ? 32767.0 : (b < -32768.0 ? -32768.0 : b));
         } else {

@@ -223,7 +223,7 @@ VrxStatus N0(vrxsCubrt_32s16s_Sfs)(const Vrx32s* s, Vrx16s* d, int len, int sf) 
     return trapped(len, {s, d}, [&] {
         for (int i = 0; i < len; ++i) {
             double y = cbrtD(static_cast<double>(s[i]));
-            double r = __builtin_roundeven(y);
+            double r = n0::roundEven(y);
             if (static_cast<int64_t>(r) * static_cast<int64_t>(r) * static_cast<int64_t>(r) == s[i]) y = r;  // exact cubes
             d[i] = roundSat<Vrx16s>(scaleBy(y, sf));
         }

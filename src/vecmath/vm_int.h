@@ -3,6 +3,7 @@
 #pragma once
 
 #include "vrx_base.h"
+#include "vrx_round.h"
 #include "vrx_scale.h"
 
 #include <limits>
@@ -37,7 +38,7 @@ VRX_INLINE double scaleBy(double r, int sf) {
 template <class T>
 VRX_INLINE T roundSat(double r) {
     if (r != r) return 0;
-    r = __builtin_roundeven(r);
+    r = roundEven(r);
     constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
     constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
     if (r <= lo) return std::numeric_limits<T>::min();
