@@ -9,6 +9,34 @@
  * generated. Keep one declaration per line.
  *
  * The header compiles as C89 and later and as C++98 and later.
+ *
+ * Rules shared by every function (docs/guide.md has them at length):
+ * - Statuses: vrxOk (0); an error is negative and nothing was written; a
+ *   warning is positive and the whole vector was processed. Every status is
+ *   listed with its meaning in docs/statuses.md.
+ * - Checks, in this order unless a comment below says otherwise: null
+ *   pointers in argument order (vrxErrNullPtr, -8), then a length below 1
+ *   (vrxErrBadLength, -6), then the function's own values. The comments
+ *   below name the statuses a function returns beyond -8 and -6.
+ * - Names: vrxs<Operation>_<types>[_<modifiers>]. One type: all operands;
+ *   two: source then destination. C: one operand is a constant; CRev: the
+ *   constant stands on the left (val - x, val / x). _I: in place, the
+ *   destination is also the (second) source. _Sfs: the exact result times
+ *   2^-scaleFactor, rounded to nearest even and saturated; any scale factor
+ *   is valid.
+ * - In place and overlap: _I forms work in place. Otherwise a destination
+ *   must not overlap a source, except where a comment allows it (Move, and
+ *   out-of-place forms that say they hand pSrc == pDst to their _I form).
+ * - Alignment: no vector needs any; vrxsMalloc_* gives 64-byte alignment,
+ *   which is fastest.
+ * - Objects (FFT plans, random states): size query, caller's memory, Init,
+ *   use; no destroy call, free the memory. A plan is read-only after Init and
+ *   may be shared by threads (each with its own work buffer); a state is
+ *   written by every call and belongs to one thread at a time. Otherwise
+ *   there is no global state: calls on different data may run concurrently.
+ * - The floating-point control and status registers are left as found
+ *   (flags raised by a computation may stay set); flush-to-zero and
+ *   denormals-are-zero are never set.
  */
 #ifndef VRXS_H
 #define VRXS_H
