@@ -5,11 +5,17 @@
  * library, writes the magnitude spectrum in dB as an SVG plot and prints the
  * peaks it finds.
  *
- *   spectrum_demo [out.svg]        (default: spectrum.svg)
+ *   spectrum_demo [out.svg]    (default: spectrum.svg beside this program)
+ *
+ * It prints where it wrote the plot.
  */
+#define _XOPEN_SOURCE 700 /* readlink, realpath */
+#include <limits.h>
 #include <math.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
+#include <unistd.h>
 
 #include "vrxs.h"
 
@@ -32,16 +38,16 @@ static int fail(const char* what, VrxStatus st) {
 static int writeSvg(const char* path, const double* db, int bins, const int* peaks, const double* peakHz, int nPeaks) {
     FILE* f = fopen(path, "w");
     if (!f) return 0;
-    const double W = 900, H = 420, L = 60, R = 20, T = 30, B = 50;
+    const double W = 900, H = 440, L = 72, R = 20, T = 56, B = 50;
     const double dbTop = 0, dbBottom = -120;
     const double pw = W - L - R, ph = H - T - B;
     fprintf(f, "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%.0f\" height=\"%.0f\" font-family=\"sans-serif\" font-size=\"12\">\n", W, H);
     fprintf(f, "<rect width=\"100%%\" height=\"100%%\" fill=\"white\"/>\n");
-    fprintf(f, "<text x=\"%.0f\" y=\"18\" font-size=\"14\">Magnitude spectrum, %d-point real FFT, Hann window, %.0f Hz sampling</text>\n", L, N, kRate);
+    fprintf(f, "<text x=\"%.0f\" y=\"24\" font-size=\"14\">Magnitude spectrum, %d-point real FFT, Hann window, %.0f Hz sampling</text>\n", L, N, kRate);
     for (int d = 0; d >= -120; d -= 20) {
         double y = T + (dbTop - d) / (dbTop - dbBottom) * ph;
         fprintf(f, "<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\" stroke=\"#ddd\"/>\n", L, y, L + pw, y);
-        fprintf(f, "<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"end\">%d dB</text>\n", L - 6, y + 4, d);
+        fprintf(f, "<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"end\">%d</text>\n", L - 6, y + 4, d);
     }
     for (int k = 0; k <= 4; ++k) {
         double x = L + k / 4.0 * pw;
@@ -49,6 +55,8 @@ static int writeSvg(const char* path, const double* db, int bins, const int* pea
         fprintf(f, "<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"middle\">%d kHz</text>\n", x, T + ph + 18, k);
     }
     fprintf(f, "<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"middle\">frequency</text>\n", L + pw / 2, H - 8);
+    fprintf(f, "<text transform=\"rotate(-90)\" x=\"%.1f\" y=\"20\" text-anchor=\"middle\">dB relative to a full-scale sine</text>\n",
+            -(T + ph / 2));
     fprintf(f, "<polyline fill=\"none\" stroke=\"#1f5fbf\" stroke-width=\"1\" points=\"");
     for (int k = 0; k < bins; ++k) {
         double v = db[k] < dbBottom ? dbBottom : db[k];
@@ -66,8 +74,20 @@ static int writeSvg(const char* path, const double* db, int bins, const int* pea
     return fclose(f) == 0;
 }
 
+/* spectrum.svg in the directory of this program, found through /proc. */
+static const char* besideProgram(char* buf, size_t size) {
+    ssize_t n = readlink("/proc/self/exe", buf, size - 1);
+    if (n <= 0) return "spectrum.svg";
+    buf[n] = 0;
+    char* slash = strrchr(buf, '/');
+    if (!slash || (size_t)(slash - buf) + sizeof "/spectrum.svg" > size) return "spectrum.svg";
+    strcpy(slash, "/spectrum.svg");
+    return buf;
+}
+
 int main(int argc, char** argv) {
-    const char* out = argc > 1 ? argv[1] : "spectrum.svg";
+    char defaultPath[PATH_MAX];
+    const char* out = argc > 1 ? argv[1] : besideProgram(defaultPath, sizeof defaultPath);
     const double tones[3][2] = {{440.0, 1.0}, {1250.0, 0.5}, {3000.0, 0.125}};
 
     /* the plan: sizes from the library, memory from the caller */
@@ -126,7 +146,8 @@ int main(int argc, char** argv) {
         fprintf(stderr, "spectrum_demo: cannot write %s\n", out);
         return 1;
     }
-    printf("spectrum written to %s\n", out);
+    char where[PATH_MAX];
+    printf("spectrum written to %s\n", realpath(out, where) ? where : out);
 
     vrxsFree(spec); vrxsFree(init); vrxsFree(work); vrxsFree(x); vrxsFree(X);
     free(db);

@@ -8,7 +8,35 @@
  * which the export stubs, their slots and the linker version script are
  * generated. Keep one declaration per line.
  *
- * The header compiles as C99 and as C++.
+ * The header compiles as C89 and later and as C++98 and later.
+ *
+ * Rules shared by every function (docs/guide.md has them at length):
+ * - Statuses: vrxOk (0); an error is negative and nothing was written; a
+ *   warning is positive and the whole vector was processed. Every status is
+ *   listed with its meaning in docs/statuses.md.
+ * - Checks, in this order unless a comment below says otherwise: null
+ *   pointers in argument order (vrxErrNullPtr, -8), then a length below 1
+ *   (vrxErrBadLength, -6), then the function's own values. The comments
+ *   below name the statuses a function returns beyond -8 and -6.
+ * - Names: vrxs<Operation>_<types>[_<modifiers>]. One type: all operands;
+ *   two: source then destination. C: one operand is a constant; CRev: the
+ *   constant stands on the left (val - x, val / x). _I: in place, the
+ *   destination is also the (second) source. _Sfs: the exact result times
+ *   2^-scaleFactor, rounded to nearest even and saturated; any scale factor
+ *   is valid.
+ * - In place and overlap: _I forms work in place. Otherwise a destination
+ *   must not overlap a source, except where a comment allows it (Move, and
+ *   out-of-place forms that say they hand pSrc == pDst to their _I form).
+ * - Alignment: no vector needs any; vrxsMalloc_* gives 64-byte alignment,
+ *   which is fastest.
+ * - Objects (FFT plans, random states): size query, caller's memory, Init,
+ *   use; no destroy call, free the memory. A plan is read-only after Init and
+ *   may be shared by threads (each with its own work buffer); a state is
+ *   written by every call and belongs to one thread at a time. Otherwise
+ *   there is no global state: calls on different data may run concurrently.
+ * - The floating-point control and status registers are left as found
+ *   (flags raised by a computation may stay set); flush-to-zero and
+ *   denormals-are-zero are never set.
  */
 #ifndef VRXS_H
 #define VRXS_H
@@ -136,6 +164,13 @@ enum {
 
 /* ------------------------------------------------------ version record */
 
+/* The version of this header, at compile time. The library reports its own
+ * at run time: vrxsGetLibVersion()->major, ->minor and ->majorBuild are these
+ * three numbers for the library the header came with. */
+#define VRXS_VERSION_MAJOR 9
+#define VRXS_VERSION_MINOR 0
+#define VRXS_VERSION_PATCH 2
+
 typedef struct {
     int major;
     int minor;
@@ -200,9 +235,13 @@ typedef struct VrxsFirState_64fc VrxsFirState_64fc;
 
 /* ----------------------------------------------------- library frame */
 
+/* The library's version record: one constant object, the same pointer on every call.
+ * The only export with no status; VRXS_VERSION_* give the header's version. */
 VRXAPI(const VrxLibraryVersion*, vrxsGetLibVersion, (void))
 
-/* aligned allocation: 64-byte aligned, null for len < 1 or above 2^31-1 bytes */
+/* vrxsMalloc_<type>: a block of len elements of the type, 64-byte aligned, not
+ * initialised; null when len < 1, when the block would pass 2^31-1 bytes or when
+ * memory is short. Release it with vrxsFree; no other function frees. */
 VRXAPI(Vrx8u*,   vrxsMalloc_8u,   (int len))
 VRXAPI(Vrx8s*,   vrxsMalloc_8s,   (int len))
 VRXAPI(Vrx16u*,  vrxsMalloc_16u,  (int len))
@@ -218,9 +257,11 @@ VRXAPI(Vrx32sc*, vrxsMalloc_32sc, (int len))
 VRXAPI(Vrx32fc*, vrxsMalloc_32fc, (int len))
 VRXAPI(Vrx64sc*, vrxsMalloc_64sc, (int len))
 VRXAPI(Vrx64fc*, vrxsMalloc_64fc, (int len))
+/* Releases a block of vrxsMalloc_*; a null pointer is ignored. */
 VRXAPI(void,     vrxsFree,        (void* ptr))
 
 /* block moves; Copy requires non-overlapping vectors, Move allows overlap */
+/* Copy: pDst[i] = pSrc[i] for i < len; the two vectors must not overlap (Move may). */
 VRXAPI(VrxStatus, vrxsCopy_8u,   (const Vrx8u* pSrc, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsCopy_16s,  (const Vrx16s* pSrc, Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsCopy_32s,  (const Vrx32s* pSrc, Vrx32s* pDst, int len))
@@ -233,6 +274,8 @@ VRXAPI(VrxStatus, vrxsCopy_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsCopy_64sc, (const Vrx64sc* pSrc, Vrx64sc* pDst, int len))
 VRXAPI(VrxStatus, vrxsCopy_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
 
+/* Move: pDst[i] = pSrc[i] for i < len, as if the whole source were read first;
+ * the vectors may overlap in any way. */
 VRXAPI(VrxStatus, vrxsMove_8u,   (const Vrx8u* pSrc, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsMove_16s,  (const Vrx16s* pSrc, Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsMove_32s,  (const Vrx32s* pSrc, Vrx32s* pDst, int len))
@@ -245,6 +288,7 @@ VRXAPI(VrxStatus, vrxsMove_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsMove_64sc, (const Vrx64sc* pSrc, Vrx64sc* pDst, int len))
 VRXAPI(VrxStatus, vrxsMove_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
 
+/* Zero: pDst[i] = 0 for i < len (all bits clear, both parts of a complex element). */
 VRXAPI(VrxStatus, vrxsZero_8u,   (Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsZero_16s,  (Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsZero_32s,  (Vrx32s* pDst, int len))
@@ -257,6 +301,7 @@ VRXAPI(VrxStatus, vrxsZero_32fc, (Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsZero_64sc, (Vrx64sc* pDst, int len))
 VRXAPI(VrxStatus, vrxsZero_64fc, (Vrx64fc* pDst, int len))
 
+/* Set: pDst[i] = val for i < len. */
 VRXAPI(VrxStatus, vrxsSet_8u,   (Vrx8u val, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsSet_16s,  (Vrx16s val, Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsSet_32s,  (Vrx32s val, Vrx32s* pDst, int len))
@@ -303,6 +348,7 @@ VRXAPI(VrxStatus, vrxsSwapBytes_64u_I, (Vrx64u* pSrcDst, int len))
 
 /* floating-point vectors and constants; Sub is src2 - src1, SubC element - val, SubCRev val - element;
  * AddC/SubC with val 0 and MulC with val 1 copy, MulC with val 0 clears */
+/* AddC: pDst[i] = pSrc[i] + val; _I: pSrcDst[i] += val. */
 VRXAPI(VrxStatus, vrxsAddC_32f, (const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsAddC_32f_I, (Vrx32f val, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAddC_32fc, (const Vrx32fc* pSrc, Vrx32fc val, Vrx32fc* pDst, int len))
@@ -311,6 +357,7 @@ VRXAPI(VrxStatus, vrxsAddC_64f, (const Vrx64f* pSrc, Vrx64f val, Vrx64f* pDst, i
 VRXAPI(VrxStatus, vrxsAddC_64f_I, (Vrx64f val, Vrx64f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAddC_64fc, (const Vrx64fc* pSrc, Vrx64fc val, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsAddC_64fc_I, (Vrx64fc val, Vrx64fc* pSrcDst, int len))
+/* Add: pDst[i] = pSrc1[i] + pSrc2[i]; _I: pSrcDst[i] += pSrc[i]. */
 VRXAPI(VrxStatus, vrxsAdd_32f, (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_32f_I, (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_32fc, (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, Vrx32fc* pDst, int len))
@@ -319,6 +366,7 @@ VRXAPI(VrxStatus, vrxsAdd_64f, (const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f
 VRXAPI(VrxStatus, vrxsAdd_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_64fc, (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_64fc_I, (const Vrx64fc* pSrc, Vrx64fc* pSrcDst, int len))
+/* MulC: pDst[i] = pSrc[i] * val (a full complex product for complex val); _I in place. */
 VRXAPI(VrxStatus, vrxsMulC_32f, (const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMulC_32f_I, (Vrx32f val, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsMulC_32fc, (const Vrx32fc* pSrc, Vrx32fc val, Vrx32fc* pDst, int len))
@@ -327,6 +375,8 @@ VRXAPI(VrxStatus, vrxsMulC_64f, (const Vrx64f* pSrc, Vrx64f val, Vrx64f* pDst, i
 VRXAPI(VrxStatus, vrxsMulC_64f_I, (Vrx64f val, Vrx64f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsMulC_64fc, (const Vrx64fc* pSrc, Vrx64fc val, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsMulC_64fc_I, (Vrx64fc val, Vrx64fc* pSrcDst, int len))
+/* Mul: pDst[i] = pSrc1[i] * pSrc2[i], complex products with no conjugate;
+ * _I: pSrcDst[i] *= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsMul_32f, (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMul_32f_I, (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsMul_32fc, (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, Vrx32fc* pDst, int len))
@@ -335,6 +385,7 @@ VRXAPI(VrxStatus, vrxsMul_64f, (const Vrx64f* pSrc1, const Vrx64f* pSrc2, Vrx64f
 VRXAPI(VrxStatus, vrxsMul_64f_I, (const Vrx64f* pSrc, Vrx64f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsMul_64fc, (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsMul_64fc_I, (const Vrx64fc* pSrc, Vrx64fc* pSrcDst, int len))
+/* SubCRev: pDst[i] = val - pSrc[i]; _I: pSrcDst[i] = val - pSrcDst[i]. */
 VRXAPI(VrxStatus, vrxsSubCRev_32f, (const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSubCRev_32f_I, (Vrx32f val, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSubCRev_32fc, (const Vrx32fc* pSrc, Vrx32fc val, Vrx32fc* pDst, int len))
@@ -343,6 +394,7 @@ VRXAPI(VrxStatus, vrxsSubCRev_64f, (const Vrx64f* pSrc, Vrx64f val, Vrx64f* pDst
 VRXAPI(VrxStatus, vrxsSubCRev_64f_I, (Vrx64f val, Vrx64f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSubCRev_64fc, (const Vrx64fc* pSrc, Vrx64fc val, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsSubCRev_64fc_I, (Vrx64fc val, Vrx64fc* pSrcDst, int len))
+/* SubC: pDst[i] = pSrc[i] - val; _I: pSrcDst[i] -= val. */
 VRXAPI(VrxStatus, vrxsSubC_32f, (const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSubC_32f_I, (Vrx32f val, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSubC_32fc, (const Vrx32fc* pSrc, Vrx32fc val, Vrx32fc* pDst, int len))
@@ -351,6 +403,8 @@ VRXAPI(VrxStatus, vrxsSubC_64f, (const Vrx64f* pSrc, Vrx64f val, Vrx64f* pDst, i
 VRXAPI(VrxStatus, vrxsSubC_64f_I, (Vrx64f val, Vrx64f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSubC_64fc, (const Vrx64fc* pSrc, Vrx64fc val, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsSubC_64fc_I, (Vrx64fc val, Vrx64fc* pSrcDst, int len))
+/* Sub: pDst[i] = pSrc2[i] - pSrc1[i] (the first source is subtracted);
+ * _I: pSrcDst[i] -= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsSub_32f, (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSub_32f_I, (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsSub_32fc, (const Vrx32fc* pSrc1, const Vrx32fc* pSrc2, Vrx32fc* pDst, int len))
@@ -361,16 +415,25 @@ VRXAPI(VrxStatus, vrxsSub_64fc, (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, Vrx
 VRXAPI(VrxStatus, vrxsSub_64fc_I, (const Vrx64fc* pSrc, Vrx64fc* pSrcDst, int len))
 
 /* mixed forms: real by complex, 16s sources computed in 32f, 32f by a constant into 16s */
+/* pDst[i] = pSrc1[i] + pSrc2[i], both converted to single precision first. */
 VRXAPI(VrxStatus, vrxsAdd_16s32f, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx32f* pDst, int len))
+/* pDst[i] = pSrc[i] * val * 2^-scaleFactor, rounded to nearest even and saturated to 16 bits. */
 VRXAPI(VrxStatus, vrxsMulC_32f16s_Sfs, (const Vrx32f* pSrc, Vrx32f val, Vrx16s* pDst, int len, int scaleFactor))
+/* pDst[i] = pSrc[i] * val rounded and saturated to 16 bits: a cheaper, less exact
+ * product than vrxsMulC_32f16s_Sfs at scale factor 0. */
 VRXAPI(VrxStatus, vrxsMulC_Low_32f16s, (const Vrx32f* pSrc, Vrx32f val, Vrx16s* pDst, int len))
+/* pDst[i] = pSrc1[i] * pSrc2[i], both converted to single precision first. */
 VRXAPI(VrxStatus, vrxsMul_16s32f, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx32f* pDst, int len))
+/* pDst[i] = pSrc1[i] * pSrc2[i]: each complex element scaled by the real one;
+ * _I: pSrcDst[i] *= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsMul_32f32fc, (const Vrx32f* pSrc1, const Vrx32fc* pSrc2, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsMul_32f32fc_I, (const Vrx32f* pSrc, Vrx32fc* pSrcDst, int len))
+/* pDst[i] = pSrc2[i] - pSrc1[i], both converted to single precision first. */
 VRXAPI(VrxStatus, vrxsSub_16s32f, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx32f* pDst, int len))
 
 /* integer vectors, scaled: the exact result times 2^-scaleFactor, rounded to nearest even, saturated;
  * complex Add/Sub test the length first; Mul_32s_Sfs forms its product in binary64 (MulC_32s_Sfs is exact) */
+/* Add: (pSrc1[i] + pSrc2[i]) * 2^-scaleFactor; _ISfs: pSrcDst[i] = (pSrc[i] + pSrcDst[i]) scaled. */
 VRXAPI(VrxStatus, vrxsAdd_16s_ISfs, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAdd_16s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAdd_16sc_ISfs, (const Vrx16sc* pSrc, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -385,6 +448,8 @@ VRXAPI(VrxStatus, vrxsAdd_64s_ISfs, (const Vrx64s* pSrc, Vrx64s* pSrcDst, int le
 VRXAPI(VrxStatus, vrxsAdd_64s_Sfs, (const Vrx64s* pSrc1, const Vrx64s* pSrc2, Vrx64s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAdd_8u_ISfs, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAdd_8u_Sfs, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len, int scaleFactor))
+/* Mul: pSrc1[i] * pSrc2[i] * 2^-scaleFactor (complex products unconjugated); 16s32s writes
+ * 32 bits; 16u16s takes an unsigned first source. _ISfs: pSrcDst[i] = pSrc[i] * pSrcDst[i]. */
 VRXAPI(VrxStatus, vrxsMul_16s_ISfs, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMul_16s32s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx32s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMul_16s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor))
@@ -400,6 +465,7 @@ VRXAPI(VrxStatus, vrxsMul_32sc_ISfs, (const Vrx32sc* pSrc, Vrx32sc* pSrcDst, int
 VRXAPI(VrxStatus, vrxsMul_32sc_Sfs, (const Vrx32sc* pSrc1, const Vrx32sc* pSrc2, Vrx32sc* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMul_8u_ISfs, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMul_8u_Sfs, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len, int scaleFactor))
+/* Sub: (pSrc2[i] - pSrc1[i]) * 2^-scaleFactor; _ISfs: pSrcDst[i] = (pSrcDst[i] - pSrc[i]) scaled. */
 VRXAPI(VrxStatus, vrxsSub_16s_ISfs, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSub_16s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSub_16sc_ISfs, (const Vrx16sc* pSrc, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -414,6 +480,7 @@ VRXAPI(VrxStatus, vrxsSub_8u_ISfs, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len, 
 VRXAPI(VrxStatus, vrxsSub_8u_Sfs, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len, int scaleFactor))
 
 /* integer constants, scaled; complex constants act on each component */
+/* AddC: (pSrc[i] + val) * 2^-scaleFactor; _ISfs in place. */
 VRXAPI(VrxStatus, vrxsAddC_16s_ISfs, (Vrx16s val, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAddC_16s_Sfs, (const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAddC_16sc_ISfs, (Vrx16sc val, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -426,6 +493,7 @@ VRXAPI(VrxStatus, vrxsAddC_32sc_ISfs, (Vrx32sc val, Vrx32sc* pSrcDst, int len, i
 VRXAPI(VrxStatus, vrxsAddC_32sc_Sfs, (const Vrx32sc* pSrc, Vrx32sc val, Vrx32sc* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAddC_8u_ISfs, (Vrx8u val, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsAddC_8u_Sfs, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor))
+/* MulC: pSrc[i] * val * 2^-scaleFactor (complex: full complex product); _ISfs in place. */
 VRXAPI(VrxStatus, vrxsMulC_16s_ISfs, (Vrx16s val, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMulC_16s_Sfs, (const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMulC_16sc_ISfs, (Vrx16sc val, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -438,6 +506,7 @@ VRXAPI(VrxStatus, vrxsMulC_32sc_ISfs, (Vrx32sc val, Vrx32sc* pSrcDst, int len, i
 VRXAPI(VrxStatus, vrxsMulC_32sc_Sfs, (const Vrx32sc* pSrc, Vrx32sc val, Vrx32sc* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMulC_8u_ISfs, (Vrx8u val, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsMulC_8u_Sfs, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor))
+/* SubCRev: (val - pSrc[i]) * 2^-scaleFactor; _ISfs in place. */
 VRXAPI(VrxStatus, vrxsSubCRev_16s_ISfs, (Vrx16s val, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSubCRev_16s_Sfs, (const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSubCRev_16sc_ISfs, (Vrx16sc val, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -450,6 +519,7 @@ VRXAPI(VrxStatus, vrxsSubCRev_32sc_ISfs, (Vrx32sc val, Vrx32sc* pSrcDst, int len
 VRXAPI(VrxStatus, vrxsSubCRev_32sc_Sfs, (const Vrx32sc* pSrc, Vrx32sc val, Vrx32sc* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSubCRev_8u_ISfs, (Vrx8u val, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSubCRev_8u_Sfs, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor))
+/* SubC: (pSrc[i] - val) * 2^-scaleFactor; _ISfs in place. */
 VRXAPI(VrxStatus, vrxsSubC_16s_ISfs, (Vrx16s val, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSubC_16s_Sfs, (const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSubC_16sc_ISfs, (Vrx16sc val, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -464,6 +534,8 @@ VRXAPI(VrxStatus, vrxsSubC_8u_ISfs, (Vrx8u val, Vrx8u* pSrcDst, int len, int sca
 VRXAPI(VrxStatus, vrxsSubC_8u_Sfs, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor))
 
 /* unscaled, widening and saturating integer forms */
+/* Add: pSrc1[i] + pSrc2[i] saturated to the destination (scale factor 0); 8u16u widens
+ * (exact); 16s32s_I adds 16-bit pSrc into 32-bit pSrcDst. _I: pSrcDst[i] += pSrc[i]. */
 VRXAPI(VrxStatus, vrxsAdd_16s, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_16s_I, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_16s32s_I, (const Vrx16s* pSrc, Vrx32s* pSrcDst, int len))
@@ -472,24 +544,32 @@ VRXAPI(VrxStatus, vrxsAdd_16u_I, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_32u, (const Vrx32u* pSrc1, const Vrx32u* pSrc2, Vrx32u* pDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_32u_I, (const Vrx32u* pSrc, Vrx32u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAdd_8u16u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx16u* pDst, int len))
+/* Mul: pSrc1[i] * pSrc2[i] saturated (scale factor 0); 8u16u widens (exact). */
 VRXAPI(VrxStatus, vrxsMul_16s, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsMul_16s_I, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsMul_8u16u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx16u* pDst, int len))
+/* Sub: pSrc2[i] - pSrc1[i] saturated (scale factor 0); _I: pSrcDst[i] -= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsSub_16s, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len))
 VRXAPI(VrxStatus, vrxsSub_16s_I, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len))
 
 /* 64-bit constants: rounding is a VrxRounding; len is read as unsigned (only 0 is bad) in AddC and MulC_64f64s */
+/* AddC: (pSrc[i] + val) * 2^-scaleFactor, rounded as rounding says, saturated to 64 bits. */
 VRXAPI(VrxStatus, vrxsAddC_64s_Sfs, (const Vrx64s* pSrc, Vrx64s val, Vrx64s* pDst, int len, int scaleFactor, VrxRounding rounding))
 VRXAPI(VrxStatus, vrxsAddC_64u_Sfs, (const Vrx64u* pSrc, Vrx64u val, Vrx64u* pDst, int len, int scaleFactor, VrxRounding rounding))
+/* pSrcDst[i] = pSrcDst[i] * val (a double) * 2^-scaleFactor, rounded and saturated to 64 bits. */
 VRXAPI(VrxStatus, vrxsMulC_64f64s_ISfs, (Vrx64f val, Vrx64s* pSrcDst, int len, int scaleFactor))
+/* pSrcDst[i] = pSrcDst[i] * val * 2^-scaleFactor, exact product, rounded and saturated. */
 VRXAPI(VrxStatus, vrxsMulC_64s_ISfs, (Vrx64s val, Vrx64s* pSrcDst, int len, int scaleFactor))
 
 /* division: Div is src2 / src1, DivC element / val, DivCRev val / element; a zero vector divisor
  * is the warning vrxWarnDivByZero, a zero constant the error vrxErrDivByZero */
+/* DivCRev: pDst[i] = val / pSrc[i]; a zero element is the warning vrxWarnDivByZero (6). */
 VRXAPI(VrxStatus, vrxsDivCRev_16u, (const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsDivCRev_16u_I, (Vrx16u val, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsDivCRev_32f, (const Vrx32f* pSrc, Vrx32f val, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsDivCRev_32f_I, (Vrx32f val, Vrx32f* pSrcDst, int len))
+/* DivC: pDst[i] = pSrc[i] / val (integers scaled by 2^-scaleFactor); val 0 is
+ * vrxErrDivByZero (-10), nothing written. DivC_16u tests scale and val before the pointers. */
 VRXAPI(VrxStatus, vrxsDivC_16s_ISfs, (Vrx16s val, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDivC_16s_Sfs, (const Vrx16s* pSrc, Vrx16s val, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDivC_16sc_ISfs, (Vrx16sc val, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -507,6 +587,8 @@ VRXAPI(VrxStatus, vrxsDivC_64fc_I, (Vrx64fc val, Vrx64fc* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsDivC_64s_ISfs, (Vrx64s val, Vrx64s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDivC_8u_ISfs, (Vrx8u val, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDivC_8u_Sfs, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len, int scaleFactor))
+/* Div: pDst[i] = pSrc2[i] / pSrc1[i]: the FIRST source is the divisor (integers scaled);
+ * _I: pSrcDst[i] /= pSrc[i]. A zero divisor: warning 6, every element still written. */
 VRXAPI(VrxStatus, vrxsDiv_16s_ISfs, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDiv_16s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDiv_16sc_ISfs, (const Vrx16sc* pSrc, Vrx16sc* pSrcDst, int len, int scaleFactor))
@@ -527,6 +609,8 @@ VRXAPI(VrxStatus, vrxsDiv_64fc, (const Vrx64fc* pSrc1, const Vrx64fc* pSrc2, Vrx
 VRXAPI(VrxStatus, vrxsDiv_64fc_I, (const Vrx64fc* pSrc, Vrx64fc* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsDiv_8u_ISfs, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDiv_8u_Sfs, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len, int scaleFactor))
+/* Div_Round: as Div_*_Sfs with the quotient rounded by rounding: vrxRndZero, vrxRndNear or
+ * vrxRndFinancial; any other value is vrxErrRounding (-213). Zero divisor: warning 6. */
 VRXAPI(VrxStatus, vrxsDiv_Round_16s_ISfs, (const Vrx16s* pSrc, Vrx16s* pSrcDst, int len, VrxRounding rounding, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDiv_Round_16s_Sfs, (const Vrx16s* pSrc1, const Vrx16s* pSrc2, Vrx16s* pDst, int len, VrxRounding rounding, int scaleFactor))
 VRXAPI(VrxStatus, vrxsDiv_Round_16u_ISfs, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len, VrxRounding rounding, int scaleFactor))
@@ -542,6 +626,7 @@ VRXAPI(VrxStatus, vrxsDiv_Round_8u_Sfs, (const Vrx8u* pSrc1, const Vrx8u* pSrc2,
 /* --- powers and roots. Sqrt raises vrxWarnSqrtNegArg (3) when an element
    was negative (its result is NaN, or 0 for integers). Integer forms round
    the exact result by the scale factor and saturate. */
+/* Sqr: pDst[i] = pSrc[i]^2 (the complex square for complex types); integers scaled. */
 VRXAPI(VrxStatus, vrxsSqr_32f,        (const Vrx32f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSqr_64f,        (const Vrx64f* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSqr_32fc,       (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
@@ -556,6 +641,8 @@ VRXAPI(VrxStatus, vrxsSqr_16sc_Sfs,   (const Vrx16sc* pSrc, Vrx16sc* pDst, int l
 VRXAPI(VrxStatus, vrxsSqr_16s_ISfs,   (Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSqr_16u_ISfs,   (Vrx16u* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSqr_16sc_ISfs,  (Vrx16sc* pSrcDst, int len, int scaleFactor))
+/* Sqrt: the square root (principal root for complex); a negative real element gives
+ * NaN (integers: 0) and the warning vrxWarnSqrtNegArg (3). Integers scaled. */
 VRXAPI(VrxStatus, vrxsSqrt_32f,       (const Vrx32f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSqrt_64f,       (const Vrx64f* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsSqrt_32fc,      (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
@@ -569,6 +656,7 @@ VRXAPI(VrxStatus, vrxsSqrt_16u_Sfs,   (const Vrx16u* pSrc, Vrx16u* pDst, int len
 VRXAPI(VrxStatus, vrxsSqrt_32s16s_Sfs, (const Vrx32s* pSrc, Vrx16s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSqrt_16s_ISfs,  (Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsSqrt_16u_ISfs,  (Vrx16u* pSrcDst, int len, int scaleFactor))
+/* Cubrt: the cube root; Cubrt_32s16s_Sfs writes the root scaled and saturated to 16 bits. */
 VRXAPI(VrxStatus, vrxsCubrt_32f,      (const Vrx32f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsCubrt_64f,      (const Vrx64f* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsCubrt_32s16s_Sfs, (const Vrx32s* pSrc, Vrx16s* pDst, int len, int scaleFactor))
@@ -595,6 +683,7 @@ VRXAPI(VrxStatus, vrxsAddProduct_16s32s_Sfs, (const Vrx16s* pSrc1, const Vrx16s*
    vrxWarnLnNegArg (8) when an element was negative, else vrxWarnLnZeroArg
    (7) when one was zero; integer forms write the lowest value for ln 0 and
    0 for a negative element. */
+/* Exp: e^pSrc[i]; integer forms write the result times 2^-scaleFactor, rounded and saturated. */
 VRXAPI(VrxStatus, vrxsExp_32f,        (const Vrx32f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsExp_64f,        (const Vrx64f* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsExp_32f_I,      (Vrx32f* pSrcDst, int len))
@@ -603,6 +692,7 @@ VRXAPI(VrxStatus, vrxsExp_16s_Sfs,    (const Vrx16s* pSrc, Vrx16s* pDst, int len
 VRXAPI(VrxStatus, vrxsExp_32s_Sfs,    (const Vrx32s* pSrc, Vrx32s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsExp_16s_ISfs,   (Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsExp_32s_ISfs,   (Vrx32s* pSrcDst, int len, int scaleFactor))
+/* Ln: natural logarithm; warning 8 (a negative element) or else 7 (a zero element). */
 VRXAPI(VrxStatus, vrxsLn_32f,         (const Vrx32f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsLn_64f,         (const Vrx64f* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsLn_32f_I,       (Vrx32f* pSrcDst, int len))
@@ -611,6 +701,7 @@ VRXAPI(VrxStatus, vrxsLn_16s_Sfs,     (const Vrx16s* pSrc, Vrx16s* pDst, int len
 VRXAPI(VrxStatus, vrxsLn_32s_Sfs,     (const Vrx32s* pSrc, Vrx32s* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsLn_16s_ISfs,    (Vrx16s* pSrcDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsLn_32s_ISfs,    (Vrx32s* pSrcDst, int len, int scaleFactor))
+/* Arctan: the arctangent in radians, in [-pi/2, pi/2]. */
 VRXAPI(VrxStatus, vrxsArctan_32f,     (const Vrx32f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsArctan_64f,     (const Vrx64f* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsArctan_32f_I,   (Vrx32f* pSrcDst, int len))
@@ -624,24 +715,30 @@ VRXAPI(VrxStatus, vrxsSumLn_16s32f,   (const Vrx16s* pSrc, int len, Vrx32f* pSum
 
 /* --- complex forms. A null pSrcRe or pSrcIm of RealToCplx stands for
    zeros (not both). ConjFlip writes conj(pSrc[len-1-n]) to pDst[n]. */
+/* Real: pDstRe[i] = pSrc[i].re. */
 VRXAPI(VrxStatus, vrxsReal_16sc,      (const Vrx16sc* pSrc, Vrx16s* pDstRe, int len))
 VRXAPI(VrxStatus, vrxsReal_32fc,      (const Vrx32fc* pSrc, Vrx32f* pDstRe, int len))
 VRXAPI(VrxStatus, vrxsReal_64fc,      (const Vrx64fc* pSrc, Vrx64f* pDstRe, int len))
+/* Imag: pDstIm[i] = pSrc[i].im. */
 VRXAPI(VrxStatus, vrxsImag_16sc,      (const Vrx16sc* pSrc, Vrx16s* pDstIm, int len))
 VRXAPI(VrxStatus, vrxsImag_32fc,      (const Vrx32fc* pSrc, Vrx32f* pDstIm, int len))
 VRXAPI(VrxStatus, vrxsImag_64fc,      (const Vrx64fc* pSrc, Vrx64f* pDstIm, int len))
+/* RealToCplx: pDst[i] = (pSrcRe[i], pSrcIm[i]); a null part reads as zeros (both null: -8). */
 VRXAPI(VrxStatus, vrxsRealToCplx_16s, (const Vrx16s* pSrcRe, const Vrx16s* pSrcIm, Vrx16sc* pDst, int len))
 VRXAPI(VrxStatus, vrxsRealToCplx_32f, (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsRealToCplx_64f, (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64fc* pDst, int len))
+/* CplxToReal: pDstRe[i] = pSrc[i].re, pDstIm[i] = pSrc[i].im. */
 VRXAPI(VrxStatus, vrxsCplxToReal_16sc, (const Vrx16sc* pSrc, Vrx16s* pDstRe, Vrx16s* pDstIm, int len))
 VRXAPI(VrxStatus, vrxsCplxToReal_32fc, (const Vrx32fc* pSrc, Vrx32f* pDstRe, Vrx32f* pDstIm, int len))
 VRXAPI(VrxStatus, vrxsCplxToReal_64fc, (const Vrx64fc* pSrc, Vrx64f* pDstRe, Vrx64f* pDstIm, int len))
+/* Conj: pDst[i] = conj(pSrc[i]); _I in place. */
 VRXAPI(VrxStatus, vrxsConj_16sc,      (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
 VRXAPI(VrxStatus, vrxsConj_32fc,      (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsConj_64fc,      (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsConj_16sc_I,    (Vrx16sc* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsConj_32fc_I,    (Vrx32fc* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsConj_64fc_I,    (Vrx64fc* pSrcDst, int len))
+/* ConjFlip: pDst[i] = conj(pSrc[len-1-i]). */
 VRXAPI(VrxStatus, vrxsConjFlip_16sc,  (const Vrx16sc* pSrc, Vrx16sc* pDst, int len))
 VRXAPI(VrxStatus, vrxsConjFlip_32fc,  (const Vrx32fc* pSrc, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsConjFlip_64fc,  (const Vrx64fc* pSrc, Vrx64fc* pDst, int len))
@@ -649,18 +746,21 @@ VRXAPI(VrxStatus, vrxsConjFlip_64fc,  (const Vrx64fc* pSrc, Vrx64fc* pDst, int l
    forms with two real sources take the real then the imaginary parts.
    Phase and the double interleaved magnitude are of the LA tier (within
    8 ulp; measured below 2), the other magnitudes within 1 ulp. */
+/* Magnitude: sqrt(re^2 + im^2); 16sc_Sfs scales and saturates the magnitude. */
 VRXAPI(VrxStatus, vrxsMagnitude_32fc, (const Vrx32fc* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMagnitude_64fc, (const Vrx64fc* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMagnitude_32f,  (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMagnitude_64f,  (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMagnitude_16sc32f, (const Vrx16sc* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMagnitude_16sc_Sfs, (const Vrx16sc* pSrc, Vrx16s* pDst, int len, int scaleFactor))
+/* Phase: atan2(im, re) in radians, in [-pi, pi]; 16sc_Sfs writes the angle * 2^-scaleFactor. */
 VRXAPI(VrxStatus, vrxsPhase_32fc,     (const Vrx32fc* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPhase_64fc,     (const Vrx64fc* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPhase_32f,      (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPhase_64f,      (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPhase_16sc32f,  (const Vrx16sc* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPhase_16sc_Sfs, (const Vrx16sc* pSrc, Vrx16s* pDst, int len, int scaleFactor))
+/* PowerSpectr: re^2 + im^2; 16sc_Sfs scales and saturates. */
 VRXAPI(VrxStatus, vrxsPowerSpectr_32fc, (const Vrx32fc* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPowerSpectr_64fc, (const Vrx64fc* pSrc, Vrx64f* pDst, int len))
 VRXAPI(VrxStatus, vrxsPowerSpectr_32f,  (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDst, int len))
@@ -670,10 +770,12 @@ VRXAPI(VrxStatus, vrxsPowerSpectr_16sc_Sfs, (const Vrx16sc* pSrc, Vrx16s* pDst, 
    phase is pSrcPhase * 2^-phaseScaleFactor and the magnitude
    pSrcMagn * 2^-magnScaleFactor). The phase and the sine and cosine are
    of the LA tier. */
+/* CartToPolar: pDstMagn[i] = |x|, pDstPhase[i] = atan2(im, re) of each element x. */
 VRXAPI(VrxStatus, vrxsCartToPolar_32fc, (const Vrx32fc* pSrc, Vrx32f* pDstMagn, Vrx32f* pDstPhase, int len))
 VRXAPI(VrxStatus, vrxsCartToPolar_64fc, (const Vrx64fc* pSrc, Vrx64f* pDstMagn, Vrx64f* pDstPhase, int len))
 VRXAPI(VrxStatus, vrxsCartToPolar_32f,  (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstMagn, Vrx32f* pDstPhase, int len))
 VRXAPI(VrxStatus, vrxsCartToPolar_64f,  (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDstMagn, Vrx64f* pDstPhase, int len))
+/* PolarToCart: pSrcMagn[i] * (cos pSrcPhase[i], sin pSrcPhase[i]). */
 VRXAPI(VrxStatus, vrxsPolarToCart_32fc, (const Vrx32f* pSrcMagn, const Vrx32f* pSrcPhase, Vrx32fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsPolarToCart_64fc, (const Vrx64f* pSrcMagn, const Vrx64f* pSrcPhase, Vrx64fc* pDst, int len))
 VRXAPI(VrxStatus, vrxsPolarToCart_32f,  (const Vrx32f* pSrcMagn, const Vrx32f* pSrcPhase, Vrx32f* pDstRe, Vrx32f* pDstIm, int len))
@@ -694,51 +796,62 @@ VRXAPI(VrxStatus, vrxsNormalize_16sc_Sfs, (const Vrx16sc* pSrc, Vrx16sc* pDst, i
 /* logic, shifts, conversion, thresholds */
 
 /* bitwise logic; a zero constant forwards to Copy (Or, Xor) or Zero (And) */
+/* And: pDst[i] = pSrc1[i] & pSrc2[i]. */
 VRXAPI(VrxStatus, vrxsAnd_8u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsAnd_16u, (const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsAnd_32u, (const Vrx32u* pSrc1, const Vrx32u* pSrc2, Vrx32u* pDst, int len))
+/* AndC: pDst[i] = pSrc[i] & val (_I in place); val 0 forwards to Zero. */
 VRXAPI(VrxStatus, vrxsAndC_8u, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsAndC_16u, (const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsAndC_32u, (const Vrx32u* pSrc, Vrx32u val, Vrx32u* pDst, int len))
 VRXAPI(VrxStatus, vrxsAndC_8u_I, (Vrx8u val, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAndC_16u_I, (Vrx16u val, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAndC_32u_I, (Vrx32u val, Vrx32u* pSrcDst, int len))
+/* And_I: pSrcDst[i] &= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsAnd_8u_I, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAnd_16u_I, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsAnd_32u_I, (const Vrx32u* pSrc, Vrx32u* pSrcDst, int len))
+/* Not: pDst[i] = ~pSrc[i]; _I in place. */
 VRXAPI(VrxStatus, vrxsNot_8u, (const Vrx8u* pSrc, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsNot_16u, (const Vrx16u* pSrc, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsNot_32u, (const Vrx32u* pSrc, Vrx32u* pDst, int len))
 VRXAPI(VrxStatus, vrxsNot_8u_I, (Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsNot_16u_I, (Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsNot_32u_I, (Vrx32u* pSrcDst, int len))
+/* Or: pDst[i] = pSrc1[i] | pSrc2[i]. */
 VRXAPI(VrxStatus, vrxsOr_8u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsOr_16u, (const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsOr_32u, (const Vrx32u* pSrc1, const Vrx32u* pSrc2, Vrx32u* pDst, int len))
+/* OrC: pDst[i] = pSrc[i] | val (_I in place); val 0 forwards to Copy. */
 VRXAPI(VrxStatus, vrxsOrC_8u, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsOrC_16u, (const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsOrC_32u, (const Vrx32u* pSrc, Vrx32u val, Vrx32u* pDst, int len))
 VRXAPI(VrxStatus, vrxsOrC_8u_I, (Vrx8u val, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsOrC_16u_I, (Vrx16u val, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsOrC_32u_I, (Vrx32u val, Vrx32u* pSrcDst, int len))
+/* Or_I: pSrcDst[i] |= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsOr_8u_I, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsOr_16u_I, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsOr_32u_I, (const Vrx32u* pSrc, Vrx32u* pSrcDst, int len))
+/* Xor: pDst[i] = pSrc1[i] ^ pSrc2[i]. */
 VRXAPI(VrxStatus, vrxsXor_8u, (const Vrx8u* pSrc1, const Vrx8u* pSrc2, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsXor_16u, (const Vrx16u* pSrc1, const Vrx16u* pSrc2, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsXor_32u, (const Vrx32u* pSrc1, const Vrx32u* pSrc2, Vrx32u* pDst, int len))
+/* XorC: pDst[i] = pSrc[i] ^ val (_I in place); val 0 forwards to Copy. */
 VRXAPI(VrxStatus, vrxsXorC_8u, (const Vrx8u* pSrc, Vrx8u val, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsXorC_16u, (const Vrx16u* pSrc, Vrx16u val, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsXorC_32u, (const Vrx32u* pSrc, Vrx32u val, Vrx32u* pDst, int len))
 VRXAPI(VrxStatus, vrxsXorC_8u_I, (Vrx8u val, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsXorC_16u_I, (Vrx16u val, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsXorC_32u_I, (Vrx32u val, Vrx32u* pSrcDst, int len))
+/* Xor_I: pSrcDst[i] ^= pSrc[i]. */
 VRXAPI(VrxStatus, vrxsXor_8u_I, (const Vrx8u* pSrc, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsXor_16u_I, (const Vrx16u* pSrc, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsXor_32u_I, (const Vrx32u* pSrc, Vrx32u* pSrcDst, int len))
 
 /* shifts by a constant count; a count of the width or more clears (left, unsigned right)
  * or spreads the sign (signed right); a negative count is vrxErrShift */
+/* LShiftC: pDst[i] = pSrc[i] << count; bits shifted out are lost, nothing saturates. */
 VRXAPI(VrxStatus, vrxsLShiftC_8u, (const Vrx8u* pSrc, int count, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsLShiftC_16u, (const Vrx16u* pSrc, int count, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsLShiftC_16s, (const Vrx16s* pSrc, int count, Vrx16s* pDst, int len))
@@ -747,6 +860,7 @@ VRXAPI(VrxStatus, vrxsLShiftC_8u_I, (int count, Vrx8u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsLShiftC_16u_I, (int count, Vrx16u* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsLShiftC_16s_I, (int count, Vrx16s* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsLShiftC_32s_I, (int count, Vrx32s* pSrcDst, int len))
+/* RShiftC: pDst[i] = pSrc[i] >> count; arithmetic for 16s and 32s, logical for unsigned. */
 VRXAPI(VrxStatus, vrxsRShiftC_8u, (const Vrx8u* pSrc, int count, Vrx8u* pDst, int len))
 VRXAPI(VrxStatus, vrxsRShiftC_16u, (const Vrx16u* pSrc, int count, Vrx16u* pDst, int len))
 VRXAPI(VrxStatus, vrxsRShiftC_16s, (const Vrx16s* pSrc, int count, Vrx16s* pDst, int len))
@@ -757,6 +871,9 @@ VRXAPI(VrxStatus, vrxsRShiftC_16s_I, (int count, Vrx16s* pSrcDst, int len))
 VRXAPI(VrxStatus, vrxsRShiftC_32s_I, (int count, Vrx32s* pSrcDst, int len))
 
 /* widening, exact and saturating conversions between integers and floats */
+/* pDst[i] = pSrc[i] in the destination type: exact where it fits (8/16-bit to float,
+ * 32s and 32f to 64f, sign extension); 32s32f and 64s64f round in the caller's mode;
+ * 32s16s saturates; 64f32f clamps to +-FLT_MAX (never infinity), NaN passes. */
 VRXAPI(VrxStatus, vrxsConvert_16s32f, (const Vrx16s* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsConvert_16s32s, (const Vrx16s* pSrc, Vrx32s* pDst, int len))
 VRXAPI(VrxStatus, vrxsConvert_16u32f, (const Vrx16u* pSrc, Vrx32f* pDst, int len))
@@ -771,6 +888,8 @@ VRXAPI(VrxStatus, vrxsConvert_8s32f, (const Vrx8s* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsConvert_8u32f, (const Vrx8u* pSrc, Vrx32f* pDst, int len))
 
 /* 24-bit packed samples: three bytes a sample, least significant first */
+/* 24-bit samples to 32-bit (exact) and back: the _Sfs forms scale by 2^-scaleFactor,
+ * round to nearest even and saturate to the 24-bit range (NaN gives the lower bound). */
 VRXAPI(VrxStatus, vrxsConvert_24s32f, (const Vrx8u* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsConvert_24s32s, (const Vrx8u* pSrc, Vrx32s* pDst, int len))
 VRXAPI(VrxStatus, vrxsConvert_24u32f, (const Vrx8u* pSrc, Vrx32f* pDst, int len))
@@ -783,6 +902,9 @@ VRXAPI(VrxStatus, vrxsConvert_32u24u_Sfs, (const Vrx32u* pSrc, Vrx8u* pDst, int 
 /* scaled conversions: the result is multiplied by 2^-scaleFactor; float and wide
  * sources to integers round as the rounding argument says (unknown modes as
  * vrxRndFinancial) and saturate; NaN gives the lower bound */
+/* Integer sources to floats: converted, then times 2^-scaleFactor. The others: scaled,
+ * rounded as rounding says (vrxRndNear, vrxRndZero, any other value vrxRndFinancial, no
+ * error; 32s16s_Sfs has no argument and rounds ties to even), saturated. */
 VRXAPI(VrxStatus, vrxsConvert_16s32f_Sfs, (const Vrx16s* pSrc, Vrx32f* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsConvert_16s64f_Sfs, (const Vrx16s* pSrc, Vrx64f* pDst, int len, int scaleFactor))
 VRXAPI(VrxStatus, vrxsConvert_16s8s_Sfs, (const Vrx16s* pSrc, Vrx8s* pDst, int len, VrxRounding rounding, int scaleFactor))
@@ -801,6 +923,8 @@ VRXAPI(VrxStatus, vrxsConvert_64s32s_Sfs, (const Vrx64s* pSrc, Vrx32s* pDst, int
 
 /* half floats; vrxRndFinancial is not supported (vrxErrRounding), vrxRndNear is
  * nearest-even and every other mode rounds toward zero */
+/* Half floats: 16f16s_Sfs scales and rounds to 16s, 16f32f is exact, 16s16f and 32f16f
+ * round to half precision. rounding 2 (vrxRndFinancial) is vrxErrRounding (-213). */
 VRXAPI(VrxStatus, vrxsConvert_16f16s_Sfs, (const Vrx16f* pSrc, Vrx16s* pDst, int len, VrxRounding rounding, int scaleFactor))
 VRXAPI(VrxStatus, vrxsConvert_16f32f, (const Vrx16f* pSrc, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsConvert_16s16f, (const Vrx16s* pSrc, Vrx16f* pDst, int len, VrxRounding rounding))
@@ -824,6 +948,8 @@ VRXAPI(VrxStatus, vrxsThreshold_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f level
  * compare the squared magnitude); magnitude forms (a negative level is
  * vrxErrThreshNeg); LTValGTVal needs levelLT <= levelGT (vrxErrThreshOrder);
  * the inverse warns vrxWarnInvZero when a zero is inverted at level 0 */
+/* Threshold_LT: pDst[i] = max(x, level) (complex: magnitude raised to level, phase kept;
+ * a negative level -19). */
 VRXAPI(VrxStatus, vrxsThreshold_LT_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_LT_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_LT_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level))
@@ -839,6 +965,8 @@ VRXAPI(VrxStatus, vrxsThreshold_LT_32fc_I, (Vrx32fc* pSrcDst, int len, Vrx32f le
 VRXAPI(VrxStatus, vrxsThreshold_LT_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f level))
 VRXAPI(VrxStatus, vrxsThreshold_LT_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f level))
 
+/* Threshold_GT: pDst[i] = min(x, level) (complex: magnitude limited to level, phase kept;
+ * a negative level -19). */
 VRXAPI(VrxStatus, vrxsThreshold_GT_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_GT_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_GT_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level))
@@ -854,6 +982,8 @@ VRXAPI(VrxStatus, vrxsThreshold_GT_32fc_I, (Vrx32fc* pSrcDst, int len, Vrx32f le
 VRXAPI(VrxStatus, vrxsThreshold_GT_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f level))
 VRXAPI(VrxStatus, vrxsThreshold_GT_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f level))
 
+/* Threshold_LTVal: value where x < level, else x (complex: |x|^2 < level^2; a
+ * negative level -19). */
 VRXAPI(VrxStatus, vrxsThreshold_LTVal_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, Vrx16s value))
 VRXAPI(VrxStatus, vrxsThreshold_LTVal_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level, Vrx16s value))
 VRXAPI(VrxStatus, vrxsThreshold_LTVal_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level, Vrx32f value))
@@ -867,6 +997,8 @@ VRXAPI(VrxStatus, vrxsThreshold_LTVal_32fc_I, (Vrx32fc* pSrcDst, int len, Vrx32f
 VRXAPI(VrxStatus, vrxsThreshold_LTVal_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f level, Vrx64fc value))
 VRXAPI(VrxStatus, vrxsThreshold_LTVal_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f level, Vrx64fc value))
 
+/* Threshold_GTVal: value where x > level, else x (complex: |x|^2 > level^2; a
+ * negative level -19). */
 VRXAPI(VrxStatus, vrxsThreshold_GTVal_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, Vrx16s value))
 VRXAPI(VrxStatus, vrxsThreshold_GTVal_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level, Vrx16s value))
 VRXAPI(VrxStatus, vrxsThreshold_GTVal_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level, Vrx32f value))
@@ -880,6 +1012,8 @@ VRXAPI(VrxStatus, vrxsThreshold_GTVal_32fc_I, (Vrx32fc* pSrcDst, int len, Vrx32f
 VRXAPI(VrxStatus, vrxsThreshold_GTVal_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, Vrx64f level, Vrx64fc value))
 VRXAPI(VrxStatus, vrxsThreshold_GTVal_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f level, Vrx64fc value))
 
+/* Threshold_LTValGTVal: valueLT where x < levelLT, valueGT where x > levelGT, else x;
+ * levelLT > levelGT is vrxErrThreshOrder (-18). */
 VRXAPI(VrxStatus, vrxsThreshold_LTValGTVal_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s levelLT, Vrx16s valueLT, Vrx16s levelGT, Vrx16s valueGT))
 VRXAPI(VrxStatus, vrxsThreshold_LTValGTVal_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s levelLT, Vrx16s valueLT, Vrx16s levelGT, Vrx16s valueGT))
 VRXAPI(VrxStatus, vrxsThreshold_LTValGTVal_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s levelLT, Vrx32s valueLT, Vrx32s levelGT, Vrx32s valueGT))
@@ -889,6 +1023,8 @@ VRXAPI(VrxStatus, vrxsThreshold_LTValGTVal_32f_I, (Vrx32f* pSrcDst, int len, Vrx
 VRXAPI(VrxStatus, vrxsThreshold_LTValGTVal_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f levelLT, Vrx64f valueLT, Vrx64f levelGT, Vrx64f valueGT))
 VRXAPI(VrxStatus, vrxsThreshold_LTValGTVal_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f levelLT, Vrx64f valueLT, Vrx64f levelGT, Vrx64f valueGT))
 
+/* Threshold_LTAbs: where |x| < level, level with the sign of x (16s: 0 counts as
+ * positive); a negative level -19. */
 VRXAPI(VrxStatus, vrxsThreshold_LTAbs_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_LTAbs_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_LTAbs_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level))
@@ -898,6 +1034,7 @@ VRXAPI(VrxStatus, vrxsThreshold_LTAbs_32f_I, (Vrx32f* pSrcDst, int len, Vrx32f l
 VRXAPI(VrxStatus, vrxsThreshold_LTAbs_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level))
 VRXAPI(VrxStatus, vrxsThreshold_LTAbs_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f level))
 
+/* Threshold_GTAbs: x limited to [-level, level]; a negative level -19. */
 VRXAPI(VrxStatus, vrxsThreshold_GTAbs_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_GTAbs_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level))
 VRXAPI(VrxStatus, vrxsThreshold_GTAbs_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level))
@@ -907,6 +1044,7 @@ VRXAPI(VrxStatus, vrxsThreshold_GTAbs_32f_I, (Vrx32f* pSrcDst, int len, Vrx32f l
 VRXAPI(VrxStatus, vrxsThreshold_GTAbs_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level))
 VRXAPI(VrxStatus, vrxsThreshold_GTAbs_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f level))
 
+/* Threshold_LTAbsVal: value where |x| < level, else x (a negative level changes nothing). */
 VRXAPI(VrxStatus, vrxsThreshold_LTAbsVal_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, Vrx16s level, Vrx16s value))
 VRXAPI(VrxStatus, vrxsThreshold_LTAbsVal_16s_I, (Vrx16s* pSrcDst, int len, Vrx16s level, Vrx16s value))
 VRXAPI(VrxStatus, vrxsThreshold_LTAbsVal_32s, (const Vrx32s* pSrc, Vrx32s* pDst, int len, Vrx32s level, Vrx32s value))
@@ -916,6 +1054,8 @@ VRXAPI(VrxStatus, vrxsThreshold_LTAbsVal_32f_I, (Vrx32f* pSrcDst, int len, Vrx32
 VRXAPI(VrxStatus, vrxsThreshold_LTAbsVal_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level, Vrx64f value))
 VRXAPI(VrxStatus, vrxsThreshold_LTAbsVal_64f_I, (Vrx64f* pSrcDst, int len, Vrx64f level, Vrx64f value))
 
+/* Threshold_LTInv: 1/x with |x| first raised to level (sign kept); a negative level -19;
+ * level 0 and a zero element give an infinity and the warning vrxWarnInvZero (4). */
 VRXAPI(VrxStatus, vrxsThreshold_LTInv_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, Vrx32f level))
 VRXAPI(VrxStatus, vrxsThreshold_LTInv_32f_I, (Vrx32f* pSrcDst, int len, Vrx32f level))
 VRXAPI(VrxStatus, vrxsThreshold_LTInv_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, Vrx64f level))
@@ -931,13 +1071,30 @@ VRXAPI(VrxStatus, vrxsThreshold_LTInv_64fc_I, (Vrx64fc* pSrcDst, int len, Vrx64f
 /* ================================================================ transforms */
 /* FFT plans, complex and real transforms, packed spectra */
 
-/* plans: sizes in bytes, then the plan built in the caller's memory */
+/* Transforms of N = 2^order points. A plan is made once, in memory the caller owns:
+ * GetSize gives three byte counts, Init builds the plan, and the plan is then
+ * read-only: any number of threads may share it, each with its own pBuf. There is
+ * nothing to destroy; free the memory when no call uses the plan any more.
+ * order: 0..28 for C_32fc and C_32f, 0..27 for C_64fc and C_64f, 0..29 for R_32f,
+ * 0..28 for R_64f (N = 2^order is the number of points, complex or real).
+ * flag, one of four values compared as a value, not as bits: vrxFftScaleFwd (forward
+ * times 1/N), vrxFftScaleInv (inverse times 1/N), vrxFftScaleSqrt (both times
+ * 1/sqrt(N)), vrxFftScaleNone. hint is stored and changes nothing.
+ * Layouts, sizes and worked examples: docs/fft.md. */
+/* GetSize: *pSpecSize bytes for the plan, *pInitSize for Init's temporary buffer
+ * (0 below order 11), *pWorkSize for each transform's pBuf (0 up to order 6 complex,
+ * 7 real). Checks: order (as unsigned) above 30 -15, a null pointer -8, flag -16,
+ * order above the kind's limit -15. */
 VRXAPI(VrxStatus, vrxsFFTGetSize_C_32fc, (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
 VRXAPI(VrxStatus, vrxsFFTGetSize_C_32f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
 VRXAPI(VrxStatus, vrxsFFTGetSize_R_32f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
 VRXAPI(VrxStatus, vrxsFFTGetSize_C_64fc, (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
 VRXAPI(VrxStatus, vrxsFFTGetSize_C_64f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
 VRXAPI(VrxStatus, vrxsFFTGetSize_R_64f,  (int order, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* Init: builds the plan in pSpecMem (*pSpecSize bytes, any alignment) and writes its
+ * address, rounded up to 64 bytes, to *ppPlan: pass that pointer, not pSpecMem.
+ * pInitBuf (*pInitSize bytes) is used during the call only; it may be null when that
+ * size is 0. Checks: ppPlan -8, order -15, pSpecMem -8, flag -16, pInitBuf -8. */
 VRXAPI(VrxStatus, vrxsFFTInit_C_32fc, (VrxsFftPlan_C_32fc** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
 VRXAPI(VrxStatus, vrxsFFTInit_C_32f,  (VrxsFftPlan_C_32f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
 VRXAPI(VrxStatus, vrxsFFTInit_R_32f,  (VrxsFftPlan_R_32f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
@@ -946,6 +1103,10 @@ VRXAPI(VrxStatus, vrxsFFTInit_C_64f,  (VrxsFftPlan_C_64f** ppPlan, int order, in
 VRXAPI(VrxStatus, vrxsFFTInit_R_64f,  (VrxsFftPlan_R_64f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
 
 /* complex transforms, interleaved data */
+/* FFTFwd: X[k] = sum_n x[n] e^(-2 pi i n k / N); FFTInv: x[n] = sum_k X[k] e^(+2 pi i n k / N);
+ * then times the plan's scale for that direction. Natural order; _I works in place.
+ * pBuf: *pWorkSize bytes, any alignment, one per concurrent call; null only when that
+ * size is 0. Checks: plan null -8, plan of another kind -17, data or needed pBuf null -8. */
 VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32fc,   (const Vrx32fc* pSrc, Vrx32fc* pDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
 VRXAPI(VrxStatus, vrxsFFTInv_CToC_32fc,   (const Vrx32fc* pSrc, Vrx32fc* pDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
 VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32fc_I, (Vrx32fc* pSrcDst, const VrxsFftPlan_C_32fc* plan, Vrx8u* pBuf))
@@ -956,6 +1117,7 @@ VRXAPI(VrxStatus, vrxsFFTFwd_CToC_64fc_I, (Vrx64fc* pSrcDst, const VrxsFftPlan_C
 VRXAPI(VrxStatus, vrxsFFTInv_CToC_64fc_I, (Vrx64fc* pSrcDst, const VrxsFftPlan_C_64fc* plan, Vrx8u* pBuf))
 
 /* complex transforms, separate real and imaginary arrays */
+/* The same transforms on separate real and imaginary arrays (plans C_32f, C_64f). */
 VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32f,   (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstRe, Vrx32f* pDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
 VRXAPI(VrxStatus, vrxsFFTInv_CToC_32f,   (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstRe, Vrx32f* pDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
 VRXAPI(VrxStatus, vrxsFFTFwd_CToC_32f_I, (Vrx32f* pSrcDstRe, Vrx32f* pSrcDstIm, const VrxsFftPlan_C_32f* plan, Vrx8u* pBuf))
@@ -966,6 +1128,9 @@ VRXAPI(VrxStatus, vrxsFFTFwd_CToC_64f_I, (Vrx64f* pSrcDstRe, Vrx64f* pSrcDstIm, 
 VRXAPI(VrxStatus, vrxsFFTInv_CToC_64f_I, (Vrx64f* pSrcDstRe, Vrx64f* pSrcDstIm, const VrxsFftPlan_C_64f* plan, Vrx8u* pBuf))
 
 /* real transforms to and from the packed spectra CCS, Pack and Perm */
+/* Real transforms (plans R_32f, R_64f): FFTFwd_RTo<form> writes the spectrum of N reals
+ * packed as CCS (N + 2 reals), Pack or Perm (N reals each); FFTInv_<form>ToR reads that
+ * form and writes N reals. pBuf and statuses as for the complex transforms. */
 VRXAPI(VrxStatus, vrxsFFTFwd_RToCCS_32f,    (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
 VRXAPI(VrxStatus, vrxsFFTFwd_RToPack_32f,   (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
 VRXAPI(VrxStatus, vrxsFFTFwd_RToPerm_32f,   (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsFftPlan_R_32f* plan, Vrx8u* pBuf))
@@ -992,6 +1157,9 @@ VRXAPI(VrxStatus, vrxsFFTInv_PackToR_64f_I, (Vrx64f* pSrcDst, const VrxsFftPlan_
 VRXAPI(VrxStatus, vrxsFFTInv_PermToR_64f_I, (Vrx64f* pSrcDst, const VrxsFftPlan_R_64f* plan, Vrx8u* pBuf))
 
 /* packed spectra: expansion to the full conjugate-symmetric complex vector */
+/* ConjCcs, ConjPack, ConjPerm: the full spectrum of lenDst complex values from the packed
+ * spectrum of N = lenDst reals, X[N-k] = conj(X[k]); _I expands in place from the packed
+ * reals at the start of pSrcDst. pSrc == pDst forwards to _I. */
 VRXAPI(VrxStatus, vrxsConjCcs_32fc,    (const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst))
 VRXAPI(VrxStatus, vrxsConjPack_32fc,   (const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst))
 VRXAPI(VrxStatus, vrxsConjPerm_32fc,   (const Vrx32f* pSrc, Vrx32fc* pDst, int lenDst))
@@ -1006,6 +1174,9 @@ VRXAPI(VrxStatus, vrxsConjPack_64fc_I, (Vrx64fc* pSrcDst, int lenDst))
 VRXAPI(VrxStatus, vrxsConjPerm_64fc_I, (Vrx64fc* pSrcDst, int lenDst))
 
 /* packed spectra: products; MulPackConj multiplies pSrc by the conjugate of pSrcDst */
+/* MulPack, MulPerm: products of two spectra of len reals in that packed form, complex
+ * pair by pair (real-only positions multiply as reals); _I: pSrcDst = pSrc * pSrcDst.
+ * MulPackConj_I: pSrcDst = pSrc * conj(pSrcDst): the destination is the conjugated one. */
 VRXAPI(VrxStatus, vrxsMulPack_32f,       (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMulPerm_32f,       (const Vrx32f* pSrc1, const Vrx32f* pSrc2, Vrx32f* pDst, int len))
 VRXAPI(VrxStatus, vrxsMulPack_32f_I,     (const Vrx32f* pSrc, Vrx32f* pSrcDst, int len))

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, when they are missing.
-#   scripts/deps.sh          compiler, CMake, GoogleTest, pkg-config
+#   scripts/deps.sh          compiler, CMake, GoogleTest, pkg-config, and qemu-user
+#                            (its test runs a program on an emulated processor
+#                            without AVX-512 and sees the library refuse it)
 #   scripts/deps.sh --bench  also Google Benchmark and the comparison libraries
 #   scripts/deps.sh --check  also clang, its sanitizer and fuzzer runtimes and
 #                            ccache, for scripts/check.sh
 set -euo pipefail
-pkgs=(g++ cmake make libgtest-dev pkg-config)
+pkgs=(g++ cmake make libgtest-dev pkg-config qemu-user)
 if [[ "${1:-}" == "--bench" ]]; then
   pkgs+=(libbenchmark-dev libfftw3-dev libvolk2-dev libsleef-dev libliquid-dev)
 fi

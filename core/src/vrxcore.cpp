@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int kAlign = 64;
+constexpr int kRefusalStatus = 70;  // the exit status of a refused processor
 
 #ifdef VRX_CORE_TEST_HOOKS
 uint64_t g_featureMask = ~0ull;  // features a test allowed
@@ -105,8 +106,33 @@ int detectCacheSize(int* pSize) {
     return 0;
 }
 
+// libvrxsn0 is the AVX-512F/CD build and has no other path: on a processor
+// without those features its first kernel would die of an illegal
+// instruction, far from the cause. This library is loaded first, so it
+// refuses here, before any kernel can run: one line on stderr naming the
+// library, what is missing and what to do, then the exit status above.
+void refuseWithout(uint64_t needed) {
+    const uint64_t missing = needed & ~g_features;
+    if (missing == 0) return;
+    char line[320];
+    size_t n = 0;
+    auto put = [&](const char* s) {
+        while (*s && n < sizeof line - 1) line[n++] = *s++;
+    };
+    put("vrxs: libvrxsn0.so.9.0 is built for processors with AVX-512F and AVX-512CD, and this one lacks ");
+    if (missing & VRX_CPU_AVX512F) put("AVX-512F");
+    if ((missing & VRX_CPU_AVX512F) && (missing & VRX_CPU_AVX512CD)) put(" and ");
+    if (missing & VRX_CPU_AVX512CD) put("AVX-512CD");
+    put(" (or the operating system has not enabled them); run the program on a machine whose"
+        " /proc/cpuinfo lists avx512f and avx512cd.\n");
+    ssize_t r = write(2, line, n);
+    (void)r;
+    _exit(kRefusalStatus);
+}
+
 __attribute__((constructor)) void readProcessor() {
     g_features = detectFeatures();
+    refuseWithout(VRX_CPU_AVX512F | VRX_CPU_AVX512CD);
     g_cacheStatus = detectCacheSize(&g_cacheSize);
 }
 
