@@ -4,6 +4,8 @@
 // the run functions.
 #pragma once
 
+#include <utility>
+
 #include "simd/simd.h"
 #include "vrx_base.h"
 
@@ -32,7 +34,7 @@ VRX_INLINE int normOf(VrxAlgType t) { return (t >> 8) & 0xFF; }
 // d is usable on the element indices [dLo, dHi) and terms outside are left
 // out; c(i) is coef[K-1-i] when Rev (a convolution), else coef[i]; complex
 // coefficients enter conjugated. Outputs go in blocks of U registers; each
-// term is one fused multiply-add per real part in the element precision.
+// product is accumulated by fused multiply-add in the element precision.
 template <class S, bool Cplx>
 struct Mac {
     using W = simd::V<S>;
@@ -41,19 +43,22 @@ struct Mac {
     static constexpr int kPer = Cplx ? 2 : 1;  // scalars per element
     static constexpr int NE = W::N / kPer;     // elements per register
 
-    struct Coef { R c, s; };
-    static VRX_INLINE Coef coef(const S* p, i64 i) {
-        if constexpr (!Cplx) return {W::set1(p[i]), W::zero()};
-        else return {W::set1(p[2 * i]), W::set2(p[2 * i + 1], -p[2 * i + 1])};
+    // A complex term conj(c) d is kept in two sums, cr d and ci d (both
+    // lanes of each pair), that the store joins: re = (cr d).re + (ci d).im,
+    // im = (cr d).im - (ci d).re. Real data uses the first sum alone.
+    struct Acc { R a, b; };
+    static VRX_INLINE Acc zero() { return {W::zero(), W::zero()}; }
+    static VRX_INLINE void step(const S* c, Acc& acc, R d) {
+        acc.a = W::fma(W::set1(c[0]), d, acc.a);
+        if constexpr (Cplx) acc.b = W::fma(W::set1(c[1]), d, acc.b);
     }
-    // acc + conj(c) d: re += cr dr + ci di, im += cr di - ci dr.
-    static VRX_INLINE R step(Coef k, R d, R acc) {
-        if constexpr (!Cplx) return W::fma(k.c, d, acc);
-        else return W::fma(k.s, W::swapPair(d), W::fma(k.c, d, acc));
+    static VRX_INLINE void stepm(M m, const S* c, Acc& acc, R d) {
+        acc.a = W::fmam(m, W::set1(c[0]), d, acc.a);
+        if constexpr (Cplx) acc.b = W::fmam(m, W::set1(c[1]), d, acc.b);
     }
-    static VRX_INLINE R stepm(M m, Coef k, R d, R acc) {
-        if constexpr (!Cplx) return W::fmam(m, k.c, d, acc);
-        else return W::fmam(m, k.s, W::swapPair(d), W::fmam(m, k.c, d, acc));
+    static VRX_INLINE R join(const Acc& acc) {
+        if constexpr (!Cplx) return acc.a;
+        else return W::add(acc.a, W::xorb(W::swapPair(acc.b), W::set2(S(0), S(-0.0))));
     }
     // Element mask to lane mask.
     static VRX_INLINE M lanes(unsigned me) {
@@ -68,40 +73,73 @@ struct Mac {
     }
 };
 
+// Terms r = 0 .. N-1 of an aligned run (see directBlock): coefficient c[r]
+// (c[-r] for a reversed kernel), registers 0 and 2 shifted out of a0..a3.
+template <class W, bool Rev, int... Rs, class Acc>
+VRX_INLINE void runAlignedT(const typename W::T* c, const typename W::T* p, typename W::R a0, typename W::R a1,
+                            typename W::R a2, typename W::R a3, Acc* acc, std::integer_sequence<int, Rs...>) {
+    (
+        [&] {
+            constexpr int r = Rs;
+            const typename W::R k = W::set1(Rev ? c[-r] : c[r]);
+            acc[0].a = W::fma(k, W::template alignr<r>(a1, a0), acc[0].a);
+            acc[1].a = W::fma(k, W::load(p + r + W::N), acc[1].a);
+            acc[2].a = W::fma(k, W::template alignr<r>(a3, a2), acc[2].a);
+            acc[3].a = W::fma(k, W::load(p + r + 3 * W::N), acc[3].a);
+        }(),
+        ...);
+}
+
 template <class S, bool Cplx, bool Rev, int U>
 VRX_INLINE void directBlock(const S* coef, i64 K, const S* d, i64 dLo, i64 dHi, i64 base, S* out, i64 cnt) {
     using X = Mac<S, Cplx>;
     using W = typename X::W;
     constexpr int NE = X::NE, kPer = X::kPer, Wd = U * NE;
-    typename W::R acc[U];
-    for (int u = 0; u < U; ++u) acc[u] = W::zero();
+    typename X::Acc acc[U];
+    for (int u = 0; u < U; ++u) acc[u] = X::zero();
     // base: data index of the block's first output at i = 0.
     const i64 iLo = max64(0, dLo - base - (Wd - 1)), iHi = min64(K - 1, dHi - 1 - base);
     const i64 fLo = max64(iLo, dLo - base), fHi = min64(iHi, dHi - Wd - base);
     auto masked = [&](i64 i) {
-        const auto k = X::coef(coef, Rev ? K - 1 - i : i);
+        const S* c = coef + (Rev ? K - 1 - i : i) * kPer;
         for (int u = 0; u < U; ++u) {
             const i64 b = base + i + i64(u) * NE;
             const unsigned me = X::inRange(b, dLo, dHi);
             if (!me) continue;
             const auto m = X::lanes(me);
-            acc[u] = X::stepm(m, k, W::loadm(m, d + b * kPer), acc[u]);
+            X::stepm(m, c, acc[u], W::loadm(m, d + b * kPer));
         }
+    };
+    auto full = [&](i64 i) {
+        const S* c = coef + (Rev ? K - 1 - i : i) * kPer;
+        const S* p = d + (base + i) * kPer;
+        for (int u = 0; u < U; ++u) X::step(c, acc[u], W::load(p + u * W::N));
     };
     i64 i = iLo;
     if (fLo <= fHi) {
         for (; i < fLo; ++i) masked(i);
-        for (; i <= fHi; ++i) {
-            const auto k = X::coef(coef, Rev ? K - 1 - i : i);
-            const S* p = d + (base + i) * kPer;
-            for (int u = 0; u < U; ++u) acc[u] = X::step(k, W::load(p + u * W::N), acc[u]);
+        if constexpr (!Cplx && U == 4) {
+            // Real data, four registers: from a 64-byte boundary on, runs of
+            // N terms read four aligned registers once and make registers 0
+            // and 2 of every term by shifting across them; registers 1 and 3
+            // stay plain loads. This halves the loads that straddle cache
+            // lines, the limit of the plain loop.
+            for (; i <= fHi && (addr(d + base + i) & 63); ++i) full(i);
+            for (; i + W::N - 1 <= fHi; i += W::N) {
+                const S* p = d + base + i;
+                const typename W::R a0 = W::loada(p), a1 = W::loada(p + W::N), a2 = W::loada(p + 2 * W::N),
+                                    a3 = W::loada(p + 3 * W::N);
+                const S* c = coef + (Rev ? K - 1 - i : i);
+                runAlignedT<W, Rev>(c, p, a0, a1, a2, a3, acc, std::make_integer_sequence<int, W::N>{});
+            }
         }
+        for (; i <= fHi; ++i) full(i);
     }
     for (; i <= iHi; ++i) masked(i);
     for (int u = 0; u < U; ++u) {
         const i64 e = cnt - i64(u) * NE;
-        if (e >= NE) W::store(out + u * W::N, acc[u]);
-        else if (e > 0) W::storem(out + u * W::N, X::lanes((1u << e) - 1u), acc[u]);
+        if (e >= NE) W::store(out + u * W::N, X::join(acc[u]));
+        else if (e > 0) W::storem(out + u * W::N, X::lanes((1u << e) - 1u), X::join(acc[u]));
     }
 }
 
