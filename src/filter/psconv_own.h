@@ -244,6 +244,13 @@ template <> struct Fft<Vrx64fc> {
     static void scale(S v, E* d, int n) { N0(vrxsMulC_64f_I)(v, reinterpret_cast<S*>(d), 2 * n); }
 };
 
+// dst[0 .. F-1] = src[0 .. n-1] followed by zeros.
+template <class E>
+VRX_INLINE void padTo(const E* src, int n, E* dst, int F) {
+    Fft<E>::copy(src, dst, n);
+    Fft<E>::zero(dst + n, F - n);
+}
+
 // Work buffer of an FFT path, from its 64-byte-aligned start: the plan's
 // spec, init and work pieces at their rounded sizes, then the arrays. The
 // 64 bytes of the size formula are the alignment slack of the start.

@@ -15,10 +15,8 @@ VrxStatus convSingle(const FftWork<T>& w, int F, const T* x, int L, const T* h, 
     using X = Fft<T>;
     T* a = w.arr;
     T* b = w.arr + F;
-    X::copy(x, a, L);
-    X::zero(a + L, F - L);
-    X::copy(h, b, S);
-    X::zero(b + S, F - S);
+    padTo(x, L, a, F);
+    padTo(h, S, b, F);
     if (VrxStatus st = X::fwdPermI(b, w.plan, w.work)) return st;
     if (VrxStatus st = X::fwdPermI(a, w.plan, w.work)) return st;
     if (VrxStatus st = X::mulPermI(b, a, F)) return st;
@@ -35,8 +33,7 @@ VrxStatus convSegments(const FftWork<T>& w, int F, const T* x, int L, const T* h
     using X = Fft<T>;
     T* kern = w.arr;
     T* seg = w.arr + F;
-    X::copy(h, kern, S);
-    X::zero(kern + S, F - S);
+    padTo(h, S, kern, F);
     if (VrxStatus st = X::fwdPermI(kern, w.plan, w.work)) return st;
     const int P = F - S + 1;
     for (int o = 0; o < T_; o += P) {
@@ -47,8 +44,7 @@ VrxStatus convSegments(const FftWork<T>& w, int F, const T* x, int L, const T* h
         if (c == F) {
             st = X::fwdPerm(from, seg, w.plan, w.work);
         } else {
-            X::copy(from, seg, c);
-            X::zero(seg + c, F - c);
+            padTo(from, c, seg, F);
             st = X::fwdPermI(seg, w.plan, w.work);
         }
         if (st) return st;

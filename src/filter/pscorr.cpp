@@ -44,8 +44,7 @@ VrxStatus autoFft(const E* x, int n, E* dst, int m, Vrx8u* pBuffer) {
     if (VrxStatus st = openWork(pBuffer, order, &w)) return st;
     const int F = 1 << order;
     E* a = w.arr;
-    X::copy(x, a, n);
-    X::zero(a + n, F - n);
+    padTo(x, n, a, F);
     if constexpr (X::kCplx) {
         E* b = w.arr + F;
         if (VrxStatus st = X::fwdI(a, w.plan, w.work)) return st;
@@ -98,21 +97,18 @@ VrxStatus crossSingle(const FftWork<E>& w, int F, const E* a, int n1, const E* b
     using X = Fft<E>;
     E* pa = w.arr;
     E* pb = w.arr + F;
-    X::copy(a, pa, n1);
-    X::zero(pa + n1, F - n1);
+    padTo(a, n1, pa, F);
     if constexpr (X::kCplx) {
         if (VrxStatus st = X::fwdI(pa, w.plan, w.work)) return st;
         X::conj(pa, pb, F);  // conj(A) in the second array; the first takes b
         X::zero(pa, n1 - 1);
-        X::copy(b, pa + n1 - 1, n2);
-        X::zero(pa + n1 - 1 + n2, F - (n1 - 1 + n2));
+        padTo(b, n2, pa + n1 - 1, F - (n1 - 1));
         if (VrxStatus st = X::fwdI(pa, w.plan, w.work)) return st;
         X::mul(pb, pa, pa, F);
         if (VrxStatus st = X::invI(pa, w.plan, w.work)) return st;
     } else {
         X::zero(pb, n1 - 1);
-        X::copy(b, pb + n1 - 1, n2);
-        X::zero(pb + n1 - 1 + n2, F - (n1 - 1 + n2));
+        padTo(b, n2, pb + n1 - 1, F - (n1 - 1));
         if (VrxStatus st = X::fwdPackI(pa, w.plan, w.work)) return st;
         if (VrxStatus st = X::fwdPackI(pb, w.plan, w.work)) return st;
         if (VrxStatus st = X::mulPackConjI(pb, pa, F)) return st;  // B conj(A)
@@ -134,13 +130,11 @@ VrxStatus crossSegments(const FftWork<E>& w, int F, const E* k, int nk, const E*
     // The kernel spectrum, once: real as it is (the product conjugates the
     // segment), complex conjugated into its own array.
     if constexpr (X::kCplx) {
-        X::copy(k, seg, nk);
-        X::zero(seg + nk, F - nk);
+        padTo(k, nk, seg, F);
         if (VrxStatus st = X::fwdI(seg, w.plan, w.work)) return st;
         X::conj(seg, kern, F);
     } else {
-        X::copy(k, kern, nk);
-        X::zero(kern + nk, F - nk);
+        padTo(k, nk, kern, F);
         if (VrxStatus st = X::fwdPackI(kern, w.plan, w.work)) return st;
     }
     const int P = F - nk + 1;
@@ -155,8 +149,7 @@ VrxStatus crossSegments(const FftWork<E>& w, int F, const E* k, int nk, const E*
             const int lead = static_cast<int>(min64(from - s, F));
             const int body = static_cast<int>(max64(to - from, 0));
             X::zero(seg, lead);
-            X::copy(x + from, seg + lead, body);
-            X::zero(seg + lead + body, F - lead - body);
+            padTo(x + from, body, seg + lead, F - lead);
         }
         if constexpr (X::kCplx) {
             st = inside ? X::fwd(x + s, seg, w.plan, w.work) : X::fwdI(seg, w.plan, w.work);
@@ -263,6 +256,19 @@ VrxStatus crossSize(int n1, int n2, int dstLen, int lowLag, int alg, int* pSize)
     return fftBytes<E>(path.order, 2 * F * i64(sizeof(E)), pSize);
 }
 
+// The query body for the element type that dataType names; an unknown type
+// zeroes the size and returns -12.
+template <class F>
+VRX_INLINE VrxStatus byType(int dataType, int* pSize, F f) {
+    switch (dataType) {
+    case vrx32f: return f(static_cast<Vrx32f*>(nullptr));
+    case vrx64f: return f(static_cast<Vrx64f*>(nullptr));
+    case vrx32fc: return f(static_cast<Vrx32fc*>(nullptr));
+    case vrx64fc: return f(static_cast<Vrx64fc*>(nullptr));
+    default: *pSize = 0; return vrxErrDataType;
+    }
+}
+
 }  // namespace
 
 VrxStatus N0(vrxsAutoCorrNorm_32f)(const Vrx32f* pSrc, int srcLen, Vrx32f* pDst, int dstLen, VrxAlgType algType,
@@ -305,14 +311,9 @@ VrxStatus N0(vrxsAutoCorrNormGetBufferSize)(int srcLen, int dstLen, int dataType
     if (!pBufferSize) return vrxErrNullPtr;
     if (srcLen < 1 || dstLen < 1) return vrxErrBadLength;
     if (badAlg(algType)) return vrxErrAlgType;
-    const int alg = algOf(algType);
-    switch (dataType) {
-    case vrx32f: return autoSize<Vrx32f>(srcLen, dstLen, alg, pBufferSize);
-    case vrx64f: return autoSize<Vrx64f>(srcLen, dstLen, alg, pBufferSize);
-    case vrx32fc: return autoSize<Vrx32fc>(srcLen, dstLen, alg, pBufferSize);
-    case vrx64fc: return autoSize<Vrx64fc>(srcLen, dstLen, alg, pBufferSize);
-    default: *pBufferSize = 0; return vrxErrDataType;
-    }
+    return byType(dataType, pBufferSize, [&]<class E>(E*) {
+        return autoSize<E>(srcLen, dstLen, algOf(algType), pBufferSize);
+    });
 }
 
 VrxStatus N0(vrxsCrossCorrNormGetBufferSize)(int src1Len, int src2Len, int dstLen, int lowLag, int dataType,
@@ -320,12 +321,7 @@ VrxStatus N0(vrxsCrossCorrNormGetBufferSize)(int src1Len, int src2Len, int dstLe
     if (!pBufferSize) return vrxErrNullPtr;
     if (src1Len < 1 || src2Len < 1 || dstLen < 1) return vrxErrBadLength;
     if (badAlg(algType)) return vrxErrAlgType;
-    const int alg = algOf(algType);
-    switch (dataType) {
-    case vrx32f: return crossSize<Vrx32f>(src1Len, src2Len, dstLen, lowLag, alg, pBufferSize);
-    case vrx64f: return crossSize<Vrx64f>(src1Len, src2Len, dstLen, lowLag, alg, pBufferSize);
-    case vrx32fc: return crossSize<Vrx32fc>(src1Len, src2Len, dstLen, lowLag, alg, pBufferSize);
-    case vrx64fc: return crossSize<Vrx64fc>(src1Len, src2Len, dstLen, lowLag, alg, pBufferSize);
-    default: *pBufferSize = 0; return vrxErrDataType;
-    }
+    return byType(dataType, pBufferSize, [&]<class E>(E*) {
+        return crossSize<E>(src1Len, src2Len, dstLen, lowLag, algOf(algType), pBufferSize);
+    });
 }
