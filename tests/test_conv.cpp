@@ -653,3 +653,31 @@ TEST(CrossCorrNorm, NoLagLeft) {
 }
 
 }  // namespace
+
+namespace {
+
+// Exact sizes of the correlation queries over many shapes, every type and
+// selector.
+template <class E> void corrSizes() {
+    const int lens[] = {1, 2, 63, 64, 127, 128, 129, 383, 384, 600, 1199, 1200, 1201, 4096, 65536};
+    for (int n1 : lens)
+        for (int n2 : lens)
+            for (int alg : {0, 1, 2}) {
+                int size = -1;
+                ASSERT_EQ(vrxsAutoCorrNormGetBufferSize(n1, n2, Ty<E>::kType, alg | vrxNormBiased, &size), vrxOk);
+                EXPECT_EQ(size, expectedAutoSize<E>(n1, n2, alg)) << n1 << " " << n2 << " " << alg;
+                for (int lo : {-n1 - 5, -n1 / 2, 0, n2 / 3, n2}) {
+                    const int D = std::max(n1, n2) / 2 + 1;
+                    ASSERT_EQ(vrxsCrossCorrNormGetBufferSize(n1, n2, D, lo, Ty<E>::kType, alg, &size), vrxOk);
+                    EXPECT_EQ(size, expectedCrossSize<E>(n1, n2, D, lo, alg)) << n1 << " " << n2 << " " << lo;
+                }
+            }
+}
+TEST(CorrSizes, Exact) {
+    corrSizes<Vrx32f>();
+    corrSizes<Vrx64f>();
+    corrSizes<Vrx32fc>();
+    corrSizes<Vrx64fc>();
+}
+
+}  // namespace
