@@ -180,6 +180,7 @@ const ConvCase kConvCases[] = {
     {1000, 64, vrxAlgAuto}, {64, 1000, vrxAlgAuto}, {1000, 64, vrxAlgDirect}, {2, 5000, vrxAlgFFT},
     {5000, 300, vrxAlgFFT}, {777, 777, vrxAlgFFT}, {130, 129, vrxAlgDirect}, {3, 3000, vrxAlgDirect},
     {4096, 1000, vrxAlgAuto}, {33, 65, vrxAlgFFT | vrxNormUnbiased}, {300, 300, vrxAlgAuto | 0x7F00},
+    {3000, 1, vrxAlgFFT}, {1, 3000, vrxAlgFFT},
 };
 
 template <class E> void convCases() {
@@ -514,7 +515,7 @@ const CrossCase kCrossCases[] = {
     // overlap-save with the second vector longer, then the first, lags from
     // before the signal to past it
     {50, 2000, 2100, -60, 2}, {2000, 50, 2100, -2010, 2}, {64, 5000, 300, 1000, 2}, {5000, 64, 300, -1000, 2},
-    {3, 4000, 4010, -5, 2}, {4000, 3, 4010, -4005, 2}, {100, 3000, 700, -300, 0}, {3000, 100, 700, -300, 0},
+    {3, 4000, 4010, -5, 2}, {4000, 3, 4010, -4005, 2}, {1, 3000, 3100, -50, 2}, {3000, 1, 3100, -3050, 2}, {100, 3000, 700, -300, 0}, {3000, 100, 700, -300, 0},
     // long direct runs
     {2000, 50, 2100, -2010, 1}, {70, 90, 200, -80, 1},
 };
