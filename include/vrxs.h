@@ -1898,6 +1898,81 @@ VRXAPI(VrxStatus, vrxsFIRGenGetBufferSize, (int tapsLen, int* pBufferSize))
 
 
 /* ------------------------------------------- convolution and correlation */
+/*
+ * One-shot linear convolution and correlation of whole vectors. algType:
+ * low byte vrxAlgAuto (0), vrxAlgDirect (1) or vrxAlgFFT (2), anything above
+ * 2 is -228 (vrxErrAlgType); the correlations read a normalisation from the
+ * second byte: vrxNormNone, vrxNormBiased (0x100), vrxNormUnbiased (0x200).
+ * The direct paths accumulate by fused multiply-add in the element
+ * precision. The FFT paths build their plan (inverse scaled by 1/F) in the
+ * caller's work buffer on every call; pBuffer takes the size that the
+ * matching GetBufferSize query reports for the same lengths and algType
+ * (64 bytes on the direct path), any alignment. A negative status of the
+ * FFT engine ends the call with that status, pDst then incomplete.
+ */
+
+/* pDst[n] = sum_k pSrc1[k] pSrc2[n-k], n = 0 .. src1Len+src2Len-2. The longer
+ * vector is the signal (pSrc1 on a tie), the shorter the kernel, of length S.
+ * Auto takes the FFT when src1Len+src2Len-1 >= 512 and S >= 64: one
+ * transform when the signal is shorter than 3S, else overlap-save with
+ * blocks of 2^(ceil(log2 2S)+1). The second byte of algType is ignored.
+ * Checks: pointers -8, src1Len then src2Len < 1 -6, low byte > 2 -228. */
+VRXAPI(VrxStatus, vrxsConvolve_32f, (const Vrx32f* pSrc1, int src1Len, const Vrx32f* pSrc2, int src2Len, Vrx32f* pDst, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsConvolve_64f, (const Vrx64f* pSrc1, int src1Len, const Vrx64f* pSrc2, int src2Len, Vrx64f* pDst, VrxAlgType algType, Vrx8u* pBuffer))
+
+/* Work size of vrxsConvolve_*: 64 on the direct path, else
+ * A(spec) + A(init) + A(work) + 64 + A(2 F e) with the FFT plan's three sizes,
+ * F the transform length, e the element size, A rounding up to 64.
+ * dataType 13 (32f) or 19 (64f); only the low byte of algType is read.
+ * Checks: pBufferSize -8, lengths -6, low byte > 2 -228, then dataType -12
+ * (size set to 0); a failing FFT size query zeroes the size and is returned. */
+VRXAPI(VrxStatus, vrxsConvolveGetBufferSize, (int src1Len, int src2Len, int dataType, VrxAlgType algType, int* pBufferSize))
+
+/* pDst[n] = sum over k = 0 .. src1Len-1 of pSrc1[k] pSrc2[n-k], n < dstLen,
+ * where pSrc2 may be read behind its start: its usable indices run from
+ * -bias to src2Len-bias-1 and terms outside them are left out. No work
+ * buffer. Checks: pointers -8, src1Len, src2Len or dstLen < 1 -6. */
+VRXAPI(VrxStatus, vrxsConvBiased_32f, (const Vrx32f* pSrc1, int src1Len, const Vrx32f* pSrc2, int src2Len, Vrx32f* pDst, int dstLen, int bias))
+
+/* Autocorrelation r[n] = sum_{i=0}^{srcLen-1-n} conj(x[i]) x[i+n] for n < m =
+ * min(srcLen, dstLen); pDst[srcLen .. dstLen-1] is zeroed. Direct on Auto
+ * while m < 1200 (32f, 64f) or 128 (32fc, 64fc); the FFT has length
+ * 2^ceil(log2 2 srcLen). Biased multiplies the first m outputs by 1/srcLen,
+ * Unbiased divides r[n] by srcLen-n; the zero tail is never normalised.
+ * Checks: pointers -8, srcLen, dstLen < 1 -6, low byte > 2 -228; a second
+ * byte other than 0, 1, 2 returns -228 after the unnormalised result has
+ * been written. */
+VRXAPI(VrxStatus, vrxsAutoCorrNorm_32f, (const Vrx32f* pSrc, int srcLen, Vrx32f* pDst, int dstLen, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsAutoCorrNorm_32fc, (const Vrx32fc* pSrc, int srcLen, Vrx32fc* pDst, int dstLen, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsAutoCorrNorm_64f, (const Vrx64f* pSrc, int srcLen, Vrx64f* pDst, int dstLen, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsAutoCorrNorm_64fc, (const Vrx64fc* pSrc, int srcLen, Vrx64fc* pDst, int dstLen, VrxAlgType algType, Vrx8u* pBuffer))
+
+/* Work size of vrxsAutoCorrNorm_*: 64 on the direct path, else
+ * A(spec) + A(init) + A(work) + 64 + A(F c), c = 4, 8, 16, 32 for dataType
+ * 13 (32f), 19 (64f), 14 (32fc), 20 (64fc). Checks: pBufferSize -8,
+ * lengths -6, either byte of algType out of range -228 at once, dataType
+ * -12 (size set to 0). */
+VRXAPI(VrxStatus, vrxsAutoCorrNormGetBufferSize, (int srcLen, int dstLen, int dataType, VrxAlgType algType, int* pBufferSize))
+
+/* Cross-correlation R[lag] = sum_i conj(a[i]) b[i+lag] over the indices
+ * where both exist, a = pSrc1, b = pSrc2; pDst[n] = R[lowLag+n], n < dstLen.
+ * Lags outside 1-src1Len .. src2Len-1 are zeroed first, and when none
+ * remain the call returns vrxOk. With mn, mx the smaller and larger length
+ * and D the remaining count, Auto takes the FFT when trunc(mn D / mx) in
+ * single precision reaches 384 (32f), 512 (64f), 256 (32fc), 512 (64fc):
+ * one transform when mx < 3 mn, else overlap-save over the longer vector.
+ * Biased multiplies by 1/mn, Unbiased divides each lag by its count of
+ * products. Checks as vrxsAutoCorrNorm_*, with three lengths. */
+VRXAPI(VrxStatus, vrxsCrossCorrNorm_32f, (const Vrx32f* pSrc1, int src1Len, const Vrx32f* pSrc2, int src2Len, Vrx32f* pDst, int dstLen, int lowLag, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsCrossCorrNorm_32fc, (const Vrx32fc* pSrc1, int src1Len, const Vrx32fc* pSrc2, int src2Len, Vrx32fc* pDst, int dstLen, int lowLag, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsCrossCorrNorm_64f, (const Vrx64f* pSrc1, int src1Len, const Vrx64f* pSrc2, int src2Len, Vrx64f* pDst, int dstLen, int lowLag, VrxAlgType algType, Vrx8u* pBuffer))
+VRXAPI(VrxStatus, vrxsCrossCorrNorm_64fc, (const Vrx64fc* pSrc1, int src1Len, const Vrx64fc* pSrc2, int src2Len, Vrx64fc* pDst, int dstLen, int lowLag, VrxAlgType algType, Vrx8u* pBuffer))
+
+/* Work size of vrxsCrossCorrNorm_*: 64 on the direct path (also when no lag
+ * lies in the overlap), else A(spec) + A(init) + A(work) + 64 + A(2 F e), e
+ * the element size. Checks as vrxsAutoCorrNormGetBufferSize. */
+VRXAPI(VrxStatus, vrxsCrossCorrNormGetBufferSize, (int src1Len, int src2Len, int dstLen, int lowLag, int dataType, VrxAlgType algType, int* pBufferSize))
+
 
 /* ------------------------------------ end of convolution and correlation */
 

@@ -119,6 +119,10 @@ template <> struct V<float> {
     // lanes 0..7 each repeated into two adjacent lanes (a real onto a pair)
     static VRX_INLINE R dupLowPairs(R a) {
         return _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
+    }    // lanes K..15 of lo followed by lanes 0..K-1 of hi: the register that
+    // starts K elements into the pair lo, hi (K = 0 gives lo)
+    template <int K> static VRX_INLINE R alignr(R hi, R lo) {
+        return _mm512_castsi512_ps(_mm512_alignr_epi32(_mm512_castps_si512(hi), _mm512_castps_si512(lo), K));
     }
 };
 
@@ -196,7 +200,10 @@ template <> struct V<double> {
         *even = _mm_cvtsd_f64(q);
         *odd = _mm_cvtsd_f64(_mm_unpackhi_pd(q, q));
     }
-    static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_pd(a, b, c); }
+    static VRX_INLINE R fmsubadd(R a, R b, R c) { return _mm512_fmsubadd_pd(a, b, c); }    // lanes K..7 of lo followed by lanes 0..K-1 of hi (K = 0 gives lo)
+    template <int K> static VRX_INLINE R alignr(R hi, R lo) {
+        return _mm512_castsi512_pd(_mm512_alignr_epi64(_mm512_castpd_si512(hi), _mm512_castpd_si512(lo), K));
+    }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers

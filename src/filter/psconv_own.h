@@ -1,0 +1,341 @@
+// Pieces shared by the convolution and correlation modules: the direct
+// lag-parallel kernel, the FFT engine calls by element type, the layout of
+// the work buffer and the path choices that the size queries share with
+// the run functions.
+#pragma once
+
+#include <utility>
+
+#include "simd/simd.h"
+#include "vrx_base.h"
+
+namespace n0::conv {
+
+using i64 = long long;
+
+VRX_INLINE i64 min64(i64 a, i64 b) { return a < b ? a : b; }
+VRX_INLINE i64 max64(i64 a, i64 b) { return a > b ? a : b; }
+VRX_INLINE i64 up64(i64 x) { return (x + 63) & ~i64(63); }
+
+// Smallest k with 2^k >= x, x >= 1.
+VRX_INLINE int ceilLog2(i64 x) {
+    int k = 0;
+    while ((i64(1) << k) < x) ++k;
+    return k;
+}
+
+constexpr int kDirectBytes = 64;  // what a size query reports for a direct path
+
+VRX_INLINE int algOf(VrxAlgType t) { return t & 0xFF; }
+VRX_INLINE int normOf(VrxAlgType t) { return (t >> 8) & 0xFF; }
+
+// ------------------------------------------------------------ direct kernel
+// out[n] = sum over i = 0 .. K-1 of c(i) d[i + off + n], n = 0 .. D-1, where
+// d is usable on the element indices [dLo, dHi) and terms outside are left
+// out; c(i) is coef[K-1-i] when Rev (a convolution), else coef[i]; complex
+// coefficients enter conjugated. Outputs go in blocks of U registers; each
+// product is accumulated by fused multiply-add in the element precision.
+template <class S, bool Cplx>
+struct Mac {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    using M = typename W::M;
+    static constexpr int kPer = Cplx ? 2 : 1;  // scalars per element
+    static constexpr int NE = W::N / kPer;     // elements per register
+
+    // A complex term conj(c) d is kept in two sums, cr d and ci d (both
+    // lanes of each pair), that the store joins: re = (cr d).re + (ci d).im,
+    // im = (cr d).im - (ci d).re. Real data uses the first sum alone.
+    struct Acc { R a, b; };
+    static VRX_INLINE Acc zero() { return {W::zero(), W::zero()}; }
+    static VRX_INLINE void step(const S* c, Acc& acc, R d) {
+        acc.a = W::fma(W::set1(c[0]), d, acc.a);
+        if constexpr (Cplx) acc.b = W::fma(W::set1(c[1]), d, acc.b);
+    }
+    static VRX_INLINE void stepm(M m, const S* c, Acc& acc, R d) {
+        acc.a = W::fmam(m, W::set1(c[0]), d, acc.a);
+        if constexpr (Cplx) acc.b = W::fmam(m, W::set1(c[1]), d, acc.b);
+    }
+    static VRX_INLINE R join(const Acc& acc) {
+        if constexpr (!Cplx) return acc.a;
+        else return W::add(acc.a, W::xorb(W::swapPair(acc.b), W::set2(S(0), S(-0.0))));
+    }
+    // Element mask to lane mask.
+    static VRX_INLINE M lanes(unsigned me) {
+        if constexpr (!Cplx) return static_cast<M>(me);
+        else return static_cast<M>(_pdep_u32(me, W::N == 16 ? 0x5555u : 0x55u) * 3u);
+    }
+    // Elements l of the register whose data index b + l lies in [lo, hi).
+    static VRX_INLINE unsigned inRange(i64 b, i64 lo, i64 hi) {
+        const i64 a = max64(lo - b, 0), e = min64(hi - b, NE);
+        if (e <= a) return 0;
+        return ((1u << e) - 1u) & ~((1u << a) - 1u);
+    }
+};
+
+// Terms r = 0 .. N-1 of an aligned run (see directBlock): coefficient c[r]
+// (c[-r] for a reversed kernel), registers 0 and 2 shifted out of a0..a3.
+template <class W, bool Rev, int... Rs, class Acc>
+VRX_INLINE void runAlignedT(const typename W::T* c, const typename W::T* p, typename W::R a0, typename W::R a1,
+                            typename W::R a2, typename W::R a3, Acc* acc, std::integer_sequence<int, Rs...>) {
+    (
+        [&] {
+            constexpr int r = Rs;
+            const typename W::R k = W::set1(Rev ? c[-r] : c[r]);
+            acc[0].a = W::fma(k, W::template alignr<r>(a1, a0), acc[0].a);
+            acc[1].a = W::fma(k, W::load(p + r + W::N), acc[1].a);
+            acc[2].a = W::fma(k, W::template alignr<r>(a3, a2), acc[2].a);
+            acc[3].a = W::fma(k, W::load(p + r + 3 * W::N), acc[3].a);
+        }(),
+        ...);
+}
+
+template <class S, bool Cplx, bool Rev, int U>
+VRX_INLINE void directBlock(const S* coef, i64 K, const S* d, i64 dLo, i64 dHi, i64 base, S* out, i64 cnt) {
+    using X = Mac<S, Cplx>;
+    using W = typename X::W;
+    constexpr int NE = X::NE, kPer = X::kPer, Wd = U * NE;
+    typename X::Acc acc[U];
+    for (int u = 0; u < U; ++u) acc[u] = X::zero();
+    // base: data index of the block's first output at i = 0.
+    const i64 iLo = max64(0, dLo - base - (Wd - 1)), iHi = min64(K - 1, dHi - 1 - base);
+    const i64 fLo = max64(iLo, dLo - base), fHi = min64(iHi, dHi - Wd - base);
+    auto masked = [&](i64 i) {
+        const S* c = coef + (Rev ? K - 1 - i : i) * kPer;
+        for (int u = 0; u < U; ++u) {
+            const i64 b = base + i + i64(u) * NE;
+            const unsigned me = X::inRange(b, dLo, dHi);
+            if (!me) continue;
+            const auto m = X::lanes(me);
+            X::stepm(m, c, acc[u], W::loadm(m, d + b * kPer));
+        }
+    };
+    auto full = [&](i64 i) {
+        const S* c = coef + (Rev ? K - 1 - i : i) * kPer;
+        const S* p = d + (base + i) * kPer;
+        for (int u = 0; u < U; ++u) X::step(c, acc[u], W::load(p + u * W::N));
+    };
+    i64 i = iLo;
+    if (fLo <= fHi) {
+        for (; i < fLo; ++i) masked(i);
+        if constexpr (!Cplx && U == 4) {
+            // Real data, four registers: from a 64-byte boundary on, runs of
+            // N terms read four aligned registers once and make registers 0
+            // and 2 of every term by shifting across them; registers 1 and 3
+            // stay plain loads. This halves the loads that straddle cache
+            // lines, the limit of the plain loop.
+            for (; i <= fHi && (addr(d + base + i) & 63); ++i) full(i);
+            for (; i + W::N - 1 <= fHi; i += W::N) {
+                const S* p = d + base + i;
+                const typename W::R a0 = W::loada(p), a1 = W::loada(p + W::N), a2 = W::loada(p + 2 * W::N),
+                                    a3 = W::loada(p + 3 * W::N);
+                const S* c = coef + (Rev ? K - 1 - i : i);
+                runAlignedT<W, Rev>(c, p, a0, a1, a2, a3, acc, std::make_integer_sequence<int, W::N>{});
+            }
+        }
+        for (; i <= fHi; ++i) full(i);
+    }
+    for (; i <= iHi; ++i) masked(i);
+    for (int u = 0; u < U; ++u) {
+        const i64 e = cnt - i64(u) * NE;
+        if (e >= NE) W::store(out + u * W::N, X::join(acc[u]));
+        else if (e > 0) W::storem(out + u * W::N, X::lanes((1u << e) - 1u), X::join(acc[u]));
+    }
+}
+
+template <class S, bool Cplx, bool Rev>
+void directRun(const S* coef, i64 K, const S* d, i64 dLo, i64 dHi, i64 off, S* out, i64 D) {
+    using X = Mac<S, Cplx>;
+    constexpr int NE = X::NE, kPer = X::kPer;
+    i64 n = 0;
+    for (; D - n >= 4 * NE; n += 4 * NE) directBlock<S, Cplx, Rev, 4>(coef, K, d, dLo, dHi, off + n, out + n * kPer, 4 * NE);
+    const i64 rem = D - n;
+    if (rem <= 0) return;
+    S* o = out + n * kPer;
+    switch ((rem + NE - 1) / NE) {
+    case 1: directBlock<S, Cplx, Rev, 1>(coef, K, d, dLo, dHi, off + n, o, rem); break;
+    case 2: directBlock<S, Cplx, Rev, 2>(coef, K, d, dLo, dHi, off + n, o, rem); break;
+    case 3: directBlock<S, Cplx, Rev, 3>(coef, K, d, dLo, dHi, off + n, o, rem); break;
+    default: directBlock<S, Cplx, Rev, 4>(coef, K, d, dLo, dHi, off + n, o, rem); break;
+    }
+}
+
+// -------------------------------------------------------------- FFT engine
+// The engine by element type: real plans over Perm and Pack spectra for
+// 32f and 64f, complex plans for 32fc and 64fc. Plans take flag 2 (the
+// inverse divided by the length) and hint 0.
+template <class E> struct Fft;
+
+template <> struct Fft<Vrx32f> {
+    using S = Vrx32f;
+    using Plan = VrxsFftPlan_R_32f;
+    static constexpr bool kCplx = false;
+    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_R_32f)(order, vrxFftScaleInv, 0, p, q, w); }
+    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_R_32f)(pp, order, vrxFftScaleInv, 0, spec, ini); }
+    static VrxStatus fwdPerm(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_32f)(s, d, p, b); }
+    static VrxStatus fwdPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_32f_I)(sd, p, b); }
+    static VrxStatus invPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PermToR_32f_I)(sd, p, b); }
+    static VrxStatus mulPermI(const S* s, S* sd, int n) { return N0(vrxsMulPerm_32f_I)(s, sd, n); }
+    static VrxStatus fwdPack(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_32f)(s, d, p, b); }
+    static VrxStatus fwdPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_32f_I)(sd, p, b); }
+    static VrxStatus invPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PackToR_32f_I)(sd, p, b); }
+    static VrxStatus mulPackConjI(const S* s, S* sd, int n) { return N0(vrxsMulPackConj_32f_I)(s, sd, n); }
+    static void copy(const S* s, S* d, int n) { if (n > 0) N0(vrxsCopy_32f)(s, d, n); }
+    static void zero(S* d, int n) { if (n > 0) N0(vrxsZero_32f)(d, n); }
+    static void flip(S* d, int n) { if (n > 0) N0(vrxsFlip_32f_I)(d, n); }
+    static void scale(S v, S* d, int n) { N0(vrxsMulC_32f_I)(v, d, n); }
+};
+
+template <> struct Fft<Vrx64f> {
+    using S = Vrx64f;
+    using Plan = VrxsFftPlan_R_64f;
+    static constexpr bool kCplx = false;
+    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_R_64f)(order, vrxFftScaleInv, 0, p, q, w); }
+    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_R_64f)(pp, order, vrxFftScaleInv, 0, spec, ini); }
+    static VrxStatus fwdPerm(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_64f)(s, d, p, b); }
+    static VrxStatus fwdPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_64f_I)(sd, p, b); }
+    static VrxStatus invPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PermToR_64f_I)(sd, p, b); }
+    static VrxStatus mulPermI(const S* s, S* sd, int n) { return N0(vrxsMulPerm_64f_I)(s, sd, n); }
+    static VrxStatus fwdPack(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_64f)(s, d, p, b); }
+    static VrxStatus fwdPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_64f_I)(sd, p, b); }
+    static VrxStatus invPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PackToR_64f_I)(sd, p, b); }
+    static VrxStatus mulPackConjI(const S* s, S* sd, int n) { return N0(vrxsMulPackConj_64f_I)(s, sd, n); }
+    static void copy(const S* s, S* d, int n) { if (n > 0) N0(vrxsCopy_64f)(s, d, n); }
+    static void zero(S* d, int n) { if (n > 0) N0(vrxsZero_64f)(d, n); }
+    static void flip(S* d, int n) { if (n > 0) N0(vrxsFlip_64f_I)(d, n); }
+    static void scale(S v, S* d, int n) { N0(vrxsMulC_64f_I)(v, d, n); }
+};
+
+template <> struct Fft<Vrx32fc> {
+    using S = Vrx32f;
+    using E = Vrx32fc;
+    using Plan = VrxsFftPlan_C_32fc;
+    static constexpr bool kCplx = true;
+    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_C_32fc)(order, vrxFftScaleInv, 0, p, q, w); }
+    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_C_32fc)(pp, order, vrxFftScaleInv, 0, spec, ini); }
+    static VrxStatus fwd(const E* s, E* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_32fc)(s, d, p, b); }
+    static VrxStatus fwdI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_32fc_I)(sd, p, b); }
+    static VrxStatus invI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_CToC_32fc_I)(sd, p, b); }
+    static void conj(const E* s, E* d, int n) { N0(vrxsConj_32fc)(s, d, n); }
+    static void conjI(E* d, int n) { N0(vrxsConj_32fc_I)(d, n); }
+    static void mul(const E* a, const E* b, E* d, int n) { N0(vrxsMul_32fc)(a, b, d, n); }
+    static void copy(const E* s, E* d, int n) { if (n > 0) N0(vrxsCopy_32fc)(s, d, n); }
+    static void zero(E* d, int n) { if (n > 0) N0(vrxsZero_32fc)(d, n); }
+    static void flip(E* d, int n) { if (n > 0) N0(vrxsFlip_32fc_I)(d, n); }
+    static void scale(S v, E* d, int n) { N0(vrxsMulC_32f_I)(v, reinterpret_cast<S*>(d), 2 * n); }
+};
+
+template <> struct Fft<Vrx64fc> {
+    using S = Vrx64f;
+    using E = Vrx64fc;
+    using Plan = VrxsFftPlan_C_64fc;
+    static constexpr bool kCplx = true;
+    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_C_64fc)(order, vrxFftScaleInv, 0, p, q, w); }
+    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_C_64fc)(pp, order, vrxFftScaleInv, 0, spec, ini); }
+    static VrxStatus fwd(const E* s, E* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_64fc)(s, d, p, b); }
+    static VrxStatus fwdI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_64fc_I)(sd, p, b); }
+    static VrxStatus invI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_CToC_64fc_I)(sd, p, b); }
+    static void conj(const E* s, E* d, int n) { N0(vrxsConj_64fc)(s, d, n); }
+    static void conjI(E* d, int n) { N0(vrxsConj_64fc_I)(d, n); }
+    static void mul(const E* a, const E* b, E* d, int n) { N0(vrxsMul_64fc)(a, b, d, n); }
+    static void copy(const E* s, E* d, int n) { if (n > 0) N0(vrxsCopy_64fc)(s, d, n); }
+    static void zero(E* d, int n) { if (n > 0) N0(vrxsZero_64fc)(d, n); }
+    static void flip(E* d, int n) { if (n > 0) N0(vrxsFlip_64fc_I)(d, n); }
+    static void scale(S v, E* d, int n) { N0(vrxsMulC_64f_I)(v, reinterpret_cast<S*>(d), 2 * n); }
+};
+
+// dst[0 .. F-1] = src[0 .. n-1] followed by zeros.
+template <class E>
+VRX_INLINE void padTo(const E* src, int n, E* dst, int F) {
+    Fft<E>::copy(src, dst, n);
+    Fft<E>::zero(dst + n, F - n);
+}
+
+// Work buffer of an FFT path, from its 64-byte-aligned start: the plan's
+// spec, init and work pieces at their rounded sizes, then the arrays. The
+// 64 bytes of the size formula are the alignment slack of the start.
+template <class E>
+VrxStatus fftBytes(int order, i64 arrayBytes, int* pSize) {
+    int p = 0, q = 0, w = 0;
+    if (VrxStatus st = Fft<E>::sizes(order, &p, &q, &w)) {
+        *pSize = 0;
+        return st;
+    }
+    *pSize = static_cast<int>(up64(p) + up64(q) + up64(w) + 64 + up64(arrayBytes));
+    return vrxOk;
+}
+
+template <class E>
+struct FftWork {
+    const typename Fft<E>::Plan* plan = nullptr;
+    Vrx8u* work = nullptr;
+    E* arr = nullptr;  // the first array of F elements; the second, where used, follows it
+};
+
+template <class E>
+VrxStatus openWork(Vrx8u* pBuffer, int order, FftWork<E>* w) {
+    int p = 0, q = 0, ws = 0;
+    if (VrxStatus st = Fft<E>::sizes(order, &p, &q, &ws)) return st;
+    Vrx8u* base = reinterpret_cast<Vrx8u*>((addr(pBuffer) + 63) & ~uintptr_t(63));
+    Vrx8u* spec = base;
+    Vrx8u* ini = spec + up64(p);
+    w->work = ini + up64(q);
+    w->arr = reinterpret_cast<E*>(w->work + up64(ws));
+    typename Fft<E>::Plan* plan = nullptr;
+    if (VrxStatus st = Fft<E>::init(&plan, order, spec, ini)) return st;
+    w->plan = plan;
+    return vrxOk;
+}
+
+// ---------------------------------------------------------- path choices
+// Convolution: the FFT on vrxAlgFFT, or on Auto from 512 outputs with a
+// kernel of at least 64; one transform while the signal is shorter than
+// three kernels, else overlap-save.
+struct ConvPath {
+    bool fft = false, single = false;
+    int order = 0;
+};
+VRX_INLINE ConvPath convPath(i64 n1, i64 n2, int alg) {
+    ConvPath r;
+    const i64 T = n1 + n2 - 1, S = min64(n1, n2), L = max64(n1, n2);
+    r.fft = alg == vrxAlgFFT || (alg == vrxAlgAuto && T >= 512 && S >= 64);
+    if (!r.fft) return r;
+    r.single = L < 3 * S;
+    r.order = r.single ? ceilLog2(T) : ceilLog2(2 * S) + 1;
+    return r;
+}
+
+// The lags that remain after those outside 1-n1 .. n2-1 are cut off: the
+// count cut at the front, and the remaining count D (0 when none remain).
+struct LagRange {
+    i64 front = 0, D = 0, lo = 0;
+};
+VRX_INLINE LagRange lagRange(i64 n1, i64 n2, i64 D, i64 lo) {
+    LagRange r;
+    const i64 loLim = 1 - n1, hiLim = n2 - 1;
+    if (lo < loLim) {
+        r.front = min64(D, loLim - lo);
+        D -= r.front;
+        lo += r.front;
+    }
+    if (D > 0 && lo + D - 1 > hiLim) D -= min64(D, lo + D - 1 - hiLim);
+    r.D = D;
+    r.lo = lo;
+    return r;
+}
+
+// Cross-correlation: v = trunc(mn D / mx) in single precision against the
+// threshold of the form; one transform while mx < 3 mn.
+VRX_INLINE ConvPath corrPath(i64 n1, i64 n2, i64 D, int alg, int thr) {
+    ConvPath r;
+    const i64 mn = min64(n1, n2), mx = max64(n1, n2);
+    const float q = static_cast<float>(mn) * static_cast<float>(D) / static_cast<float>(mx);
+    const i64 v = static_cast<i64>(q);
+    r.fft = alg == vrxAlgFFT || (alg == vrxAlgAuto && v >= thr);
+    if (!r.fft) return r;
+    r.single = mx < 3 * mn;
+    r.order = r.single ? ceilLog2(n1 + n2 - 1) : ceilLog2(2 * mn) + 1;
+    return r;
+}
+
+}  // namespace n0::conv
