@@ -191,9 +191,9 @@ VrxStatus mrInit(const E* pTaps, int N, int U, int up, int D, int dp, VrxsFirMrS
 
 // ------------------------------------------------------------ kernels
 // Outputs [n0, n1) from inputs X (X[0] the call's first input; negative
-// positions reach into a joined history).
+// positions reach into a joined history), one at a time.
 template <class E>
-void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
+void outputsScalar(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
     const int64_t U = k->upFactor, D = k->downFactor, win = k->winLen;
     const E* rows = static_cast<const E*>(k->pPhaseTaps);
     for (int64_t pr = n0 % U, q = n0 / U, n = n0; n < n1; ++n) {
@@ -206,6 +206,96 @@ void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
         out[n] = v;
         if (++pr == U) { pr = 0; ++q; }
     }
+}
+
+// Vector lanes hold outputs of one phase at consecutive q: inputs D apart
+// (loads for D = 1, gathers otherwise), outputs U apart (stores for U = 1,
+// scatters otherwise). The arithmetic per output is that of the scalar form.
+template <class E> struct Lanes;
+template <> struct Lanes<Vrx32f> {
+    using W = simd::V<float>;
+    using Idx = __m512i;
+    static constexpr int L = 16;
+    static Idx steps(int s) { return simd::steps16(s); }
+    static W::R in(const Vrx32f* p, bool unit, Idx i) { return unit ? W::load(p) : simd::gather32(p, i); }
+    static void put(Vrx32f* p, bool unit, Idx i, W::R v) { if (unit) W::store(p, v); else simd::scatter32(p, i, v); }
+    static W::R step(W::R acc, const Vrx32f* g, W::R x) { return W::fma(W::set1(*g), x, acc); }
+};
+template <> struct Lanes<Vrx64f> {
+    using W = simd::V<double>;
+    using Idx = __m256i;
+    static constexpr int L = 8;
+    static Idx steps(int s) { return simd::steps8(s); }
+    static W::R in(const Vrx64f* p, bool unit, Idx i) { return unit ? W::load(p) : simd::gather64(p, i); }
+    static void put(Vrx64f* p, bool unit, Idx i, W::R v) { if (unit) W::store(p, v); else simd::scatter64(p, i, v); }
+    static W::R step(W::R acc, const Vrx64f* g, W::R x) { return W::fma(W::set1(*g), x, acc); }
+};
+// Complex floats move as 8-byte lanes; re*x first, then the cross term.
+template <> struct Lanes<Vrx32fc> {
+    using W = simd::V<float>;
+    using Idx = __m256i;
+    static constexpr int L = 8;
+    static Idx steps(int s) { return simd::steps8(s); }
+    static W::R in(const Vrx32fc* p, bool unit, Idx i) {
+        const double* d = reinterpret_cast<const double*>(p);
+        return _mm512_castpd_ps(unit ? simd::V<double>::load(d) : simd::gather64(d, i));
+    }
+    static void put(Vrx32fc* p, bool unit, Idx i, W::R v) {
+        double* d = reinterpret_cast<double*>(p);
+        if (unit) simd::V<double>::store(d, _mm512_castps_pd(v));
+        else simd::scatter64(d, i, _mm512_castps_pd(v));
+    }
+    static W::R step(W::R acc, const Vrx32fc* g, W::R x) {
+        acc = W::fma(W::set1(g->re), x, acc);
+        return W::fma(W::set2(-g->im, g->im), W::swapPair(x), acc);
+    }
+};
+
+template <class E>
+void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
+    const int64_t U = k->upFactor, D = k->downFactor;
+    int64_t n = (n0 + U - 1) / U * U;  // the first group boundary
+    if (n > n1) n = n1;
+    outputsScalar(k, X, out, n0, n);
+    if constexpr (sizeof(E) <= 8) {
+        using Ln = Lanes<E>;
+        using R = typename Ln::W::R;
+        constexpr int L = Ln::L;
+        if ((L - 1) * D <= kLimit && (L - 1) * U <= kLimit) {
+            const typename Ln::Idx iD = Ln::steps(static_cast<int>(D)), iU = Ln::steps(static_cast<int>(U));
+            const E* rows = static_cast<const E*>(k->pPhaseTaps);
+            const int64_t win = k->winLen;
+            // two blocks of L lanes at a time for independent chains
+            for (; n + 2 * L * U <= n1; n += 2 * L * U) {
+                const int64_t q = n / U;
+                for (int64_t pr = 0; pr < U; ++pr) {
+                    const int cnt = k->pCount[pr];
+                    const E* g = rows + pr * win;
+                    const E* x0 = X + (k->pIndex[pr] + q * D);
+                    const E* x1 = x0 + L * D;
+                    R a0 = Ln::W::zero(), a1 = Ln::W::zero();
+                    for (int j = 0; j < cnt; ++j) {
+                        a0 = Ln::step(a0, g + j, Ln::in(x0 + j, D == 1, iD));
+                        a1 = Ln::step(a1, g + j, Ln::in(x1 + j, D == 1, iD));
+                    }
+                    Ln::put(out + n + pr, U == 1, iU, a0);
+                    Ln::put(out + n + pr + L * U, U == 1, iU, a1);
+                }
+            }
+            for (; n + L * U <= n1; n += L * U) {
+                const int64_t q = n / U;
+                for (int64_t pr = 0; pr < U; ++pr) {
+                    const int cnt = k->pCount[pr];
+                    const E* g = rows + pr * win;
+                    const E* x0 = X + (k->pIndex[pr] + q * D);
+                    R a0 = Ln::W::zero();
+                    for (int j = 0; j < cnt; ++j) a0 = Ln::step(a0, g + j, Ln::in(x0 + j, D == 1, iD));
+                    Ln::put(out + n + pr, U == 1, iU, a0);
+                }
+            }
+        }
+    }
+    outputsScalar(k, X, out, n, n1);
 }
 
 // One call without aliasing: iters blocks from src into dst, the joined run
