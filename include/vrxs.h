@@ -1978,6 +1978,116 @@ VRXAPI(VrxStatus, vrxsCrossCorrNormGetBufferSize, (int src1Len, int src2Len, int
 
 /* ------------------ single-rate and multi-rate FIR, SampleUp, SampleDown */
 
+/* Single-rate FIR: dst[n] = sum over k < tapsLen of taps[k] * x[n-k], taps[0]
+ * meeting the newest sample; x before the call comes from the delay line.
+ * Delay lines hold tapsLen-1 samples, oldest first; a null pDlySrc means
+ * zeros, a null pDlyDst is not written. The state is read-only in runs.
+ *
+ * Sizes in bytes of the state and of the run's work buffer for tapsLen taps
+ * of tapsType (vrx32f, vrx32fc, vrx64f, vrx64fc). Checks: tapsLen < 1 -6,
+ * then another tapsType -12 (vrxErrDataType), then a null result -8. */
+VRXAPI(VrxStatus, vrxsFIRSRGetSize, (int tapsLen, VrxDataType tapsType, int* pSpecSize, int* pBufSize))
+/* Prepares the state in pSpec (aligned to 64 bytes inside the block) from
+ * the taps in natural order. algType vrxAlgAuto (both paths, chosen per
+ * call), vrxAlgDirect or vrxAlgFFT. Checks: tapsLen < 1 -6, then null -8,
+ * then algType outside 0..2 -228 (vrxErrAlgType). */
+VRXAPI(VrxStatus, vrxsFIRSRInit_32f,  (const Vrx32f* pTaps, int tapsLen, VrxAlgType algType, VrxsFirState_32f* pSpec))
+/* The same for complex taps. */
+VRXAPI(VrxStatus, vrxsFIRSRInit_32fc, (const Vrx32fc* pTaps, int tapsLen, VrxAlgType algType, VrxsFirState_32fc* pSpec))
+/* The same for double taps. */
+VRXAPI(VrxStatus, vrxsFIRSRInit_64f,  (const Vrx64f* pTaps, int tapsLen, VrxAlgType algType, VrxsFirState_64f* pSpec))
+/* The same for double complex taps. */
+VRXAPI(VrxStatus, vrxsFIRSRInit_64fc, (const Vrx64fc* pTaps, int tapsLen, VrxAlgType algType, VrxsFirState_64fc* pSpec))
+/* Filters numIters samples of pSrc into pDst (pDst may be pSrc or pDlySrc).
+ * pBuf: vrxsFIRSRGetSize's buffer. With pDlySrc == pDlyDst the line is
+ * updated in place; when both are null and pDst differs from pSrc the
+ * history is what pBuf holds (pass a zeroed line for zeros). FFT path for
+ * vrxAlgFFT, or Auto with tapsLen >= 52 and numIters >= 256.
+ * Checks: pSpec, pSrc, pDst, pBuf null -8, then numIters < 1 -6. */
+VRXAPI(VrxStatus, vrxsFIRSR_32f,  (const Vrx32f* pSrc, Vrx32f* pDst, int numIters, const VrxsFirState_32f* pSpec, const Vrx32f* pDlySrc, Vrx32f* pDlyDst, Vrx8u* pBuf))
+/* Complex form; Auto takes the FFT path from 18 taps and 128 samples. */
+VRXAPI(VrxStatus, vrxsFIRSR_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int numIters, const VrxsFirState_32fc* pSpec, const Vrx32fc* pDlySrc, Vrx32fc* pDlyDst, Vrx8u* pBuf))
+/* Double form; Auto takes the FFT path from 34 taps and 512 samples. */
+VRXAPI(VrxStatus, vrxsFIRSR_64f,  (const Vrx64f* pSrc, Vrx64f* pDst, int numIters, const VrxsFirState_64f* pSpec, const Vrx64f* pDlySrc, Vrx64f* pDlyDst, Vrx8u* pBuf))
+/* Double complex form; Auto takes the FFT path from 21 taps and 256 samples. */
+VRXAPI(VrxStatus, vrxsFIRSR_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int numIters, const VrxsFirState_64fc* pSpec, const Vrx64fc* pDlySrc, Vrx64fc* pDlyDst, Vrx8u* pBuf))
+/* 16-bit samples and lines on a 32f state, always direct, in float; outputs
+ * rounded to nearest (ties to even) and saturated. A null pDlySrc is zeros. */
+VRXAPI(VrxStatus, vrxsFIRSR_16s,  (const Vrx16s* pSrc, Vrx16s* pDst, int numIters, const VrxsFirState_32f* pSpec, const Vrx16s* pDlySrc, Vrx16s* pDlyDst, Vrx8u* pBuf))
+/* Complex 16-bit samples on a 32fc state, as vrxsFIRSR_16s. */
+VRXAPI(VrxStatus, vrxsFIRSR_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int numIters, const VrxsFirState_32fc* pSpec, const Vrx16sc* pDlySrc, Vrx16sc* pDlyDst, Vrx8u* pBuf))
+
+/* Multi-rate FIR: the input stretched by upFactor U (u[k*U + upPhase] = x[k],
+ * zeros between), convolved with the taps, every downFactor D-th sample kept
+ * from downPhase. One call reads numIters*D samples and writes numIters*U.
+ * Delay lines hold (tapsLen+U-1)/U input samples, oldest first (tapsLen
+ * samples when U = D = 1: the history is elements 1..tapsLen-1, see below).
+ *
+ * State and buffer sizes. Checks: tapsLen < 1 -26 (vrxErrFirLen), unknown
+ * tapsType -12, a factor < 1 -29 (vrxErrFirMrFactor); the result pointers
+ * are checked (-8) only for U = D = 1, where the sizes are vrxsFIRSRGetSize's. */
+VRXAPI(VrxStatus, vrxsFIRMRGetSize, (int tapsLen, int upFactor, int downFactor, VrxDataType tapsType, int* pSpecSize, int* pBufSize))
+/* Prepares the state. Checks: tapsLen < 1 -26, a negative factor -29, a
+ * phase negative or not below its factor -28 (vrxErrFirMrPhase; a factor of
+ * 0 ends here), then pTaps, pSpec null -8; -9 (vrxErrNoMemory) when a
+ * position of the phase tables would pass 2147483646. */
+VRXAPI(VrxStatus, vrxsFIRMRInit_32f,  (const Vrx32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, VrxsFirMrState* pSpec))
+/* The same for complex taps. */
+VRXAPI(VrxStatus, vrxsFIRMRInit_32fc, (const Vrx32fc* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, VrxsFirMrState* pSpec))
+/* The same for double taps. */
+VRXAPI(VrxStatus, vrxsFIRMRInit_64f,  (const Vrx64f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, VrxsFirMrState* pSpec))
+/* The same for double complex taps. */
+VRXAPI(VrxStatus, vrxsFIRMRInit_64fc, (const Vrx64fc* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, VrxsFirMrState* pSpec))
+/* Runs numIters blocks of pSrc into pDst (pDst may be pSrc, then sized for
+ * the longer of input and output). With U = D = 1 the single-rate filter runs
+ * on elements 1.. of pDlySrc and pDlyDst is then shifted up by one (element 0
+ * stale; not shifted when pDlySrc is null). Checks: pSpec, pSrc, pDst, pBuf
+ * null -8, numIters < 1 -6, a state of another form -17. */
+VRXAPI(VrxStatus, vrxsFIRMR_32f,  (const Vrx32f* pSrc, Vrx32f* pDst, int numIters, const VrxsFirMrState* pSpec, const Vrx32f* pDlySrc, Vrx32f* pDlyDst, Vrx8u* pBuf))
+/* Complex form on a 32fc state. */
+VRXAPI(VrxStatus, vrxsFIRMR_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int numIters, const VrxsFirMrState* pSpec, const Vrx32fc* pDlySrc, Vrx32fc* pDlyDst, Vrx8u* pBuf))
+/* Double form on a 64f state. */
+VRXAPI(VrxStatus, vrxsFIRMR_64f,  (const Vrx64f* pSrc, Vrx64f* pDst, int numIters, const VrxsFirMrState* pSpec, const Vrx64f* pDlySrc, Vrx64f* pDlyDst, Vrx8u* pBuf))
+/* Double complex form on a 64fc state. */
+VRXAPI(VrxStatus, vrxsFIRMR_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int numIters, const VrxsFirMrState* pSpec, const Vrx64fc* pDlySrc, Vrx64fc* pDlyDst, Vrx8u* pBuf))
+/* 16-bit samples on a 32f state, in float; outputs rounded to nearest and
+ * saturated. */
+VRXAPI(VrxStatus, vrxsFIRMR_16s,  (const Vrx16s* pSrc, Vrx16s* pDst, int numIters, const VrxsFirMrState* pSpec, const Vrx16s* pDlySrc, Vrx16s* pDlyDst, Vrx8u* pBuf))
+/* Complex 16-bit samples on a 32fc state, as vrxsFIRMR_16s. */
+VRXAPI(VrxStatus, vrxsFIRMR_16sc, (const Vrx16sc* pSrc, Vrx16sc* pDst, int numIters, const VrxsFirMrState* pSpec, const Vrx16sc* pDlySrc, Vrx16sc* pDlyDst, Vrx8u* pBuf))
+
+/* SampleUp: dst[i*factor + phase] = src[i], zeros elsewhere, *pDstLen =
+ * srcLen*factor; *pPhase is read, not changed. SampleDown: dst[k] =
+ * src[phase + k*factor] while inside src; *pDstLen the count, *pPhase the
+ * phase of the next piece (phase + count*factor - srcLen). A phase at or
+ * beyond srcLen writes no sample: *pDstLen 0, *pPhase falls by srcLen.
+ * Checks: null -8, srcLen < 1 -6, factor < 1 -31 (vrxErrSampleFactor),
+ * *pPhase negative or not below factor -30 (vrxErrSamplePhase); on failure
+ * neither *pDstLen nor *pPhase is written. */
+VRXAPI(VrxStatus, vrxsSampleUp_16s,  (const Vrx16s* pSrc, int srcLen, Vrx16s* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleUp of complex 16-bit samples. */
+VRXAPI(VrxStatus, vrxsSampleUp_16sc, (const Vrx16sc* pSrc, int srcLen, Vrx16sc* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleUp of floats. */
+VRXAPI(VrxStatus, vrxsSampleUp_32f,  (const Vrx32f* pSrc, int srcLen, Vrx32f* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleUp of complex floats. */
+VRXAPI(VrxStatus, vrxsSampleUp_32fc, (const Vrx32fc* pSrc, int srcLen, Vrx32fc* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleUp of doubles. */
+VRXAPI(VrxStatus, vrxsSampleUp_64f,  (const Vrx64f* pSrc, int srcLen, Vrx64f* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleUp of complex doubles. */
+VRXAPI(VrxStatus, vrxsSampleUp_64fc, (const Vrx64fc* pSrc, int srcLen, Vrx64fc* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleDown of 16-bit samples. */
+VRXAPI(VrxStatus, vrxsSampleDown_16s,  (const Vrx16s* pSrc, int srcLen, Vrx16s* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleDown of complex 16-bit samples. */
+VRXAPI(VrxStatus, vrxsSampleDown_16sc, (const Vrx16sc* pSrc, int srcLen, Vrx16sc* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleDown of floats. */
+VRXAPI(VrxStatus, vrxsSampleDown_32f,  (const Vrx32f* pSrc, int srcLen, Vrx32f* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleDown of complex floats. */
+VRXAPI(VrxStatus, vrxsSampleDown_32fc, (const Vrx32fc* pSrc, int srcLen, Vrx32fc* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleDown of doubles. */
+VRXAPI(VrxStatus, vrxsSampleDown_64f,  (const Vrx64f* pSrc, int srcLen, Vrx64f* pDst, int* pDstLen, int factor, int* pPhase))
+/* SampleDown of complex doubles. */
+VRXAPI(VrxStatus, vrxsSampleDown_64fc, (const Vrx64fc* pSrc, int srcLen, Vrx64fc* pDst, int* pDstLen, int factor, int* pPhase))
+
 /* ----------------------------------------------- end of FIR and sampling */
 
 /* ----------------------------------------------------------- IIR filters */

@@ -550,4 +550,14 @@ VRX_INLINE void streamFence() { _mm_sfence(); }
 // Fetches the cache line of p towards the second-level cache.
 VRX_INLINE void prefetchL2(const void* p) { _mm_prefetch(static_cast<const char*>(p), _MM_HINT_T1); }
 
+// Lanes read from (gather) or written to (scatter) p + idx[i], idx in
+// elements: 16 floats, or 8 doubles (any 8-byte elements) by 8 indices.
+VRX_INLINE __m512 gather32(const float* p, __m512i idx) { return _mm512_i32gather_ps(idx, p, 4); }
+VRX_INLINE __m512d gather64(const double* p, __m256i idx) { return _mm512_i32gather_pd(idx, p, 8); }
+VRX_INLINE void scatter32(float* p, __m512i idx, __m512 v) { _mm512_i32scatter_ps(p, idx, v, 4); }
+VRX_INLINE void scatter64(double* p, __m256i idx, __m512d v) { _mm512_i32scatter_pd(p, idx, v, 8); }
+// Lane i of the index vector is i * step.
+VRX_INLINE __m512i steps16(int step) { return _mm512_mullo_epi32(_mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15), _mm512_set1_epi32(step)); }
+VRX_INLINE __m256i steps8(int step) { return _mm256_mullo_epi32(_mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7), _mm256_set1_epi32(step)); }
+
 }  // namespace n0::simd

@@ -1,0 +1,208 @@
+// Pieces that every FIR-like filter shares: element traits of the filter
+// types, block moves by type, the delay line handed in and out by the
+// caller, and the direct dot-product kernels (one body per family over its
+// types).
+//
+// Arithmetic of the direct kernels: output i is the sum over j = 0..N-1 of
+// g[j] * in[i+j], where g[j] is the tap that meets the j-th oldest sample of
+// the window, accumulated from +0 by one fused multiply-add per tap in the
+// element precision, j rising. Complex taps add, per tap, re*x first and
+// then the cross term: re' = fma(-im, x.im, fma(re, x.re, acc.re)),
+// im' = fma(im, x.re, fma(re, x.im, acc.im)). No wider accumulator.
+#pragma once
+
+#include <stddef.h>
+
+#include "simd/simd.h"
+#include "vrx_base.h"
+
+namespace n0::filt {
+
+// ------------------------------------------------------------- elements
+template <class E> struct Elem;
+template <> struct Elem<Vrx32f> { using S = float; static constexpr bool kCplx = false; };
+template <> struct Elem<Vrx64f> { using S = double; static constexpr bool kCplx = false; };
+template <> struct Elem<Vrx32fc> { using S = float; static constexpr bool kCplx = true; };
+template <> struct Elem<Vrx64fc> { using S = double; static constexpr bool kCplx = true; };
+template <> struct Elem<Vrx16s> { using S = int16_t; static constexpr bool kCplx = false; };
+template <> struct Elem<Vrx16sc> { using S = int16_t; static constexpr bool kCplx = true; };
+
+VRX_INLINE constexpr int64_t roundUp64(int64_t x) { return (x + 63) & ~int64_t(63); }
+
+// ------------------------------------------------------------ moves by type
+// Counts of zero or less do nothing (the block moves would refuse them).
+VRX_INLINE void copyN(const Vrx32f* s, Vrx32f* d, int n) { if (n > 0) N0(vrxsCopy_32f)(s, d, n); }
+VRX_INLINE void copyN(const Vrx64f* s, Vrx64f* d, int n) { if (n > 0) N0(vrxsCopy_64f)(s, d, n); }
+VRX_INLINE void copyN(const Vrx32fc* s, Vrx32fc* d, int n) { if (n > 0) N0(vrxsCopy_32fc)(s, d, n); }
+VRX_INLINE void copyN(const Vrx64fc* s, Vrx64fc* d, int n) { if (n > 0) N0(vrxsCopy_64fc)(s, d, n); }
+VRX_INLINE void copyN(const Vrx16s* s, Vrx16s* d, int n) { if (n > 0) N0(vrxsCopy_16s)(s, d, n); }
+VRX_INLINE void copyN(const Vrx16sc* s, Vrx16sc* d, int n) { if (n > 0) N0(vrxsCopy_16sc)(s, d, n); }
+VRX_INLINE void moveN(const Vrx32f* s, Vrx32f* d, int n) { if (n > 0) N0(vrxsMove_32f)(s, d, n); }
+VRX_INLINE void moveN(const Vrx64f* s, Vrx64f* d, int n) { if (n > 0) N0(vrxsMove_64f)(s, d, n); }
+VRX_INLINE void moveN(const Vrx32fc* s, Vrx32fc* d, int n) { if (n > 0) N0(vrxsMove_32fc)(s, d, n); }
+VRX_INLINE void moveN(const Vrx64fc* s, Vrx64fc* d, int n) { if (n > 0) N0(vrxsMove_64fc)(s, d, n); }
+VRX_INLINE void moveN(const Vrx16s* s, Vrx16s* d, int n) { if (n > 0) N0(vrxsMove_16s)(s, d, n); }
+VRX_INLINE void moveN(const Vrx16sc* s, Vrx16sc* d, int n) { if (n > 0) N0(vrxsMove_16sc)(s, d, n); }
+VRX_INLINE void zeroN(Vrx32f* d, int n) { if (n > 0) N0(vrxsZero_32f)(d, n); }
+VRX_INLINE void zeroN(Vrx64f* d, int n) { if (n > 0) N0(vrxsZero_64f)(d, n); }
+VRX_INLINE void zeroN(Vrx32fc* d, int n) { if (n > 0) N0(vrxsZero_32fc)(d, n); }
+VRX_INLINE void zeroN(Vrx64fc* d, int n) { if (n > 0) N0(vrxsZero_64fc)(d, n); }
+
+// 16-bit samples to float and back (nearest, ties to even, saturated).
+VRX_INLINE void toFloat(const Vrx16s* s, Vrx32f* d, int n) { if (n > 0) N0(vrxsConvert_16s32f)(s, d, n); }
+VRX_INLINE void toFloat(const Vrx16sc* s, Vrx32fc* d, int n) {
+    if (n > 0) N0(vrxsConvert_16s32f)(reinterpret_cast<const Vrx16s*>(s), reinterpret_cast<Vrx32f*>(d), 2 * n);
+}
+VRX_INLINE void fromFloat(const Vrx32f* s, Vrx16s* d, int n) {
+    if (n > 0) N0(vrxsConvert_32f16s_Sfs)(s, d, n, vrxRndNear, 0);
+}
+VRX_INLINE void fromFloat(const Vrx32fc* s, Vrx16sc* d, int n) {
+    if (n > 0) N0(vrxsConvert_32f16s_Sfs)(reinterpret_cast<const Vrx32f*>(s), reinterpret_cast<Vrx16s*>(d), 2 * n, vrxRndNear, 0);
+}
+
+// ------------------------------------------------------------ delay line
+// The line going out after a run of n samples: L = N-1 samples in time
+// order, oldest first. Its first keep = max(L-n, 0) elements are the newest
+// of the incoming line (zeros for a null line), the rest the last samples of
+// src. dlyIn and dlyOut never overlap here.
+template <class E>
+VRX_INLINE void lineOut(const E* src, int n, int L, const E* dlyIn, E* dlyOut) {
+    if (!dlyOut || L <= 0) return;
+    const int keep = L - n > 0 ? L - n : 0;
+    if (keep) {
+        if (dlyIn) copyN(dlyIn + (L - keep), dlyOut, keep);
+        else zeroN(dlyOut, keep);
+    }
+    copyN(src + (n - (L - keep)), dlyOut + keep, L - keep);
+}
+
+// The joined run: L samples of history (zeros for a null line), then the
+// first m samples of src.
+template <class E>
+VRX_INLINE void joinRun(const E* dlyIn, int L, const E* src, int m, E* run) {
+    if (dlyIn) copyN(dlyIn, run, L);
+    else zeroN(run, L);
+    copyN(src, run + L, m);
+}
+
+// ------------------------------------------------------------- kernels
+// Real taps: g[j] = taps[j * stride].
+template <class S>
+void dotRunReal(const S* taps, ptrdiff_t stride, int N, const S* in, S* out, int n) {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    constexpr int L = W::N;
+    int i = 0;
+    for (; i + 8 * L <= n; i += 8 * L) {
+        R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
+        R a4 = W::zero(), a5 = W::zero(), a6 = W::zero(), a7 = W::zero();
+        const S* x = in + i;
+        const S* t = taps;
+        for (int j = 0; j < N; ++j, ++x, t += stride) {
+            const R h = W::set1(*t);
+            a0 = W::fma(h, W::load(x), a0);
+            a1 = W::fma(h, W::load(x + L), a1);
+            a2 = W::fma(h, W::load(x + 2 * L), a2);
+            a3 = W::fma(h, W::load(x + 3 * L), a3);
+            a4 = W::fma(h, W::load(x + 4 * L), a4);
+            a5 = W::fma(h, W::load(x + 5 * L), a5);
+            a6 = W::fma(h, W::load(x + 6 * L), a6);
+            a7 = W::fma(h, W::load(x + 7 * L), a7);
+        }
+        S* o = out + i;
+        W::store(o, a0); W::store(o + L, a1); W::store(o + 2 * L, a2); W::store(o + 3 * L, a3);
+        W::store(o + 4 * L, a4); W::store(o + 5 * L, a5); W::store(o + 6 * L, a6); W::store(o + 7 * L, a7);
+    }
+    for (; i + 2 * L <= n; i += 2 * L) {
+        R a0 = W::zero(), a1 = W::zero();
+        const S* x = in + i;
+        const S* t = taps;
+        for (int j = 0; j < N; ++j, ++x, t += stride) {
+            const R h = W::set1(*t);
+            a0 = W::fma(h, W::load(x), a0);
+            a1 = W::fma(h, W::load(x + L), a1);
+        }
+        W::store(out + i, a0);
+        W::store(out + i + L, a1);
+    }
+    for (; i < n; i += L) {
+        const auto m = simd::tail<S>(static_cast<size_t>(n - i));
+        R a = W::zero();
+        const S* x = in + i;
+        const S* t = taps;
+        for (int j = 0; j < N; ++j, ++x, t += stride) a = W::fma(W::set1(*t), W::loadm(m, x), a);
+        W::storem(out + i, m, a);
+    }
+}
+
+// Complex taps in rows of 8 scalars: row[0] the real part, row[4], row[5]
+// the imaginary part with signs (-im, +im) when PlusFirst is false and
+// (+im, -im) when it is true; g[j] is the row at rows + j * stride. in and
+// out are interleaved, n counts complex elements.
+template <class S, bool PlusFirst>
+void dotRunCplx(const S* rows, ptrdiff_t stride, int N, const S* in, S* out, int n) {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    constexpr int L = W::N;       // scalars per register
+    constexpr int C = W::N / 2;   // complex elements per register
+    auto step = [](R acc, R hr, R hs, R x) {
+        acc = W::fma(hr, x, acc);
+        if constexpr (PlusFirst) return W::fnma(hs, W::swapPair(x), acc);
+        else return W::fma(hs, W::swapPair(x), acc);
+    };
+    int i = 0;
+    for (; i + 4 * C <= n; i += 4 * C) {
+        R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
+        const S* x = in + 2 * i;
+        const S* t = rows;
+        for (int j = 0; j < N; ++j, x += 2, t += stride) {
+            const R hr = W::set1(t[0]);
+            const R hs = W::set2(t[4], t[5]);
+            a0 = step(a0, hr, hs, W::load(x));
+            a1 = step(a1, hr, hs, W::load(x + L));
+            a2 = step(a2, hr, hs, W::load(x + 2 * L));
+            a3 = step(a3, hr, hs, W::load(x + 3 * L));
+        }
+        S* o = out + 2 * i;
+        W::store(o, a0); W::store(o + L, a1); W::store(o + 2 * L, a2); W::store(o + 3 * L, a3);
+    }
+    for (; i < n; i += C) {
+        const auto m = simd::tail<S>(static_cast<size_t>(2 * (n - i)));
+        R a = W::zero();
+        const S* x = in + 2 * i;
+        const S* t = rows;
+        for (int j = 0; j < N; ++j, x += 2, t += stride)
+            a = step(a, W::set1(t[0]), W::set2(t[4], t[5]), W::loadm(m, x));
+        W::storem(out + 2 * i, m, a);
+    }
+}
+
+// One output of a real or complex dot product in the kernels' order, for
+// tails and gathers: sum over j < n of g[j] * x[j * xs] (x stride in elements).
+VRX_INLINE float dotOne(const float* g, const float* x, int n, ptrdiff_t xs) {
+    float a = 0.0f;
+    for (int j = 0; j < n; ++j) a = __builtin_fmaf(g[j], x[j * xs], a);
+    return a;
+}
+VRX_INLINE double dotOne(const double* g, const double* x, int n, ptrdiff_t xs) {
+    double a = 0.0;
+    for (int j = 0; j < n; ++j) a = __builtin_fma(g[j], x[j * xs], a);
+    return a;
+}
+template <class C>
+VRX_INLINE C dotOne(const C* g, const C* x, int n, ptrdiff_t xs) {
+    decltype(g->re) re = 0, im = 0;
+    for (int j = 0; j < n; ++j) {
+        const C h = g[j], v = x[j * xs];
+        if constexpr (sizeof(re) == 4) {
+            re = __builtin_fmaf(-h.im, v.im, __builtin_fmaf(h.re, v.re, re));
+            im = __builtin_fmaf(h.im, v.re, __builtin_fmaf(h.re, v.im, im));
+        } else {
+            re = __builtin_fma(-h.im, v.im, __builtin_fma(h.re, v.re, re));
+            im = __builtin_fma(h.im, v.re, __builtin_fma(h.re, v.im, im));
+        }
+    }
+    return C{re, im};
+}
+
+}  // namespace n0::filt

@@ -1,0 +1,148 @@
+// SampleUp and SampleDown against plain reference loops for every element
+// size, factors 1..9, every phase, lengths across the kernels' blocks and
+// pieces; a decimation carried across pieces; checks in order with neither
+// length nor phase written on failure.
+#include <vector>
+
+#include "vrx_test.h"
+
+namespace {
+
+template <class E> struct Fn;
+template <> struct Fn<Vrx16s> {
+    static VrxStatus up(const Vrx16s* s, int n, Vrx16s* d, int* dl, int f, int* p) { return vrxsSampleUp_16s(s, n, d, dl, f, p); }
+    static VrxStatus down(const Vrx16s* s, int n, Vrx16s* d, int* dl, int f, int* p) { return vrxsSampleDown_16s(s, n, d, dl, f, p); }
+};
+template <> struct Fn<Vrx16sc> {
+    static VrxStatus up(const Vrx16sc* s, int n, Vrx16sc* d, int* dl, int f, int* p) { return vrxsSampleUp_16sc(s, n, d, dl, f, p); }
+    static VrxStatus down(const Vrx16sc* s, int n, Vrx16sc* d, int* dl, int f, int* p) { return vrxsSampleDown_16sc(s, n, d, dl, f, p); }
+};
+template <> struct Fn<Vrx32f> {
+    static VrxStatus up(const Vrx32f* s, int n, Vrx32f* d, int* dl, int f, int* p) { return vrxsSampleUp_32f(s, n, d, dl, f, p); }
+    static VrxStatus down(const Vrx32f* s, int n, Vrx32f* d, int* dl, int f, int* p) { return vrxsSampleDown_32f(s, n, d, dl, f, p); }
+};
+template <> struct Fn<Vrx32fc> {
+    static VrxStatus up(const Vrx32fc* s, int n, Vrx32fc* d, int* dl, int f, int* p) { return vrxsSampleUp_32fc(s, n, d, dl, f, p); }
+    static VrxStatus down(const Vrx32fc* s, int n, Vrx32fc* d, int* dl, int f, int* p) { return vrxsSampleDown_32fc(s, n, d, dl, f, p); }
+};
+template <> struct Fn<Vrx64f> {
+    static VrxStatus up(const Vrx64f* s, int n, Vrx64f* d, int* dl, int f, int* p) { return vrxsSampleUp_64f(s, n, d, dl, f, p); }
+    static VrxStatus down(const Vrx64f* s, int n, Vrx64f* d, int* dl, int f, int* p) { return vrxsSampleDown_64f(s, n, d, dl, f, p); }
+};
+template <> struct Fn<Vrx64fc> {
+    static VrxStatus up(const Vrx64fc* s, int n, Vrx64fc* d, int* dl, int f, int* p) { return vrxsSampleUp_64fc(s, n, d, dl, f, p); }
+    static VrxStatus down(const Vrx64fc* s, int n, Vrx64fc* d, int* dl, int f, int* p) { return vrxsSampleDown_64fc(s, n, d, dl, f, p); }
+};
+
+template <class E> class Sample : public ::testing::Test {};
+using Types = ::testing::Types<Vrx16s, Vrx16sc, Vrx32f, Vrx32fc, Vrx64f, Vrx64fc>;
+TYPED_TEST_SUITE(Sample, Types);
+
+template <class E> std::vector<E> rnds(vt::Rng& r, size_t n) {
+    std::vector<E> v(n);
+    r.fill(v.data(), n * sizeof(E));
+    return v;
+}
+
+const int kLens[] = {1, 2, 3, 15, 16, 17, 31, 32, 33, 47, 48, 49, 100, 4095, 4096, 4097, 8193, 20000};
+
+TYPED_TEST(Sample, UpMatchesTheReference) {
+    using E = TypeParam;
+    vt::Rng r(41);
+    for (int n : kLens)
+        for (int f = 1; f <= 9; ++f)
+            for (int ph = 0; ph < f; ++ph) {
+                if (n > 5000 && f > 3 && ph) continue;
+                const auto x = rnds<E>(r, static_cast<size_t>(n));
+                vt::Buffer d(sizeof(E) * static_cast<size_t>(n) * static_cast<size_t>(f), static_cast<size_t>(n % 64));
+                int len = -1, p = ph;
+                ASSERT_EQ(Fn<E>::up(x.data(), n, d.as<E>(), &len, f, &p), vrxOk);
+                ASSERT_EQ(len, n * f);
+                ASSERT_EQ(p, ph);
+                std::vector<E> want(static_cast<size_t>(n * f));
+                memset(static_cast<void*>(want.data()), 0, want.size() * sizeof(E));
+                for (int i = 0; i < n; ++i) want[static_cast<size_t>(i * f + ph)] = x[static_cast<size_t>(i)];
+                ASSERT_EQ(memcmp(d.data(), want.data(), want.size() * sizeof(E)), 0) << "n=" << n << " f=" << f << " ph=" << ph;
+                ASSERT_TRUE(d.guardsIntact());
+            }
+}
+
+TYPED_TEST(Sample, DownMatchesTheReference) {
+    using E = TypeParam;
+    vt::Rng r(42);
+    for (int n : kLens)
+        for (int f = 1; f <= 9; ++f)
+            for (int ph = 0; ph < f; ++ph) {
+                const auto x = rnds<E>(r, static_cast<size_t>(n));
+                const int count = ph >= n ? 0 : (n + f - ph - 1) / f;
+                vt::Buffer s(sizeof(E) * static_cast<size_t>(n), static_cast<size_t>(n * 3 % 64));
+                memcpy(s.data(), x.data(), sizeof(E) * static_cast<size_t>(n));
+                vt::Buffer d(sizeof(E) * static_cast<size_t>(count), static_cast<size_t>(f * 8 % 64));
+                int len = -1, p = ph;
+                ASSERT_EQ(Fn<E>::down(s.as<E>(), n, d.as<E>(), &len, f, &p), vrxOk);
+                ASSERT_EQ(len, count);
+                ASSERT_EQ(p, f == 1 ? 0 : ph + count * f - n) << "n=" << n << " f=" << f << " ph=" << ph;
+                for (int k = 0; k < count; ++k)
+                    ASSERT_EQ(memcmp(d.as<E>() + k, &x[static_cast<size_t>(ph + k * f)], sizeof(E)), 0) << "n=" << n << " f=" << f << " ph=" << ph << " k=" << k;
+                ASSERT_TRUE(d.guardsIntact());
+                ASSERT_TRUE(s.guardsIntact());
+            }
+}
+
+// Pieces shorter and longer than the factor, each starting at the phase the
+// one before handed back, give the decimation of the joined vector.
+TYPED_TEST(Sample, DownInPiecesEqualsOneCall) {
+    using E = TypeParam;
+    vt::Rng r(43);
+    for (int f : {2, 3, 7}) {
+        const int n = 3000;
+        const auto x = rnds<E>(r, n);
+        std::vector<E> one(static_cast<size_t>(n)), parts(static_cast<size_t>(n));
+        int len1 = 0, p1 = 1;
+        ASSERT_EQ(Fn<E>::down(x.data(), n, one.data(), &len1, f, &p1), vrxOk);
+        int at = 0, got = 0, p = 1;
+        while (at < n) {
+            const int m = std::min<int>(n - at, int(r.range(1, 2 * f + 40)));
+            int len = 0;
+            ASSERT_EQ(Fn<E>::down(x.data() + at, m, parts.data() + got, &len, f, &p), vrxOk);
+            got += len;
+            at += m;
+        }
+        ASSERT_EQ(got, len1);
+        ASSERT_EQ(p, p1);
+        ASSERT_EQ(memcmp(one.data(), parts.data(), sizeof(E) * static_cast<size_t>(got)), 0);
+    }
+}
+
+TYPED_TEST(Sample, ChecksInOrderNothingWritten) {
+    using E = TypeParam;
+    std::vector<E> x(8), d(64);
+    memset(static_cast<void*>(d.data()), 0x5A, d.size() * sizeof(E));
+    const std::vector<E> d0(d);
+    for (auto fn : {&Fn<E>::up, &Fn<E>::down}) {
+        int len = 77, p = 0;
+        EXPECT_EQ(fn(nullptr, 0, d.data(), &len, 0, &p), vrxErrNullPtr);
+        EXPECT_EQ(fn(x.data(), 0, nullptr, &len, 0, &p), vrxErrNullPtr);
+        EXPECT_EQ(fn(x.data(), 0, d.data(), nullptr, 0, &p), vrxErrNullPtr);
+        EXPECT_EQ(fn(x.data(), 0, d.data(), &len, 0, nullptr), vrxErrNullPtr);
+        EXPECT_EQ(fn(x.data(), 0, d.data(), &len, 0, &p), vrxErrBadLength);
+        EXPECT_EQ(fn(x.data(), 8, d.data(), &len, 0, &p), vrxErrSampleFactor);
+        p = 3;
+        EXPECT_EQ(fn(x.data(), 8, d.data(), &len, 3, &p), vrxErrSamplePhase);
+        p = -1;
+        EXPECT_EQ(fn(x.data(), 8, d.data(), &len, 3, &p), vrxErrSamplePhase);
+        p = 1;
+        EXPECT_EQ(fn(x.data(), 8, d.data(), &len, 1, &p), vrxErrSamplePhase);  // factor 1 takes phase 0 only
+        EXPECT_EQ(len, 77);
+        EXPECT_EQ(p, 1);
+        EXPECT_EQ(memcmp(d.data(), d0.data(), d.size() * sizeof(E)), 0);
+    }
+    // a phase at or beyond the length writes no sample and falls by srcLen
+    int len = 77, p = 6;
+    EXPECT_EQ(Fn<E>::down(x.data(), 4, d.data(), &len, 8, &p), vrxOk);
+    EXPECT_EQ(len, 0);
+    EXPECT_EQ(p, 2);
+    EXPECT_EQ(memcmp(d.data(), d0.data(), d.size() * sizeof(E)), 0);
+}
+
+}  // namespace
