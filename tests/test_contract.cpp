@@ -102,6 +102,8 @@ const Exception kExceptions[] = {
     // convolution and correlation
     // FIR and sampling
     // IIR filters
+    {"vrxsIIRInit*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Init stands for zeros"},
+    {"vrxsIIRSetDlyLine*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // DFT and Hilbert
     // DCT and Goertzel
     // wavelet transforms
