@@ -503,13 +503,15 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
             line[2 * s + 1] = x1 * q[2] - y1 * q[4];
         }
     }
-    constexpr bool same = std::is_same_v<A, S>;
+    // samples of the arithmetic type (complex ones alike) carry the values
+    // between sections in the destination
+    constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
         S* db = dst + start;
         A* wide;
-        if constexpr (same) wide = db;
+        if constexpr (same) wide = reinterpret_cast<A*>(db);
         else wide = static_cast<A*>(st->pWorkY);
         for (int s = 0; s < m; ++s) {
             const A* q = taps + 5 * s;
