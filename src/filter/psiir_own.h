@@ -14,6 +14,7 @@
 #include "vrx_base.h"
 #include "vrx_fpu.h"
 #include "vrx_layout.h"
+#include "psiir_block.h"
 
 #include <string.h>
 
@@ -43,6 +44,9 @@ static_assert(sizeof(State) == 96);
 enum class Form { AR, BQ, DF1, DF1T };  // DF1T: a direct form I line on the transposed engine
 
 constexpr int kBlock = 1024;
+// Real cascades of this many sections or more run each sample through all
+// sections rather than section by section in blocks.
+constexpr int kCascadeBySample = 3;
 
 template <class T>
 struct Cx {
@@ -506,10 +510,55 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     // samples of the arithmetic type (complex ones alike) carry the values
     // between sections in the destination
     constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
+    const A* rows = static_cast<const A*>(st->pYTaps);
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
         S* db = dst + start;
+        if constexpr (!isCx<A>) {
+            if (m >= kCascadeBySample) {  // each sample through all sections: their chains overlap
+                for (int k = 0; k < L; ++k) {
+                    A x = load<A>(sb[k]);
+                    for (int s = 0; s < m; ++s) {
+                        const A* q = taps + 5 * s;
+                        A* d = line + 2 * s;
+                        if constexpr (Df1) { double* r = df + 4 * s; r[0] = r[1]; r[1] = x; }
+                        const A y = q[0] * x + d[0];
+                        d[0] = q[1] * x - q[3] * y + d[1];
+                        d[1] = q[2] * x - q[4] * y;
+                        if constexpr (Df1) { double* r = df + 4 * s; r[2] = r[3]; r[3] = y; }
+                        x = y;
+                    }
+                    w(db + k, x);
+                }
+                continue;
+            }
+            if (4 * m < L) {  // the block scheme, section by section
+                A* ys;
+                const A* xs0;
+                if constexpr (same) {
+                    ys = reinterpret_cast<A*>(db);
+                    xs0 = reinterpret_cast<const A*>(sb);
+                } else {
+                    ys = static_cast<A*>(st->pWorkY);
+                    for (int k = 0; k < L; ++k) ys[k] = load<A>(sb[k]);
+                    xs0 = ys;
+                }
+                A* e = static_cast<A*>(st->pWorkE);
+                for (int s = 0; s < m; ++s) {
+                    const A* xs = s == 0 ? xs0 : ys;
+                    const A xa = xs[L - 2], xb = xs[L - 1];
+                    bqBlock(taps + 5 * s, rows + 12 * s, line + 2 * s, xs, ys, e, L);
+                    if constexpr (Df1) {
+                        double* r = df + 4 * s;
+                        r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
+                    }
+                }
+                if constexpr (!same)
+                    for (int k = 0; k < L; ++k) w(db + k, ys[k]);
+                continue;
+            }
+        }
         A* wide;
         if constexpr (same) wide = reinterpret_cast<A*>(db);
         else wide = static_cast<A*>(st->pWorkY);
@@ -537,6 +586,38 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
 
 template <class A, class S>
 void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
+    const int N = st->dlyLen;
+    if constexpr (!isCx<A>) {
+        if (N <= kMaxBlockOrder) {
+            constexpr bool same = std::is_same_v<A, S>;
+            const A* taps = static_cast<const A*>(st->pTaps);
+            A* d = static_cast<A*>(st->pDlyLine);
+            const A* rows = static_cast<const A*>(st->pYTaps);
+            A order2[5 * 4];
+            if (st->idCtx == idWord(ObjId::IirAR32f) && N == 2) {  // the state holds the fused table here
+                lookAhead(taps + 3, 2, order2, false);
+                rows = order2;
+            }
+            for (int start = 0; start < len; start += kBlock) {
+                const int L = len - start < kBlock ? len - start : kBlock;
+                const S* sb = src + start;
+                S* db = dst + start;
+                if (4 * N >= L) {
+                    arRun<A>(taps, d, N, L, [&](int k) { return load<A>(sb[k]); }, [&](int k, A y) { w(db + k, y); });
+                    continue;
+                }
+                if constexpr (same) {
+                    arBlock(taps, rows, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
+                } else {
+                    A* wy = static_cast<A*>(st->pWorkY);
+                    for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
+                    arBlock(taps, rows, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
+                    for (int k = 0; k < L; ++k) w(db + k, wy[k]);
+                }
+            }
+            return;
+        }
+    }
     arRun<A>(static_cast<const A*>(st->pTaps), static_cast<A*>(st->pDlyLine), st->dlyLen, len,
              [&](int k) { return load<A>(src[k]); }, [&](int k, A y) { w(dst + k, y); });
 }
