@@ -2092,6 +2092,256 @@ VRXAPI(VrxStatus, vrxsSampleDown_64fc, (const Vrx64fc* pSrc, int srcLen, Vrx64fc
 
 /* ----------------------------------------------------------- IIR filters */
 
+/*
+ * IIR filters, in two structures: one arbitrary-order section (AR, order N,
+ * taps b[0..N] then a[0..N], 2N+2 values) and a cascade of biquads (BQ,
+ * numBq sections of b0, b1, b2, a0, a1, a2). The recursion
+ * a0*y[n] = sum b[k]*x[n-k] - sum a[k]*y[n-k] runs in direct form II
+ * transposed, except for the direct form I states. 26 kinds of
+ * VrxsIirState, each with its identity word, are named by their suffix:
+ * [arithmetic]_[BiQuad_][samples]. The state lives in the caller's block of
+ * the reported size, starting at its first 32-byte boundary (*ppState).
+ * Integer samples are filtered exactly converted in the arithmetic type; only
+ * the output is scaled by 2^-scaleFactor (|scaleFactor| taken modulo 128),
+ * saturated and rounded to nearest even, whatever the caller's rounding mode.
+ * GetStateSize: pBufferSize null -8, order or numBq < 1 -25.
+ * Init: ppState, pTaps or pBuf null -8, order or numBq < 1 -25, then a zero
+ * a0 (BQ: or b0) -10. pDlyLine may be null (zeros). A state is written by
+ * every run: one thread at a time.
+ */
+/* State sizes. */
+/* bytes of the AR state (0x49493031, 32f samples, float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_32f, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493032, 32f samples, float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_BiQuad_32f, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493033, 32fc samples, complex float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_32fc, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493034, 32fc samples, complex float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_BiQuad_32fc, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493035, 16s samples, float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize32f_16s, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493036, 16s samples, float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize32f_BiQuad_16s, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493037, 16sc samples, complex float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize32fc_16sc, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493038, 16sc samples, complex float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize32fc_BiQuad_16sc, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493133, 64f samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_64f, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493134, 64f samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_BiQuad_64f, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493135, 64fc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_64fc, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493136, 64fc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_BiQuad_64fc, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493137, 32f samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_32f, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493138, 32f samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_BiQuad_32f, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493139, 32fc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64fc_32fc, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493230, 32fc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64fc_BiQuad_32fc, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493231, 32s samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_32s, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493232, 32s samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_BiQuad_32s, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493233, 32sc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64fc_32sc, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493234, 32sc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64fc_BiQuad_32sc, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493235, 16s samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_16s, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493236, 16s samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_BiQuad_16s, (int numBq, int* pBufferSize))
+/* bytes of the AR state (0x49493237, 16sc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64fc_16sc, (int order, int* pBufferSize))
+/* bytes of the BQ state (0x49493238, 16sc samples, complex double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64fc_BiQuad_16sc, (int numBq, int* pBufferSize))
+/* bytes of the BQ state (0x49493239, 32f samples, float taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize_BiQuad_DF1_32f, (int numBq, int* pBufferSize))
+/* bytes of the BQ state (0x49493330, 32s samples, double taps and line) */
+VRXAPI(VrxStatus, vrxsIIRGetStateSize64f_BiQuad_DF1_32s, (int numBq, int* pBufferSize))
+
+/* Init. */
+/* 0x49493031 order-N filter on 32f samples, float arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit_32f, (VrxsIirState** ppState, const Vrx32f* pTaps, int order, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493032 cascade of numBq biquads on 32f samples, float arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit_BiQuad_32f, (VrxsIirState** ppState, const Vrx32f* pTaps, int numBq, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493033 order-N filter on 32fc samples, complex float arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit_32fc, (VrxsIirState** ppState, const Vrx32fc* pTaps, int order, const Vrx32fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493034 cascade of numBq biquads on 32fc samples, complex float arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit_BiQuad_32fc, (VrxsIirState** ppState, const Vrx32fc* pTaps, int numBq, const Vrx32fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493035 order-N filter on 16s samples, float arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit32f_16s, (VrxsIirState** ppState, const Vrx32f* pTaps, int order, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493036 cascade of numBq biquads on 16s samples, float arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit32f_BiQuad_16s, (VrxsIirState** ppState, const Vrx32f* pTaps, int numBq, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493037 order-N filter on 16sc samples, complex float arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit32fc_16sc, (VrxsIirState** ppState, const Vrx32fc* pTaps, int order, const Vrx32fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493038 cascade of numBq biquads on 16sc samples, complex float arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit32fc_BiQuad_16sc, (VrxsIirState** ppState, const Vrx32fc* pTaps, int numBq, const Vrx32fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493133 order-N filter on 64f samples, double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit_64f, (VrxsIirState** ppState, const Vrx64f* pTaps, int order, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493134 cascade of numBq biquads on 64f samples, double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit_BiQuad_64f, (VrxsIirState** ppState, const Vrx64f* pTaps, int numBq, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493135 order-N filter on 64fc samples, complex double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit_64fc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int order, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493136 cascade of numBq biquads on 64fc samples, complex double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit_BiQuad_64fc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int numBq, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493137 order-N filter on 32f samples, double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit64f_32f, (VrxsIirState** ppState, const Vrx64f* pTaps, int order, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493138 cascade of numBq biquads on 32f samples, double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit64f_BiQuad_32f, (VrxsIirState** ppState, const Vrx64f* pTaps, int numBq, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493139 order-N filter on 32fc samples, complex double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit64fc_32fc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int order, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493230 cascade of numBq biquads on 32fc samples, complex double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit64fc_BiQuad_32fc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int numBq, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493231 order-N filter on 32s samples, double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit64f_32s, (VrxsIirState** ppState, const Vrx64f* pTaps, int order, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493232 cascade of numBq biquads on 32s samples, double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit64f_BiQuad_32s, (VrxsIirState** ppState, const Vrx64f* pTaps, int numBq, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493233 order-N filter on 32sc samples, complex double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit64fc_32sc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int order, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493234 cascade of numBq biquads on 32sc samples, complex double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit64fc_BiQuad_32sc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int numBq, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493235 order-N filter on 16s samples, double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit64f_16s, (VrxsIirState** ppState, const Vrx64f* pTaps, int order, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493236 cascade of numBq biquads on 16s samples, double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit64f_BiQuad_16s, (VrxsIirState** ppState, const Vrx64f* pTaps, int numBq, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493237 order-N filter on 16sc samples, complex double arithmetic; a0 = 0: -10 (state laid out, no taps) */
+VRXAPI(VrxStatus, vrxsIIRInit64fc_16sc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int order, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493238 cascade of numBq biquads on 16sc samples, complex double arithmetic; a0 or b0 = 0 in a section: -10 (earlier sections written) */
+VRXAPI(VrxStatus, vrxsIIRInit64fc_BiQuad_16sc, (VrxsIirState** ppState, const Vrx64fc* pTaps, int numBq, const Vrx64fc* pDlyLine, Vrx8u* pBuf))
+/* 0x49493239 direct form I cascade of numBq biquads on 32f samples, float arithmetic; a0 = 0: -10, a0 = 1 keeps the taps bit-exact, b0 = 0 accepted */
+VRXAPI(VrxStatus, vrxsIIRInit_BiQuad_DF1_32f, (VrxsIirState** ppState, const Vrx32f* pTaps, int numBq, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* 0x49493330 cascade of numBq biquads with a direct form I line on 32s samples, double arithmetic; pDlyLine 4*numBq 32s values (x2, x1, y2, y1); a0 or b0 = 0: -10 */
+VRXAPI(VrxStatus, vrxsIIRInit64f_BiQuad_DF1_32s, (VrxsIirState** ppState, const Vrx64f* pTaps, int numBq, const Vrx32s* pDlyLine, Vrx8u* pBuf))
+
+
+/* Runs: filter len samples through the state, which must carry one of the
+ * words named; another word is -17 (after the pointers -8 and len < 1 -6). */
+/* 32f samples pSrc to pDst through a state 0x49493031, 0x49493032 or the direct form I 0x49493239 */
+VRXAPI(VrxStatus, vrxsIIR_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, VrxsIirState* pState))
+/* in place form of vrxsIIR_32f */
+VRXAPI(VrxStatus, vrxsIIR_32f_I, (Vrx32f* pSrcDst, int len, VrxsIirState* pState))
+/* 32fc samples pSrc to pDst through a state 0x49493033 or 0x49493034 */
+VRXAPI(VrxStatus, vrxsIIR_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len, VrxsIirState* pState))
+/* in place form of vrxsIIR_32fc */
+VRXAPI(VrxStatus, vrxsIIR_32fc_I, (Vrx32fc* pSrcDst, int len, VrxsIirState* pState))
+/* 16s samples through a state 0x49493035 or 0x49493036 (float arithmetic); output scaled by 2^-scaleFactor */
+VRXAPI(VrxStatus, vrxsIIR32f_16s_Sfs, (const Vrx16s* pSrc, Vrx16s* pDst, int len, VrxsIirState* pState, int scaleFactor))
+/* in place form of vrxsIIR32f_16s_Sfs */
+VRXAPI(VrxStatus, vrxsIIR32f_16s_ISfs, (Vrx16s* pSrcDst, int len, VrxsIirState* pState, int scaleFactor))
+/* 16sc samples through a state 0x49493037 or 0x49493038 (complex float arithmetic); output scaled by 2^-scaleFactor */
+VRXAPI(VrxStatus, vrxsIIR32fc_16sc_Sfs, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len, VrxsIirState* pState, int scaleFactor))
+/* in place form of vrxsIIR32fc_16sc_Sfs */
+VRXAPI(VrxStatus, vrxsIIR32fc_16sc_ISfs, (Vrx16sc* pSrcDst, int len, VrxsIirState* pState, int scaleFactor))
+/* 64f samples pSrc to pDst through a state 0x49493133 or 0x49493134 */
+VRXAPI(VrxStatus, vrxsIIR_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, VrxsIirState* pState))
+/* in place form of vrxsIIR_64f */
+VRXAPI(VrxStatus, vrxsIIR_64f_I, (Vrx64f* pSrcDst, int len, VrxsIirState* pState))
+/* 64fc samples pSrc to pDst through a state 0x49493135 or 0x49493136 */
+VRXAPI(VrxStatus, vrxsIIR_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, int len, VrxsIirState* pState))
+/* in place form of vrxsIIR_64fc */
+VRXAPI(VrxStatus, vrxsIIR_64fc_I, (Vrx64fc* pSrcDst, int len, VrxsIirState* pState))
+/* 32f samples pSrc to pDst through a state 0x49493137 or 0x49493138 (double arithmetic) */
+VRXAPI(VrxStatus, vrxsIIR64f_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, VrxsIirState* pState))
+/* in place form of vrxsIIR64f_32f */
+VRXAPI(VrxStatus, vrxsIIR64f_32f_I, (Vrx32f* pSrcDst, int len, VrxsIirState* pState))
+/* 32fc samples pSrc to pDst through a state 0x49493139 or 0x49493230 (complex double arithmetic) */
+VRXAPI(VrxStatus, vrxsIIR64fc_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len, VrxsIirState* pState))
+/* in place form of vrxsIIR64fc_32fc */
+VRXAPI(VrxStatus, vrxsIIR64fc_32fc_I, (Vrx32fc* pSrcDst, int len, VrxsIirState* pState))
+/* 32s samples through a state 0x49493231, 0x49493232 or 0x49493330 (double arithmetic); output scaled by 2^-scaleFactor */
+VRXAPI(VrxStatus, vrxsIIR64f_32s_Sfs, (const Vrx32s* pSrc, Vrx32s* pDst, int len, VrxsIirState* pState, int scaleFactor))
+/* in place form of vrxsIIR64f_32s_Sfs */
+VRXAPI(VrxStatus, vrxsIIR64f_32s_ISfs, (Vrx32s* pSrcDst, int len, VrxsIirState* pState, int scaleFactor))
+/* 32sc samples through a state 0x49493233 or 0x49493234 (complex double arithmetic); output scaled by 2^-scaleFactor */
+VRXAPI(VrxStatus, vrxsIIR64fc_32sc_Sfs, (const Vrx32sc* pSrc, Vrx32sc* pDst, int len, VrxsIirState* pState, int scaleFactor))
+/* in place form of vrxsIIR64fc_32sc_Sfs */
+VRXAPI(VrxStatus, vrxsIIR64fc_32sc_ISfs, (Vrx32sc* pSrcDst, int len, VrxsIirState* pState, int scaleFactor))
+/* 16s samples through a state 0x49493235 or 0x49493236 (double arithmetic); output scaled by 2^-scaleFactor */
+VRXAPI(VrxStatus, vrxsIIR64f_16s_Sfs, (const Vrx16s* pSrc, Vrx16s* pDst, int len, VrxsIirState* pState, int scaleFactor))
+/* in place form of vrxsIIR64f_16s_Sfs */
+VRXAPI(VrxStatus, vrxsIIR64f_16s_ISfs, (Vrx16s* pSrcDst, int len, VrxsIirState* pState, int scaleFactor))
+/* 16sc samples through a state 0x49493237 or 0x49493238 (complex double arithmetic); output scaled by 2^-scaleFactor */
+VRXAPI(VrxStatus, vrxsIIR64fc_16sc_Sfs, (const Vrx16sc* pSrc, Vrx16sc* pDst, int len, VrxsIirState* pState, int scaleFactor))
+/* in place form of vrxsIIR64fc_16sc_Sfs */
+VRXAPI(VrxStatus, vrxsIIR64fc_16sc_ISfs, (Vrx16sc* pSrcDst, int len, VrxsIirState* pState, int scaleFactor))
+
+/* Multi-channel runs: channel k filters ppSrc[k] into ppDst[k] with ppState[k],
+ * one channel after the other. Checks: ppState, ppSrc, ppDst null -8, len < 1 -6,
+ * nChannels < 1 (-53 for the float pair, -47 for the 32s pair), ppState[0] null -8,
+ * its word not accepted -17; then per channel a null pointer -8 or a word other than
+ * ppState[0]'s -17, with the channels before it already filtered. */
+/* 32f channels; biquad states only (0x49493032 or 0x49493239) */
+VRXAPI(VrxStatus, vrxsIIR_32f_P, (const Vrx32f** ppSrc, Vrx32f** ppDst, int len, int nChannels, VrxsIirState** ppState))
+/* in place form of vrxsIIR_32f_P */
+VRXAPI(VrxStatus, vrxsIIR_32f_IP, (Vrx32f** ppSrcDst, int len, int nChannels, VrxsIirState** ppState))
+/* 32s channels through 0x49493231, 0x49493232 or 0x49493330 states; nChannels < 1 -47 */
+VRXAPI(VrxStatus, vrxsIIR64f_32s_PSfs, (const Vrx32s** ppSrc, Vrx32s** ppDst, int len, int nChannels, VrxsIirState** ppState, int scaleFactor))
+/* in place form of vrxsIIR64f_32s_PSfs */
+VRXAPI(VrxStatus, vrxsIIR64f_32s_IPSfs, (Vrx32s** ppSrcDst, int len, int nChannels, VrxsIirState** ppState, int scaleFactor))
+
+/* Delay lines: Get copies the line out of the state, oldest contribution first
+ * (N values for AR, d0, d1 per section for BQ, x2, x1, y2, y1 per section for the
+ * direct form I states); Set copies it in, a null pDlyLine giving zeros. Integer
+ * sample kinds keep the line in the arithmetic type, unscaled. Get: either pointer
+ * null -8; Set: pState null -8; both -17 for a state not of their pair. */
+/* line of a state 0x49493031, 0x49493032, 0x49493239 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine_32f, (const VrxsIirState* pState, Vrx32f* pDlyLine))
+/* line of a state 0x49493031, 0x49493032, 0x49493239 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine_32f, (VrxsIirState* pState, const Vrx32f* pDlyLine))
+/* line of a state 0x49493033, 0x49493034 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine_32fc, (const VrxsIirState* pState, Vrx32fc* pDlyLine))
+/* line of a state 0x49493033, 0x49493034 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine_32fc, (VrxsIirState* pState, const Vrx32fc* pDlyLine))
+/* line of a state 0x49493035, 0x49493036 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine32f_16s, (const VrxsIirState* pState, Vrx32f* pDlyLine))
+/* line of a state 0x49493035, 0x49493036 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine32f_16s, (VrxsIirState* pState, const Vrx32f* pDlyLine))
+/* line of a state 0x49493037, 0x49493038 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine32fc_16sc, (const VrxsIirState* pState, Vrx32fc* pDlyLine))
+/* line of a state 0x49493037, 0x49493038 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine32fc_16sc, (VrxsIirState* pState, const Vrx32fc* pDlyLine))
+/* line of a state 0x49493133, 0x49493134 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine_64f, (const VrxsIirState* pState, Vrx64f* pDlyLine))
+/* line of a state 0x49493133, 0x49493134 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine_64f, (VrxsIirState* pState, const Vrx64f* pDlyLine))
+/* line of a state 0x49493135, 0x49493136 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine_64fc, (const VrxsIirState* pState, Vrx64fc* pDlyLine))
+/* line of a state 0x49493135, 0x49493136 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine_64fc, (VrxsIirState* pState, const Vrx64fc* pDlyLine))
+/* line of a state 0x49493137, 0x49493138 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64f_32f, (const VrxsIirState* pState, Vrx64f* pDlyLine))
+/* line of a state 0x49493137, 0x49493138 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_32f, (VrxsIirState* pState, const Vrx64f* pDlyLine))
+/* line of a state 0x49493139, 0x49493230 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64fc_32fc, (const VrxsIirState* pState, Vrx64fc* pDlyLine))
+/* line of a state 0x49493139, 0x49493230 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64fc_32fc, (VrxsIirState* pState, const Vrx64fc* pDlyLine))
+/* line of a state 0x49493231, 0x49493232 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64f_32s, (const VrxsIirState* pState, Vrx64f* pDlyLine))
+/* line of a state 0x49493231, 0x49493232 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_32s, (VrxsIirState* pState, const Vrx64f* pDlyLine))
+/* line of a state 0x49493233, 0x49493234 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64fc_32sc, (const VrxsIirState* pState, Vrx64fc* pDlyLine))
+/* line of a state 0x49493233, 0x49493234 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64fc_32sc, (VrxsIirState* pState, const Vrx64fc* pDlyLine))
+/* line of a state 0x49493235, 0x49493236 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64f_16s, (const VrxsIirState* pState, Vrx64f* pDlyLine))
+/* line of a state 0x49493235, 0x49493236 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_16s, (VrxsIirState* pState, const Vrx64f* pDlyLine))
+/* line of a state 0x49493237, 0x49493238 out to pDlyLine */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64fc_16sc, (const VrxsIirState* pState, Vrx64fc* pDlyLine))
+/* line of a state 0x49493237, 0x49493238 from pDlyLine (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64fc_16sc, (VrxsIirState* pState, const Vrx64fc* pDlyLine))
+/* the 0x49493330 line as 4*numBq 32s, rounded to nearest even and saturated */
+VRXAPI(VrxStatus, vrxsIIRGetDlyLine64f_DF1_32s, (const VrxsIirState* pState, Vrx32s* pDlyLine))
+/* the 0x49493330 line from 4*numBq 32s (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_DF1_32s, (VrxsIirState* pState, const Vrx32s* pDlyLine))
+
+
 /* ---------------------------------------------------- end of IIR filters */
 
 /* ----------------------------------------- DFT of any length and Hilbert */

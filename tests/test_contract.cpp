@@ -116,6 +116,8 @@ const Exception kExceptions[] = {
     {"vrxsFIRMRInit_*", Deviation::NeutralRefused, nullptr,
      "factors and phases are tested before the pointers; a phase of 1 is not below a factor of 1 (-28)"},
     // IIR filters
+    {"vrxsIIRInit*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Init stands for zeros"},
+    {"vrxsIIRSetDlyLine*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // DFT and Hilbert
     // DCT and Goertzel
     // wavelet transforms

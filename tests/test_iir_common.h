@@ -1,0 +1,312 @@
+// The IIR kinds as one table for the tests: every kind's size query, Init,
+// runs and delay-line pair behind one set of type-free entries (taps, lines
+// and samples pass as complex long double), plus the long-double direct
+// form II transposed model and random stable filters.
+#pragma once
+
+#include <complex>
+#include <type_traits>
+#include <vector>
+
+#include "vrx_test.h"
+
+namespace iirt {
+
+using cld = std::complex<long double>;
+using V = std::vector<cld>;
+
+enum class Form { AR, BQ, DF1f, DF1s };
+
+struct Api {
+    const char* name;
+    uint32_t word;
+    Form form;
+    bool cplxTaps, cplxSamples, intSamples;
+    long double eps;      // of the arithmetic type
+    int sampleBytes;      // of one (complex) sample
+    long double sampleMax;  // integer samples: the type's upper bound
+    VrxStatus (*size)(int, int*);
+    VrxStatus (*init)(VrxsIirState**, const V& taps, int n, const V* line, Vrx8u* buf);
+    VrxStatus (*run)(const void* src, void* dst, int len, VrxsIirState*, int sf);
+    VrxStatus (*runI)(void* srcDst, int len, VrxsIirState*, int sf);
+    VrxStatus (*get)(const VrxsIirState*, V& out, int count);
+    VrxStatus (*set)(VrxsIirState*, const V* in, int count);
+    bool bq() const { return form != Form::AR; }
+    int lineLen(int n) const { return form == Form::AR ? n : (form == Form::BQ ? 2 * n : 4 * n); }
+};
+
+template <class T> struct Real { using type = T; static constexpr bool cx = false; };
+template <> struct Real<Vrx32fc> { using type = Vrx32f; static constexpr bool cx = true; };
+template <> struct Real<Vrx64fc> { using type = Vrx64f; static constexpr bool cx = true; };
+template <> struct Real<Vrx16sc> { using type = Vrx16s; static constexpr bool cx = true; };
+template <> struct Real<Vrx32sc> { using type = Vrx32s; static constexpr bool cx = true; };
+
+template <class T> T fromC(cld v) {
+    using R = typename Real<T>::type;
+    if constexpr (Real<T>::cx) { T t; t.re = static_cast<R>(v.real()); t.im = static_cast<R>(v.imag()); return t; }
+    else return static_cast<T>(v.real());
+}
+template <class T> cld toC(const T& t) {
+    if constexpr (Real<T>::cx) return cld(t.re, t.im);
+    else return cld(t, 0);
+}
+
+template <class Tap, class S, auto SizeF, auto InitF, auto RunF, auto RunIF, auto GetF, auto SetF>
+Api make(const char* name, uint32_t word, Form form) {
+    Api a{};
+    a.name = name;
+    a.word = word;
+    a.form = form;
+    a.cplxTaps = Real<Tap>::cx;
+    a.cplxSamples = Real<S>::cx;
+    using RS = typename Real<S>::type;
+    a.intSamples = std::is_integral_v<RS>;
+    a.eps = std::is_same_v<typename Real<Tap>::type, Vrx32f> ? 0x1p-24L : 0x1p-53L;
+    a.sampleBytes = sizeof(S);
+    a.sampleMax = std::is_integral_v<RS> ? static_cast<long double>(std::numeric_limits<RS>::max()) : 0;
+    a.size = SizeF;
+    a.init = [](VrxsIirState** pp, const V& taps, int n, const V* line, Vrx8u* buf) {
+        std::vector<Tap> t(taps.size());
+        for (size_t i = 0; i < t.size(); ++i) t[i] = fromC<Tap>(taps[i]);
+        if constexpr (std::is_same_v<decltype(InitF), VrxStatus (*)(VrxsIirState**, const Vrx64f*, int, const Vrx32s*, Vrx8u*)>) {
+            std::vector<Vrx32s> l(line ? line->size() : 0);
+            for (size_t i = 0; i < l.size(); ++i) l[i] = static_cast<Vrx32s>(line->at(i).real());
+            return InitF(pp, t.data(), n, line ? l.data() : nullptr, buf);
+        } else {
+            std::vector<Tap> l(line ? line->size() : 0);
+            for (size_t i = 0; i < l.size(); ++i) l[i] = fromC<Tap>(line->at(i));
+            return InitF(pp, t.data(), n, line ? l.data() : nullptr, buf);
+        }
+    };
+    a.run = [](const void* s, void* d, int len, VrxsIirState* st, int sf) {
+        if constexpr (std::is_integral_v<RS>) return RunF(static_cast<const S*>(s), static_cast<S*>(d), len, st, sf);
+        else return RunF(static_cast<const S*>(s), static_cast<S*>(d), len, st);
+    };
+    a.runI = [](void* sd, int len, VrxsIirState* st, int sf) {
+        if constexpr (std::is_integral_v<RS>) return RunIF(static_cast<S*>(sd), len, st, sf);
+        else return RunIF(static_cast<S*>(sd), len, st);
+    };
+    a.get = [](const VrxsIirState* st, V& out, int count) {
+        if constexpr (std::is_same_v<decltype(GetF), VrxStatus (*)(const VrxsIirState*, Vrx32s*)>) {
+            std::vector<Vrx32s> l(count);
+            VrxStatus r = GetF(st, l.data());
+            out.assign(count, 0);
+            for (int i = 0; i < count; ++i) out[i] = cld(l[i], 0);
+            return r;
+        } else {
+            std::vector<Tap> l(count);
+            VrxStatus r = GetF(st, l.data());
+            out.assign(count, 0);
+            for (int i = 0; i < count; ++i) out[i] = toC(l[i]);
+            return r;
+        }
+    };
+    a.set = [](VrxsIirState* st, const V* in, int count) {
+        if constexpr (std::is_same_v<decltype(SetF), VrxStatus (*)(VrxsIirState*, const Vrx32s*)>) {
+            std::vector<Vrx32s> l(count);
+            for (int i = 0; i < count && in; ++i) l[i] = static_cast<Vrx32s>(in->at(i).real());
+            return SetF(st, in ? l.data() : nullptr);
+        } else {
+            std::vector<Tap> l(count);
+            for (int i = 0; i < count && in; ++i) l[i] = fromC<Tap>(in->at(i));
+            return SetF(st, in ? l.data() : nullptr);
+        }
+    };
+    return a;
+}
+
+#define IIR_KINDS(Tap, S, sfx, run, rs, is, pair, word, form)                                          \
+    make<Tap, S, &vrxsIIRGetStateSize##sfx, &vrxsIIRInit##sfx, &vrxsIIR##run##rs, &vrxsIIR##run##is, \
+         &vrxsIIRGetDlyLine##pair, &vrxsIIRSetDlyLine##pair>(#sfx, word, form)
+
+inline const std::vector<Api>& kinds() {
+    static const std::vector<Api> k = {
+        IIR_KINDS(Vrx32f, Vrx32f, _32f, _32f, , _I, _32f, 0x49493031, Form::AR),
+        IIR_KINDS(Vrx32f, Vrx32f, _BiQuad_32f, _32f, , _I, _32f, 0x49493032, Form::BQ),
+        IIR_KINDS(Vrx32fc, Vrx32fc, _32fc, _32fc, , _I, _32fc, 0x49493033, Form::AR),
+        IIR_KINDS(Vrx32fc, Vrx32fc, _BiQuad_32fc, _32fc, , _I, _32fc, 0x49493034, Form::BQ),
+        IIR_KINDS(Vrx32f, Vrx16s, 32f_16s, 32f_16s, _Sfs, _ISfs, 32f_16s, 0x49493035, Form::AR),
+        IIR_KINDS(Vrx32f, Vrx16s, 32f_BiQuad_16s, 32f_16s, _Sfs, _ISfs, 32f_16s, 0x49493036, Form::BQ),
+        IIR_KINDS(Vrx32fc, Vrx16sc, 32fc_16sc, 32fc_16sc, _Sfs, _ISfs, 32fc_16sc, 0x49493037, Form::AR),
+        IIR_KINDS(Vrx32fc, Vrx16sc, 32fc_BiQuad_16sc, 32fc_16sc, _Sfs, _ISfs, 32fc_16sc, 0x49493038, Form::BQ),
+        IIR_KINDS(Vrx64f, Vrx64f, _64f, _64f, , _I, _64f, 0x49493133, Form::AR),
+        IIR_KINDS(Vrx64f, Vrx64f, _BiQuad_64f, _64f, , _I, _64f, 0x49493134, Form::BQ),
+        IIR_KINDS(Vrx64fc, Vrx64fc, _64fc, _64fc, , _I, _64fc, 0x49493135, Form::AR),
+        IIR_KINDS(Vrx64fc, Vrx64fc, _BiQuad_64fc, _64fc, , _I, _64fc, 0x49493136, Form::BQ),
+        IIR_KINDS(Vrx64f, Vrx32f, 64f_32f, 64f_32f, , _I, 64f_32f, 0x49493137, Form::AR),
+        IIR_KINDS(Vrx64f, Vrx32f, 64f_BiQuad_32f, 64f_32f, , _I, 64f_32f, 0x49493138, Form::BQ),
+        IIR_KINDS(Vrx64fc, Vrx32fc, 64fc_32fc, 64fc_32fc, , _I, 64fc_32fc, 0x49493139, Form::AR),
+        IIR_KINDS(Vrx64fc, Vrx32fc, 64fc_BiQuad_32fc, 64fc_32fc, , _I, 64fc_32fc, 0x49493230, Form::BQ),
+        IIR_KINDS(Vrx64f, Vrx32s, 64f_32s, 64f_32s, _Sfs, _ISfs, 64f_32s, 0x49493231, Form::AR),
+        IIR_KINDS(Vrx64f, Vrx32s, 64f_BiQuad_32s, 64f_32s, _Sfs, _ISfs, 64f_32s, 0x49493232, Form::BQ),
+        IIR_KINDS(Vrx64fc, Vrx32sc, 64fc_32sc, 64fc_32sc, _Sfs, _ISfs, 64fc_32sc, 0x49493233, Form::AR),
+        IIR_KINDS(Vrx64fc, Vrx32sc, 64fc_BiQuad_32sc, 64fc_32sc, _Sfs, _ISfs, 64fc_32sc, 0x49493234, Form::BQ),
+        IIR_KINDS(Vrx64f, Vrx16s, 64f_16s, 64f_16s, _Sfs, _ISfs, 64f_16s, 0x49493235, Form::AR),
+        IIR_KINDS(Vrx64f, Vrx16s, 64f_BiQuad_16s, 64f_16s, _Sfs, _ISfs, 64f_16s, 0x49493236, Form::BQ),
+        IIR_KINDS(Vrx64fc, Vrx16sc, 64fc_16sc, 64fc_16sc, _Sfs, _ISfs, 64fc_16sc, 0x49493237, Form::AR),
+        IIR_KINDS(Vrx64fc, Vrx16sc, 64fc_BiQuad_16sc, 64fc_16sc, _Sfs, _ISfs, 64fc_16sc, 0x49493238, Form::BQ),
+        IIR_KINDS(Vrx32f, Vrx32f, _BiQuad_DF1_32f, _32f, , _I, _32f, 0x49493239, Form::DF1f),
+        IIR_KINDS(Vrx64f, Vrx32s, 64f_BiQuad_DF1_32s, 64f_32s, _Sfs, _ISfs, 64f_DF1_32s, 0x49493330, Form::DF1s),
+    };
+    return k;
+}
+
+// ------------------------------------------------------------- filters
+// A polynomial 1 + c1 z^-1 + ... from its roots.
+inline V polyFromRoots(const V& r) {
+    V p{cld(1)};
+    for (cld z : r) {
+        V q(p.size() + 1, cld(0));
+        for (size_t i = 0; i < p.size(); ++i) { q[i] += p[i]; q[i + 1] -= z * p[i]; }
+        p = q;
+    }
+    return p;
+}
+
+// Random stable AR taps b[0..n], a[0..n] (poles inside radius 0.95; real
+// kinds get conjugate pairs), a0 not 1 so that normalising is exercised.
+inline V randomAR(vt::Rng& g, int n, bool cplx) {
+    V poles;
+    while (static_cast<int>(poles.size()) < n) {
+        long double r = 0.95L * g.uniform(), th = 3.14159265358979L * g.uniform();
+        if (cplx) poles.push_back(std::polar(r, 2 * th));
+        else if (n - static_cast<int>(poles.size()) >= 2) { poles.push_back(std::polar(r, th)); poles.push_back(std::polar(r, -th)); }
+        else poles.push_back(cld(g.uniform() < 0.5 ? r : -r));
+    }
+    V a = polyFromRoots(poles);
+    if (!cplx) for (cld& v : a) v = cld(v.real(), 0);
+    const long double a0 = 0.5L + g.uniform();
+    V t(2 * n + 2);
+    for (int i = 0; i <= n; ++i) {
+        t[i] = cplx ? cld(g.uniform() - 0.5L, g.uniform() - 0.5L) : cld(g.uniform() - 0.5L);
+        t[n + 1 + i] = a[i] * a0;
+    }
+    if (t[0] == cld(0)) t[0] = 0.25L;
+    return t;
+}
+
+// Random stable biquads: b0, b1, b2, a0, a1, a2 per section.
+inline V randomBQ(vt::Rng& g, int m, bool cplx) {
+    V t;
+    for (int s = 0; s < m; ++s) {
+        V ar = randomAR(g, 2, cplx);
+        for (cld v : ar) t.push_back(v);
+    }
+    return t;
+}
+
+// Direct form II transposed in long double over normalised taps; the line
+// of n+1 values (last 0) carries over between calls.
+struct Model {
+    std::vector<V> b, a;  // per section (AR: one section of order n)
+    std::vector<V> d;
+    Model(const Api& k, const V& taps, int n) {
+        if (!k.bq()) {
+            add(V(taps.begin(), taps.begin() + n + 1), V(taps.begin() + n + 1, taps.end()));
+        } else {
+            for (int s = 0; s < n; ++s) {
+                const cld* t = &taps[6 * s];
+                add(V{t[0], t[1], t[2]}, V{t[3], t[4], t[5]});
+            }
+        }
+    }
+    void add(V bb, V aa) {
+        cld a0 = aa[0];
+        for (cld& v : bb) v /= a0;
+        for (cld& v : aa) v /= a0;
+        b.push_back(bb);
+        a.push_back(aa);
+        d.push_back(V(bb.size(), cld(0)));
+    }
+    cld step(cld x) {
+        for (size_t s = 0; s < b.size(); ++s) {
+            const size_t n = b[s].size() - 1;
+            V& l = d[s];
+            cld y = b[s][0] * x + l[0];
+            for (size_t i = 0; i < n; ++i) l[i] = b[s][i + 1] * x - a[s][i + 1] * y + l[i + 1];
+            x = y;
+        }
+        return x;
+    }
+    // L1 norm of the first 4000 samples of the impulse response of section s
+    // (all of them: s = -1), from a zero line.
+    long double l1(int s0, int s1) const {
+        Model m = *this;
+        for (V& l : m.d) for (cld& v : l) v = 0;
+        long double sum = 0;
+        for (int i = 0; i < 4000; ++i) {
+            cld x = i == 0 ? cld(1) : cld(0);
+            for (int s = s0; s < s1; ++s) {
+                const size_t n = m.b[s].size() - 1;
+                V& l = m.d[s];
+                cld y = m.b[s][0] * x + l[0];
+                for (size_t k = 0; k < n; ++k) l[k] = m.b[s][k + 1] * x - m.a[s][k + 1] * y + l[k + 1];
+                x = y;
+            }
+            sum += std::abs(x);
+        }
+        return sum;
+    }
+};
+
+// samples of the kind's type from complex long double values and back
+inline std::vector<uint8_t> pack(const Api& k, const V& x) {
+    std::vector<uint8_t> out(x.size() * k.sampleBytes);
+    for (size_t i = 0; i < x.size(); ++i) {
+        uint8_t* p = &out[i * k.sampleBytes];
+        const int part = k.cplxSamples ? k.sampleBytes / 2 : k.sampleBytes;
+        for (int c = 0; c < (k.cplxSamples ? 2 : 1); ++c) {
+            long double v = c ? x[i].imag() : x[i].real();
+            uint8_t* q = p + c * part;
+            if (!k.intSamples) {
+                if (part == 4) { float f = static_cast<float>(v); memcpy(q, &f, 4); }
+                else { double f = static_cast<double>(v); memcpy(q, &f, 8); }
+            } else if (part == 2) { int16_t f = static_cast<int16_t>(v); memcpy(q, &f, 2); }
+            else { int32_t f = static_cast<int32_t>(v); memcpy(q, &f, 4); }
+        }
+    }
+    return out;
+}
+inline V unpack(const Api& k, const std::vector<uint8_t>& b, size_t n) {
+    V x(n);
+    const int part = k.cplxSamples ? k.sampleBytes / 2 : k.sampleBytes;
+    for (size_t i = 0; i < n; ++i) {
+        long double v[2] = {0, 0};
+        for (int c = 0; c < (k.cplxSamples ? 2 : 1); ++c) {
+            const uint8_t* q = &b[i * k.sampleBytes + c * part];
+            if (!k.intSamples) {
+                if (part == 4) { float f; memcpy(&f, q, 4); v[c] = f; }
+                else { double f; memcpy(&f, q, 8); v[c] = f; }
+            } else if (part == 2) { int16_t f; memcpy(&f, q, 2); v[c] = f; }
+            else { int32_t f; memcpy(&f, q, 4); v[c] = f; }
+        }
+        x[i] = cld(v[0], v[1]);
+    }
+    return x;
+}
+
+// Random samples that the sample type holds exactly.
+inline V randomSamples(const Api& k, vt::Rng& g, int n, long double amp) {
+    V x(n);
+    for (int i = 0; i < n; ++i) {
+        long double re = amp * (2 * g.uniform() - 1), im = k.cplxSamples ? amp * (2 * g.uniform() - 1) : 0;
+        if (k.intSamples) { re = std::nearbyint(re); im = std::nearbyint(im); }
+        x[i] = cld(re, im);
+    }
+    return unpack(k, pack(k, x), n);  // exactly representable
+}
+
+// A state of the kind in an owned block.
+struct StateBox {
+    std::vector<uint8_t> mem;
+    VrxsIirState* st = nullptr;
+    VrxStatus status = vrxOk;
+    StateBox(const Api& k, const V& taps, int n, const V* line = nullptr) {
+        int size = 0;
+        k.size(n, &size);
+        mem.assign(size, 0);
+        status = k.init(&st, taps, n, line, mem.data());
+    }
+};
+
+}  // namespace iirt
