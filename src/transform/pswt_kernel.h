@@ -1,0 +1,186 @@
+// Wavelet transforms: the state records and the polyphase kernel that both
+// directions run.
+//
+// Forward band, taps h[0..T), offset o:   y[n] = sum_k h[k] * x[2n - o - k]
+// (offset -1 reads x[2n + 1 - k], the odd phase). Inverse band, taps g:
+// the band is delayed by o/2 samples and upsampled by two, and
+// out[2n] = sum_j g[2j] * u[n - j], out[2n + 1] = sum_j g[2j + 1] * u[n - j];
+// offset -1 delays the output by one sample instead (out[2n] takes the odd
+// taps over u[n - 1 - j], out[2n + 1] the even taps over u[n - j]).
+//
+// Every output is one chain of fused multiply-adds from zero in tap order
+// k = 0, 1, ..., so the ring path (head of a block) and the direct path
+// (body) give the same bits, whatever the split of a signal into blocks.
+#pragma once
+
+#include "vrx_base.h"
+#include "simd/simd.h"
+
+namespace n0::wt {
+
+// ------------------------------------------------------------- records
+// A ring of `length` samples held twice (data[i] == data[i + length]): the
+// newest `length` samples are data[pos .. pos + length), oldest first, so
+// filters read them with no wrap test. pos is the next write.
+struct Ring {
+    float* data;
+    int32_t length;
+    int32_t pos;
+};
+
+struct Filter {
+    float* kernel;     // forward: the taps; inverse: the even set, then the odd set
+    Ring* line;        // the filter's ring
+    int32_t taps;
+    float* reversed;   // the taps, last first
+    int32_t oddPhase;  // 1 for offset -1
+};
+
+struct Band {
+    Filter* filter;
+    Ring* offsetLine;  // null when the offset line is empty
+    int32_t delayLen;  // samples of history the caller sees through Get/Set
+};
+
+// Band record and filter record, carved together: 64 bytes of records.
+struct BandRecords {
+    Band band;
+    Filter filter;
+};
+static_assert(sizeof(BandRecords) == 64, "band records are 64 bytes");
+
+struct State {
+    int32_t idWord;
+    Band* lowBand;
+    Band* highBand;
+    float* convBuf;     // typed forms: 4096 bytes, 1024 samples
+    int32_t convCount;  // 0 exactly when convBuf is null
+};
+static_assert(sizeof(State) <= 48, "state header within 48 bytes");
+
+constexpr int kConvCount = 1024;  // samples of convBuf
+
+// -------------------------------------------------------- scalar steps
+// One output from a window w[0..n) (w[n - 1] newest): sum_k c[k] w[n-1-k]
+// in tap order, fused; the lane computation of the vector kernel.
+VRX_INLINE float dotNewest(const float* c, const float* wEnd, int n) {
+    float acc = 0.0f;
+    for (int k = 0; k < n; ++k) acc = __builtin_fmaf(c[k], wEnd[-k], acc);
+    return acc;
+}
+
+// Writes s into a ring (both copies) and steps pos.
+VRX_INLINE void push(Ring& r, float s) {
+    r.data[r.pos] = s;
+    r.data[r.pos + r.length] = s;
+    r.pos = r.pos + 1 == r.length ? 0 : r.pos + 1;
+}
+
+// Sends s through an offset line: the oldest sample comes out.
+VRX_INLINE float through(Ring& r, float s) {
+    float out = r.data[r.pos];
+    push(r, s);
+    return out;
+}
+
+// The newest sample of a ring.
+VRX_INLINE const float* newest(const Ring& r) { return r.data + r.pos + r.length - 1; }
+
+// ------------------------------------------------------ vector kernel
+using F = simd::V<float>;
+
+// U registers of 16 outputs each: lane j of acc[u] is
+// sum_{k<n} c[k] * s[Stride * (16u + j) - k], chained in tap order.
+// Stride 2 (forward): the 32 samples under a pair of taps are split into
+// even and odd samples, one split serving two taps. Stride 1 (inverse):
+// one load per tap. Reads s[-(n - 1)] up to s[Stride * (16U - 1)].
+template <int Stride, int U>
+VRX_INLINE void polyphase(const float* s, const float* c, int n, F::R (&acc)[U]) {
+    for (int u = 0; u < U; ++u) acc[u] = F::zero();
+    if constexpr (Stride == 2) {
+        int k = 0;
+        for (; k + 1 < n; k += 2) {
+            const F::R c0 = F::set1(c[k]), c1 = F::set1(c[k + 1]);
+            for (int u = 0; u < U; ++u) {
+                const float* b = s + 32 * u - k - 1;  // evens: tap k + 1, odds: tap k
+                F::R ev, od;
+                simd::deinterleave(F::load(b), F::load(b + 16), ev, od);
+                acc[u] = F::fma(c0, od, acc[u]);
+                acc[u] = F::fma(c1, ev, acc[u]);
+            }
+        }
+        if (k < n) {  // last tap of an odd count: the even samples from s - k;
+                      // the 32nd sample is not needed and not read
+            const F::R c0 = F::set1(c[k]);
+            for (int u = 0; u < U; ++u) {
+                const float* b = s + 32 * u - k;
+                F::R ev, od;
+                simd::deinterleave(F::load(b), F::loadm(0x7FFF, b + 16), ev, od);
+                acc[u] = F::fma(c0, ev, acc[u]);
+            }
+        }
+    } else {
+        for (int k = 0; k < n; ++k) {
+            const F::R ck = F::set1(c[k]);
+            for (int u = 0; u < U; ++u) acc[u] = F::fma(ck, F::load(s + 16 * u - k), acc[u]);
+        }
+    }
+}
+
+// Forward body: out[j] = sum_k h[k] s[2j - k] for j < m, s the newest
+// sample of output 0 (ownsConvDown2_32f).
+VRX_INLINE void convDown2(const float* s, const float* h, int taps, float* out, int m) {
+    int j = 0;
+    for (; j + 64 <= m; j += 64) {
+        F::R a[4];
+        polyphase<2, 4>(s + 2 * j, h, taps, a);
+        for (int u = 0; u < 4; ++u) F::store(out + j + 16 * u, a[u]);
+    }
+    for (; j + 16 <= m; j += 16) {
+        F::R a[1];
+        polyphase<2, 1>(s + 2 * j, h, taps, a);
+        F::store(out + j, a[0]);
+    }
+    for (; j < m; ++j) out[j] = dotNewest(h, s + 2 * j, taps);
+}
+
+// Inverse body over m band samples, s the newest band sample of pair 0:
+// A = even taps over s, B = odd taps over s - odd; output pair j is (A, B),
+// or (B, A) in the odd phase; Add adds it to what out holds
+// (ownsUp2ConvAdd_32f).
+template <bool Add>
+VRX_INLINE void up2Conv(const float* s, const float* ge, int ne, const float* go, int no, int odd, float* out,
+                        int m) {
+    const float* so = s - odd;
+    int j = 0;
+    for (; j + 32 <= m; j += 32) {
+        F::R a[2], b[2];
+        polyphase<1, 2>(s + j, ge, ne, a);
+        polyphase<1, 2>(so + j, go, no, b);
+        for (int u = 0; u < 2; ++u) {
+            F::R lo, hi;
+            if (odd) simd::interleave(b[u], a[u], lo, hi);
+            else simd::interleave(a[u], b[u], lo, hi);
+            float* d = out + 2 * (j + 16 * u);
+            if constexpr (Add) {
+                lo = F::add(F::load(d), lo);
+                hi = F::add(F::load(d + 16), hi);
+            }
+            F::store(d, lo);
+            F::store(d + 16, hi);
+        }
+    }
+    for (; j < m; ++j) {
+        const float A = dotNewest(ge, s + j, ne), B = dotNewest(go, so + j, no);
+        const float e = odd ? B : A, o = odd ? A : B;
+        if constexpr (Add) {
+            out[2 * j] = out[2 * j] + e;
+            out[2 * j + 1] = out[2 * j + 1] + o;
+        } else {
+            out[2 * j] = e;
+            out[2 * j + 1] = o;
+        }
+    }
+}
+
+}  // namespace n0::wt
