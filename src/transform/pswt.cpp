@@ -188,23 +188,46 @@ VrxStatus init(void* pState, ObjId id, const float* tapsL, int tl, int ol, const
 // ----------------------------------------------------------- state check
 bool ringOk(const Ring* r) { return r && r->data && r->length > 0 && r->pos >= 0 && r->pos < r->length; }
 
-bool bandOk(const Band* b) {
-    if (!b || !b->filter) return false;
+// A band is whole when its records sit where the layout puts them for its
+// own taps and offset, and its rings are in range. The record addresses do
+// not depend on the taps, so nothing is read through a pointer that is not
+// first found at its place inside the caller's block.
+template <bool Inv>
+bool bandOk(Carver& c, const Band* b) {
+    Carver probe = c;
+    const BandRecords* rec = probe.take<BandRecords>(1, 16);
+    const Ring* rings = probe.take<Ring>(2, 16);
+    if (b != &rec->band || b->filter != &rec->filter) return false;
     const Filter* f = b->filter;
-    if (!f->kernel || !f->reversed || f->taps < 1 || (f->oddPhase != 0 && f->oddPhase != 1)) return false;
-    if (!ringOk(f->line)) return false;
-    return !b->offsetLine || ringOk(b->offsetLine);
+    if (f->line != &rings[0] || (b->offsetLine && b->offsetLine != &rings[1])) return false;
+    if (f->taps < 1 || (f->oddPhase != 0 && f->oddPhase != 1)) return false;
+    const int32_t offLen = b->offsetLine ? b->offsetLine->length : 0;
+    if (offLen < 0 || offLen > INT_MAX / 2 || (f->oddPhase && offLen)) return false;
+    const int offs = f->oddPhase ? -1 : (Inv ? 2 * offLen : offLen);
+    if (stateSize<Inv>(kSel8u, f->taps, offs, 1, 0) > INT_MAX) return false;
+    const BandPieces e = bandLayout<Inv>(c, f->taps, offs);
+    if (f->kernel != e.taps || f->reversed != e.reversed || f->line->data != e.ringData ||
+        f->line->length != e.ringLen || !ringOk(f->line))
+        return false;
+    const int32_t hist = Inv ? (f->oddPhase ? f->taps / 2 : (f->taps + 1) / 2 - 1) : f->taps - 1;
+    if (b->delayLen != hist + offLen) return false;
+    if (b->offsetLine && (b->offsetLine->data != e.offsetData || !ringOk(b->offsetLine))) return false;
+    return b->offsetLine || e.offsetLen == 0;
 }
 
 // WTFwdBaseCheck_32f and WTInvBaseCheck_32f: -17 for a state that is not
 // whole; typed kinds need their conversion buffer.
+template <bool Inv>
 VrxStatus checkState(void* p, ObjId id, State** out) {
     State* st = nullptr;
     if (VrxStatus s = open(p, id, &st)) return s;
     if ((st->convBuf == nullptr) != (st->convCount == 0)) return vrxErrBadSpec;
     const bool typed = id != ObjId::WtFwd32f && id != ObjId::WtInv32f;
-    if (typed && st->convCount < kConvCount) return vrxErrBadSpec;
-    if (!bandOk(st->lowBand) || !bandOk(st->highBand)) return vrxErrBadSpec;
+    Carver c(p);
+    c.take<State>(1, 1);
+    if (typed && (st->convBuf != c.take<float>(kConvCount, 16) || st->convCount != kConvCount)) return vrxErrBadSpec;
+    if (!typed && st->convBuf) return vrxErrBadSpec;
+    if (!bandOk<Inv>(c, st->lowBand) || !bandOk<Inv>(c, st->highBand)) return vrxErrBadSpec;
     *out = st;
     return vrxOk;
 }
@@ -248,7 +271,7 @@ template <class S>
 VrxStatus fwdRun(const S* src, float* lo, float* hi, int dstLen, void* pState, ObjId id) {
     if (anyNull(src, lo, hi, pState)) return vrxErrNullPtr;
     State* st = nullptr;
-    if (VrxStatus s = checkState(pState, id, &st)) return s;
+    if (VrxStatus s = checkState<false>(pState, id, &st)) return s;
     if (dstLen < 1) return vrxErrBadLength;
     if constexpr (sizeof(S) == 4) {
         fwdBand(*st->lowBand, src, lo, dstLen);
@@ -310,7 +333,7 @@ template <class D>
 VrxStatus invRun(const float* lo, const float* hi, int srcLen, D* dst, void* pState, ObjId id) {
     if (anyNull(lo, hi, dst, pState)) return vrxErrNullPtr;
     State* st = nullptr;
-    if (VrxStatus s = checkState(pState, id, &st)) return s;
+    if (VrxStatus s = checkState<true>(pState, id, &st)) return s;
     if (srcLen < 1) return vrxErrBadLength;
     if constexpr (sizeof(D) == 4) {
         invBand<false>(*st->lowBand, lo, dst, srcLen);
@@ -361,7 +384,8 @@ void getBand(const Band& b, float* dly) {
 
 VrxStatus setDly(void* pState, ObjId id, const float* dl, const float* dh) {
     State* st = nullptr;
-    if (VrxStatus s = checkState(pState, id, &st)) return s;
+    const bool inv = id >= ObjId::WtInv32f && id <= ObjId::WtInv32f16s;
+    if (VrxStatus s = inv ? checkState<true>(pState, id, &st) : checkState<false>(pState, id, &st)) return s;
     setBand(*st->lowBand, dl);
     setBand(*st->highBand, dh);
     return vrxOk;
@@ -370,7 +394,9 @@ VrxStatus setDly(void* pState, ObjId id, const float* dl, const float* dh) {
 VrxStatus getDly(const void* pState, ObjId id, float* dl, float* dh) {
     if (anyNull(pState, dl, dh)) return vrxErrNullPtr;
     State* st = nullptr;
-    if (VrxStatus s = checkState(const_cast<void*>(pState), id, &st)) return s;
+    void* p = const_cast<void*>(pState);
+    const bool inv = id >= ObjId::WtInv32f && id <= ObjId::WtInv32f16s;
+    if (VrxStatus s = inv ? checkState<true>(p, id, &st) : checkState<false>(p, id, &st)) return s;
     getBand(*st->lowBand, dl);
     getBand(*st->highBand, dh);
     return vrxOk;
