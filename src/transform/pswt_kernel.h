@@ -8,13 +8,15 @@
 // offset -1 delays the output by one sample instead (out[2n] takes the odd
 // taps over u[n - 1 - j], out[2n + 1] the even taps over u[n - j]).
 //
-// Every output is one chain of fused multiply-adds from zero in tap order
-// k = 0, 1, ..., so the ring path (head of a block) and the direct path
+// Every output is four chains of fused multiply-adds from zero in tap
+// order, joined in one fixed order, so the ring path (head of a block) and the direct path
 // (body) give the same bits, whatever the split of a signal into blocks.
 #pragma once
 
 #include "vrx_base.h"
 #include "simd/simd.h"
+
+#define VRX_INLINE_LAMBDA __attribute__((always_inline))
 
 namespace n0::wt {
 
@@ -61,12 +63,14 @@ static_assert(sizeof(State) <= 48, "state header within 48 bytes");
 constexpr int kConvCount = 1024;  // samples of convBuf
 
 // -------------------------------------------------------- scalar steps
-// One output from a window w[0..n) (w[n - 1] newest): sum_k c[k] w[n-1-k]
-// in tap order, fused; the lane computation of the vector kernel.
+// One output from a window ending at wEnd (wEnd[0] newest): the sum of
+// c[k] wEnd[-k], k < n, in four fused chains, tap k in chain k mod 4 in tap
+// order, joined as (chain 0 + chain 1) + (chain 2 + chain 3). The lane
+// computation of the vector kernel, so both paths give the same bits.
 VRX_INLINE float dotNewest(const float* c, const float* wEnd, int n) {
-    float acc = 0.0f;
-    for (int k = 0; k < n; ++k) acc = __builtin_fmaf(c[k], wEnd[-k], acc);
-    return acc;
+    float a[4] = {0.0f, 0.0f, 0.0f, 0.0f};
+    for (int k = 0; k < n; ++k) a[k & 3] = __builtin_fmaf(c[k], wEnd[-k], a[k & 3]);
+    return (a[0] + a[1]) + (a[2] + a[3]);
 }
 
 // Writes s into a ring (both copies) and steps pos.
@@ -90,41 +94,55 @@ VRX_INLINE const float* newest(const Ring& r) { return r.data + r.pos + r.length
 using F = simd::V<float>;
 
 // U registers of 16 outputs each: lane j of acc[u] is
-// sum_{k<n} c[k] * s[Stride * (16u + j) - k], chained in tap order.
+// sum_{k<n} c[k] * s[Stride * (16u + j) - k] in the chains of dotNewest.
 // Stride 2 (forward): the 32 samples under a pair of taps are split into
 // even and odd samples, one split serving two taps. Stride 1 (inverse):
 // one load per tap. Reads s[-(n - 1)] up to s[Stride * (16U - 1)].
 template <int Stride, int U>
 VRX_INLINE void polyphase(const float* s, const float* c, int n, F::R (&acc)[U]) {
-    for (int u = 0; u < U; ++u) acc[u] = F::zero();
-    if constexpr (Stride == 2) {
-        int k = 0;
-        for (; k + 1 < n; k += 2) {
-            const F::R c0 = F::set1(c[k]), c1 = F::set1(c[k + 1]);
-            for (int u = 0; u < U; ++u) {
+    F::R a[U][4];
+    for (int u = 0; u < U; ++u) a[u][0] = a[u][1] = a[u][2] = a[u][3] = F::zero();
+    // taps k and k + 1 into chains ch and ch + 1
+    auto pair = [&](int k, int ch) VRX_INLINE_LAMBDA {
+        const F::R c0 = F::set1(c[k]), c1 = F::set1(c[k + 1]);
+        for (int u = 0; u < U; ++u) {
+            if constexpr (Stride == 2) {
                 const float* b = s + 32 * u - k - 1;  // evens: tap k + 1, odds: tap k
                 F::R ev, od;
                 simd::deinterleave(F::load(b), F::load(b + 16), ev, od);
-                acc[u] = F::fma(c0, od, acc[u]);
-                acc[u] = F::fma(c1, ev, acc[u]);
+                a[u][ch] = F::fma(c0, od, a[u][ch]);
+                a[u][ch + 1] = F::fma(c1, ev, a[u][ch + 1]);
+            } else {
+                a[u][ch] = F::fma(c0, F::load(s + 16 * u - k), a[u][ch]);
+                a[u][ch + 1] = F::fma(c1, F::load(s + 16 * u - k - 1), a[u][ch + 1]);
             }
         }
-        if (k < n) {  // last tap of an odd count: the even samples from s - k;
-                      // the 32nd sample is not needed and not read
-            const F::R c0 = F::set1(c[k]);
-            for (int u = 0; u < U; ++u) {
+    };
+    int k = 0;
+    for (; k + 3 < n; k += 4) {
+        pair(k, 0);
+        pair(k + 2, 2);
+    }
+    if (k + 1 < n) {
+        pair(k, 0);
+        k += 2;
+    }
+    if (k < n) {  // the last tap of an odd count, chain k mod 4
+        const int ch = k & 2;
+        const F::R c0 = F::set1(c[k]);
+        for (int u = 0; u < U; ++u) {
+            if constexpr (Stride == 2) {
+                // the even samples from s - k; the 32nd sample is not needed and not read
                 const float* b = s + 32 * u - k;
                 F::R ev, od;
                 simd::deinterleave(F::load(b), F::loadm(0x7FFF, b + 16), ev, od);
-                acc[u] = F::fma(c0, ev, acc[u]);
+                a[u][ch] = F::fma(c0, ev, a[u][ch]);
+            } else {
+                a[u][ch] = F::fma(c0, F::load(s + 16 * u - k), a[u][ch]);
             }
         }
-    } else {
-        for (int k = 0; k < n; ++k) {
-            const F::R ck = F::set1(c[k]);
-            for (int u = 0; u < U; ++u) acc[u] = F::fma(ck, F::load(s + 16 * u - k), acc[u]);
-        }
     }
+    for (int u = 0; u < U; ++u) acc[u] = F::add(F::add(a[u][0], a[u][1]), F::add(a[u][2], a[u][3]));
 }
 
 // Forward body: out[j] = sum_k h[k] s[2j - k] for j < m, s the newest
