@@ -84,11 +84,20 @@ VRX_INLINE I::R scale16(I::R r, int e) {
     return I::shlv(I::min(I::max(r, I::set1(-1)), I::set1(1)), I::set1(16));
 }
 
-VRX_INLINE void splitPairs(const int16_t* p, I::R& ev, I::R& od) {
-    __m512 e, o;
-    simd::deinterleave(simd::floatsOf(simd::widen16s(p)), simd::floatsOf(simd::widen16s(p + 16)), e, o);
-    ev = simd::bitsOf(e);
-    od = simd::bitsOf(o);
+// 16 pairs as 32-bit lanes: x[2i] in the low half, x[2i+1] in the high
+// half; each half sign-extended by a shift pair.
+VRX_INLINE void splitPairs(I::R v, I::R& ev, I::R& od) {
+    ev = I::shr<16>(I::shl<16>(v));
+    od = I::shr<16>(v);
+}
+
+// Two lanes of results saturated to 16 bits and stored as pairs (a, b):
+// 32 values with one store.
+VRX_INLINE void storePairs(int16_t* p, I::R a, I::R b) {
+    const I::R lo = I::set1(-32768), hi = I::set1(32767);
+    a = I::min(I::max(a, lo), hi);
+    b = I::min(I::max(b, lo), hi);
+    I::store(reinterpret_cast<int32_t*>(p), I::orb(I::andb(a, I::set1(0xFFFF)), I::shl<16>(b)));
 }
 
 VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
@@ -96,11 +105,17 @@ VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
     const int e = sf > INT32_MAX - 1 ? INT32_MAX : sf + 1;
     const int pairs = len / 2;
     int i = 0;
-    for (; i + 16 <= pairs; i += 16) {
-        I::R ev, od;
-        splitPairs(x + 2 * i, ev, od);
-        simd::narrowSat16s(lo + i, 0xFFFF, scale16(I::add(ev, od), e));
-        simd::narrowSat16s(hi + i, 0xFFFF, scale16(I::sub(od, ev), e));
+    for (; i + 32 <= pairs; i += 32) {
+        // pairs 0, 2, .. 30 in A and 1, 3, .. 31 in B, so that A's and B's
+        // results stored as 32-bit pairs land in order
+        __m512 a, b;
+        simd::deinterleave(simd::floatsOf(I::load(reinterpret_cast<const int32_t*>(x + 2 * i))),
+                           simd::floatsOf(I::load(reinterpret_cast<const int32_t*>(x + 2 * i + 32))), a, b);
+        I::R ea, oa, eb, ob;
+        splitPairs(simd::bitsOf(a), ea, oa);
+        splitPairs(simd::bitsOf(b), eb, ob);
+        storePairs(lo + i, scale16(I::add(ea, oa), e), scale16(I::add(eb, ob), e));
+        storePairs(hi + i, scale16(I::sub(oa, ea), e), scale16(I::sub(ob, eb), e));
     }
     for (; i < pairs; ++i) {
         lo[i] = scale1(int32_t(x[2 * i]) + x[2 * i + 1], e);
@@ -116,10 +131,7 @@ VrxStatus inv16s(const int16_t* lo, const int16_t* hi, int16_t* x, int len, int 
     int i = 0;
     for (; i + 16 <= pairs; i += 16) {
         const I::R l = simd::widen16s(lo + i), h = simd::widen16s(hi + i);
-        __m512 a, b;
-        simd::interleave(simd::floatsOf(scale16(I::sub(l, h), sf)), simd::floatsOf(scale16(I::add(l, h), sf)), a, b);
-        simd::narrowSat16s(x + 2 * i, 0xFFFF, simd::bitsOf(a));
-        simd::narrowSat16s(x + 2 * i + 16, 0xFFFF, simd::bitsOf(b));
+        storePairs(x + 2 * i, scale16(I::sub(l, h), sf), scale16(I::add(l, h), sf));
     }
     for (; i < pairs; ++i) {
         x[2 * i] = scale1(int32_t(lo[i]) - hi[i], sf);
