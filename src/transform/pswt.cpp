@@ -308,16 +308,7 @@ void invBand(const Band& b, const float* u, float* dst, int n) {
         // up2ConvPair_32f / up2ConvPairAdd_32f, the offset line in front
         // (up2ConvBlockByAppend_32f and its Add twin).
         push(r, ol ? through(*ol, u[i]) : u[i]);
-        const float* w = newest(r);
-        const float A = dotNewest(ge, w, ne), B = dotNewest(go, w - p, no);
-        const float e = p ? B : A, od = p ? A : B;
-        if constexpr (Add) {
-            dst[2 * i] = dst[2 * i] + e;
-            dst[2 * i + 1] = dst[2 * i + 1] + od;
-        } else {
-            dst[2 * i] = e;
-            dst[2 * i + 1] = od;
-        }
+        up2Pair<Add>(newest(r), ge, ne, go, no, p, dst + 2 * i);
     }
     if (head == n) return;
     up2Conv<Add>(u + head - g, ge, ne, go, no, p, dst + 2 * head, n - head);

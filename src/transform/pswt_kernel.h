@@ -16,7 +16,6 @@
 #include "vrx_base.h"
 #include "simd/simd.h"
 
-#define VRX_INLINE_LAMBDA __attribute__((always_inline))
 
 namespace n0::wt {
 
@@ -98,49 +97,62 @@ using F = simd::V<float>;
 // Stride 2 (forward): the 32 samples under a pair of taps are split into
 // even and odd samples, one split serving two taps. Stride 1 (inverse):
 // one load per tap. Reads s[-(n - 1)] up to s[Stride * (16U - 1)].
+// Taps k and k + 1 into chains Ch and Ch + 1 of the U registers.
+template <int Stride, int U, int Ch>
+VRX_INLINE void tapPair(const float* s, const float* c, int k, F::R (&a)[U][4]) {
+    const F::R c0 = F::set1(c[k]), c1 = F::set1(c[k + 1]);
+    for (int u = 0; u < U; ++u) {
+        if constexpr (Stride == 2) {
+            const float* b = s + 32 * u - k - 1;  // evens: tap k + 1, odds: tap k
+            F::R ev, od;
+            simd::deinterleave(F::load(b), F::load(b + 16), ev, od);
+            a[u][Ch] = F::fma(c0, od, a[u][Ch]);
+            a[u][Ch + 1] = F::fma(c1, ev, a[u][Ch + 1]);
+        } else {
+            a[u][Ch] = F::fma(c0, F::load(s + 16 * u - k), a[u][Ch]);
+            a[u][Ch + 1] = F::fma(c1, F::load(s + 16 * u - k - 1), a[u][Ch + 1]);
+        }
+    }
+}
+
+// The last tap k of an odd count into chain Ch.
+template <int Stride, int U, int Ch>
+VRX_INLINE void tapLast(const float* s, const float* c, int k, F::R (&a)[U][4]) {
+    const F::R c0 = F::set1(c[k]);
+    for (int u = 0; u < U; ++u) {
+        if constexpr (Stride == 2) {
+            // the even samples from s - k; the 32nd sample is not needed and not read
+            const float* b = s + 32 * u - k;
+            F::R ev, od;
+            simd::deinterleave(F::load(b), F::loadm(0x7FFF, b + 16), ev, od);
+            a[u][Ch] = F::fma(c0, ev, a[u][Ch]);
+        } else {
+            a[u][Ch] = F::fma(c0, F::load(s + 16 * u - k), a[u][Ch]);
+        }
+    }
+}
+
+// U registers of 16 outputs each: lane j of acc[u] is
+// sum_{k<n} c[k] * s[Stride * (16u + j) - k] in the chains of dotNewest.
+// Stride 2 (forward): the 32 samples under a pair of taps are split into
+// even and odd samples, one split serving two taps. Stride 1 (inverse):
+// one load per tap. Reads s[-(n - 1)] up to s[Stride * (16U - 1)].
 template <int Stride, int U>
 VRX_INLINE void polyphase(const float* s, const float* c, int n, F::R (&acc)[U]) {
     F::R a[U][4];
     for (int u = 0; u < U; ++u) a[u][0] = a[u][1] = a[u][2] = a[u][3] = F::zero();
-    // taps k and k + 1 into chains ch and ch + 1
-    auto pair = [&](int k, int ch) VRX_INLINE_LAMBDA {
-        const F::R c0 = F::set1(c[k]), c1 = F::set1(c[k + 1]);
-        for (int u = 0; u < U; ++u) {
-            if constexpr (Stride == 2) {
-                const float* b = s + 32 * u - k - 1;  // evens: tap k + 1, odds: tap k
-                F::R ev, od;
-                simd::deinterleave(F::load(b), F::load(b + 16), ev, od);
-                a[u][ch] = F::fma(c0, od, a[u][ch]);
-                a[u][ch + 1] = F::fma(c1, ev, a[u][ch + 1]);
-            } else {
-                a[u][ch] = F::fma(c0, F::load(s + 16 * u - k), a[u][ch]);
-                a[u][ch + 1] = F::fma(c1, F::load(s + 16 * u - k - 1), a[u][ch + 1]);
-            }
-        }
-    };
     int k = 0;
     for (; k + 3 < n; k += 4) {
-        pair(k, 0);
-        pair(k + 2, 2);
+        tapPair<Stride, U, 0>(s, c, k, a);
+        tapPair<Stride, U, 2>(s, c, k + 2, a);
     }
     if (k + 1 < n) {
-        pair(k, 0);
+        tapPair<Stride, U, 0>(s, c, k, a);
         k += 2;
     }
-    if (k < n) {  // the last tap of an odd count, chain k mod 4
-        const int ch = k & 2;
-        const F::R c0 = F::set1(c[k]);
-        for (int u = 0; u < U; ++u) {
-            if constexpr (Stride == 2) {
-                // the even samples from s - k; the 32nd sample is not needed and not read
-                const float* b = s + 32 * u - k;
-                F::R ev, od;
-                simd::deinterleave(F::load(b), F::loadm(0x7FFF, b + 16), ev, od);
-                a[u][ch] = F::fma(c0, ev, a[u][ch]);
-            } else {
-                a[u][ch] = F::fma(c0, F::load(s + 16 * u - k), a[u][ch]);
-            }
-        }
+    if (k < n) {  // chain k mod 4
+        if (k & 2) tapLast<Stride, U, 2>(s, c, k, a);
+        else tapLast<Stride, U, 0>(s, c, k, a);
     }
     for (int u = 0; u < U; ++u) acc[u] = F::add(F::add(a[u][0], a[u][1]), F::add(a[u][2], a[u][3]));
 }
@@ -160,6 +172,22 @@ VRX_INLINE void convDown2(const float* s, const float* h, int taps, float* out, 
         F::store(out + j, a[0]);
     }
     for (; j < m; ++j) out[j] = dotNewest(h, s + 2 * j, taps);
+}
+
+// One inverse output pair from the band samples ending at w (w[0] newest):
+// A = even taps over w, B = odd taps over w - odd; (A, B) or, in the odd
+// phase, (B, A), written or added to out[0..1].
+template <bool Add>
+VRX_INLINE void up2Pair(const float* w, const float* ge, int ne, const float* go, int no, int odd, float* out) {
+    const float A = dotNewest(ge, w, ne), B = dotNewest(go, w - odd, no);
+    const float e = odd ? B : A, o = odd ? A : B;
+    if constexpr (Add) {
+        out[0] = out[0] + e;
+        out[1] = out[1] + o;
+    } else {
+        out[0] = e;
+        out[1] = o;
+    }
 }
 
 // Inverse body over m band samples, s the newest band sample of pair 0:
@@ -188,17 +216,7 @@ VRX_INLINE void up2Conv(const float* s, const float* ge, int ne, const float* go
             F::store(d + 16, hi);
         }
     }
-    for (; j < m; ++j) {
-        const float A = dotNewest(ge, s + j, ne), B = dotNewest(go, so + j, no);
-        const float e = odd ? B : A, o = odd ? A : B;
-        if constexpr (Add) {
-            out[2 * j] = out[2 * j] + e;
-            out[2 * j + 1] = out[2 * j + 1] + o;
-        } else {
-            out[2 * j] = e;
-            out[2 * j + 1] = o;
-        }
-    }
+    for (; j < m; ++j) up2Pair<Add>(s + j, ge, ne, go, no, odd, out + 2 * j);
 }
 
 }  // namespace n0::wt
