@@ -2354,6 +2354,135 @@ VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_DF1_32s, (VrxsIirState* pState, const Vrx
 
 /* ---------------------------------------------------- wavelet transforms */
 
+/* Streaming two-band wavelet transforms with the caller's filters.
+   Forward band, taps h[0..taps), offset o >= 0:  y[n] = sum_k h[k] x[2n - o - k];
+   offset -1 takes the odd phase, y[n] = sum_k h[k] x[2n + 1 - k]. The low band
+   and the high band run over the same source, each with its own taps and offset.
+   Inverse band, taps g: the band u is delayed by offset/2 samples (C division)
+   and out[2n] = sum_j g[2j] u[n - j], out[2n + 1] = sum_j g[2j + 1] u[n - j];
+   the two bands are added (low first). Odd-offset rule of the inverse: offset
+   -1 delays the output by one sample (out[2n] takes the odd taps over
+   u[n - 1 - j], out[2n + 1] the even taps over u[n - j]); odd offsets >= 1
+   act as offset - 1. So with synthesis taps that reconstruct for offsets 0/0,
+   forward offset -1 with inverse offset -1 reconstructs at the same delay.
+   Delay lines (Get/Set, oldest sample first, as 32f values):
+     forward band: taps - 1 + offset samples (offset -1 counting as 0);
+     inverse band: ceil(taps/2) - 1 + offset/2 band samples, and floor(taps/2)
+     for offset -1.
+   State size: per band, forward
+     b = a16(kernel) + a16(8 taps) + a16(4 taps) + 64 + a16(8 offset) (offset > 0)
+   with the forward kernel size 4 taps + 32; inverse, h = floor((taps+1)/2),
+   g = offset/2,
+     b = a16(8h) + a16(4h) + kernel + 64 + a16(4 taps) + 16 (even taps only)
+         + (a16(8g) + 16 when g != 0) + 48
+   with the inverse kernel size a16(4 floor(taps/2)); the state is
+   (0 for selector 13, else 4096) + a64(b_low + b_high + 48) + 64 bytes, where
+   a16, a64 round up to 16 and 64. Selectors: 13 32f, 1 8u, 5 16u, 7 16s.
+   A state is written by every run: one thread at a time. */
+
+/* state size for the forward transform of source type srcType; *pSize is
+   0 after any failure. -12 unknown selector, -6 a length below 1 (or a size
+   beyond int), -35 an offset below -1 */
+VRXAPI(VrxStatus, vrxsWTFwdGetSize, (int srcType, int lenLow, int offsLow, int lenHigh, int offsHigh, int* pSize))
+/* state size for the inverse transform of result type dstType; as WTFwdGetSize */
+VRXAPI(VrxStatus, vrxsWTInvGetSize, (int dstType, int lenLow, int offsLow, int lenHigh, int offsHigh, int* pSize))
+
+/* forward state in the caller's block: copies the taps, zeroes every line.
+   The identity word is written before the -6 and -35 checks and stays on them */
+VRXAPI(VrxStatus, vrxsWTFwdInit_32f,    (VrxsWtFwdState_32f* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* forward state with an 8u source; as WTFwdInit_32f */
+VRXAPI(VrxStatus, vrxsWTFwdInit_8u32f,  (VrxsWtFwdState_8u32f* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* forward state with a 16u source; as WTFwdInit_32f */
+VRXAPI(VrxStatus, vrxsWTFwdInit_16u32f, (VrxsWtFwdState_16u32f* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* forward state with a 16s source; as WTFwdInit_32f */
+VRXAPI(VrxStatus, vrxsWTFwdInit_16s32f, (VrxsWtFwdState_16s32f* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* inverse state in the caller's block: taps split into even and odd sets,
+   every line zero; identity word written before the -6 and -35 checks */
+VRXAPI(VrxStatus, vrxsWTInvInit_32f,    (VrxsWtInvState_32f* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* inverse state with an 8u result; as WTInvInit_32f */
+VRXAPI(VrxStatus, vrxsWTInvInit_32f8u,  (VrxsWtInvState_32f8u* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* inverse state with a 16u result; as WTInvInit_32f */
+VRXAPI(VrxStatus, vrxsWTInvInit_32f16u, (VrxsWtInvState_32f16u* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+/* inverse state with a 16s result; as WTInvInit_32f */
+VRXAPI(VrxStatus, vrxsWTInvInit_32f16s, (VrxsWtInvState_32f16s* pState, const Vrx32f* pTapsLow, int lenLow, int offsLow, const Vrx32f* pTapsHigh, int lenHigh, int offsHigh))
+
+/* forward transform of 2 dstLen samples into dstLen low and dstLen high
+   values; blocks of any size give the bits of one call. Checks: pointers -8,
+   the state -17, then dstLen -6 */
+VRXAPI(VrxStatus, vrxsWTFwd_32f,    (const Vrx32f* pSrc, Vrx32f* pDstLow, Vrx32f* pDstHigh, int dstLen, VrxsWtFwdState_32f* pState))
+/* forward transform of 8u samples, converted to 32f 1024 at a time; as WTFwd_32f */
+VRXAPI(VrxStatus, vrxsWTFwd_8u32f,  (const Vrx8u* pSrc, Vrx32f* pDstLow, Vrx32f* pDstHigh, int dstLen, VrxsWtFwdState_8u32f* pState))
+/* forward transform of 16u samples; as WTFwd_8u32f */
+VRXAPI(VrxStatus, vrxsWTFwd_16u32f, (const Vrx16u* pSrc, Vrx32f* pDstLow, Vrx32f* pDstHigh, int dstLen, VrxsWtFwdState_16u32f* pState))
+/* forward transform of 16s samples; as WTFwd_8u32f */
+VRXAPI(VrxStatus, vrxsWTFwd_16s32f, (const Vrx16s* pSrc, Vrx32f* pDstLow, Vrx32f* pDstHigh, int dstLen, VrxsWtFwdState_16s32f* pState))
+/* inverse transform of srcLen low and srcLen high values into 2 srcLen
+   samples. Checks: pointers -8, the state -17, then srcLen -6 */
+VRXAPI(VrxStatus, vrxsWTInv_32f,    (const Vrx32f* pSrcLow, const Vrx32f* pSrcHigh, int srcLen, Vrx32f* pDst, VrxsWtInvState_32f* pState))
+/* inverse transform into 8u: the 32f result rounded to nearest (ties even)
+   and saturated, 1024 samples at a time; as WTInv_32f */
+VRXAPI(VrxStatus, vrxsWTInv_32f8u,  (const Vrx32f* pSrcLow, const Vrx32f* pSrcHigh, int srcLen, Vrx8u* pDst, VrxsWtInvState_32f8u* pState))
+/* inverse transform into 16u; as WTInv_32f8u */
+VRXAPI(VrxStatus, vrxsWTInv_32f16u, (const Vrx32f* pSrcLow, const Vrx32f* pSrcHigh, int srcLen, Vrx16u* pDst, VrxsWtInvState_32f16u* pState))
+/* inverse transform into 16s; as WTInv_32f8u */
+VRXAPI(VrxStatus, vrxsWTInv_32f16s, (const Vrx32f* pSrcLow, const Vrx32f* pSrcHigh, int srcLen, Vrx16s* pDst, VrxsWtInvState_32f16s* pState))
+
+/* Delay lines. Set writes each band's line (length above), oldest first, and
+   restarts the rings; a null line means zeros. Get reads them back in the same
+   order and needs both lines. Checks: pointers -8 (pState only for Set),
+   then the state -17 */
+/* sets the forward 32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdSetDlyLine_32f,    (VrxsWtFwdState_32f* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* sets the forward 8u32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdSetDlyLine_8u32f,  (VrxsWtFwdState_8u32f* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* sets the forward 16u32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdSetDlyLine_16u32f, (VrxsWtFwdState_16u32f* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* sets the forward 16s32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdSetDlyLine_16s32f, (VrxsWtFwdState_16s32f* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* reads the forward 32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdGetDlyLine_32f,    (const VrxsWtFwdState_32f* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* reads the forward 8u32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdGetDlyLine_8u32f,  (const VrxsWtFwdState_8u32f* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* reads the forward 16u32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdGetDlyLine_16u32f, (const VrxsWtFwdState_16u32f* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* reads the forward 16s32f lines */
+VRXAPI(VrxStatus, vrxsWTFwdGetDlyLine_16s32f, (const VrxsWtFwdState_16s32f* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* sets the inverse 32f lines */
+VRXAPI(VrxStatus, vrxsWTInvSetDlyLine_32f,    (VrxsWtInvState_32f* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* sets the inverse 32f8u lines */
+VRXAPI(VrxStatus, vrxsWTInvSetDlyLine_32f8u,  (VrxsWtInvState_32f8u* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* sets the inverse 32f16u lines */
+VRXAPI(VrxStatus, vrxsWTInvSetDlyLine_32f16u, (VrxsWtInvState_32f16u* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* sets the inverse 32f16s lines */
+VRXAPI(VrxStatus, vrxsWTInvSetDlyLine_32f16s, (VrxsWtInvState_32f16s* pState, const Vrx32f* pDlyLow, const Vrx32f* pDlyHigh))
+/* reads the inverse 32f lines */
+VRXAPI(VrxStatus, vrxsWTInvGetDlyLine_32f,    (const VrxsWtInvState_32f* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* reads the inverse 32f8u lines */
+VRXAPI(VrxStatus, vrxsWTInvGetDlyLine_32f8u,  (const VrxsWtInvState_32f8u* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* reads the inverse 32f16u lines */
+VRXAPI(VrxStatus, vrxsWTInvGetDlyLine_32f16u, (const VrxsWtInvState_32f16u* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+/* reads the inverse 32f16s lines */
+VRXAPI(VrxStatus, vrxsWTInvGetDlyLine_32f16s, (const VrxsWtInvState_32f16s* pState, Vrx32f* pDlyLow, Vrx32f* pDlyHigh))
+
+/* One-step Haar: high[i] = (x[2i+1] - x[2i]) * 0.5, low[i] = high[i] + x[2i];
+   an odd len gives low[len/2] = x[len-1] and no high value. len counts the
+   source samples */
+VRXAPI(VrxStatus, vrxsWTHaarFwd_32f, (const Vrx32f* pSrc, int len, Vrx32f* pDstLow, Vrx32f* pDstHigh))
+/* Haar forward in double precision; as WTHaarFwd_32f */
+VRXAPI(VrxStatus, vrxsWTHaarFwd_64f, (const Vrx64f* pSrc, int len, Vrx64f* pDstLow, Vrx64f* pDstHigh))
+/* Haar forward on 16s: low = (x[2i] + x[2i+1]) * 2^-(sf+1), high =
+   (x[2i+1] - x[2i]) * 2^-(sf+1), ties to even, saturated (sf -1: plain sums);
+   an odd len gives low = 2 x[len-1] scaled alike */
+VRXAPI(VrxStatus, vrxsWTHaarFwd_16s_Sfs, (const Vrx16s* pSrc, int len, Vrx16s* pDstLow, Vrx16s* pDstHigh, int scaleFactor))
+/* Haar inverse: x[2i] = low[i] - high[i], x[2i+1] = low[i] + high[i]; an odd
+   len gives x[len-1] = low[len/2]. len counts the result samples */
+VRXAPI(VrxStatus, vrxsWTHaarInv_32f, (const Vrx32f* pSrcLow, const Vrx32f* pSrcHigh, Vrx32f* pDst, int len))
+/* Haar inverse in double precision; as WTHaarInv_32f */
+VRXAPI(VrxStatus, vrxsWTHaarInv_64f, (const Vrx64f* pSrcLow, const Vrx64f* pSrcHigh, Vrx64f* pDst, int len))
+/* Haar inverse on 16s: low - high and low + high (odd len: low) times 2^-sf,
+   ties to even, saturated */
+VRXAPI(VrxStatus, vrxsWTHaarInv_16s_Sfs, (const Vrx16s* pSrcLow, const Vrx16s* pSrcHigh, Vrx16s* pDst, int len, int scaleFactor))
+
 /* --------------------------------------------- end of wavelet transforms */
 
 #undef VRXAPI

@@ -1,0 +1,146 @@
+// One-step Haar transforms: floats bit-exact against the formulas, 16-bit
+// against the exact integer rule for every scale factor from -20 to 40.
+#include "vrx_test.h"
+
+#include <cmath>
+
+namespace {
+
+template <class T>
+struct HaarF;
+template <>
+struct HaarF<float> {
+    static VrxStatus fwd(const float* x, int n, float* l, float* h) { return vrxsWTHaarFwd_32f(x, n, l, h); }
+    static VrxStatus inv(const float* l, const float* h, float* x, int n) { return vrxsWTHaarInv_32f(l, h, x, n); }
+};
+template <>
+struct HaarF<double> {
+    static VrxStatus fwd(const double* x, int n, double* l, double* h) { return vrxsWTHaarFwd_64f(x, n, l, h); }
+    static VrxStatus inv(const double* l, const double* h, double* x, int n) { return vrxsWTHaarInv_64f(l, h, x, n); }
+};
+
+const int kLens[] = {1, 2, 3, 4, 5, 31, 32, 33, 34, 63, 64, 65, 66, 127, 128, 129, 130, 1001, 4096};
+
+// Forward and inverse of the float forms on every length class; the
+// guards of the destinations catch writes past len/2 (no high value for
+// the odd sample).
+template <class T>
+void floatsExact() {
+    vt::Rng rng(sizeof(T));
+    for (int n : kLens) {
+        SCOPED_TRACE(n);
+        const int nl = (n + 1) / 2, nh = n / 2;
+        vt::Buffer xb(n * sizeof(T), 4), lb(nl * sizeof(T), 8), hb(nh * sizeof(T) + (nh == 0), 12), yb(n * sizeof(T), 20);
+        T* x = xb.as<T>();
+        T* lo = lb.as<T>();
+        T* hi = hb.as<T>();
+        T* y = yb.as<T>();
+        for (int i = 0; i < n; ++i) x[i] = static_cast<T>(rng.uniform() * 2000 - 1000);
+        ASSERT_EQ(HaarF<T>::fwd(x, n, lo, hi), vrxOk);
+        for (int i = 0; i < nh; ++i) {
+            const T h = (x[2 * i + 1] - x[2 * i]) * T(0.5);
+            EXPECT_TRUE(vt::sameBits(hi[i], h)) << i;
+            EXPECT_TRUE(vt::sameBits(lo[i], static_cast<T>(h + x[2 * i]))) << i;
+        }
+        if (n & 1) EXPECT_TRUE(vt::sameBits(lo[nh], x[n - 1]));
+        ASSERT_EQ(HaarF<T>::inv(lo, hi, y, n), vrxOk);
+        for (int i = 0; i < nh; ++i) {
+            EXPECT_TRUE(vt::sameBits(y[2 * i], static_cast<T>(lo[i] - hi[i]))) << i;
+            EXPECT_TRUE(vt::sameBits(y[2 * i + 1], static_cast<T>(lo[i] + hi[i]))) << i;
+        }
+        if (n & 1) EXPECT_TRUE(vt::sameBits(y[n - 1], lo[nh]));
+        EXPECT_TRUE(xb.guardsIntact() && lb.guardsIntact() && hb.guardsIntact() && yb.guardsIntact());
+    }
+}
+
+TEST(Haar, Float32Exact) { floatsExact<float>(); }
+TEST(Haar, Float64Exact) { floatsExact<double>(); }
+
+// The low value is high + x[2i], not the mean: for these pairs the two differ.
+TEST(Haar, LowIsHighPlusFirst) {
+    const float x[2] = {1.0f, 0x1.000002p0f * 3.0f};
+    float lo, hi;
+    ASSERT_EQ(vrxsWTHaarFwd_32f(x, 2, &lo, &hi), vrxOk);
+    const float h = (x[1] - x[0]) * 0.5f;
+    EXPECT_EQ(lo, h + x[0]);
+    // len 1: low = x[0] and no high value
+    float l1 = 0, h1 = 42.0f, y = 0;
+    ASSERT_EQ(vrxsWTHaarFwd_32f(x, 1, &l1, &h1), vrxOk);
+    EXPECT_EQ(l1, 1.0f);
+    EXPECT_EQ(h1, 42.0f);
+    ASSERT_EQ(vrxsWTHaarInv_32f(&l1, &h1, &y, 1), vrxOk);
+    EXPECT_EQ(y, 1.0f);
+}
+
+// 16s: s and d exact in 32 bits, scaled by sf + 1 forward and sf inverse,
+// ties to even, saturated; the shortcuts beyond +16 and -15 follow the rule.
+TEST(Haar, Int16AgainstExactRule) {
+    vt::Rng rng(16);
+    for (int n : kLens) {
+        const int nl = (n + 1) / 2, nh = n / 2;
+        std::vector<int16_t> x(n);
+        for (int i = 0; i < n; ++i) {
+            // extremes and small values mixed
+            const int pick = static_cast<int>(rng.range(0, 5));
+            x[i] = pick == 0 ? int16_t(32767) : pick == 1 ? int16_t(-32768) : static_cast<int16_t>(rng.next());
+        }
+        for (int sf = -20; sf <= 40; ++sf) {
+            SCOPED_TRACE(testing::Message() << "len " << n << " sf " << sf);
+            vt::Buffer lb(nl * 2, 2), hb(nh * 2 + (nh == 0) * 2, 6), yb(n * 2, 10);
+            int16_t* lo = lb.as<int16_t>();
+            int16_t* hi = hb.as<int16_t>();
+            int16_t* y = yb.as<int16_t>();
+            ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(x.data(), n, lo, hi, sf), vrxOk);
+            for (int i = 0; i < nh; ++i) {
+                ASSERT_EQ(lo[i], vt::scaled<int16_t>(vt::i128(x[2 * i]) + x[2 * i + 1], sf + 1)) << i;
+                ASSERT_EQ(hi[i], vt::scaled<int16_t>(vt::i128(x[2 * i + 1]) - x[2 * i], sf + 1)) << i;
+            }
+            if (n & 1) ASSERT_EQ(lo[nh], vt::scaled<int16_t>(2 * vt::i128(x[n - 1]), sf + 1));
+            // inverse of random bands
+            std::vector<int16_t> l2(nl), h2(nh + 1);
+            for (auto& v : l2) v = static_cast<int16_t>(rng.next());
+            for (auto& v : h2) v = static_cast<int16_t>(rng.next());
+            ASSERT_EQ(vrxsWTHaarInv_16s_Sfs(l2.data(), h2.data(), y, n, sf), vrxOk);
+            for (int i = 0; i < nh; ++i) {
+                ASSERT_EQ(y[2 * i], vt::scaled<int16_t>(vt::i128(l2[i]) - h2[i], sf)) << i;
+                ASSERT_EQ(y[2 * i + 1], vt::scaled<int16_t>(vt::i128(l2[i]) + h2[i], sf)) << i;
+            }
+            if (n & 1) ASSERT_EQ(y[n - 1], vt::scaled<int16_t>(l2[nh], sf));
+            ASSERT_TRUE(lb.guardsIntact() && hb.guardsIntact() && yb.guardsIntact());
+        }
+    }
+    // 32767 + 32767 at sf -1 saturates; the extreme factors
+    const int16_t m[2] = {32767, 32767};
+    int16_t l, h;
+    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(m, 2, &l, &h, -1), vrxOk);
+    EXPECT_EQ(l, 32767);
+    EXPECT_EQ(h, 0);
+    const int16_t q[2] = {-32768, -32768};
+    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(q, 2, &l, &h, 15), vrxOk);  // -65536 / 2^16 = -1
+    EXPECT_EQ(l, -1);
+    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(q, 2, &l, &h, 16), vrxOk);  // -0.5 ties to 0
+    EXPECT_EQ(l, 0);
+    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(q, 2, &l, &h, INT32_MAX), vrxOk);
+    EXPECT_EQ(l, 0);
+    const int16_t r[2] = {-1, 0};
+    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(r, 2, &l, &h, INT32_MIN), vrxOk);
+    EXPECT_EQ(l, -32768);
+    EXPECT_EQ(h, 32767);
+}
+
+// Checks: pointers in order (-8), then the length (-6); nothing written.
+TEST(Haar, Statuses) {
+    float x[4] = {1, 2, 3, 4}, l[2] = {9, 9}, h[2] = {9, 9};
+    EXPECT_EQ(vrxsWTHaarFwd_32f(nullptr, 0, l, h), vrxErrNullPtr);
+    EXPECT_EQ(vrxsWTHaarFwd_32f(x, 0, l, nullptr), vrxErrNullPtr);
+    EXPECT_EQ(vrxsWTHaarFwd_32f(x, 0, l, h), vrxErrBadLength);
+    EXPECT_EQ(vrxsWTHaarInv_32f(l, h, x, -3), vrxErrBadLength);
+    int16_t s[2] = {1, 2}, a = 7, b = 7;
+    EXPECT_EQ(vrxsWTHaarFwd_16s_Sfs(s, 0, &a, &b, 100), vrxErrBadLength);
+    EXPECT_EQ(vrxsWTHaarInv_16s_Sfs(&a, nullptr, s, 0, 0), vrxErrNullPtr);
+    EXPECT_EQ(l[0], 9.0f);
+    EXPECT_EQ(a, 7);
+    EXPECT_EQ(s[0], 1);
+}
+
+}  // namespace
