@@ -543,4 +543,12 @@ VRX_INLINE void streamFence() { _mm_sfence(); }
 // Fetches the cache line of p towards the second-level cache.
 VRX_INLINE void prefetchL2(const void* p) { _mm_prefetch(static_cast<const char*>(p), _MM_HINT_T1); }
 
+// The lanes of a register in reverse order (lane i takes lane N-1-i).
+VRX_INLINE __m512 reverseLanes(__m512 a) {
+    return _mm512_permutexvar_ps(_mm512_setr_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0), a);
+}
+VRX_INLINE __m512d reverseLanes(__m512d a) {
+    return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), a);
+}
+
 }  // namespace n0::simd
