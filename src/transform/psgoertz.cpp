@@ -9,7 +9,8 @@
 // so the chain of dependent operations is three per four samples; the
 // sample terms do not depend on the state. The 32- and 16-bit forms round
 // c, s and the U_k (computed in double from the rounded c) to float and
-// run in float; the 64-bit forms run in double.
+// run in float; the 64-bit forms run in double. The 16-bit forms run at
+// round to nearest whatever the caller's mode, which they put back.
 #include "vrx_base.h"
 #include "vrx_fpu.h"
 #include "vrx_tiers.h"
@@ -99,7 +100,8 @@ VrxStatus goertzCplx(const S* src, int len, Out* pVal, double rFreq, Tier t) {
     return vrxOk;
 }
 
-// v * 2^-sf, clamped to the 16-bit range, rounded to nearest. The scale is
+// v * 2^-sf, clamped to the 16-bit range, rounded to nearest (the caller
+// holds rounding at nearest). The scale is
 // applied as two finite powers of two, so no value gives NaN: any scale
 // factor gives 0 or a bound where the exact result is out of reach.
 int16_t scaleTo16s(float v, int sf) {
@@ -109,7 +111,6 @@ int16_t scaleTo16s(float v, int sf) {
     r = ldexp(r, -(e - e / 2));
     if (r > 32767.0) r = 32767.0;
     if (r < -32768.0) r = -32768.0;
-    n0::RoundNearestGuard g;
     return static_cast<int16_t>(lrint(r));
 }
 
@@ -132,6 +133,8 @@ VrxStatus N0(vrxsGoertz_64fc)(const Vrx64fc* pSrc, int len, Vrx64fc* pVal, Vrx64
     return goertzCplx<double>(pSrc, len, pVal, rFreq, Tier::A53);
 }
 VrxStatus N0(vrxsGoertz_16s_Sfs)(const Vrx16s* pSrc, int len, Vrx16sc* pVal, Vrx32f rFreq, int scaleFactor) {
+    // the whole kernel, factors and conversion, runs at round to nearest
+    n0::RoundNearestGuard g;
     Val32 v;
     if (VrxStatus st = goertzReal<float>(pSrc, len, pVal ? &v : nullptr, rFreq, Tier::A26)) return st;
     pVal->re = scaleTo16s(v.re, scaleFactor);
@@ -139,6 +142,8 @@ VrxStatus N0(vrxsGoertz_16s_Sfs)(const Vrx16s* pSrc, int len, Vrx16sc* pVal, Vrx
     return vrxOk;
 }
 VrxStatus N0(vrxsGoertz_16sc_Sfs)(const Vrx16sc* pSrc, int len, Vrx16sc* pVal, Vrx32f rFreq, int scaleFactor) {
+    // the whole kernel, factors and conversion, runs at round to nearest
+    n0::RoundNearestGuard g;
     Val32 v;
     if (VrxStatus st = goertzCplx<float>(pSrc, len, pVal ? &v : nullptr, rFreq, Tier::A26)) return st;
     pVal->re = scaleTo16s(v.re, scaleFactor);
