@@ -523,9 +523,66 @@ template <class T> void preInv(const T* y, const T* q, T* v, int64_t N) {
 
 // ------------------------------------------------------------ direct path
 
+// The sums run across outputs, one lane each, three registers of lanes at
+// a time: lane k needs cos((2i+1) k pi/(2N)) for i = 0, 1, ..., the table
+// entry at index (2i+1)k mod 4N. Every eighth term reads the table (cos at
+// the index, sin at the index minus N); the terms between turn the pair by
+// the lane's step angle, so that seven of eight table reads are rotations
+// and the three registers' rotations overlap. Terms add in the order of i.
+using I32 = simd::VInt<int32_t, 4>;
+constexpr int kGroup = 3;
+
+// a + b reduced once modulo 4N (both below 4N).
+VRX_INLINE I32::R addMod(I32::R a, I32::R b, I32::R L4) {
+    const I32::R t = I32::add(a, b);
+    return I32::blend(I32::ge(t, L4), t, I32::sub(t, L4));
+}
+
+template <class T> VRX_INLINE typename simd::V<T>::R tabAt(const T* tab, I32::R idx) { return simd::gatherAt(tab, idx); }
+
+// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)).
+template <class T, class Coef>
+VRX_INLINE void walkSum(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Coef coef,
+                        typename simd::V<T>::R* acc) {
+    using F = simd::V<T>;
+    const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);  // sin at j is cos at j + 3N mod 4N
+    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup];
+    I32::R idx[kGroup], step8[kGroup];
+#pragma GCC unroll 3
+    for (int b = 0; b < kGroup; ++b) {
+        cr[b] = tabAt(tab, step[b]);
+        sr[b] = tabAt(tab, addMod(step[b], q, L4));
+        I32::R s8 = addMod(step[b], step[b], L4);
+        s8 = addMod(s8, s8, L4);
+        step8[b] = addMod(s8, s8, L4);
+        idx[b] = start[b];
+        acc[b] = F::zero();
+    }
+    for (int t = 0; t < terms; ++t) {
+        if ((t & 7) == 0) {
+#pragma GCC unroll 3
+            for (int b = 0; b < kGroup; ++b) {
+                c[b] = tabAt(tab, idx[b]);
+                s[b] = tabAt(tab, addMod(idx[b], q, L4));
+                idx[b] = addMod(idx[b], step8[b], L4);
+            }
+        } else {
+#pragma GCC unroll 3
+            for (int b = 0; b < kGroup; ++b) {
+                const typename F::R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
+                s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
+                c[b] = nc;
+            }
+        }
+#pragma GCC unroll 3
+        for (int b = 0; b < kGroup; ++b) acc[b] = F::add(acc[b], F::mul(coef(t, b), c[b]));
+    }
+}
+
 template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
     const int N = p->length, n2 = N / 2, m = (N + 1) / 2;
-    const int64_t L = 4 * int64_t(N);
     const T* tab = static_cast<const T*>(p->dirTab);
     T* s = w;
     T* d = w + m;
@@ -534,56 +591,64 @@ template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
         d[i] = x[i] - x[N - 1 - i];
     }
     if (N & 1) s[n2] = x[n2];
-    const T c0 = static_cast<T>(p->scale0), c1 = static_cast<T>(p->scale1);
-    // two outputs per pass: k even (sums of s) and k + 1 (sums of d)
-    for (int k = 0; k < N; k += 2) {
-        T ae = T(0), ao = T(0);
-        int64_t ie = k, io = k + 1;
-        const int64_t se = 2 * int64_t(k) % L, so = 2 * int64_t(k + 1) % L;
-        for (int i = 0; i < m; ++i) {
-            ae += s[i] * tab[ie];
-            ie += se;
-            if (ie >= L) ie -= L;
+    const I32::R last = I32::set1(N - 1), one = I32::set1(1);
+    const typename F::R c0 = F::set1(static_cast<T>(p->scale0)), c1 = F::set1(static_cast<T>(p->scale1));
+    // even outputs sum s, odd outputs sum d; the middle sample of odd N
+    // has no difference term
+    for (int g = 0; g < N; g += kGroup * L) {
+        I32::R k[kGroup], step[kGroup];
+        typename F::M odd[kGroup];
+        typename F::R acc[kGroup];
+        for (int b = 0; b < kGroup; ++b) {
+            k[b] = I32::min(I32::add(I32::set1(g + b * L), simd::iota32()), last);
+            step[b] = I32::add(k[b], k[b]);
+            odd[b] = static_cast<typename F::M>(I32::test(k[b], one));
         }
-        if (k + 1 < N) {
-            for (int i = 0; i < n2; ++i) {
-                ao += d[i] * tab[io];
-                io += so;
-                if (io >= L) io -= L;
-            }
-            y[k + 1] = ao * c1;
+        walkSum<T>(tab, N, k, step, m,
+                   [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
+        for (int b = 0; b < kGroup; ++b) {
+            const int k0 = g + b * L;
+            if (k0 >= N) break;
+            const typename F::M first = static_cast<typename F::M>(I32::eq(k[b], I32::zero()));
+            F::storem(y + k0, simd::tail<T>(N - k0 < L ? N - k0 : L), F::mul(acc[b], F::blend(first, c1, c0)));
         }
-        y[k] = ae * (k ? c1 : c0);
     }
 }
 
 template <class T> void directInv(const Plan* p, const T* y, T* x, T* w) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
     const int N = p->length, n2 = N / 2, m = (N + 1) / 2;
-    const int64_t L = 4 * int64_t(N);
     const T* tab = static_cast<const T*>(p->dirTab);
     const T c0 = static_cast<T>(p->scale0), c1 = static_cast<T>(p->scale1);
-    w[0] = y[0] * c0;
-    for (int k = 1; k < N; ++k) w[k] = y[k] * c1;
-    // x[n] = E + O, x[N-1-n] = E - O: E over even k, O over odd k
-    for (int n = 0; n < m; ++n) {
-        const int64_t st = 2 * (2 * int64_t(n) + 1) % L;
-        T e = T(0), o = T(0);
-        int64_t ie = 0, io = (2 * int64_t(n) + 1) % L;
-        for (int k = 0; k < N; k += 2) {
-            e += w[k] * tab[ie];
-            ie += st;
-            if (ie >= L) ie -= L;
+    // scaled copy, even k first, then odd k (the source may be the destination)
+    T* we = w;
+    T* wo = w + m;
+    for (int k = 0; k < N; k += 2) we[k / 2] = y[k] * (k ? c1 : c0);
+    for (int k = 1; k < N; k += 2) wo[k / 2] = y[k] * c1;
+    const I32::R lastN = I32::set1(m - 1);
+    // x[n] = E + O, x[N-1-n] = E - O, E over even k, O over odd k; the
+    // middle output of odd N is E alone
+    for (int g = 0; g < m; g += kGroup * L) {
+        I32::R n21[kGroup], step[kGroup], zero[kGroup];
+        typename F::R e[kGroup], o[kGroup];
+        for (int b = 0; b < kGroup; ++b) {
+            const I32::R n = I32::min(I32::add(I32::set1(g + b * L), simd::iota32()), lastN);
+            n21[b] = I32::add(I32::add(n, n), I32::set1(1));
+            step[b] = I32::add(n21[b], n21[b]);
+            zero[b] = I32::zero();
         }
-        for (int k = 1; k < N; k += 2) {
-            o += w[k] * tab[io];
-            io += st;
-            if (io >= L) io -= L;
-        }
-        if (n < n2) {
-            x[n] = e + o;
-            x[N - 1 - n] = e - o;
-        } else {
-            x[n] = e;
+        walkSum<T>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
+        walkSum<T>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
+        for (int b = 0; b < kGroup; ++b) {
+            const int n0 = g + b * L;
+            if (n0 >= m) break;
+            const int cnt = m - n0 < L ? m - n0 : L;                          // outputs x[n]
+            const int pairs = n2 - n0 < 0 ? 0 : (n2 - n0 < L ? n2 - n0 : L);  // lanes with a mirror
+            const typename F::M mid = static_cast<typename F::M>(~simd::tail<T>(pairs));
+            F::storem(x + n0, simd::tail<T>(cnt), F::add(e[b], F::blend(mid, o[b], F::zero())));
+            F::storem(x + N - n0 - L, static_cast<typename F::M>(~simd::tail<T>(L - pairs)),
+                      simd::reverseLanes(F::sub(e[b], o[b])));
         }
     }
 }
