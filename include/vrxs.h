@@ -2350,6 +2350,68 @@ VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_DF1_32s, (VrxsIirState* pState, const Vrx
 
 /* ------------------------------------------------------ DCT and Goertzel */
 
+/* Orthonormal DCT: forward y[k] = c_k sum x[n] cos((2n+1) k pi/(2N)), c_0 = 1/sqrt(N),
+ * c_k = sqrt(2/N); the inverse is its transpose. Lengths up to 8 that are powers of two run
+ * kernels, larger powers of two a real FFT, other lengths up to 35 (32f) or 45 (64f) direct
+ * sums, the rest a chirp convolution through a complex FFT. Sizes in bytes; the plan aligns
+ * itself in pSpecMem; the work buffer is rounded up to 64 bytes by each call. */
+
+/* sizes of a forward plan of the given length (-6 outside every path; the chirp path ends
+ * at 33554431 (32f) or 16777215 (64f) here, below the Init limit) */
+VRXAPI(VrxStatus, vrxsDCTFwdGetSize_32f, (int length, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* sizes of an inverse plan: the same as the forward plan's */
+VRXAPI(VrxStatus, vrxsDCTInvGetSize_32f, (int length, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* double-precision forward plan sizes */
+VRXAPI(VrxStatus, vrxsDCTFwdGetSize_64f, (int length, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* double-precision inverse plan sizes: those of the forward plan */
+VRXAPI(VrxStatus, vrxsDCTInvGetSize_64f, (int length, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* builds a forward plan in pSpecMem and stores its address in *ppPlan; the length is tested
+ * first (-6), then ppPlan and pSpecMem (-8), then pInitBuf when the init size is positive
+ * (-8); statuses of the inner FFT plan pass through */
+VRXAPI(VrxStatus, vrxsDCTFwdInit_32f, (VrxsDctPlan_Fwd_32f** ppPlan, int length, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* builds an inverse plan; checks as for the forward plan */
+VRXAPI(VrxStatus, vrxsDCTInvInit_32f, (VrxsDctPlan_Inv_32f** ppPlan, int length, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* double-precision forward plan; checks as for the 32f form */
+VRXAPI(VrxStatus, vrxsDCTFwdInit_64f, (VrxsDctPlan_Fwd_64f** ppPlan, int length, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* double-precision inverse plan; checks as for the 32f form */
+VRXAPI(VrxStatus, vrxsDCTInvInit_64f, (VrxsDctPlan_Inv_64f** ppPlan, int length, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* forward DCT of pSrc into pDst (may be the same): plan, pSrc or pDst null -8, then a plan
+ * of another kind -17, then pBuf null when the plan needs work -8 */
+VRXAPI(VrxStatus, vrxsDCTFwd_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDctPlan_Fwd_32f* plan, Vrx8u* pBuf))
+/* forward DCT in place; checks as for vrxsDCTFwd_32f */
+VRXAPI(VrxStatus, vrxsDCTFwd_32f_I, (Vrx32f* pSrcDst, const VrxsDctPlan_Fwd_32f* plan, Vrx8u* pBuf))
+/* inverse DCT of pSrc into pDst; checks as for vrxsDCTFwd_32f */
+VRXAPI(VrxStatus, vrxsDCTInv_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDctPlan_Inv_32f* plan, Vrx8u* pBuf))
+/* inverse DCT in place */
+VRXAPI(VrxStatus, vrxsDCTInv_32f_I, (Vrx32f* pSrcDst, const VrxsDctPlan_Inv_32f* plan, Vrx8u* pBuf))
+/* double-precision forward DCT; checks as for vrxsDCTFwd_32f */
+VRXAPI(VrxStatus, vrxsDCTFwd_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDctPlan_Fwd_64f* plan, Vrx8u* pBuf))
+/* double-precision forward DCT in place */
+VRXAPI(VrxStatus, vrxsDCTFwd_64f_I, (Vrx64f* pSrcDst, const VrxsDctPlan_Fwd_64f* plan, Vrx8u* pBuf))
+/* double-precision inverse DCT */
+VRXAPI(VrxStatus, vrxsDCTInv_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDctPlan_Inv_64f* plan, Vrx8u* pBuf))
+/* double-precision inverse DCT in place */
+VRXAPI(VrxStatus, vrxsDCTInv_64f_I, (Vrx64f* pSrcDst, const VrxsDctPlan_Inv_64f* plan, Vrx8u* pBuf))
+
+/* Goertzel: the spectral value at rFreq (a fraction of the sample rate, 0 <= rFreq < 1, else
+ * -27) as exp(i theta (len-1)) sum x[n] exp(-i theta n), theta = 2 pi rFreq: the phase refers
+ * to the last sample. *pVal is written only on success. */
+
+/* real 32-bit input; c and s rounded to float, four samples a step */
+VRXAPI(VrxStatus, vrxsGoertz_32f, (const Vrx32f* pSrc, int len, Vrx32fc* pVal, Vrx32f rFreq))
+/* complex 32-bit input */
+VRXAPI(VrxStatus, vrxsGoertz_32fc, (const Vrx32fc* pSrc, int len, Vrx32fc* pVal, Vrx32f rFreq))
+/* real 64-bit input, recurrence in double */
+VRXAPI(VrxStatus, vrxsGoertz_64f, (const Vrx64f* pSrc, int len, Vrx64fc* pVal, Vrx64f rFreq))
+/* complex 64-bit input */
+VRXAPI(VrxStatus, vrxsGoertz_64fc, (const Vrx64fc* pSrc, int len, Vrx64fc* pVal, Vrx64f rFreq))
+/* real 16-bit input: the float result times 2^-scaleFactor, saturated, rounded to nearest
+ * whatever the caller's rounding mode */
+VRXAPI(VrxStatus, vrxsGoertz_16s_Sfs, (const Vrx16s* pSrc, int len, Vrx16sc* pVal, Vrx32f rFreq, int scaleFactor))
+/* complex 16-bit input; scaled as vrxsGoertz_16s_Sfs */
+VRXAPI(VrxStatus, vrxsGoertz_16sc_Sfs, (const Vrx16sc* pSrc, int len, Vrx16sc* pVal, Vrx32f rFreq, int scaleFactor))
+
+
 /* ----------------------------------------------- end of DCT and Goertzel */
 
 /* ---------------------------------------------------- wavelet transforms */

@@ -560,4 +560,26 @@ VRX_INLINE void scatter64(double* p, __m256i idx, __m512d v) { _mm512_i32scatter
 VRX_INLINE __m512i steps16(int step) { return _mm512_mullo_epi32(_mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15), _mm512_set1_epi32(step)); }
 VRX_INLINE __m256i steps8(int step) { return _mm256_mullo_epi32(_mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7), _mm256_set1_epi32(step)); }
 
+// The lanes of a register in reverse order (lane i takes lane N-1-i).
+VRX_INLINE __m512 reverseLanes(__m512 a) {
+    return _mm512_permutexvar_ps(_mm512_setr_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0), a);
+}
+VRX_INLINE __m512d reverseLanes(__m512d a) {
+    return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), a);
+}
+
+// Table values at 32-bit indices: 16 floats, or 8 doubles at the low eight
+// indices.
+VRX_INLINE __m512 gatherAt(const float* base, __m512i idx) { return _mm512_i32gather_ps(idx, base, 4); }
+VRX_INLINE __m512d gatherAt(const double* base, __m512i idx) {
+    return _mm512_i32gather_pd(_mm512_castsi512_si256(idx), base, 8);
+}
+// Eight table values at the low eight 32-bit indices, as doubles.
+VRX_INLINE __m512d gatherAtWide(const float* base, __m512i idx) {
+    return _mm512_cvtps_pd(_mm256_i32gather_ps(base, _mm512_castsi512_si256(idx), 4));
+}
+VRX_INLINE __m512d gatherAtWide(const double* base, __m512i idx) { return gatherAt(base, idx); }
+// The lanes 0, 1, 2, ... as 32-bit integers.
+VRX_INLINE __m512i iota32() { return _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15); }
+
 }  // namespace n0::simd

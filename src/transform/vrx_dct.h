@@ -1,0 +1,811 @@
+// Orthonormal DCT (type II forward, type III inverse) of any length: the
+// plan record, the choice of path, the layout, and the four paths as one
+// template over the element type. psdcts.cpp and psdctd.cpp hold the entries.
+//
+// Paths, chosen from N at initialisation:
+//   kernels   N = 1, 2, 4, 8: straight-line butterflies, scale in the constants
+//   FFT       larger powers of two: even samples forward, odd samples backward,
+//             a real FFT of length N to Perm, one rotation pass (postTab holds
+//             the scale, so no separate scaling pass)
+//   direct    other N up to 35 (single) or 45 (double): folded sums over a
+//             table of 4N cosines
+//   chirp     the rest: a convolution through a power-of-two complex FFT of
+//             length M >= 2h - 1 (h = N/2 for even N, h = N for odd N)
+#pragma once
+
+#include "vrx_base.h"
+#include "vrx_layout.h"
+#include "simd/simd.h"
+
+#include <math.h>
+#include <string.h>
+
+namespace n0::dct {
+
+// The plan header, on a 64-byte boundary of the caller's block.
+struct Plan {
+    int32_t idWord;
+    int32_t length;
+    int32_t algHint;     // stored, never consulted
+    int32_t workSize;    // bytes of work buffer, without the 64 bytes of slack
+    double scale0;       // 1/sqrt(N)
+    double scale1;       // sqrt(2)/sqrt(N)
+    int32_t useKernel, useFft, useConv;
+    int32_t convLength;  // M of the chirp path
+    void* dirTab;        // direct: cos(2*pi*j/(4N)), j < 4N
+    void* postTab;       // final factors (FFT and chirp paths)
+    void* rotTab;        // chirp path: second factor table
+    void* chirpTab;
+    void* filterTab;     // chirp path: spectrum of the conjugate chirp, times 1/M
+    void* innerPlan;     // the FFT plan
+};
+static_assert(sizeof(Plan) == 96, "the fixed 192 bytes of the size rules hold the header and its alignment");
+
+enum class Path { Kernel, Fft, Direct, Conv };
+
+// Per-width pieces: limits, element sizes and the FFT entries.
+template <class T> struct Width;
+template <> struct Width<float> {
+    using C = Vrx32fc;
+    using RPlan = VrxsFftPlan_R_32f;
+    using CPlan = VrxsFftPlan_C_32fc;
+    static constexpr int kFftMax = 268435455, kDirectMax = 35, kConvInit = 67108863, kConvSize = 33554431;
+    static constexpr ObjId kFwd = ObjId::DctFwd32f, kInv = ObjId::DctInv32f;
+    static VrxStatus rSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_R_32f)(o, 8, 0, s, i, w); }
+    static VrxStatus cSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_C_32fc)(o, 8, 0, s, i, w); }
+    static VrxStatus rInit(RPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_R_32f)(p, o, 8, 0, m, b); }
+    static VrxStatus cInit(CPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_C_32fc)(p, o, 8, 0, m, b); }
+    static VrxStatus rFwd(float* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_RToPerm_32f_I)(d, p, b); }
+    static VrxStatus rInv(float* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTInv_PermToR_32f_I)(d, p, b); }
+    static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_CToC_32fc_I)(d, p, b); }
+    static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTInv_CToC_32fc_I)(d, p, b); }
+    static VrxStatus mulI(const C* s, C* d, int n) { return N0(vrxsMul_32fc_I)(s, d, n); }
+    static VrxStatus zero(C* d, int n) { return N0(vrxsZero_32fc)(d, n); }
+};
+template <> struct Width<double> {
+    using C = Vrx64fc;
+    using RPlan = VrxsFftPlan_R_64f;
+    using CPlan = VrxsFftPlan_C_64fc;
+    static constexpr int kFftMax = 134217727, kDirectMax = 45, kConvInit = 33554431, kConvSize = 16777215;
+    static constexpr ObjId kFwd = ObjId::DctFwd64f, kInv = ObjId::DctInv64f;
+    static VrxStatus rSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_R_64f)(o, 8, 0, s, i, w); }
+    static VrxStatus cSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_C_64fc)(o, 8, 0, s, i, w); }
+    static VrxStatus rInit(RPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_R_64f)(p, o, 8, 0, m, b); }
+    static VrxStatus cInit(CPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_C_64fc)(p, o, 8, 0, m, b); }
+    static VrxStatus rFwd(double* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_RToPerm_64f_I)(d, p, b); }
+    static VrxStatus rInv(double* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTInv_PermToR_64f_I)(d, p, b); }
+    static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_CToC_64fc_I)(d, p, b); }
+    static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTInv_CToC_64fc_I)(d, p, b); }
+    static VrxStatus mulI(const C* s, C* d, int n) { return N0(vrxsMul_64fc_I)(s, d, n); }
+    static VrxStatus zero(C* d, int n) { return N0(vrxsZero_64fc)(d, n); }
+};
+
+VRX_INLINE uint8_t* align64(uint8_t* p) { return reinterpret_cast<uint8_t*>((addr(p) + 63) & ~uintptr_t(63)); }
+
+// ------------------------------------------------------------ choice and sizes
+
+struct Choice {
+    Path path;
+    int order;      // FFT path: log2 N; chirp path: log2 M
+    int64_t h, M;   // chirp path
+    int fs, fi, fw; // sizes of the inner FFT plan
+};
+
+// The path of length N. The chirp path ends earlier for the size query
+// than for Init (forInit false). Lengths outside every path give -6.
+template <class T>
+VrxStatus choose(int N, bool forInit, Choice& c) {
+    using W = Width<T>;
+    if (N < 1) return vrxErrBadLength;
+    c = Choice{};
+    const bool pow2 = (N & (N - 1)) == 0;
+    if (pow2 && N <= 8) {
+        c.path = Path::Kernel;
+        return vrxOk;
+    }
+    if (pow2) {
+        if (N > W::kFftMax) return vrxErrBadLength;
+        c.path = Path::Fft;
+        c.order = __builtin_ctz(static_cast<unsigned>(N));
+        return W::rSize(c.order, &c.fs, &c.fi, &c.fw);
+    }
+    if (N <= W::kDirectMax) {
+        c.path = Path::Direct;
+        return vrxOk;
+    }
+    if (N > (forInit ? W::kConvInit : W::kConvSize)) return vrxErrBadLength;
+    c.path = Path::Conv;
+    c.h = (N & 1) ? N : N / 2;
+    c.order = 0;
+    while ((int64_t(1) << c.order) < 2 * c.h - 1) ++c.order;
+    c.M = int64_t(1) << c.order;
+    return W::cSize(c.order, &c.fs, &c.fi, &c.fw);
+}
+
+struct Sizes {
+    int spec, init, work;
+};
+
+// The byte counts of the size rules, in 32-bit arithmetic.
+template <class T>
+Sizes sizesOf(int N, const Choice& c) {
+    const uint32_t e = sizeof(T), n = static_cast<uint32_t>(N);
+    const uint32_t fi = static_cast<uint32_t>(c.fi), fw = static_cast<uint32_t>(c.fw);
+    uint32_t s = 0, i = 0, w = 0;
+    switch (c.path) {
+        case Path::Kernel: s = 168; break;
+        case Path::Fft:
+            s = static_cast<uint32_t>(c.fs) + e * n + 192;
+            i = c.fi > 0 ? fi + 64 : 0;
+            w = fw + e * n + 64;
+            break;
+        case Path::Direct:
+            s = 4 * e * n + 192;
+            w = e * n + 64;
+            break;
+        case Path::Conv: {
+            const uint32_t h = static_cast<uint32_t>(c.h), M = static_cast<uint32_t>(c.M);
+            s = static_cast<uint32_t>(c.fs) + (3 * h + M) * 2 * e + 192;
+            const uint32_t m = fi > fw ? fi : fw;
+            i = m > 0 ? m + 64 : 0;
+            w = fw + 2 * e * M + 64;
+            break;
+        }
+    }
+    return {static_cast<int>(s), static_cast<int>(i), static_cast<int>(w)};
+}
+
+template <class T> struct Pieces {
+    using C = typename Width<T>::C;
+    Plan* hdr = nullptr;
+    T* dir = nullptr;
+    T* post = nullptr;
+    C* postC = nullptr;
+    C* rot = nullptr;
+    C* chirp = nullptr;
+    C* filter = nullptr;
+    uint8_t* inner = nullptr;
+};
+
+// The one layout of the plan: the header, then the tables of the path;
+// the inner FFT plan last, handed its raw bytes (it aligns itself within
+// its own size).
+template <class T>
+Pieces<T> layout(Carver& c, int N, const Choice& ch) {
+    using C = typename Width<T>::C;
+    Pieces<T> p;
+    p.hdr = c.take<Plan>(1);
+    switch (ch.path) {
+        case Path::Kernel: break;
+        case Path::Fft:
+            p.post = c.take<T>(N);
+            p.inner = c.take<uint8_t>(ch.fs, 8);
+            break;
+        case Path::Direct: p.dir = c.take<T>(4 * int64_t(N)); break;
+        case Path::Conv:
+            p.filter = c.take<C>(ch.M);
+            p.chirp = c.take<C>(ch.h, alignof(C));
+            p.rot = c.take<C>(ch.h, alignof(C));
+            p.postC = c.take<C>(ch.h, alignof(C));
+            p.inner = c.take<uint8_t>(ch.fs, 8);
+            break;
+    }
+    return p;
+}
+
+template <class T>
+VrxStatus getSize(int N, int* pSpec, int* pInit, int* pWork) {
+    if (anyNull(pSpec, pInit, pWork)) return vrxErrNullPtr;
+    Choice ch;
+    if (VrxStatus st = choose<T>(N, false, ch)) return st;
+    const Sizes s = sizesOf<T>(N, ch);
+    *pSpec = s.spec;
+    *pInit = s.init;
+    *pWork = s.work;
+    return vrxOk;
+}
+
+// ------------------------------------------------------------ tables
+
+template <class T> VRX_INLINE void setC(typename Width<T>::C& d, double re, double im) {
+    d.re = static_cast<T>(re);
+    d.im = static_cast<T>(im);
+}
+
+// exp(-i*pi*q/den) for the chirp with q = j^2 mod 2*den, kept by running
+// addition: den = h for even N (length h), den = 2N for odd N (length N).
+template <class T>
+void buildChirp(typename Width<T>::C* w, int64_t len, int64_t den) {
+    const int64_t mod = 2 * den;
+    int64_t q = 0;
+    for (int64_t j = 0; j < len; ++j) {
+        const double a = M_PI * static_cast<double>(q) / static_cast<double>(den);
+        setC<T>(w[j], cos(a), -sin(a));
+        q += 2 * j + 1;
+        while (q >= mod) q -= mod;
+    }
+}
+
+template <class T>
+VrxStatus init(ObjId id, void** ppPlan, int N, int hint, uint8_t* pSpecMem, uint8_t* pInitBuf) {
+    using W = Width<T>;
+    using C = typename W::C;
+    Choice ch;
+    if (N < 1) return vrxErrBadLength;
+    if (VrxStatus st = choose<T>(N, true, ch)) return st;
+    if (!ppPlan || !pSpecMem) return vrxErrNullPtr;
+    const Sizes sz = sizesOf<T>(N, ch);
+    if (sz.init > 0 && !pInitBuf) return vrxErrNullPtr;
+
+    Carver c(pSpecMem);
+    const Pieces<T> o = layout<T>(c, N, ch);
+    Plan* p = o.hdr;
+    memset(p, 0, sizeof(Plan));
+    p->length = N;
+    p->algHint = hint;
+    p->scale0 = 1.0 / sqrt(static_cast<double>(N));
+    p->scale1 = sqrt(2.0) / sqrt(static_cast<double>(N));
+    const double c0 = p->scale0, c1 = p->scale1;
+    const bool fwd = id == W::kFwd;
+    switch (ch.path) {
+        case Path::Kernel:
+            p->useKernel = 1;
+            break;
+        case Path::Fft: {
+            typename W::RPlan* inner = nullptr;
+            if (VrxStatus st = W::rInit(&inner, ch.order, o.inner, pInitBuf)) return st;
+            p->useFft = 1;
+            p->innerPlan = inner;
+            p->postTab = o.post;
+            p->workSize = static_cast<int32_t>(sizeof(T) * N + (ch.fw > 0 ? ch.fw - 64 : 0));
+            // forward: (-c1 cos t, c1 sin t); inverse: c1/2 (cos t, sin t);
+            // t = pi k/(2N); entries 0 and 1 hold c0
+            T* q = o.post;
+            q[0] = q[1] = static_cast<T>(c0);
+            for (int k = 1; k < N / 2; ++k) {
+                const double t = M_PI * k / (2.0 * N);
+                if (fwd) {
+                    q[2 * k] = static_cast<T>(-c1 * cos(t));
+                    q[2 * k + 1] = static_cast<T>(c1 * sin(t));
+                } else {
+                    q[2 * k] = static_cast<T>(0.5 * c1 * cos(t));
+                    q[2 * k + 1] = static_cast<T>(0.5 * c1 * sin(t));
+                }
+            }
+            break;
+        }
+        case Path::Direct: {
+            p->dirTab = o.dir;
+            p->workSize = static_cast<int32_t>(sizeof(T) * N);
+            const int64_t L = 4 * int64_t(N);
+            for (int64_t j = 0; j < L; ++j) o.dir[j] = static_cast<T>(cos(2.0 * M_PI * j / static_cast<double>(L)));
+            break;
+        }
+        case Path::Conv: {
+            typename W::CPlan* inner = nullptr;
+            if (VrxStatus st = W::cInit(&inner, ch.order, o.inner, pInitBuf)) return st;
+            const int64_t h = ch.h, M = ch.M;
+            const bool even = (N & 1) == 0;
+            buildChirp<T>(o.chirp, h, even ? h : 2 * int64_t(N));
+            // filter: conj(chirp) at m and M - m, transformed, times 1/M
+            C* f = o.filter;
+            W::zero(f, static_cast<int>(M));
+            for (int64_t m = 0; m < h; ++m) {
+                const C v{o.chirp[m].re, static_cast<T>(-o.chirp[m].im)};
+                f[m] = v;
+                if (m) f[M - m] = v;
+            }
+            if (VrxStatus st = W::cFwd(f, inner, pInitBuf)) return st;
+            const T inv = T(1) / static_cast<T>(M);
+            for (int64_t m = 0; m < M; ++m) {
+                f[m].re *= inv;
+                f[m].im *= inv;
+            }
+            if (even) {
+                // rotation exp(-+2 pi i k/N); post: forward c1/2 (cos t, sin t),
+                // inverse exp(i t)/(2h c1) with entry 0 = 1/(2h c0) twice
+                for (int64_t k = 0; k < h; ++k) {
+                    const double r = 2.0 * M_PI * static_cast<double>(k) / N;
+                    const double t = M_PI * static_cast<double>(k) / (2.0 * N);
+                    if (fwd) {
+                        setC<T>(o.rot[k], cos(r), -sin(r));
+                        setC<T>(o.postC[k], 0.5 * c1 * cos(t), 0.5 * c1 * sin(t));
+                    } else {
+                        const double g = 1.0 / (2.0 * static_cast<double>(h) * c1);
+                        setC<T>(o.rot[k], cos(r), sin(r));
+                        setC<T>(o.postC[k], g * cos(t), g * sin(t));
+                    }
+                }
+                if (!fwd) {
+                    const double s0 = 1.0 / (2.0 * static_cast<double>(h) * c0);
+                    setC<T>(o.postC[0], s0, s0);
+                }
+            } else {
+                // post: c_k exp(-i t); inverse rotation: the same times the chirp
+                for (int64_t k = 0; k < h; ++k) {
+                    const double t = M_PI * static_cast<double>(k) / (2.0 * N);
+                    const double ck = k ? c1 : c0;
+                    const double pr = ck * cos(t), pi = -ck * sin(t);
+                    setC<T>(o.postC[k], pr, pi);
+                    // chirp value recomputed in double for the product
+                    const int64_t q = (k * k) % (4 * int64_t(N));
+                    const double a = M_PI * static_cast<double>(q) / (2.0 * N);
+                    const double wr = cos(a), wi = -sin(a);
+                    setC<T>(o.rot[k], pr * wr - pi * wi, pr * wi + pi * wr);
+                }
+            }
+            p->useConv = 1;
+            p->convLength = static_cast<int32_t>(M);
+            p->innerPlan = inner;
+            p->chirpTab = o.chirp;
+            p->rotTab = o.rot;
+            p->postTab = o.postC;
+            p->filterTab = o.filter;
+            p->workSize = static_cast<int32_t>(2 * sizeof(T) * M + (ch.fw > 0 ? ch.fw - 64 : 0));
+            break;
+        }
+    }
+    p->idWord = idWord(id);
+    *ppPlan = p;
+    return vrxOk;
+}
+
+// ------------------------------------------------------------ kernels
+
+constexpr double kR2 = 0.70710678118654752440;   // 1/sqrt(2)
+constexpr double kA4 = 0.65328148243818826393;   // cos(pi/8)/sqrt(2)
+constexpr double kB4 = 0.27059805007309849220;   // cos(3pi/8)/sqrt(2)
+constexpr double kC08 = 0.35355339059327376220;  // 1/sqrt(8)
+constexpr double kA8 = 0.46193976625564337806;   // cos(pi/8)/2
+constexpr double kB8 = 0.19134171618254488586;   // cos(3pi/8)/2
+constexpr double kO1 = 0.49039264020161522456;   // cos(k pi/16)/2, k = 1, 3, 5, 7
+constexpr double kO3 = 0.41573480615127261854;
+constexpr double kO5 = 0.27778511650980111237;
+constexpr double kO7 = 0.09754516100806413392;
+
+// odd rows of the length-8 transform: y[2r+1] = sum over n < 4 of kOdd8[r][n] d[n]
+constexpr double kOdd8[4][4] = {{kO1, kO3, kO5, kO7},
+                                {kO3, -kO7, -kO1, -kO5},
+                                {kO5, -kO1, kO7, kO3},
+                                {kO7, -kO5, kO3, -kO1}};
+
+template <class T> void kernelFwd(int N, const T* x, T* y) {
+    if (N == 1) {
+        y[0] = x[0];
+    } else if (N == 2) {
+        const T a = x[0], b = x[1], r = T(kR2);
+        y[0] = (a + b) * r;
+        y[1] = (a - b) * r;
+    } else if (N == 4) {
+        const T s0 = x[0] + x[3], s1 = x[1] + x[2], d0 = x[0] - x[3], d1 = x[1] - x[2];
+        const T A = T(kA4), B = T(kB4), h = T(0.5);
+        y[0] = (s0 + s1) * h;
+        y[2] = (s0 - s1) * h;
+        y[1] = A * d0 + B * d1;
+        y[3] = B * d0 - A * d1;
+    } else {
+        T s[4], d[4];
+        for (int i = 0; i < 4; ++i) {
+            s[i] = x[i] + x[7 - i];
+            d[i] = x[i] - x[7 - i];
+        }
+        const T ss0 = s[0] + s[3], ss1 = s[1] + s[2], sd0 = s[0] - s[3], sd1 = s[1] - s[2];
+        const T c0 = T(kC08), A = T(kA8), B = T(kB8);
+        T o[4];
+        for (int r = 0; r < 4; ++r)
+            o[r] = (T(kOdd8[r][0]) * d[0] + T(kOdd8[r][1]) * d[1]) + (T(kOdd8[r][2]) * d[2] + T(kOdd8[r][3]) * d[3]);
+        y[0] = (ss0 + ss1) * c0;
+        y[4] = (ss0 - ss1) * c0;
+        y[2] = A * sd0 + B * sd1;
+        y[6] = B * sd0 - A * sd1;
+        y[1] = o[0];
+        y[3] = o[1];
+        y[5] = o[2];
+        y[7] = o[3];
+    }
+}
+
+template <class T> void kernelInv(int N, const T* y, T* x) {
+    if (N == 1) {
+        x[0] = y[0];
+    } else if (N == 2) {
+        const T a = y[0], b = y[1], r = T(kR2);
+        x[0] = (a + b) * r;
+        x[1] = (a - b) * r;
+    } else if (N == 4) {
+        const T A = T(kA4), B = T(kB4), h = T(0.5);
+        const T s0 = (y[0] + y[2]) * h, s1 = (y[0] - y[2]) * h;
+        const T d0 = A * y[1] + B * y[3], d1 = B * y[1] - A * y[3];
+        x[0] = s0 + d0;
+        x[3] = s0 - d0;
+        x[1] = s1 + d1;
+        x[2] = s1 - d1;
+    } else {
+        const T c0 = T(kC08), A = T(kA8), B = T(kB8);
+        const T y0 = y[0] * c0, y4 = y[4] * c0;
+        const T ee0 = y0 + y4, ee1 = y0 - y4;
+        const T eo0 = A * y[2] + B * y[6], eo1 = B * y[2] - A * y[6];
+        const T e[4] = {ee0 + eo0, ee1 + eo1, ee1 - eo1, ee0 - eo0};
+        const T yo[4] = {y[1], y[3], y[5], y[7]};
+        T o[4];
+        for (int n = 0; n < 4; ++n)
+            o[n] = (T(kOdd8[0][n]) * yo[0] + T(kOdd8[1][n]) * yo[1]) + (T(kOdd8[2][n]) * yo[2] + T(kOdd8[3][n]) * yo[3]);
+        for (int n = 0; n < 4; ++n) {
+            x[n] = e[n] + o[n];
+            x[7 - n] = e[n] - o[n];
+        }
+    }
+}
+
+// ------------------------------------------------------------ FFT path
+
+// Lanes in reverse order.
+template <class T> VRX_INLINE typename simd::V<T>::R rev(typename simd::V<T>::R a) { return simd::reverseLanes(a); }
+
+// t[j] = x[2j], t[N-1-j] = x[2j+1], j < N/2.
+template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int64_t H = N / 2;
+    for (int64_t j = 0; j < H; j += L) {
+        const int64_t n = H - j < L ? H - j : L;
+        const typename F::M m = simd::tail<T>(n);
+        typename F::R lo, hi, ev, od;
+        lo = F::loadm(simd::tail<T>(n >= L / 2 ? L : 2 * n), x + 2 * j);
+        hi = F::loadm(simd::tail<T>(n > L / 2 ? 2 * n - L : 0), x + 2 * j + L);
+        simd::deinterleave(lo, hi, ev, od);
+        F::storem(t + j, m, ev);
+        // lane l of the reversed odd values is x[2(j + L-1-l) + 1]: stored at t[N-1-j-(L-1)+l]
+        F::storem(t + N - j - L, static_cast<typename F::M>(~simd::tail<T>(L - n)), rev<T>(od));
+    }
+}
+
+// x[2j] = t[j], x[2j+1] = t[N-1-j], j < N/2.
+template <class T> void joinEvenOdd(const T* t, T* x, int64_t N) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int64_t H = N / 2;
+    for (int64_t j = 0; j < H; j += L) {
+        const int64_t n = H - j < L ? H - j : L;
+        const typename F::R ev = F::loadm(simd::tail<T>(n), t + j);
+        const typename F::R od = rev<T>(F::loadm(static_cast<typename F::M>(~simd::tail<T>(L - n)), t + N - j - L));
+        typename F::R lo, hi;
+        simd::interleave(ev, od, lo, hi);
+        F::storem(x + 2 * j, simd::tail<T>(n >= L / 2 ? L : 2 * n), lo);
+        F::storem(x + 2 * j + L, simd::tail<T>(n > L / 2 ? 2 * n - L : 0), hi);
+    }
+}
+
+// Forward rotation: y[k] = pi*im - re*pr, y[N-k] = pr*im + pi*re, k = 1 .. N/2-1.
+template <class T> void postFwd(const T* t, const T* q, T* y, int64_t N) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int64_t H = N / 2;
+    y[0] = q[0] * t[0];
+    y[H] = q[0] * t[1];
+    for (int64_t k = 1; k < H; k += L) {
+        const int64_t n = H - k < L ? H - k : L;
+        const typename F::M m2lo = simd::tail<T>(n >= L / 2 ? L : 2 * n);
+        const typename F::M m2hi = simd::tail<T>(n > L / 2 ? 2 * n - L : 0);
+        typename F::R re, im, pr, pi;
+        simd::deinterleave(F::loadm(m2lo, t + 2 * k), F::loadm(m2hi, t + 2 * k + L), re, im);
+        simd::deinterleave(F::loadm(m2lo, q + 2 * k), F::loadm(m2hi, q + 2 * k + L), pr, pi);
+        const typename F::R a = F::sub(F::mul(pi, im), F::mul(re, pr));
+        const typename F::R b = F::add(F::mul(pr, im), F::mul(pi, re));
+        F::storem(y + k, simd::tail<T>(n), a);
+        F::storem(y + N - k - (L - 1), static_cast<typename F::M>(~simd::tail<T>(L - n)), rev<T>(b));
+    }
+}
+
+// Inverse: the Perm array V from y: V[0] = c0 y[0], V[1] = c0 y[N/2],
+// V(k) = (qr a + qi b, qi a - qr b) with a = y[k], b = y[N-k].
+template <class T> void preInv(const T* y, const T* q, T* v, int64_t N) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int64_t H = N / 2;
+    v[0] = q[0] * y[0];
+    v[1] = q[0] * y[H];
+    for (int64_t k = 1; k < H; k += L) {
+        const int64_t n = H - k < L ? H - k : L;
+        const typename F::M m2lo = simd::tail<T>(n >= L / 2 ? L : 2 * n);
+        const typename F::M m2hi = simd::tail<T>(n > L / 2 ? 2 * n - L : 0);
+        typename F::R qr, qi, lo, hi;
+        simd::deinterleave(F::loadm(m2lo, q + 2 * k), F::loadm(m2hi, q + 2 * k + L), qr, qi);
+        const typename F::R a = F::loadm(simd::tail<T>(n), y + k);
+        const typename F::R b = rev<T>(F::loadm(static_cast<typename F::M>(~simd::tail<T>(L - n)), y + N - k - (L - 1)));
+        const typename F::R re = F::add(F::mul(qr, a), F::mul(qi, b));
+        const typename F::R im = F::sub(F::mul(qi, a), F::mul(qr, b));
+        simd::interleave(re, im, lo, hi);
+        F::storem(v + 2 * k, m2lo, lo);
+        F::storem(v + 2 * k + L, m2hi, hi);
+    }
+}
+
+// ------------------------------------------------------------ direct path
+
+// The sums run across outputs, one lane each, three registers of lanes at
+// a time: lane k needs cos((2i+1) k pi/(2N)) for i = 0, 1, ..., the table
+// entry at index (2i+1)k mod 4N. Every eighth term reads the table (cos at
+// the index, sin at the index minus N); the terms between turn the pair by
+// the lane's step angle, so that seven of eight table reads are rotations
+// and the three registers' rotations overlap. Terms add in the order of i.
+using I32 = simd::VInt<int32_t, 4>;
+constexpr int kGroup = 3;
+
+// a + b reduced once modulo 4N (both below 4N).
+VRX_INLINE I32::R addMod(I32::R a, I32::R b, I32::R L4) {
+    const I32::R t = I32::add(a, b);
+    return I32::blend(I32::ge(t, L4), t, I32::sub(t, L4));
+}
+
+template <class T> VRX_INLINE typename simd::V<T>::R tabAt(const T* tab, I32::R idx) { return simd::gatherAt(tab, idx); }
+
+// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)).
+template <class T, class Coef>
+VRX_INLINE void walkSum(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Coef coef,
+                        typename simd::V<T>::R* acc) {
+    using F = simd::V<T>;
+    const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);  // sin at j is cos at j + 3N mod 4N
+    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup];
+    I32::R idx[kGroup], step8[kGroup];
+#pragma GCC unroll 3
+    for (int b = 0; b < kGroup; ++b) {
+        cr[b] = tabAt(tab, step[b]);
+        sr[b] = tabAt(tab, addMod(step[b], q, L4));
+        I32::R s8 = addMod(step[b], step[b], L4);
+        s8 = addMod(s8, s8, L4);
+        step8[b] = addMod(s8, s8, L4);
+        idx[b] = start[b];
+        acc[b] = F::zero();
+    }
+    for (int t = 0; t < terms; ++t) {
+        if ((t & 7) == 0) {
+#pragma GCC unroll 3
+            for (int b = 0; b < kGroup; ++b) {
+                c[b] = tabAt(tab, idx[b]);
+                s[b] = tabAt(tab, addMod(idx[b], q, L4));
+                idx[b] = addMod(idx[b], step8[b], L4);
+            }
+        } else {
+#pragma GCC unroll 3
+            for (int b = 0; b < kGroup; ++b) {
+                const typename F::R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
+                s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
+                c[b] = nc;
+            }
+        }
+#pragma GCC unroll 3
+        for (int b = 0; b < kGroup; ++b) acc[b] = F::add(acc[b], F::mul(coef(t, b), c[b]));
+    }
+}
+
+template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int N = p->length, n2 = N / 2, m = (N + 1) / 2;
+    const T* tab = static_cast<const T*>(p->dirTab);
+    T* s = w;
+    T* d = w + m;
+    for (int i = 0; i < n2; ++i) {
+        s[i] = x[i] + x[N - 1 - i];
+        d[i] = x[i] - x[N - 1 - i];
+    }
+    if (N & 1) s[n2] = x[n2];
+    const I32::R last = I32::set1(N - 1), one = I32::set1(1);
+    const typename F::R c0 = F::set1(static_cast<T>(p->scale0)), c1 = F::set1(static_cast<T>(p->scale1));
+    // even outputs sum s, odd outputs sum d; the middle sample of odd N
+    // has no difference term
+    for (int g = 0; g < N; g += kGroup * L) {
+        I32::R k[kGroup], step[kGroup];
+        typename F::M odd[kGroup];
+        typename F::R acc[kGroup];
+        for (int b = 0; b < kGroup; ++b) {
+            k[b] = I32::min(I32::add(I32::set1(g + b * L), simd::iota32()), last);
+            step[b] = I32::add(k[b], k[b]);
+            odd[b] = static_cast<typename F::M>(I32::test(k[b], one));
+        }
+        walkSum<T>(tab, N, k, step, m,
+                   [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
+        for (int b = 0; b < kGroup; ++b) {
+            const int k0 = g + b * L;
+            if (k0 >= N) break;
+            const typename F::M first = static_cast<typename F::M>(I32::eq(k[b], I32::zero()));
+            F::storem(y + k0, simd::tail<T>(N - k0 < L ? N - k0 : L), F::mul(acc[b], F::blend(first, c1, c0)));
+        }
+    }
+}
+
+template <class T> void directInv(const Plan* p, const T* y, T* x, T* w) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int N = p->length, n2 = N / 2, m = (N + 1) / 2;
+    const T* tab = static_cast<const T*>(p->dirTab);
+    const T c0 = static_cast<T>(p->scale0), c1 = static_cast<T>(p->scale1);
+    // scaled copy, even k first, then odd k (the source may be the destination)
+    T* we = w;
+    T* wo = w + m;
+    for (int k = 0; k < N; k += 2) we[k / 2] = y[k] * (k ? c1 : c0);
+    for (int k = 1; k < N; k += 2) wo[k / 2] = y[k] * c1;
+    const I32::R lastN = I32::set1(m - 1);
+    // x[n] = E + O, x[N-1-n] = E - O, E over even k, O over odd k; the
+    // middle output of odd N is E alone
+    for (int g = 0; g < m; g += kGroup * L) {
+        I32::R n21[kGroup], step[kGroup], zero[kGroup];
+        typename F::R e[kGroup], o[kGroup];
+        for (int b = 0; b < kGroup; ++b) {
+            const I32::R n = I32::min(I32::add(I32::set1(g + b * L), simd::iota32()), lastN);
+            n21[b] = I32::add(I32::add(n, n), I32::set1(1));
+            step[b] = I32::add(n21[b], n21[b]);
+            zero[b] = I32::zero();
+        }
+        walkSum<T>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
+        walkSum<T>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
+        for (int b = 0; b < kGroup; ++b) {
+            const int n0 = g + b * L;
+            if (n0 >= m) break;
+            const int cnt = m - n0 < L ? m - n0 : L;                          // outputs x[n]
+            const int pairs = n2 - n0 < 0 ? 0 : (n2 - n0 < L ? n2 - n0 : L);  // lanes with a mirror
+            const typename F::M mid = static_cast<typename F::M>(~simd::tail<T>(pairs));
+            F::storem(x + n0, simd::tail<T>(cnt), F::add(e[b], F::blend(mid, o[b], F::zero())));
+            F::storem(x + N - n0 - L, static_cast<typename F::M>(~simd::tail<T>(L - pairs)),
+                      simd::reverseLanes(F::sub(e[b], o[b])));
+        }
+    }
+}
+
+// ------------------------------------------------------------ chirp path
+
+template <class T>
+VrxStatus convolve(const Plan* p, typename Width<T>::C* a, int64_t len, uint8_t* work) {
+    using W = Width<T>;
+    using C = typename W::C;
+    const int M = p->convLength;
+    const auto* inner = static_cast<const typename W::CPlan*>(p->innerPlan);
+    const C* chirp = static_cast<const C*>(p->chirpTab);
+    if (VrxStatus st = W::zero(a + len, M - static_cast<int>(len))) return st;
+    if (VrxStatus st = W::cFwd(a, inner, work)) return st;
+    if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, M)) return st;
+    if (VrxStatus st = W::cInv(a, inner, work)) return st;
+    return W::mulI(chirp, a, static_cast<int>(len));
+}
+
+template <class T>
+VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint8_t* work) {
+    using W = Width<T>;
+    using C = typename W::C;
+    const int64_t N = p->length;
+    const C* chirp = static_cast<const C*>(p->chirpTab);
+    const C* post = static_cast<const C*>(p->postTab);
+    const T c0 = static_cast<T>(p->scale0);
+    if (N & 1) {
+        for (int64_t n = 0; n < N; ++n) {
+            a[n].re = x[n] * chirp[n].re;
+            a[n].im = x[n] * chirp[n].im;
+        }
+        if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
+        for (int64_t k = 0; k < N; ++k) y[k] = post[k].re * a[k].re - post[k].im * a[k].im;
+        return vrxOk;
+    }
+    const int64_t h = N / 2;
+    // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h)
+    for (int64_t j = 0; j < h; ++j) {
+        const int64_t m0 = 2 * j, m1 = 2 * j + 1;
+        a[j].re = m0 < h ? x[2 * m0] : x[2 * N - 2 * m0 - 1];
+        a[j].im = m1 < h ? x[2 * m1] : x[2 * N - 2 * m1 - 1];
+    }
+    if (VrxStatus st = W::mulI(chirp, a, static_cast<int>(h))) return st;
+    if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
+    const C* rot = static_cast<const C*>(p->rotTab);
+    const T z0r = a[0].re, z0i = a[0].im;
+    // 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
+    for (int64_t k = 1; k < h; ++k) {
+        const T zr = a[k].re, zi = a[k].im, mr = a[h - k].re, mi = -a[h - k].im;
+        const T Ar = zr + mr, Ai = zi + mi;
+        const T Br = zi - mi, Bi = mr - zr;
+        const T vr = Ar + (rot[k].re * Br - rot[k].im * Bi);
+        const T vi = Ai + (rot[k].re * Bi + rot[k].im * Br);
+        y[k] = post[k].re * vr + post[k].im * vi;
+        y[N - k] = post[k].im * vr - post[k].re * vi;
+    }
+    y[0] = (z0r + z0i) * c0;
+    y[h] = (z0r - z0i) * c0;
+    return vrxOk;
+}
+
+template <class T>
+VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint8_t* work) {
+    using W = Width<T>;
+    using C = typename W::C;
+    const int64_t N = p->length;
+    const C* rot = static_cast<const C*>(p->rotTab);
+    const C* post = static_cast<const C*>(p->postTab);
+    if (N & 1) {
+        for (int64_t k = 0; k < N; ++k) {
+            a[k].re = y[k] * rot[k].re;
+            a[k].im = y[k] * rot[k].im;
+        }
+        if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
+        for (int64_t n = 0; n < N; ++n) x[n] = a[n].re;
+        return vrxOk;
+    }
+    const int64_t h = N / 2;
+    const T s0 = post[0].re;
+    // R'(k) = post[k] (y[k] - i y[N-k]); R'(0) = s0 y[0], R'(h) = s0 y[h]
+    auto R = [&](int64_t k, T& re, T& im) {
+        if (k == 0 || k == h) {
+            re = s0 * y[k];
+            im = T(0);
+        } else {
+            const T u = y[k], v = y[N - k];
+            re = post[k].re * u + post[k].im * v;
+            im = post[k].im * u - post[k].re * v;
+        }
+    };
+    // Z'(k) = (R'(k) + conj R'(h-k)) + i conj(r_k) (R'(k) - conj R'(h-k)); a = conj(Z')
+    for (int64_t k = 0; k < h; ++k) {
+        T pr, pi, qr, qi;
+        R(k, pr, pi);
+        R(h - k, qr, qi);
+        qi = -qi;
+        const T Ar = pr + qr, Ai = pi + qi, Dr = pr - qr, Di = pi - qi;
+        const T cr = rot[k].re, ci = rot[k].im;  // conj(r_k)
+        const T er = cr * Dr - ci * Di, ei = cr * Di + ci * Dr;
+        a[k].re = Ar - ei;
+        a[k].im = -(Ai + er);
+    }
+    if (VrxStatus st = W::mulI(static_cast<const C*>(p->chirpTab), a, static_cast<int>(h))) return st;
+    if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
+    // t[2j] = re, t[2j+1] = -im; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
+    for (int64_t j = 0; j < h; ++j) {
+        const int64_t m0 = 2 * j, m1 = 2 * j + 1;
+        const T t0 = a[j].re, t1 = -a[j].im;
+        x[m0 < h ? 2 * m0 : 2 * N - 2 * m0 - 1] = t0;
+        x[m1 < h ? 2 * m1 : 2 * N - 2 * m1 - 1] = t1;
+    }
+    return vrxOk;
+}
+
+// ------------------------------------------------------------ dispatch
+
+template <class T, bool Inv>
+VrxStatus run(const T* src, T* dst, const void* planV, uint8_t* pBuf) {
+    using W = Width<T>;
+    using C = typename W::C;
+    if (anyNull(planV, src, dst)) return vrxErrNullPtr;
+    const Plan* p;
+    if (VrxStatus st = open(planV, Inv ? W::kInv : W::kFwd, &p)) return st;
+    if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+    const int64_t N = p->length;
+    if (p->useKernel) {
+        if (Inv) kernelInv<T>(static_cast<int>(N), src, dst);
+        else kernelFwd<T>(static_cast<int>(N), src, dst);
+        return vrxOk;
+    }
+    uint8_t* buf = align64(pBuf);
+    if (p->useFft) {
+        T* t = reinterpret_cast<T*>(buf);
+        uint8_t* work = buf + sizeof(T) * N;
+        const auto* inner = static_cast<const typename W::RPlan*>(p->innerPlan);
+        const T* q = static_cast<const T*>(p->postTab);
+        if (Inv) {
+            preInv<T>(src, q, t, N);
+            if (VrxStatus st = W::rInv(t, inner, work)) return st;
+            joinEvenOdd<T>(t, dst, N);
+        } else {
+            splitEvenOdd<T>(src, t, N);
+            if (VrxStatus st = W::rFwd(t, inner, work)) return st;
+            postFwd<T>(t, q, dst, N);
+        }
+        return vrxOk;
+    }
+    if (p->useConv) {
+        C* a = reinterpret_cast<C*>(buf);
+        uint8_t* work = buf + sizeof(C) * static_cast<size_t>(p->convLength);
+        return Inv ? convInv<T>(p, src, dst, a, work) : convFwd<T>(p, src, dst, a, work);
+    }
+    if (Inv) directInv<T>(p, src, dst, reinterpret_cast<T*>(buf));
+    else directFwd<T>(p, src, dst, reinterpret_cast<T*>(buf));
+    return vrxOk;
+}
+
+}  // namespace n0::dct
