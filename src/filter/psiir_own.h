@@ -8,7 +8,8 @@
 // The AR line has N+1 elements, the last always 0, so the update needs no
 // special case at its end. A biquad section is the same with N = 2.
 // Direct form I (0x49493239) runs per section over the whole vector with the
-// fused multiply-adds b1*x[n-1] first, then b0, b2, a1, a2.
+// fused multiply-adds b1*x[n-1] first, then b0, b2, a1, a2. The block
+// scheme of the real kinds (x pass, look-ahead y pass) is psiir_block.h.
 #pragma once
 
 #include "vrx_base.h"
@@ -343,10 +344,8 @@ VrxStatus initBQ(const Kind& k, VrxsIirState** ppState, const A* pTaps, int numB
         const Normaliser<A> nz(t[3]);
         q[0] = nz(t[0]); q[1] = nz(t[1]); q[2] = nz(t[2]); q[3] = nz(t[4]); q[4] = nz(t[5]);
         if (k.form == Form::DF1) continue;
-        constexpr int L = xLanes<A>() / 2 * 2;  // each of b0, b1, b2 twice (x4 in float)
-        constexpr int R = (std::is_same_v<A, float> ? 4 : 2);
+        constexpr int R = (std::is_same_v<A, float> ? 4 : 2);  // each of b0, b1, b2 twice (x4 in float)
         A* xr = p.x + 6 * int64_t(s) * (xLanes<A>() / 2);
-        (void)L;
         for (int j = 0; j < 3; ++j)
             for (int r = 0; r < R; ++r) xr[j * R + r] = q[j];
         lookAhead(q + 3, 2, p.y + 12 * int64_t(s), true);
