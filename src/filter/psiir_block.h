@@ -31,44 +31,9 @@ VRX_INLINE void xPass(const T* b, int nb, const T* x, T* e, int n0, int L) {
     }
 }
 
-constexpr int kMaxRows = 24;       // registers of the y pass: orders up to 21
-constexpr int kMaxBlockOrder = kMaxRows - 3;
+constexpr int kMaxBlockOrder = 21;  // higher orders run per sample
 
-// y[n..n+3] for n from n0 while four remain: rows[r] (r < N) weigh y[n-1-r],
-// rows N..N+2 weigh e[n..n+2], e[n+3] enters lane 3. The terms of outputs
-// two or more steps old and of e come first, the four newest last.
-template <class T>
-VRX_INLINE int yPass(const T* rows, int N, const T* e, T* y, int n0, int L) {
-    using W = simd::V<T>;
-    const typename W::M m4 = simd::tail<T>(4);
-        typename W::R r[kMaxRows];
-    const int nr = N + 3;
-    for (int i = 0; i < nr; ++i) r[i] = W::loadm(m4, rows + 4 * i);
-    const T lastRow[4] = {0, 0, 0, 1};
-    const typename W::R r3 = W::loadm(m4, lastRow);
-    int n = n0;
-    for (; n + 4 <= L; n += 4) {
-        typename W::R acc = W::mul(r3, W::set1(e[n + 3]));
-        acc = W::fma(r[N + 2], W::set1(e[n + 2]), acc);
-        acc = W::fma(r[N + 1], W::set1(e[n + 1]), acc);
-        acc = W::fma(r[N], W::set1(e[n]), acc);
-        for (int i = N - 1; i >= 4; --i) acc = W::fma(r[i], W::set1(y[n - 1 - i]), acc);
-        const int near = N < 4 ? N : 4;
-        if (near == 4) {
-            typename W::R p = W::fma(r[3], W::set1(y[n - 4]), acc);
-            typename W::R q = W::mul(r[2], W::set1(y[n - 3]));
-            p = W::fma(r[1], W::set1(y[n - 2]), p);
-            q = W::fma(r[0], W::set1(y[n - 1]), q);
-            acc = W::add(p, q);
-        } else {
-            for (int i = near - 1; i >= 0; --i) acc = W::fma(r[i], W::set1(y[n - 1 - i]), acc);
-        }
-        W::storem(y + n, m4, acc);
-    }
-    return n;
-}
-
-// The tail below four: y[n] = e[n] - sum a[k]*y[n-k].
+// The tail: y[n] = e[n] - sum a[k]*y[n-k].
 template <class T>
 VRX_INLINE void yTail(const T* a, int N, const T* e, T* y, int n, int L) {
     for (; n < L; ++n) {
@@ -78,10 +43,74 @@ VRX_INLINE void yTail(const T* a, int N, const T* e, T* y, int n, int L) {
     }
 }
 
+// The look-ahead over eight outputs, derived per call from the normalised
+// a[1..N] (c[i] = -a[i]): rows[r][j] weighs y[n-1-r] in y[n+j], with
+// t_j[r] = sum_{k=1..j} c[k]*t_{j-k}[r] + c[r+1+j]; g is the response of
+// 1/A, g[0] = 1, which weighs e[n+i] in y[n+j] as g[j-i].
+template <class T>
+struct Ahead8 {
+    T rows[kMaxBlockOrder][8];
+    T g[8];
+};
+template <class T>
+void ahead8(const T* a, int N, Ahead8<T>* t) {
+    auto c = [&](int i) { return i >= 1 && i <= N ? -a[i - 1] : T(0); };
+    for (int r = 0; r < N; ++r)
+        for (int j = 0; j < 8; ++j) {
+            T v = c(r + 1 + j);
+            for (int k = 1; k <= j; ++k) v += c(k) * t->rows[r][j - k];
+            t->rows[r][j] = v;
+        }
+    t->g[0] = 1;
+    for (int j = 1; j < 8; ++j) {
+        T v = 0;
+        for (int k = 1; k <= j; ++k) v += c(k) * t->g[j - k];
+        t->g[j] = v;
+    }
+}
+
+// y[n..n+7] for n from n0 while eight remain, from the table above: the
+// e terms and the outputs older than one step first, the newest ones (at
+// most eight) over four partial sums last.
+template <class T>
+VRX_INLINE int yPass8(const Ahead8<T>& t, int N, const T* e, T* y, int n0, int L) {
+    using W = simd::V<T>;
+    const typename W::M m8 = simd::tail<T>(8);
+    typename W::R E[8];
+    for (int j = 0; j < 8; ++j) {
+        T col[8];
+        for (int i = 0; i < 8; ++i) col[i] = i >= j ? t.g[i - j] : T(0);
+        E[j] = W::loadm(m8, col);
+    }
+    const int near = N < 8 ? N : 8;
+    int n = n0;
+    for (; n + 8 <= L; n += 8) {
+        typename W::R s0 = W::mul(E[0], W::set1(e[n]));
+        typename W::R s1 = W::mul(E[1], W::set1(e[n + 1]));
+        for (int j = 2; j < 8; j += 2) {
+            s0 = W::fma(E[j], W::set1(e[n + j]), s0);
+            s1 = W::fma(E[j + 1], W::set1(e[n + j + 1]), s1);
+        }
+        for (int i = N - 1; i >= 8; --i) s0 = W::fma(W::loadm(m8, t.rows[i]), W::set1(y[n - 1 - i]), s0);
+        typename W::R s2 = W::zero(), s3 = W::zero();
+        for (int i = near - 1; i >= 0; --i) {
+            const typename W::R term = W::loadm(m8, t.rows[i]);
+            switch (i & 3) {
+                case 0: s0 = W::fma(term, W::set1(y[n - 1 - i]), s0); break;
+                case 1: s1 = W::fma(term, W::set1(y[n - 1 - i]), s1); break;
+                case 2: s2 = W::fma(term, W::set1(y[n - 1 - i]), s2); break;
+                default: s3 = W::fma(term, W::set1(y[n - 1 - i]), s3); break;
+            }
+        }
+        W::storem(y + n, m8, W::add(W::add(s0, s1), W::add(s2, s3)));
+    }
+    return n;
+}
+
 // One block of an AR kind, 4N < L. taps b[0..N], a[1..N]; rows the
 // look-ahead table; d the line (N+1, last 0).
 template <class T>
-void arBlock(const T* taps, const T* rows, T* d, int N, const T* xs, T* ys, T* e, int L) {
+void arBlock(const T* taps, const Ahead8<T>& ahead, T* d, int N, const T* xs, T* ys, T* e, int L) {
     const T* b = taps;
     const T* a = taps + N + 1;
     xPass(b, N + 1, xs, e, N, L);
@@ -98,7 +127,7 @@ void arBlock(const T* taps, const T* rows, T* d, int N, const T* xs, T* ys, T* e
         for (int j = 0; j <= N - 1 - i; ++j) v += b[i + 1 + j] * xs[L - 1 - j];
         d[i] = v;
     }
-    const int n = yPass(rows, N, e, ys, N, L);
+    const int n = yPass8(ahead, N, e, ys, N, L);
     yTail(a, N, e, ys, n, L);
     // and the output tail
     for (int i = 0; i < N; ++i) {
@@ -111,7 +140,7 @@ void arBlock(const T* taps, const T* rows, T* d, int N, const T* xs, T* ys, T* e
 // One section of a BQ kind over a block, 2 < L: q = b0, b1, b2, a1, a2; rows
 // = the section's stored rows (y[n-1], y[n-2], e[n]); d = (d0, d1).
 template <class T>
-void bqBlock(const T* q, const T* rows, T* d, const T* xs, T* ys, T* e, int L) {
+void bqBlock(const T* q, const Ahead8<T>& ahead, T* d, const T* xs, T* ys, T* e, int L) {
     const T b0 = q[0], b1 = q[1], b2 = q[2], a1 = q[3], a2 = q[4];
     xPass(q, 3, xs, e, 2, L);
     const T x0 = xs[0], x1 = xs[1];
@@ -120,12 +149,7 @@ void bqBlock(const T* q, const T* rows, T* d, const T* xs, T* ys, T* e, int L) {
     const T y1 = b0 * x1 + b1 * x0 + d[1] - a1 * y0;
     ys[0] = y0;
     ys[1] = y1;
-    T t[5 * 4];
-    for (int i = 0; i < 12; ++i) t[i] = rows[i];
-    // the rows of e[n+1] and e[n+2]: the e[n] row moved one and two lanes on
-    t[12] = 0; t[13] = 1; t[14] = rows[9]; t[15] = rows[10];
-    t[16] = 0; t[17] = 0; t[18] = 1; t[19] = rows[9];
-    const int n = yPass(t, 2, e, ys, 2, L);
+    const int n = yPass8(ahead, 2, e, ys, 2, L);
     const T a[2] = {a1, a2};
     yTail(a, 2, e, ys, n, L);
     d[0] = b2 * xl2 + b1 * xl1 - a2 * ys[L - 2] - a1 * ys[L - 1];

@@ -8,7 +8,8 @@
 // The AR line has N+1 elements, the last always 0, so the update needs no
 // special case at its end. A biquad section is the same with N = 2.
 // Direct form I (0x49493239) runs per section over the whole vector with the
-// fused multiply-adds b1*x[n-1] first, then b0, b2, a1, a2.
+// fused multiply-adds b1*x[n-1] first, then b0, b2, a1, a2. The block
+// scheme of the real kinds (x pass, look-ahead y pass) is psiir_block.h.
 #pragma once
 
 #include "vrx_base.h"
@@ -46,7 +47,7 @@ enum class Form { AR, BQ, DF1, DF1T };  // DF1T: a direct form I line on the tra
 constexpr int kBlock = 1024;
 // Real cascades of this many sections or more run each sample through all
 // sections rather than section by section in blocks.
-constexpr int kCascadeBySample = 3;
+constexpr int kCascadeBySample = 4;
 
 template <class T>
 struct Cx {
@@ -343,10 +344,8 @@ VrxStatus initBQ(const Kind& k, VrxsIirState** ppState, const A* pTaps, int numB
         const Normaliser<A> nz(t[3]);
         q[0] = nz(t[0]); q[1] = nz(t[1]); q[2] = nz(t[2]); q[3] = nz(t[4]); q[4] = nz(t[5]);
         if (k.form == Form::DF1) continue;
-        constexpr int L = xLanes<A>() / 2 * 2;  // each of b0, b1, b2 twice (x4 in float)
-        constexpr int R = (std::is_same_v<A, float> ? 4 : 2);
+        constexpr int R = (std::is_same_v<A, float> ? 4 : 2);  // each of b0, b1, b2 twice (x4 in float)
         A* xr = p.x + 6 * int64_t(s) * (xLanes<A>() / 2);
-        (void)L;
         for (int j = 0; j < 3; ++j)
             for (int r = 0; r < R; ++r) xr[j * R + r] = q[j];
         lookAhead(q + 3, 2, p.y + 12 * int64_t(s), true);
@@ -510,7 +509,8 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     // samples of the arithmetic type (complex ones alike) carry the values
     // between sections in the destination
     constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
-    const A* rows = static_cast<const A*>(st->pYTaps);
+    Ahead8<Scalar<A>> ahead[kCascadeBySample - 1];  // the block scheme's tables, made once a call
+    bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
@@ -545,10 +545,14 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     xs0 = ys;
                 }
                 A* e = static_cast<A*>(st->pWorkE);
+                if (!haveAhead) {
+                    for (int s = 0; s < m; ++s) ahead8(taps + 5 * s + 3, 2, &ahead[s]);
+                    haveAhead = true;
+                }
                 for (int s = 0; s < m; ++s) {
                     const A* xs = s == 0 ? xs0 : ys;
                     const A xa = xs[L - 2], xb = xs[L - 1];
-                    bqBlock(taps + 5 * s, rows + 12 * s, line + 2 * s, xs, ys, e, L);
+                    bqBlock(taps + 5 * s, ahead[s], line + 2 * s, xs, ys, e, L);
                     if constexpr (Df1) {
                         double* r = df + 4 * s;
                         r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
@@ -592,12 +596,8 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
             constexpr bool same = std::is_same_v<A, S>;
             const A* taps = static_cast<const A*>(st->pTaps);
             A* d = static_cast<A*>(st->pDlyLine);
-            const A* rows = static_cast<const A*>(st->pYTaps);
-            A order2[5 * 4];
-            if (st->idCtx == idWord(ObjId::IirAR32f) && N == 2) {  // the state holds the fused table here
-                lookAhead(taps + 3, 2, order2, false);
-                rows = order2;
-            }
+            Ahead8<A> ahead;
+            bool haveAhead = false;
             for (int start = 0; start < len; start += kBlock) {
                 const int L = len - start < kBlock ? len - start : kBlock;
                 const S* sb = src + start;
@@ -606,12 +606,16 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     arRun<A>(taps, d, N, L, [&](int k) { return load<A>(sb[k]); }, [&](int k, A y) { w(db + k, y); });
                     continue;
                 }
+                if (!haveAhead) {
+                    ahead8(taps + N + 1, N, &ahead);
+                    haveAhead = true;
+                }
                 if constexpr (same) {
-                    arBlock(taps, rows, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
+                    arBlock(taps, ahead, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
                 } else {
                     A* wy = static_cast<A*>(st->pWorkY);
                     for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
-                    arBlock(taps, rows, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
+                    arBlock(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
                     for (int k = 0; k < L; ++k) w(db + k, wy[k]);
                 }
             }
