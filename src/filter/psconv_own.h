@@ -73,19 +73,23 @@ struct Mac {
     }
 };
 
-// Terms r = 0 .. N-1 of an aligned run (see directBlock): coefficient c[r]
-// (c[-r] for a reversed kernel), registers 0 and 2 shifted out of a0..a3.
-template <class W, bool Rev, int... Rs, class Acc>
-VRX_INLINE void runAlignedT(const typename W::T* c, const typename W::T* p, typename W::R a0, typename W::R a1,
-                            typename W::R a2, typename W::R a3, Acc* acc, std::integer_sequence<int, Rs...>) {
+// Terms r = 0 .. NE-1 of an aligned run (see directBlock): the coefficient
+// of term r at c + r (c - r for a reversed kernel), registers 0 and 2 shifted
+// out of a0..a3, registers 1 and 3 loaded.
+template <class X, bool Rev, int... Rs>
+VRX_INLINE void runAligned(const typename X::W::T* c, const typename X::W::T* p, typename X::W::R a0,
+                           typename X::W::R a1, typename X::W::R a2, typename X::W::R a3, typename X::Acc* acc,
+                           std::integer_sequence<int, Rs...>) {
+    using W = typename X::W;
+    constexpr int kPer = X::kPer;
     (
         [&] {
             constexpr int r = Rs;
-            const typename W::R k = W::set1(Rev ? c[-r] : c[r]);
-            acc[0].a = W::fma(k, W::template alignr<r>(a1, a0), acc[0].a);
-            acc[1].a = W::fma(k, W::load(p + r + W::N), acc[1].a);
-            acc[2].a = W::fma(k, W::template alignr<r>(a3, a2), acc[2].a);
-            acc[3].a = W::fma(k, W::load(p + r + 3 * W::N), acc[3].a);
+            const typename W::T* k = Rev ? c - r * kPer : c + r * kPer;
+            X::step(k, acc[0], W::template alignr<r * kPer>(a1, a0));
+            X::step(k, acc[1], W::load(p + r * kPer + W::N));
+            X::step(k, acc[2], W::template alignr<r * kPer>(a3, a2));
+            X::step(k, acc[3], W::load(p + r * kPer + 3 * W::N));
         }(),
         ...);
 }
@@ -118,19 +122,19 @@ VRX_INLINE void directBlock(const S* coef, i64 K, const S* d, i64 dLo, i64 dHi, 
     i64 i = iLo;
     if (fLo <= fHi) {
         for (; i < fLo; ++i) masked(i);
-        if constexpr (!Cplx && U == 4) {
-            // Real data, four registers: from a 64-byte boundary on, runs of
-            // N terms read four aligned registers once and make registers 0
-            // and 2 of every term by shifting across them; registers 1 and 3
-            // stay plain loads. This halves the loads that straddle cache
-            // lines, the limit of the plain loop.
-            for (; i <= fHi && (addr(d + base + i) & 63); ++i) full(i);
-            for (; i + W::N - 1 <= fHi; i += W::N) {
-                const S* p = d + base + i;
+        if constexpr (U == 4) {
+            // Four registers: from a 64-byte boundary on, runs of NE terms
+            // read four aligned registers once and make registers 0 and 2 of
+            // every term by shifting across them; registers 1 and 3 stay
+            // plain loads. This halves the loads that straddle cache lines,
+            // the limit of the plain loop.
+            for (; i <= fHi && (addr(d + (base + i) * kPer) & 63); ++i) full(i);
+            for (; i + NE - 1 <= fHi; i += NE) {
+                const S* p = d + (base + i) * kPer;
                 const typename W::R a0 = W::loada(p), a1 = W::loada(p + W::N), a2 = W::loada(p + 2 * W::N),
                                     a3 = W::loada(p + 3 * W::N);
-                const S* c = coef + (Rev ? K - 1 - i : i);
-                runAlignedT<W, Rev>(c, p, a0, a1, a2, a3, acc, std::make_integer_sequence<int, W::N>{});
+                runAligned<X, Rev>(coef + (Rev ? K - 1 - i : i) * kPer, p, a0, a1, a2, a3, acc,
+                                   std::make_integer_sequence<int, NE>{});
             }
         }
         for (; i <= fHi; ++i) full(i);
