@@ -67,9 +67,18 @@ constexpr int kConvCount = 1024;  // samples of convBuf
 // order, joined as (chain 0 + chain 1) + (chain 2 + chain 3). The lane
 // computation of the vector kernel, so both paths give the same bits.
 VRX_INLINE float dotNewest(const float* c, const float* wEnd, int n) {
-    float a[4] = {0.0f, 0.0f, 0.0f, 0.0f};
-    for (int k = 0; k < n; ++k) a[k & 3] = __builtin_fmaf(c[k], wEnd[-k], a[k & 3]);
-    return (a[0] + a[1]) + (a[2] + a[3]);
+    float a0 = 0.0f, a1 = 0.0f, a2 = 0.0f, a3 = 0.0f;
+    int k = 0;
+    for (; k + 3 < n; k += 4) {
+        a0 = __builtin_fmaf(c[k], wEnd[-k], a0);
+        a1 = __builtin_fmaf(c[k + 1], wEnd[-k - 1], a1);
+        a2 = __builtin_fmaf(c[k + 2], wEnd[-k - 2], a2);
+        a3 = __builtin_fmaf(c[k + 3], wEnd[-k - 3], a3);
+    }
+    if (k < n) a0 = __builtin_fmaf(c[k], wEnd[-k], a0);
+    if (k + 1 < n) a1 = __builtin_fmaf(c[k + 1], wEnd[-k - 1], a1);
+    if (k + 2 < n) a2 = __builtin_fmaf(c[k + 2], wEnd[-k - 2], a2);
+    return (a0 + a1) + (a2 + a3);
 }
 
 // Writes s into a ring (both copies) and steps pos.
