@@ -199,6 +199,27 @@ VRX_INLINE void up2Pair(const float* w, const float* ge, int ne, const float* go
     }
 }
 
+// 16 U output pairs from band samples s (even taps) and so (odd taps).
+template <bool Add, int U>
+VRX_INLINE void up2Block(const float* s, const float* ge, int ne, const float* so, const float* go, int no, int odd,
+                         float* out) {
+    F::R a[U], b[U];
+    polyphase<1, U>(s, ge, ne, a);
+    polyphase<1, U>(so, go, no, b);
+    for (int u = 0; u < U; ++u) {
+        F::R lo, hi;
+        if (odd) simd::interleave(b[u], a[u], lo, hi);
+        else simd::interleave(a[u], b[u], lo, hi);
+        float* d = out + 32 * u;
+        if constexpr (Add) {
+            lo = F::add(F::load(d), lo);
+            hi = F::add(F::load(d + 16), hi);
+        }
+        F::store(d, lo);
+        F::store(d + 16, hi);
+    }
+}
+
 // Inverse body over m band samples, s the newest band sample of pair 0:
 // A = even taps over s, B = odd taps over s - odd; output pair j is (A, B),
 // or (B, A) in the odd phase; Add adds it to what out holds
@@ -208,23 +229,8 @@ VRX_INLINE void up2Conv(const float* s, const float* ge, int ne, const float* go
                         int m) {
     const float* so = s - odd;
     int j = 0;
-    for (; j + 32 <= m; j += 32) {
-        F::R a[2], b[2];
-        polyphase<1, 2>(s + j, ge, ne, a);
-        polyphase<1, 2>(so + j, go, no, b);
-        for (int u = 0; u < 2; ++u) {
-            F::R lo, hi;
-            if (odd) simd::interleave(b[u], a[u], lo, hi);
-            else simd::interleave(a[u], b[u], lo, hi);
-            float* d = out + 2 * (j + 16 * u);
-            if constexpr (Add) {
-                lo = F::add(F::load(d), lo);
-                hi = F::add(F::load(d + 16), hi);
-            }
-            F::store(d, lo);
-            F::store(d + 16, hi);
-        }
-    }
+    for (; j + 32 <= m; j += 32) up2Block<Add, 2>(s + j, ge, ne, so + j, go, no, odd, out + 2 * j);
+    for (; j + 16 <= m; j += 16) up2Block<Add, 1>(s + j, ge, ne, so + j, go, no, odd, out + 2 * j);
     for (; j < m; ++j) up2Pair<Add>(s + j, ge, ne, go, no, odd, out + 2 * j);
 }
 
