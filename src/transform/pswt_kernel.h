@@ -67,9 +67,18 @@ constexpr int kConvCount = 1024;  // samples of convBuf
 // order, joined as (chain 0 + chain 1) + (chain 2 + chain 3). The lane
 // computation of the vector kernel, so both paths give the same bits.
 VRX_INLINE float dotNewest(const float* c, const float* wEnd, int n) {
-    float a[4] = {0.0f, 0.0f, 0.0f, 0.0f};
-    for (int k = 0; k < n; ++k) a[k & 3] = __builtin_fmaf(c[k], wEnd[-k], a[k & 3]);
-    return (a[0] + a[1]) + (a[2] + a[3]);
+    float a0 = 0.0f, a1 = 0.0f, a2 = 0.0f, a3 = 0.0f;
+    int k = 0;
+    for (; k + 3 < n; k += 4) {
+        a0 = __builtin_fmaf(c[k], wEnd[-k], a0);
+        a1 = __builtin_fmaf(c[k + 1], wEnd[-k - 1], a1);
+        a2 = __builtin_fmaf(c[k + 2], wEnd[-k - 2], a2);
+        a3 = __builtin_fmaf(c[k + 3], wEnd[-k - 3], a3);
+    }
+    if (k < n) a0 = __builtin_fmaf(c[k], wEnd[-k], a0);
+    if (k + 1 < n) a1 = __builtin_fmaf(c[k + 1], wEnd[-k - 1], a1);
+    if (k + 2 < n) a2 = __builtin_fmaf(c[k + 2], wEnd[-k - 2], a2);
+    return (a0 + a1) + (a2 + a3);
 }
 
 // Writes s into a ring (both copies) and steps pos.
@@ -190,6 +199,27 @@ VRX_INLINE void up2Pair(const float* w, const float* ge, int ne, const float* go
     }
 }
 
+// 16 U output pairs from band samples s (even taps) and so (odd taps).
+template <bool Add, int U>
+VRX_INLINE void up2Block(const float* s, const float* ge, int ne, const float* so, const float* go, int no, int odd,
+                         float* out) {
+    F::R a[U], b[U];
+    polyphase<1, U>(s, ge, ne, a);
+    polyphase<1, U>(so, go, no, b);
+    for (int u = 0; u < U; ++u) {
+        F::R lo, hi;
+        if (odd) simd::interleave(b[u], a[u], lo, hi);
+        else simd::interleave(a[u], b[u], lo, hi);
+        float* d = out + 32 * u;
+        if constexpr (Add) {
+            lo = F::add(F::load(d), lo);
+            hi = F::add(F::load(d + 16), hi);
+        }
+        F::store(d, lo);
+        F::store(d + 16, hi);
+    }
+}
+
 // Inverse body over m band samples, s the newest band sample of pair 0:
 // A = even taps over s, B = odd taps over s - odd; output pair j is (A, B),
 // or (B, A) in the odd phase; Add adds it to what out holds
@@ -199,23 +229,8 @@ VRX_INLINE void up2Conv(const float* s, const float* ge, int ne, const float* go
                         int m) {
     const float* so = s - odd;
     int j = 0;
-    for (; j + 32 <= m; j += 32) {
-        F::R a[2], b[2];
-        polyphase<1, 2>(s + j, ge, ne, a);
-        polyphase<1, 2>(so + j, go, no, b);
-        for (int u = 0; u < 2; ++u) {
-            F::R lo, hi;
-            if (odd) simd::interleave(b[u], a[u], lo, hi);
-            else simd::interleave(a[u], b[u], lo, hi);
-            float* d = out + 2 * (j + 16 * u);
-            if constexpr (Add) {
-                lo = F::add(F::load(d), lo);
-                hi = F::add(F::load(d + 16), hi);
-            }
-            F::store(d, lo);
-            F::store(d + 16, hi);
-        }
-    }
+    for (; j + 32 <= m; j += 32) up2Block<Add, 2>(s + j, ge, ne, so + j, go, no, odd, out + 2 * j);
+    for (; j + 16 <= m; j += 16) up2Block<Add, 1>(s + j, ge, ne, so + j, go, no, odd, out + 2 * j);
     for (; j < m; ++j) up2Pair<Add>(s + j, ge, ne, go, no, odd, out + 2 * j);
 }
 
