@@ -20,6 +20,8 @@
 #include <math.h>
 #include <string.h>
 
+#include <type_traits>
+
 namespace n0::dct {
 
 // The plan header, on a 64-byte boundary of the caller's block.
@@ -540,43 +542,52 @@ VRX_INLINE I32::R addMod(I32::R a, I32::R b, I32::R L4) {
 
 template <class T> VRX_INLINE typename simd::V<T>::R tabAt(const T* tab, I32::R idx) { return simd::gatherAt(tab, idx); }
 
-// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)).
-template <class T, class Coef>
+// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)),
+// b < G.
+template <class T, int G, class Coef>
 VRX_INLINE void walkSum(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Coef coef,
                         typename simd::V<T>::R* acc) {
     using F = simd::V<T>;
     const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);  // sin at j is cos at j + 3N mod 4N
-    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup];
+    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup], sum[kGroup];
     I32::R idx[kGroup], step8[kGroup];
 #pragma GCC unroll 3
-    for (int b = 0; b < kGroup; ++b) {
+    for (int b = 0; b < G; ++b) {
         cr[b] = tabAt(tab, step[b]);
         sr[b] = tabAt(tab, addMod(step[b], q, L4));
         I32::R s8 = addMod(step[b], step[b], L4);
         s8 = addMod(s8, s8, L4);
         step8[b] = addMod(s8, s8, L4);
         idx[b] = start[b];
-        acc[b] = F::zero();
+        sum[b] = F::zero();
     }
     for (int t = 0; t < terms; ++t) {
         if ((t & 7) == 0) {
 #pragma GCC unroll 3
-            for (int b = 0; b < kGroup; ++b) {
+            for (int b = 0; b < G; ++b) {
                 c[b] = tabAt(tab, idx[b]);
                 s[b] = tabAt(tab, addMod(idx[b], q, L4));
                 idx[b] = addMod(idx[b], step8[b], L4);
             }
         } else {
 #pragma GCC unroll 3
-            for (int b = 0; b < kGroup; ++b) {
+            for (int b = 0; b < G; ++b) {
                 const typename F::R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
                 s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
                 c[b] = nc;
             }
         }
 #pragma GCC unroll 3
-        for (int b = 0; b < kGroup; ++b) acc[b] = F::add(acc[b], F::mul(coef(t, b), c[b]));
+        for (int b = 0; b < G; ++b) sum[b] = F::add(sum[b], F::mul(coef(t, b), c[b]));
     }
+    for (int b = 0; b < G; ++b) acc[b] = sum[b];  // the sums stay in registers in the loop
+}
+
+// f(std::integral_constant<int, G>) for G = min(kGroup, blocks).
+template <class Fn> VRX_INLINE void byGroup(int blocks, Fn f) {
+    if (blocks >= 3) f(std::integral_constant<int, 3>{});
+    else if (blocks == 2) f(std::integral_constant<int, 2>{});
+    else f(std::integral_constant<int, 1>{});
 }
 
 template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
@@ -604,8 +615,11 @@ template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
             step[b] = I32::add(k[b], k[b]);
             odd[b] = static_cast<typename F::M>(I32::test(k[b], one));
         }
-        walkSum<T>(tab, N, k, step, m,
-                   [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
+        byGroup((N - g + L - 1) / L, [&](auto gc) {
+            walkSum<T, decltype(gc)::value>(
+                tab, N, k, step, m,
+                [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
+        });
         for (int b = 0; b < kGroup; ++b) {
             const int k0 = g + b * L;
             if (k0 >= N) break;
@@ -638,8 +652,10 @@ template <class T> void directInv(const Plan* p, const T* y, T* x, T* w) {
             step[b] = I32::add(n21[b], n21[b]);
             zero[b] = I32::zero();
         }
-        walkSum<T>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
-        walkSum<T>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
+        byGroup((m - g + L - 1) / L, [&](auto gc) {
+            walkSum<T, decltype(gc)::value>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
+            walkSum<T, decltype(gc)::value>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
+        });
         for (int b = 0; b < kGroup; ++b) {
             const int n0 = g + b * L;
             if (n0 >= m) break;
