@@ -9,11 +9,13 @@
 // so the chain of dependent operations is three per four samples; the
 // sample terms do not depend on the state. The 32- and 16-bit forms round
 // c, s and the U_k (computed in double from the rounded c) to float and
-// run in float; the 64-bit forms run in double. The 16-bit forms run at
+// run in float (16-bit samples are converted a stretch at a time); the
+// 64-bit forms run in double. The 16-bit forms run at
 // round to nearest whatever the caller's mode, which they put back.
 #include "vrx_base.h"
 #include "vrx_fpu.h"
 #include "vrx_tiers.h"
+#include "simd/simd.h"
 
 #include <math.h>
 
@@ -29,74 +31,98 @@ void sinCos(double rFreq, Tier t, double& c, double& s) {
     else N0(vrxsSinCos_64f_A26)(&theta, &s, &c, 1);
 }
 
-// The recurrence over K interleaved parts (K = 1 real, K = 2 complex) of len
-// samples; load(i) gives scalar i as A. On return w1 = w[len-1], w2 = w[len-2].
+// The factors of the recurrence: U_1 .. U_4 of c, in double, rounded to A.
+template <class A> struct Factors {
+    A u1, u2, u3, u4;
+    explicit Factors(A c) {
+        const double cd = static_cast<double>(c);
+        u1 = static_cast<A>(2.0 * cd);
+        u2 = static_cast<A>(4.0 * cd * cd - 1.0);
+        u3 = static_cast<A>((8.0 * cd * cd - 4.0) * cd);
+        u4 = static_cast<A>((16.0 * cd * cd - 12.0) * cd * cd + 1.0);
+    }
+};
+
+// cnt single steps over K interleaved parts (K = 1 real, K = 2 complex);
+// load(i) gives scalar i as A; a = w[n], b = w[n-1].
 template <class A, int K, class Load>
-VRX_INLINE void recur(Load load, int len, A c, A* w1, A* w2) {
-    const double cd = static_cast<double>(c);
-    const A u1 = static_cast<A>(2.0 * cd);
-    const A u2 = static_cast<A>(4.0 * cd * cd - 1.0);
-    const A u3 = static_cast<A>((8.0 * cd * cd - 4.0) * cd);
-    const A u4 = static_cast<A>((16.0 * cd * cd - 12.0) * cd * cd + 1.0);
-    A a[K], b[K];
-    for (int k = 0; k < K; ++k) a[k] = b[k] = A(0);
-    const int head = len & 3;
-    int64_t i = 0;
-    for (; i < head; ++i) {
+VRX_INLINE void stepOne(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b) {
+    for (int64_t i = 0; i < cnt; ++i) {
         for (int k = 0; k < K; ++k) {
-            const A w = (load(i * K + k) - b[k]) + u1 * a[k];
+            const A w = (load(i * K + k) - b[k]) + f.u1 * a[k];
             b[k] = a[k];
             a[k] = w;
         }
     }
-    for (; i < len; i += 4) {
+}
+
+// cnt samples (a multiple of 4), four at a time.
+template <class A, int K, class Load>
+VRX_INLINE void stepFour(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b) {
+    for (int64_t i = 0; i < cnt; i += 4) {
         for (int k = 0; k < K; ++k) {
             const A x1 = load(i * K + k), x2 = load((i + 1) * K + k);
             const A x3 = load((i + 2) * K + k), x4 = load((i + 3) * K + k);
-            const A p3 = (x3 + u1 * x2) + u2 * x1;
-            const A p4 = ((x4 + u1 * x3) + u2 * x2) + u3 * x1;
-            const A nb = (u3 * a[k] - u2 * b[k]) + p3;
-            const A na = (u4 * a[k] - u3 * b[k]) + p4;
+            const A p3 = (x3 + f.u1 * x2) + f.u2 * x1;
+            const A p4 = ((x4 + f.u1 * x3) + f.u2 * x2) + f.u3 * x1;
+            const A nb = (f.u3 * a[k] - f.u2 * b[k]) + p3;
+            const A na = (f.u4 * a[k] - f.u3 * b[k]) + p4;
             a[k] = na;
             b[k] = nb;
         }
     }
-    for (int k = 0; k < K; ++k) {
-        w1[k] = a[k];
-        w2[k] = b[k];
+}
+
+// The whole recurrence: len mod 4 single steps, then blocks of four. On
+// return w1 = w[len-1], w2 = w[len-2].
+template <class A, int K, class S>
+VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
+    const Factors<A> f(c);
+    for (int k = 0; k < K; ++k) w1[k] = w2[k] = A(0);
+    const int head = len & 3;
+    if constexpr (sizeof(S) == 2) {
+        // 16-bit samples go to float a stretch at a time
+        stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
+        constexpr int kChunk = 1024;
+        alignas(64) float buf[kChunk];
+        for (int64_t i = head; i < len;) {
+            const int64_t cnt = len - i < kChunk / K ? len - i : kChunk / K;
+            const int16_t* p = src + i * K;
+            for (int64_t j = 0; j < cnt * K; j += 16) {
+                const size_t r = static_cast<size_t>(cnt * K - j);
+                n0::simd::V<float>::storem(buf + j, n0::simd::tail<float>(r < 16 ? r : 16),
+                                           n0::simd::intToFloat(n0::simd::widen16sPart(p + j, r)));
+            }
+            stepFour<A, K>([&buf](int64_t q) { return buf[q]; }, cnt, f, w1, w2);
+            i += cnt;
+        }
+    } else {
+        stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
+        const S* rest = src + int64_t(head) * K;
+        stepFour<A, K>([rest](int64_t i) { return static_cast<A>(rest[i]); }, len - head, f, w1, w2);
     }
 }
 
 VRX_INLINE bool badFreq(double f) { return !(f >= 0.0 && f < 1.0); }
 
-// Real input: (w1 c - w2, w1 s).
-template <class A, class S, class Out>
-VrxStatus goertzReal(const S* src, int len, Out* pVal, double rFreq, Tier t) {
+// K = 1 real input: (w1 c - w2, w1 s); K = 2 complex input (src points at
+// the scalars): e^{i theta} w1 - w2.
+template <class A, int K, class S, class Out>
+VrxStatus goertz(const S* src, int len, Out* pVal, double rFreq, Tier t) {
     if (VrxStatus st = n0::checkArgs(len, src, pVal)) return st;
     if (badFreq(rFreq)) return vrxErrRelFreq;
     double cd, sd;
     sinCos(rFreq, t, cd, sd);
     const A c = static_cast<A>(cd), s = static_cast<A>(sd);
-    A w1, w2;
-    recur<A, 1>([src](int64_t i) { return static_cast<A>(src[i]); }, len, c, &w1, &w2);
-    pVal->re = w1 * c - w2;
-    pVal->im = w1 * s;
-    return vrxOk;
-}
-
-// Complex input: both parts through the same recurrence.
-template <class A, class S, class Out>
-VrxStatus goertzCplx(const S* src, int len, Out* pVal, double rFreq, Tier t) {
-    if (VrxStatus st = n0::checkArgs(len, src, pVal)) return st;
-    if (badFreq(rFreq)) return vrxErrRelFreq;
-    double cd, sd;
-    sinCos(rFreq, t, cd, sd);
-    const A c = static_cast<A>(cd), s = static_cast<A>(sd);
-    A w1[2], w2[2];
-    const auto* p = &src->re;
-    recur<A, 2>([p](int64_t i) { return static_cast<A>(p[i]); }, len, c, w1, w2);
-    pVal->re = (w1[0] * c - w1[1] * s) - w2[0];
-    pVal->im = (w1[1] * c + w1[0] * s) - w2[1];
+    A w1[K], w2[K];
+    recur<A, K>(src, len, c, w1, w2);
+    if constexpr (K == 1) {
+        pVal->re = w1[0] * c - w2[0];
+        pVal->im = w1[0] * s;
+    } else {
+        pVal->re = (w1[0] * c - w1[1] * s) - w2[0];
+        pVal->im = (w1[1] * c + w1[0] * s) - w2[1];
+    }
     return vrxOk;
 }
 
@@ -118,35 +144,35 @@ struct Val32 {
     float re, im;
 };
 
+// The 16-bit forms: the whole kernel, factors and conversion, runs at
+// round to nearest.
+template <int K>
+VrxStatus goertz16(const Vrx16s* src, int len, Vrx16sc* pVal, float rFreq, int sf) {
+    n0::RoundNearestGuard g;
+    Val32 v;
+    if (VrxStatus st = goertz<float, K>(src, len, pVal ? &v : nullptr, rFreq, Tier::A26)) return st;
+    pVal->re = scaleTo16s(v.re, sf);
+    pVal->im = scaleTo16s(v.im, sf);
+    return vrxOk;
+}
+
 }  // namespace
 
 VrxStatus N0(vrxsGoertz_32f)(const Vrx32f* pSrc, int len, Vrx32fc* pVal, Vrx32f rFreq) {
-    return goertzReal<float>(pSrc, len, pVal, rFreq, Tier::A50);
+    return goertz<float, 1>(pSrc, len, pVal, rFreq, Tier::A50);
 }
 VrxStatus N0(vrxsGoertz_32fc)(const Vrx32fc* pSrc, int len, Vrx32fc* pVal, Vrx32f rFreq) {
-    return goertzCplx<float>(pSrc, len, pVal, rFreq, Tier::A50);
+    return goertz<float, 2>(reinterpret_cast<const Vrx32f*>(pSrc), len, pVal, rFreq, Tier::A50);
 }
 VrxStatus N0(vrxsGoertz_64f)(const Vrx64f* pSrc, int len, Vrx64fc* pVal, Vrx64f rFreq) {
-    return goertzReal<double>(pSrc, len, pVal, rFreq, Tier::A53);
+    return goertz<double, 1>(pSrc, len, pVal, rFreq, Tier::A53);
 }
 VrxStatus N0(vrxsGoertz_64fc)(const Vrx64fc* pSrc, int len, Vrx64fc* pVal, Vrx64f rFreq) {
-    return goertzCplx<double>(pSrc, len, pVal, rFreq, Tier::A53);
+    return goertz<double, 2>(reinterpret_cast<const Vrx64f*>(pSrc), len, pVal, rFreq, Tier::A53);
 }
 VrxStatus N0(vrxsGoertz_16s_Sfs)(const Vrx16s* pSrc, int len, Vrx16sc* pVal, Vrx32f rFreq, int scaleFactor) {
-    // the whole kernel, factors and conversion, runs at round to nearest
-    n0::RoundNearestGuard g;
-    Val32 v;
-    if (VrxStatus st = goertzReal<float>(pSrc, len, pVal ? &v : nullptr, rFreq, Tier::A26)) return st;
-    pVal->re = scaleTo16s(v.re, scaleFactor);
-    pVal->im = scaleTo16s(v.im, scaleFactor);
-    return vrxOk;
+    return goertz16<1>(pSrc, len, pVal, rFreq, scaleFactor);
 }
 VrxStatus N0(vrxsGoertz_16sc_Sfs)(const Vrx16sc* pSrc, int len, Vrx16sc* pVal, Vrx32f rFreq, int scaleFactor) {
-    // the whole kernel, factors and conversion, runs at round to nearest
-    n0::RoundNearestGuard g;
-    Val32 v;
-    if (VrxStatus st = goertzCplx<float>(pSrc, len, pVal ? &v : nullptr, rFreq, Tier::A26)) return st;
-    pVal->re = scaleTo16s(v.re, scaleFactor);
-    pVal->im = scaleTo16s(v.im, scaleFactor);
-    return vrxOk;
+    return goertz16<2>(reinterpret_cast<const Vrx16s*>(pSrc), len, pVal, rFreq, scaleFactor);
 }

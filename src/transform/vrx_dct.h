@@ -20,6 +20,8 @@
 #include <math.h>
 #include <string.h>
 
+#include <type_traits>
+
 namespace n0::dct {
 
 // The plan header, on a 64-byte boundary of the caller's block.
@@ -540,43 +542,52 @@ VRX_INLINE I32::R addMod(I32::R a, I32::R b, I32::R L4) {
 
 template <class T> VRX_INLINE typename simd::V<T>::R tabAt(const T* tab, I32::R idx) { return simd::gatherAt(tab, idx); }
 
-// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)).
-template <class T, class Coef>
+// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)),
+// b < G.
+template <class T, int G, class Coef>
 VRX_INLINE void walkSum(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Coef coef,
                         typename simd::V<T>::R* acc) {
     using F = simd::V<T>;
     const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);  // sin at j is cos at j + 3N mod 4N
-    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup];
+    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup], sum[kGroup];
     I32::R idx[kGroup], step8[kGroup];
 #pragma GCC unroll 3
-    for (int b = 0; b < kGroup; ++b) {
+    for (int b = 0; b < G; ++b) {
         cr[b] = tabAt(tab, step[b]);
         sr[b] = tabAt(tab, addMod(step[b], q, L4));
         I32::R s8 = addMod(step[b], step[b], L4);
         s8 = addMod(s8, s8, L4);
         step8[b] = addMod(s8, s8, L4);
         idx[b] = start[b];
-        acc[b] = F::zero();
+        sum[b] = F::zero();
     }
     for (int t = 0; t < terms; ++t) {
         if ((t & 7) == 0) {
 #pragma GCC unroll 3
-            for (int b = 0; b < kGroup; ++b) {
+            for (int b = 0; b < G; ++b) {
                 c[b] = tabAt(tab, idx[b]);
                 s[b] = tabAt(tab, addMod(idx[b], q, L4));
                 idx[b] = addMod(idx[b], step8[b], L4);
             }
         } else {
 #pragma GCC unroll 3
-            for (int b = 0; b < kGroup; ++b) {
+            for (int b = 0; b < G; ++b) {
                 const typename F::R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
                 s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
                 c[b] = nc;
             }
         }
 #pragma GCC unroll 3
-        for (int b = 0; b < kGroup; ++b) acc[b] = F::add(acc[b], F::mul(coef(t, b), c[b]));
+        for (int b = 0; b < G; ++b) sum[b] = F::add(sum[b], F::mul(coef(t, b), c[b]));
     }
+    for (int b = 0; b < G; ++b) acc[b] = sum[b];  // the sums stay in registers in the loop
+}
+
+// f(std::integral_constant<int, G>) for G = min(kGroup, blocks).
+template <class Fn> VRX_INLINE void byGroup(int blocks, Fn f) {
+    if (blocks >= 3) f(std::integral_constant<int, 3>{});
+    else if (blocks == 2) f(std::integral_constant<int, 2>{});
+    else f(std::integral_constant<int, 1>{});
 }
 
 template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
@@ -604,8 +615,11 @@ template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
             step[b] = I32::add(k[b], k[b]);
             odd[b] = static_cast<typename F::M>(I32::test(k[b], one));
         }
-        walkSum<T>(tab, N, k, step, m,
-                   [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
+        byGroup((N - g + L - 1) / L, [&](auto gc) {
+            walkSum<T, decltype(gc)::value>(
+                tab, N, k, step, m,
+                [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
+        });
         for (int b = 0; b < kGroup; ++b) {
             const int k0 = g + b * L;
             if (k0 >= N) break;
@@ -638,8 +652,10 @@ template <class T> void directInv(const Plan* p, const T* y, T* x, T* w) {
             step[b] = I32::add(n21[b], n21[b]);
             zero[b] = I32::zero();
         }
-        walkSum<T>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
-        walkSum<T>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
+        byGroup((m - g + L - 1) / L, [&](auto gc) {
+            walkSum<T, decltype(gc)::value>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
+            walkSum<T, decltype(gc)::value>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
+        });
         for (int b = 0; b < kGroup; ++b) {
             const int n0 = g + b * L;
             if (n0 >= m) break;
@@ -669,21 +685,76 @@ VrxStatus convolve(const Plan* p, typename Width<T>::C* a, int64_t len, uint8_t*
     return W::mulI(chirp, a, static_cast<int>(len));
 }
 
+// Vector pieces of the chirp path's linear passes: L complex values as a
+// register of real parts and one of imaginary parts.
+template <class T> struct CV {
+    using F = simd::V<T>;
+    using R = typename F::R;
+    using M = typename F::M;
+    static constexpr int L = F::N;
+    // masks of the first and second register of 2L scalars, first q scalars
+    static VRX_INLINE M lo(int64_t q) { return simd::tail<T>(q >= L ? L : q); }
+    static VRX_INLINE M hi(int64_t q) { return simd::tail<T>(q > L ? q - L : 0); }
+    // p[0 .. cnt-1]
+    static VRX_INLINE void load(const typename Width<T>::C* c, int64_t cnt, R& re, R& im) {
+        const T* p = &c->re;
+        simd::deinterleave(F::loadm(lo(2 * cnt), p), F::loadm(hi(2 * cnt), p + L), re, im);
+    }
+    // lane l = c[-l], l < cnt
+    static VRX_INLINE void loadRev(const typename Width<T>::C* c, int64_t cnt, R& re, R& im) {
+        const T* p = &(c - (L - 1))->re;
+        const int64_t skip = 2 * (L - cnt);
+        R a, b;
+        simd::deinterleave(F::loadm(static_cast<M>(~lo(skip)), p), F::loadm(static_cast<M>(~hi(skip)), p + L), a, b);
+        re = simd::reverseLanes(a);
+        im = simd::reverseLanes(b);
+    }
+    static VRX_INLINE void store(typename Width<T>::C* c, int64_t cnt, R re, R im) {
+        T* p = &c->re;
+        R a, b;
+        simd::interleave(re, im, a, b);
+        F::storem(p, lo(2 * cnt), a);
+        F::storem(p + L, hi(2 * cnt), b);
+    }
+    // reals: lane l = p[l] and lane l = p[-l]
+    static VRX_INLINE R loadR(const T* p, int64_t cnt) { return F::loadm(simd::tail<T>(cnt), p); }
+    static VRX_INLINE R loadRRev(const T* p, int64_t cnt) {
+        return simd::reverseLanes(F::loadm(static_cast<M>(~simd::tail<T>(L - cnt)), p - (L - 1)));
+    }
+    static VRX_INLINE void storeR(T* p, int64_t cnt, R v) { F::storem(p, simd::tail<T>(cnt), v); }
+    static VRX_INLINE void storeRRev(T* p, int64_t cnt, R v) {
+        F::storem(p - (L - 1), static_cast<M>(~simd::tail<T>(L - cnt)), simd::reverseLanes(v));
+    }
+};
+
 template <class T>
 VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
+    using V = CV<T>;
+    using F = typename V::F;
+    using R = typename V::R;
+    constexpr int L = V::L;
     const int64_t N = p->length;
     const C* chirp = static_cast<const C*>(p->chirpTab);
     const C* post = static_cast<const C*>(p->postTab);
     const T c0 = static_cast<T>(p->scale0);
     if (N & 1) {
-        for (int64_t n = 0; n < N; ++n) {
-            a[n].re = x[n] * chirp[n].re;
-            a[n].im = x[n] * chirp[n].im;
+        for (int64_t n = 0; n < N; n += L) {
+            const int64_t c = N - n < L ? N - n : L;
+            R wr, wi;
+            V::load(chirp + n, c, wr, wi);
+            const R v = V::loadR(x + n, c);
+            V::store(a + n, c, F::mul(v, wr), F::mul(v, wi));
         }
         if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
-        for (int64_t k = 0; k < N; ++k) y[k] = post[k].re * a[k].re - post[k].im * a[k].im;
+        for (int64_t k = 0; k < N; k += L) {
+            const int64_t c = N - k < L ? N - k : L;
+            R pr, pi, ar, ai;
+            V::load(post + k, c, pr, pi);
+            V::load(a + k, c, ar, ai);
+            V::storeR(y + k, c, F::sub(F::mul(pr, ar), F::mul(pi, ai)));
+        }
         return vrxOk;
     }
     const int64_t h = N / 2;
@@ -698,14 +769,20 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     const C* rot = static_cast<const C*>(p->rotTab);
     const T z0r = a[0].re, z0i = a[0].im;
     // 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
-    for (int64_t k = 1; k < h; ++k) {
-        const T zr = a[k].re, zi = a[k].im, mr = a[h - k].re, mi = -a[h - k].im;
-        const T Ar = zr + mr, Ai = zi + mi;
-        const T Br = zi - mi, Bi = mr - zr;
-        const T vr = Ar + (rot[k].re * Br - rot[k].im * Bi);
-        const T vi = Ai + (rot[k].re * Bi + rot[k].im * Br);
-        y[k] = post[k].re * vr + post[k].im * vi;
-        y[N - k] = post[k].im * vr - post[k].re * vi;
+    for (int64_t k = 1; k < h; k += L) {
+        const int64_t c = h - k < L ? h - k : L;
+        R zr, zi, mr, mi, rr, ri, pr, pi;
+        V::load(a + k, c, zr, zi);
+        V::loadRev(a + h - k, c, mr, mi);
+        mi = F::neg(mi);
+        V::load(rot + k, c, rr, ri);
+        V::load(post + k, c, pr, pi);
+        const R Ar = F::add(zr, mr), Ai = F::add(zi, mi);
+        const R Br = F::sub(zi, mi), Bi = F::sub(mr, zr);
+        const R vr = F::add(Ar, F::sub(F::mul(rr, Br), F::mul(ri, Bi)));
+        const R vi = F::add(Ai, F::add(F::mul(rr, Bi), F::mul(ri, Br)));
+        V::storeR(y + k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
+        V::storeRRev(y + N - k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
     }
     y[0] = (z0r + z0i) * c0;
     y[h] = (z0r - z0i) * c0;
@@ -716,42 +793,55 @@ template <class T>
 VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
+    using V = CV<T>;
+    using F = typename V::F;
+    using R = typename V::R;
+    constexpr int L = V::L;
     const int64_t N = p->length;
     const C* rot = static_cast<const C*>(p->rotTab);
     const C* post = static_cast<const C*>(p->postTab);
     if (N & 1) {
-        for (int64_t k = 0; k < N; ++k) {
-            a[k].re = y[k] * rot[k].re;
-            a[k].im = y[k] * rot[k].im;
+        for (int64_t k = 0; k < N; k += L) {
+            const int64_t c = N - k < L ? N - k : L;
+            R wr, wi;
+            V::load(rot + k, c, wr, wi);
+            const R v = V::loadR(y + k, c);
+            V::store(a + k, c, F::mul(v, wr), F::mul(v, wi));
         }
         if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
-        for (int64_t n = 0; n < N; ++n) x[n] = a[n].re;
+        for (int64_t n = 0; n < N; n += L) {
+            const int64_t c = N - n < L ? N - n : L;
+            R ar, ai;
+            V::load(a + n, c, ar, ai);
+            V::storeR(x + n, c, ar);
+        }
         return vrxOk;
     }
     const int64_t h = N / 2;
     const T s0 = post[0].re;
     // R'(k) = post[k] (y[k] - i y[N-k]); R'(0) = s0 y[0], R'(h) = s0 y[h]
-    auto R = [&](int64_t k, T& re, T& im) {
-        if (k == 0 || k == h) {
-            re = s0 * y[k];
-            im = T(0);
-        } else {
-            const T u = y[k], v = y[N - k];
-            re = post[k].re * u + post[k].im * v;
-            im = post[k].im * u - post[k].re * v;
-        }
-    };
     // Z'(k) = (R'(k) + conj R'(h-k)) + i conj(r_k) (R'(k) - conj R'(h-k)); a = conj(Z')
-    for (int64_t k = 0; k < h; ++k) {
-        T pr, pi, qr, qi;
-        R(k, pr, pi);
-        R(h - k, qr, qi);
-        qi = -qi;
-        const T Ar = pr + qr, Ai = pi + qi, Dr = pr - qr, Di = pi - qi;
-        const T cr = rot[k].re, ci = rot[k].im;  // conj(r_k)
-        const T er = cr * Dr - ci * Di, ei = cr * Di + ci * Dr;
-        a[k].re = Ar - ei;
-        a[k].im = -(Ai + er);
+    {
+        const T pr = s0 * y[0], qr = s0 * y[h];
+        const T Ar = pr + qr, Dr = pr - qr;
+        const T cr = rot[0].re, ci = rot[0].im;
+        const T er = cr * Dr - ci * T(0), ei = cr * T(0) + ci * Dr;
+        a[0].re = Ar - ei;
+        a[0].im = -(T(0) + er);
+    }
+    for (int64_t k = 1; k < h; k += L) {
+        const int64_t c = h - k < L ? h - k : L;
+        R gr, gi, hr, hi, cr, ci;
+        V::load(post + k, c, gr, gi);
+        V::loadRev(post + h - k, c, hr, hi);
+        V::load(rot + k, c, cr, ci);
+        const R u = V::loadR(y + k, c), v = V::loadRRev(y + N - k, c);
+        const R u2 = V::loadRRev(y + h - k, c), v2 = V::loadR(y + h + k, c);
+        const R pr = F::add(F::mul(gr, u), F::mul(gi, v)), pi = F::sub(F::mul(gi, u), F::mul(gr, v));
+        const R qr = F::add(F::mul(hr, u2), F::mul(hi, v2)), qi = F::neg(F::sub(F::mul(hi, u2), F::mul(hr, v2)));
+        const R Ar = F::add(pr, qr), Ai = F::add(pi, qi), Dr = F::sub(pr, qr), Di = F::sub(pi, qi);
+        const R er = F::sub(F::mul(cr, Dr), F::mul(ci, Di)), ei = F::add(F::mul(cr, Di), F::mul(ci, Dr));
+        V::store(a + k, c, F::sub(Ar, ei), F::neg(F::add(Ai, er)));
     }
     if (VrxStatus st = W::mulI(static_cast<const C*>(p->chirpTab), a, static_cast<int>(h))) return st;
     if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
