@@ -218,24 +218,33 @@ void outputsScalar(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
 // (loads for D = 1, gathers otherwise), outputs U apart (stores for U = 1,
 // scatters otherwise). The arithmetic per output is that of the scalar form.
 template <class E> struct Lanes;
-template <> struct Lanes<Vrx32f> {
-    using W = simd::V<float>;
-    using Idx = __m512i;
-    static constexpr int L = 16;
-    static Idx steps(int s) { return simd::steps16(s); }
-    static W::R in(const Vrx32f* p, bool unit, Idx i) { return unit ? W::load(p) : simd::gather32(p, i); }
-    static void put(Vrx32f* p, bool unit, Idx i, W::R v) { if (unit) W::store(p, v); else simd::scatter32(p, i, v); }
-    static W::R step(W::R acc, const Vrx32f* g, W::R x) { return W::fma(W::set1(*g), x, acc); }
+template <int Bytes> struct IndexOf;
+template <> struct IndexOf<4> { using T = __m512i; };  // 16 lanes
+template <> struct IndexOf<8> { using T = __m256i; };  // 8 lanes
+template <class S> struct RealLanes {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    static constexpr bool k4 = sizeof(S) == 4;
+    using Idx = typename IndexOf<sizeof(S)>::T;
+    static constexpr int L = W::N;
+    static Idx steps(int s) {
+        if constexpr (k4) return simd::steps16(s);
+        else return simd::steps8(s);
+    }
+    static R in(const S* p, bool unit, Idx i) {
+        if (unit) return W::load(p);
+        if constexpr (k4) return simd::gather32(p, i);
+        else return simd::gather64(p, i);
+    }
+    static void put(S* p, bool unit, Idx i, R v) {
+        if (unit) W::store(p, v);
+        else if constexpr (k4) simd::scatter32(p, i, v);
+        else simd::scatter64(p, i, v);
+    }
+    static R step(R acc, const S* g, R x) { return W::fma(W::set1(*g), x, acc); }
 };
-template <> struct Lanes<Vrx64f> {
-    using W = simd::V<double>;
-    using Idx = __m256i;
-    static constexpr int L = 8;
-    static Idx steps(int s) { return simd::steps8(s); }
-    static W::R in(const Vrx64f* p, bool unit, Idx i) { return unit ? W::load(p) : simd::gather64(p, i); }
-    static void put(Vrx64f* p, bool unit, Idx i, W::R v) { if (unit) W::store(p, v); else simd::scatter64(p, i, v); }
-    static W::R step(W::R acc, const Vrx64f* g, W::R x) { return W::fma(W::set1(*g), x, acc); }
-};
+template <> struct Lanes<Vrx32f> : RealLanes<float> {};
+template <> struct Lanes<Vrx64f> : RealLanes<double> {};
 // Complex floats move as 8-byte lanes; re*x first, then the cross term.
 template <> struct Lanes<Vrx32fc> {
     using W = simd::V<float>;
