@@ -500,8 +500,33 @@ VrxStatus mrRun16(const I* pSrc, I* pDst, int numIters, const VrxsFirMrState* pS
     if (pDlySrc) toFloat(pDlySrc, dA, static_cast<int>(H));
     else zeroN(dA, static_cast<int>(H));
     const int64_t wide = (U > D ? U : D) * c;
-    // blocks wider than 4096 scalars reach into the scratch: no scratch then
-    E* scr = wide > 4096 ? nullptr : scratchArea<E>(k, pBuf);
+    if (wide > 4096) {
+        // One iteration is wider than a block: its input goes behind the
+        // line in the joined run (dlyLen >= 4D), its outputs leave in
+        // pieces of 4096 scalars.
+        const int64_t piece = 4096 / c;
+        int64_t inPos = 0, outPos = 0;
+        for (int64_t done = 0; done < numIters; ++done) {
+            copyN(dA, J, static_cast<int>(H));
+            toFloat(pSrc == pDst ? pDst + inPos : pSrc + inPos, J + H, static_cast<int>(D));
+            inPos += D;
+            const int64_t rest = (numIters - done - 1) * D;
+            if (pSrc == pDst && rest > 0 && inPos < outPos + U) {
+                moveN(pDst + inPos, pDst + outPos + U, static_cast<int>(rest));
+                inPos = outPos + U;
+            }
+            for (int64_t a = 0; a < U; a += piece) {
+                const int64_t b = U - a < piece ? U : a + piece;
+                outputs(k, J + H, outB - a, a, b);  // writes outB[0 .. b-a)
+                fromFloat(outB, pDst + outPos + a, static_cast<int>(b - a));
+            }
+            copyN(J + D, dA, static_cast<int>(H));
+            outPos += U;
+        }
+        if (pDlyDst) fromFloat(dA, pDlyDst, static_cast<int>(H));
+        return vrxOk;
+    }
+    E* scr = scratchArea<E>(k, pBuf);
     const int64_t per = 4096 / wide > 0 ? 4096 / wide : 1;
     int64_t inPos = 0, outPos = 0;
     // in place with D < U: the output overtakes the input, so the unread
