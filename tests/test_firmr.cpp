@@ -303,3 +303,43 @@ TEST(FirMr16s, FloatFilterRoundedAndSaturated) {
 }
 
 }  // namespace
+
+namespace {
+
+// An iteration wider than the 16-bit forms' block (factors above 4096
+// scalars): the same outputs and line as the float filter on the converted
+// input, nothing written outside the work buffer.
+TEST(FirMr16sc, FactorsWiderThanABlock) {
+    vt::Rng r(37);
+    for (auto [U, D] : {std::pair{2100, 3}, std::pair{3, 4500}, std::pair{5000, 4999}}) {
+        const int N = 40, H = (N + U - 1) / U, iters = 3;
+        std::vector<Vrx32fc> h(static_cast<size_t>(N));
+        for (auto& v : h) v = Vrx32fc{float(r.uniform() - 0.5), float(r.uniform() - 0.5)};
+        int s = 0, b = 0;
+        ASSERT_EQ(vrxsFIRMRGetSize(N, U, D, vrx32fc, &s, &b), vrxOk);
+        std::vector<uint8_t> spec(static_cast<size_t>(s));
+        vt::Buffer buf(static_cast<size_t>(b), 8);
+        auto* st = reinterpret_cast<VrxsFirMrState*>(spec.data());
+        ASSERT_EQ(vrxsFIRMRInit_32fc(h.data(), N, U, U - 1, D, D / 2, st), vrxOk);
+        std::vector<Vrx16sc> x(static_cast<size_t>(iters * D)), out(static_cast<size_t>(iters * U)), line(static_cast<size_t>(H));
+        for (auto& v : x) v = Vrx16sc{int16_t(r.range(-32768, 32767)), int16_t(r.range(-32768, 32767))};
+        ASSERT_EQ(vrxsFIRMR_16sc(x.data(), out.data(), iters, st, nullptr, line.data(), buf.data()), vrxOk);
+        ASSERT_TRUE(buf.guardsIntact()) << U << " " << D;
+        std::vector<Vrx32fc> xf(x.size()), of(out.size()), zl(static_cast<size_t>(H), Vrx32fc{0, 0});
+        for (size_t i = 0; i < x.size(); ++i) xf[i] = Vrx32fc{float(x[i].re), float(x[i].im)};
+        std::vector<uint8_t> fbuf(static_cast<size_t>(b));
+        ASSERT_EQ(vrxsFIRMR_32fc(xf.data(), of.data(), iters, st, zl.data(), nullptr, fbuf.data()), vrxOk);
+        auto s16 = [](float v) { return int16_t(std::max(-32768.0f, std::min(32767.0f, std::nearbyint(v)))); };
+        for (size_t i = 0; i < out.size(); ++i) {
+            ASSERT_EQ(out[i].re, s16(of[i].re)) << "U=" << U << " D=" << D << " i=" << i;
+            ASSERT_EQ(out[i].im, s16(of[i].im)) << "U=" << U << " D=" << D << " i=" << i;
+        }
+        for (int i = 0; i < H; ++i) ASSERT_EQ(line[size_t(i)].re, x[x.size() - size_t(H - i)].re);
+        std::vector<Vrx16sc> io(static_cast<size_t>(iters * std::max(U, D)));
+        std::copy(x.begin(), x.end(), io.begin());
+        ASSERT_EQ(vrxsFIRMR_16sc(io.data(), io.data(), iters, st, nullptr, nullptr, buf.data()), vrxOk);
+        for (size_t i = 0; i < out.size(); ++i) ASSERT_EQ(memcmp(&io[i], &out[i], sizeof(Vrx16sc)), 0) << "in place U=" << U << " i=" << i;
+    }
+}
+
+}  // namespace

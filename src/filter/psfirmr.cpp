@@ -4,6 +4,8 @@
 // taps of row p against the inputs from start[p] + q*D on. A joined run of
 // history and the first inputs serves the first outputs; the rest run on the
 // caller's vector. History and delay lines count input samples.
+#include <type_traits>
+
 #include "psfirsr.h"
 #include "vrx_layout.h"
 
@@ -97,6 +99,10 @@ VRX_INLINE int64_t coreBytes(const Plan& p, int e) {
 VRX_INLINE int64_t pairBytes(int64_t H) { return ((H * 32) + 126) & ~int64_t(127); }
 VRX_INLINE int64_t runBytes(int64_t dlyLen, int64_t H) { return (((dlyLen + H) * 16) + 79) & ~int64_t(63); }
 constexpr int64_t kStage = 65599;
+// The staging block starts at the first 64-byte boundary behind the joined
+// run; its last 16 KiB are scratch of the kernels (the staged outputs and
+// the 16-bit forms' blocks stay below 48 KiB).
+constexpr int64_t kScratchAt = 49152, kScratch = 16384;
 
 // ----------------------------------------------------------- size query
 int elemBytes(int type) {
@@ -212,24 +218,33 @@ void outputsScalar(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
 // (loads for D = 1, gathers otherwise), outputs U apart (stores for U = 1,
 // scatters otherwise). The arithmetic per output is that of the scalar form.
 template <class E> struct Lanes;
-template <> struct Lanes<Vrx32f> {
-    using W = simd::V<float>;
-    using Idx = __m512i;
-    static constexpr int L = 16;
-    static Idx steps(int s) { return simd::steps16(s); }
-    static W::R in(const Vrx32f* p, bool unit, Idx i) { return unit ? W::load(p) : simd::gather32(p, i); }
-    static void put(Vrx32f* p, bool unit, Idx i, W::R v) { if (unit) W::store(p, v); else simd::scatter32(p, i, v); }
-    static W::R step(W::R acc, const Vrx32f* g, W::R x) { return W::fma(W::set1(*g), x, acc); }
+template <int Bytes> struct IndexOf;
+template <> struct IndexOf<4> { using T = __m512i; };  // 16 lanes
+template <> struct IndexOf<8> { using T = __m256i; };  // 8 lanes
+template <class S> struct RealLanes {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    static constexpr bool k4 = sizeof(S) == 4;
+    using Idx = typename IndexOf<sizeof(S)>::T;
+    static constexpr int L = W::N;
+    static Idx steps(int s) {
+        if constexpr (k4) return simd::steps16(s);
+        else return simd::steps8(s);
+    }
+    static R in(const S* p, bool unit, Idx i) {
+        if (unit) return W::load(p);
+        if constexpr (k4) return simd::gather32(p, i);
+        else return simd::gather64(p, i);
+    }
+    static void put(S* p, bool unit, Idx i, R v) {
+        if (unit) W::store(p, v);
+        else if constexpr (k4) simd::scatter32(p, i, v);
+        else simd::scatter64(p, i, v);
+    }
+    static R step(R acc, const S* g, R x) { return W::fma(W::set1(*g), x, acc); }
 };
-template <> struct Lanes<Vrx64f> {
-    using W = simd::V<double>;
-    using Idx = __m256i;
-    static constexpr int L = 8;
-    static Idx steps(int s) { return simd::steps8(s); }
-    static W::R in(const Vrx64f* p, bool unit, Idx i) { return unit ? W::load(p) : simd::gather64(p, i); }
-    static void put(Vrx64f* p, bool unit, Idx i, W::R v) { if (unit) W::store(p, v); else simd::scatter64(p, i, v); }
-    static W::R step(W::R acc, const Vrx64f* g, W::R x) { return W::fma(W::set1(*g), x, acc); }
-};
+template <> struct Lanes<Vrx32f> : RealLanes<float> {};
+template <> struct Lanes<Vrx64f> : RealLanes<double> {};
 // Complex floats move as 8-byte lanes; re*x first, then the cross term.
 template <> struct Lanes<Vrx32fc> {
     using W = simd::V<float>;
@@ -251,8 +266,73 @@ template <> struct Lanes<Vrx32fc> {
     }
 };
 
+// With D > 1 the inputs are first split into D streams in scratch,
+// z_r[m] = X[c0 + r + m*D], so that the lanes of one tap read consecutive
+// elements of one stream: tap j of phase p meets stream (a+j) mod D from
+// (a+j) div D on, a the phase's start from c0. Chunks of q fill the scratch.
+// Returns false when a chunk of L lanes does not fit.
 template <class E>
-void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
+bool outputsSplit(const Core* k, const E* X, E* out, int64_t& n, int64_t n1, E* scr, int64_t scrElems) {
+    using Ln = Lanes<E>;
+    using R = typename Ln::W::R;
+    constexpr int L = Ln::L;
+    const int64_t U = k->upFactor, D = k->downFactor, win = k->winLen;
+    const E* rows = static_cast<const E*>(k->pPhaseTaps);
+    int64_t lo = INT64_MAX, hi = INT64_MIN;
+    for (int64_t pr = 0; pr < U; ++pr) {
+        if (!k->pCount[pr]) continue;
+        lo = lo < k->pIndex[pr] ? lo : k->pIndex[pr];
+        const int64_t e = k->pIndex[pr] + k->pCount[pr];
+        hi = hi > e ? hi : e;
+    }
+    if (lo > hi) return false;  // no taps at all: the scalar form writes zeros
+    const int64_t span = hi - lo;
+    const int64_t B = (scrElems / D - span / D - 2) / L * L;  // q per chunk
+    if (B < L) return false;
+    const typename Ln::Idx iU = Ln::steps(static_cast<int>(U));
+    while (n + L * U <= n1) {
+        const int64_t qa = n / U;
+        int64_t qn = (n1 - n) / (L * U) * L;
+        if (qn > B) qn = B;
+        const int64_t c0 = lo + qa * D, len = (qn - 1) * D + span;
+        const int64_t M = len / D + 1;
+        for (int64_t r = 0; r < D; ++r) {
+            E* z = scr + r * M;
+            const E* x = X + c0 + r;
+            for (int64_t m = 0; r + m * D < len; ++m) z[m] = x[m * D];
+        }
+        for (int64_t pr = 0; pr < U; ++pr) {
+            const int cnt = k->pCount[pr];
+            const E* g = rows + pr * win;
+            const int64_t a = k->pIndex[pr] - lo;
+            int64_t qb = 0;
+            for (; qb + 2 * L <= qn; qb += 2 * L) {  // two chains
+                R a0 = Ln::W::zero(), a1 = Ln::W::zero();
+                for (int j = 0; j < cnt; ++j) {
+                    const int64_t t = a + j;
+                    const E* z = scr + (t % D) * M + t / D + qb;
+                    a0 = Ln::step(a0, g + j, Ln::in(z, true, iU));
+                    a1 = Ln::step(a1, g + j, Ln::in(z + L, true, iU));
+                }
+                Ln::put(out + (qa + qb) * U + pr, U == 1, iU, a0);
+                Ln::put(out + (qa + qb + L) * U + pr, U == 1, iU, a1);
+            }
+            for (; qb < qn; qb += L) {
+                R acc = Ln::W::zero();
+                for (int j = 0; j < cnt; ++j) {
+                    const int64_t t = a + j;
+                    acc = Ln::step(acc, g + j, Ln::in(scr + (t % D) * M + t / D + qb, true, iU));
+                }
+                Ln::put(out + (qa + qb) * U + pr, U == 1, iU, acc);
+            }
+        }
+        n += qn * U;
+    }
+    return true;
+}
+
+template <class E>
+void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1, E* scr = nullptr, int64_t scrElems = 0) {
     const int64_t U = k->upFactor, D = k->downFactor;
     int64_t n = (n0 + U - 1) / U * U;  // the first group boundary
     if (n > n1) n = n1;
@@ -261,38 +341,31 @@ void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
         using Ln = Lanes<E>;
         using R = typename Ln::W::R;
         constexpr int L = Ln::L;
-        if ((L - 1) * D <= kLimit && (L - 1) * U <= kLimit) {
+        const bool split = D > 1 && scr && (L - 1) * U <= kLimit && outputsSplit(k, X, out, n, n1, scr, scrElems);
+        if (!split && (L - 1) * D <= kLimit && (L - 1) * U <= kLimit) {
             const typename Ln::Idx iD = Ln::steps(static_cast<int>(D)), iU = Ln::steps(static_cast<int>(U));
             const E* rows = static_cast<const E*>(k->pPhaseTaps);
             const int64_t win = k->winLen;
-            // two blocks of L lanes at a time for independent chains
-            for (; n + 2 * L * U <= n1; n += 2 * L * U) {
-                const int64_t q = n / U;
-                for (int64_t pr = 0; pr < U; ++pr) {
-                    const int cnt = k->pCount[pr];
-                    const E* g = rows + pr * win;
-                    const E* x0 = X + (k->pIndex[pr] + q * D);
-                    const E* x1 = x0 + L * D;
-                    R a0 = Ln::W::zero(), a1 = Ln::W::zero();
-                    for (int j = 0; j < cnt; ++j) {
-                        a0 = Ln::step(a0, g + j, Ln::in(x0 + j, D == 1, iD));
-                        a1 = Ln::step(a1, g + j, Ln::in(x1 + j, D == 1, iD));
+            // Kb blocks of L lanes at a time: two for independent chains,
+            // then one
+            auto blocks = [&](auto kb) {
+                constexpr int Kb = decltype(kb)::value;
+                for (; n + Kb * L * U <= n1; n += Kb * L * U) {
+                    const int64_t q = n / U;
+                    for (int64_t pr = 0; pr < U; ++pr) {
+                        const int cnt = k->pCount[pr];
+                        const E* g = rows + pr * win;
+                        const E* x0 = X + (k->pIndex[pr] + q * D);
+                        R a[Kb];
+                        for (int b = 0; b < Kb; ++b) a[b] = Ln::W::zero();
+                        for (int j = 0; j < cnt; ++j)
+                            for (int b = 0; b < Kb; ++b) a[b] = Ln::step(a[b], g + j, Ln::in(x0 + b * L * D + j, D == 1, iD));
+                        for (int b = 0; b < Kb; ++b) Ln::put(out + n + pr + b * L * U, U == 1, iU, a[b]);
                     }
-                    Ln::put(out + n + pr, U == 1, iU, a0);
-                    Ln::put(out + n + pr + L * U, U == 1, iU, a1);
                 }
-            }
-            for (; n + L * U <= n1; n += L * U) {
-                const int64_t q = n / U;
-                for (int64_t pr = 0; pr < U; ++pr) {
-                    const int cnt = k->pCount[pr];
-                    const E* g = rows + pr * win;
-                    const E* x0 = X + (k->pIndex[pr] + q * D);
-                    R a0 = Ln::W::zero();
-                    for (int j = 0; j < cnt; ++j) a0 = Ln::step(a0, g + j, Ln::in(x0 + j, D == 1, iD));
-                    Ln::put(out + n + pr, U == 1, iU, a0);
-                }
-            }
+            };
+            blocks(std::integral_constant<int, 2>{});
+            blocks(std::integral_constant<int, 1>{});
         }
     }
     outputsScalar(k, X, out, n, n1);
@@ -302,18 +375,19 @@ void outputs(const Core* k, const E* X, E* out, int64_t n0, int64_t n1) {
 // in J (H + dlyLen elements). When the input is not longer than dlyLen it
 // all goes through J, and dst may then overlap src.
 template <class E>
-void plainRun(const Core* k, const E* src, E* dst, int64_t iters, const E* dlyIn, E* dlyOut, E* J) {
+void plainRun(const Core* k, const E* src, E* dst, int64_t iters, const E* dlyIn, E* dlyOut, E* J, E* scr) {
+    constexpr int64_t scrElems = kScratch / int64_t(sizeof(E));
     const int64_t H = k->histLen, nin = iters * k->downFactor, nout = iters * k->upFactor;
     if (dlyIn) copyN(dlyIn, J, static_cast<int>(H));
     else zeroN(J, static_cast<int>(H));
     if (k->dlyLen < nin) {
         copyN(src, J + H, k->dlyLen);
-        outputs(k, J + H, dst, 0, k->firstOut);
-        outputs(k, src, dst, k->firstOut, nout);
+        outputs(k, J + H, dst, 0, k->firstOut, scr, scrElems);
+        outputs(k, src, dst, k->firstOut, nout, scr, scrElems);
         if (dlyOut) copyN(src + (nin - H), dlyOut, static_cast<int>(H));
     } else {
         copyN(src, J + H, static_cast<int>(nin));
-        outputs(k, J + H, dst, 0, nout);
+        outputs(k, J + H, dst, 0, nout, scr, scrElems);
         if (dlyOut) moveN(J + nin, dlyOut, static_cast<int>(H));
     }
 }
@@ -321,6 +395,13 @@ void plainRun(const Core* k, const E* src, E* dst, int64_t iters, const E* dlyIn
 template <class E>
 VRX_INLINE E* runArea(const Core* k, Vrx8u* pBuf) {
     return reinterpret_cast<E*>(pBuf + pairBytes(k->histLen));
+}
+VRX_INLINE Vrx8u* stageArea(const Core* k, Vrx8u* pBuf) {
+    return reinterpret_cast<Vrx8u*>((addr(pBuf + pairBytes(k->histLen) + runBytes(k->dlyLen, k->histLen)) + 63) & ~uintptr_t(63));
+}
+template <class E>
+VRX_INLINE E* scratchArea(const Core* k, Vrx8u* pBuf) {
+    return reinterpret_cast<E*>(stageArea(k, pBuf) + kScratchAt);
 }
 
 // ------------------------------------------------------------- run, floats
@@ -360,7 +441,7 @@ VrxStatus mrRun(const E* pSrc, E* pDst, int numIters, const VrxsFirMrState* pSpe
     if (VrxStatus st = openCore<E>(pSpec, &k)) return st;
     E* J = runArea<E>(k, pBuf);
     if (pSrc != pDst) {
-        plainRun(k, pSrc, pDst, numIters, pDlySrc, pDlyDst, J);
+        plainRun(k, pSrc, pDst, numIters, pDlySrc, pDlyDst, J, scratchArea<E>(k, pBuf));
         return vrxOk;
     }
     // In place: blocks of 4096/U iterations staged in the work buffer (or
@@ -369,7 +450,7 @@ VrxStatus mrRun(const E* pSrc, E* pDst, int numIters, const VrxsFirMrState* pSpe
     const int64_t H = k->histLen, U = k->upFactor, D = k->downFactor;
     E* dA = reinterpret_cast<E*>(pBuf);
     E* dB = dA + H;
-    E* stage = reinterpret_cast<E*>((addr(pBuf + pairBytes(H) + runBytes(k->dlyLen, H)) + 63) & ~uintptr_t(63));
+    E* stage = reinterpret_cast<E*>(stageArea(k, pBuf));
     E* v = pDst;
     if (pDlySrc) copyN(pDlySrc, dA, static_cast<int>(H));
     else zeroN(dA, static_cast<int>(H));
@@ -387,7 +468,7 @@ VrxStatus mrRun(const E* pSrc, E* pDst, int numIters, const VrxsFirMrState* pSpe
             moveN(v + next, v + outPos + ib * U, static_cast<int>(rest));
             next = outPos + ib * U;
         }
-        plainRun(k, v + inPos, out, ib, dA, dB, J);
+        plainRun(k, v + inPos, out, ib, dA, dB, J, scratchArea<E>(k, pBuf));
         inPos = next;
         if (!straight) copyN(stage, v + outPos, static_cast<int>(ib * U));
         outPos += ib * U;
@@ -414,11 +495,38 @@ VrxStatus mrRun16(const I* pSrc, I* pDst, int numIters, const VrxsFirMrState* pS
     E* J = runArea<E>(k, pBuf);
     E* dA = reinterpret_cast<E*>(pBuf);
     E* dB = dA + H;
-    E* inB = reinterpret_cast<E*>((addr(pBuf + pairBytes(H) + runBytes(k->dlyLen, H)) + 63) & ~uintptr_t(63));
+    E* inB = reinterpret_cast<E*>(stageArea(k, pBuf));
     E* outB = addBytes(inB, 32768);
     if (pDlySrc) toFloat(pDlySrc, dA, static_cast<int>(H));
     else zeroN(dA, static_cast<int>(H));
     const int64_t wide = (U > D ? U : D) * c;
+    if (wide > 4096) {
+        // One iteration is wider than a block: its input goes behind the
+        // line in the joined run (dlyLen >= 4D), its outputs leave in
+        // pieces of 4096 scalars.
+        const int64_t piece = 4096 / c;
+        int64_t inPos = 0, outPos = 0;
+        for (int64_t done = 0; done < numIters; ++done) {
+            copyN(dA, J, static_cast<int>(H));
+            toFloat(pSrc == pDst ? pDst + inPos : pSrc + inPos, J + H, static_cast<int>(D));
+            inPos += D;
+            const int64_t rest = (numIters - done - 1) * D;
+            if (pSrc == pDst && rest > 0 && inPos < outPos + U) {
+                moveN(pDst + inPos, pDst + outPos + U, static_cast<int>(rest));
+                inPos = outPos + U;
+            }
+            for (int64_t a = 0; a < U; a += piece) {
+                const int64_t b = U - a < piece ? U : a + piece;
+                outputs(k, J + H, outB - a, a, b);  // writes outB[0 .. b-a)
+                fromFloat(outB, pDst + outPos + a, static_cast<int>(b - a));
+            }
+            copyN(J + D, dA, static_cast<int>(H));
+            outPos += U;
+        }
+        if (pDlyDst) fromFloat(dA, pDlyDst, static_cast<int>(H));
+        return vrxOk;
+    }
+    E* scr = scratchArea<E>(k, pBuf);
     const int64_t per = 4096 / wide > 0 ? 4096 / wide : 1;
     int64_t inPos = 0, outPos = 0;
     // in place with D < U: the output overtakes the input, so the unread
@@ -426,7 +534,7 @@ VrxStatus mrRun16(const I* pSrc, I* pDst, int numIters, const VrxsFirMrState* pS
     for (int64_t done = 0; done < numIters;) {
         const int64_t ib = numIters - done < per ? numIters - done : per;
         toFloat(pSrc == pDst ? pDst + inPos : pSrc + inPos, inB, static_cast<int>(ib * D));
-        plainRun(k, inB, outB, ib, dA, dB, J);
+        plainRun(k, inB, outB, ib, dA, dB, J, scr);
         inPos += ib * D;
         const int64_t rest = (numIters - done - ib) * D;
         if (pSrc == pDst && rest > 0 && inPos < outPos + ib * U) {
