@@ -103,6 +103,10 @@ const Exception kExceptions[] = {
     // FIR and sampling
     // IIR filters
     // DFT and Hilbert
+    {"vrxsDFTInit_*", Deviation::OptionalPtr, "pInitBuf",
+     "ignored up to length 16 and for powers of two (the FFT decides); the neutral length is 1"},
+    {"vrxsDFT[FI][wn][dv]_*", Deviation::ObjectFirst, "plan",
+     "the plan is tested first: null -8, then its identity word -17, then the data pointers"},
     // DCT and Goertzel
     // wavelet transforms
 };
