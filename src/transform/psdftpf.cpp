@@ -24,6 +24,17 @@ template <class T> constexpr RootTab<T> makeRoots() {
 }
 template <class T> constexpr RootTab<T> kRoots = makeRoots<T>();
 
+// (j*m) mod R for the fixed radices.
+struct IdxTab { uint8_t q[17][16][16]; };
+constexpr IdxTab makeIdx() {
+    IdxTab t{};
+    for (int R = 1; R <= 16; ++R)
+        for (int j = 0; j < R; ++j)
+            for (int m = 0; m < R; ++m) t.q[R][j][m] = static_cast<uint8_t>((j * m) % R);
+    return t;
+}
+constexpr IdxTab kIdx = makeIdx();
+
 constexpr bool inList(int v, const int* l, int n) {
     for (int i = 0; i < n; ++i)
         if (l[i] == v) return true;
@@ -39,9 +50,31 @@ bool genericTab(int f) { return (f & 1) && f >= 14; }
 
 // ------------------------------------------------------------ radix kernels
 
-// y[m] = sum_j v[j] W^(j*m), m = 0 .. R-1 (forward sign; W the roots of order R).
-template <class T> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx<T>* v, Cx<T>* y) {
+// Straight-line DFT of a fixed radix R: the roots are constants and each
+// output sums its terms in the order j = 0 .. R-1.
+template <class T, int R> VRX_INLINE void dftT(const Cx<T>* v, Cx<T>* y) {
+    constexpr const Cx<T>* W = kRoots<T>.r[R];
+#pragma GCC unroll 16
+    for (int m = 0; m < R; ++m) {
+        T sr = v[0].re, si = v[0].im;
+#pragma GCC unroll 16
+        for (int j = 1; j < R; ++j) {
+            const int q = kIdx.q[R][j][m];
+            sr += v[j].re * W[q].re - v[j].im * W[q].im;
+            si += v[j].re * W[q].im + v[j].im * W[q].re;
+        }
+        y[m] = {sr, si};
+    }
+}
+
+// y[m] = sum_j v[j] W^(j*m), m = 0 .. R-1 (forward sign; W the roots of
+// order R): butterflies of 2, 3, 4 and 5, straight-line primes, generic sums.
+template <class T> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<T>* v, Cx<T>* y) {
     switch (R) {
+        case 7: dftT<T, 7>(v, y); return;
+        case 11: dftT<T, 11>(v, y); return;
+        case 13: dftT<T, 13>(v, y); return;
+
         case 1: y[0] = v[0]; return;
         case 2:
             y[0] = {v[0].re + v[1].re, v[0].im + v[1].im};
@@ -120,6 +153,43 @@ template <class T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const T* v, C
             si += (v[j] - v[R - j]) * W[q].im;
         }
         y[m] = {sr, si};
+    }
+}
+
+// N = N1*N2 in two straight-line levels: DFTs of N1 over x[n2 + N2*n1],
+// the factors w_N^(n2*k1), DFTs of N2 into y[k1 + N1*k2].
+template <class T, int N1, int N2> VRX_INLINE void smallCt(const Cx<T>* x, Cx<T>* y) {
+    constexpr int N = N1 * N2;
+    Cx<T> a[N2][N1], v[N1 > N2 ? N1 : N2], o[N1 > N2 ? N1 : N2];
+#pragma GCC unroll 8
+    for (int n2 = 0; n2 < N2; ++n2) {
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < N1; ++n1) v[n1] = x[n2 + N2 * n1];
+        dftBase<T>(N1, kRoots<T>.r[N1], v, a[n2]);
+    }
+#pragma GCC unroll 8
+    for (int k1 = 0; k1 < N1; ++k1) {
+#pragma GCC unroll 8
+        for (int n2 = 0; n2 < N2; ++n2) {
+            const int q = (n2 * k1) % N;
+            const Cx<T> w = kRoots<T>.r[N][q];
+            const Cx<T> z = a[n2][k1];
+            v[n2] = q == 0 ? z : Cx<T>{z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
+        }
+        dftBase<T>(N2, kRoots<T>.r[N2], v, o);
+#pragma GCC unroll 8
+        for (int k2 = 0; k2 < N2; ++k2) y[k1 + N1 * k2] = o[k2];
+    }
+}
+
+// Any radix of the engine: composite ones up to 16 in two levels.
+template <class T> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx<T>* v, Cx<T>* y) {
+    switch (R) {
+        case 6: smallCt<T, 2, 3>(v, y); return;
+        case 8: smallCt<T, 2, 4>(v, y); return;
+        case 9: smallCt<T, 3, 3>(v, y); return;
+        case 16: smallCt<T, 4, 4>(v, y); return;
+        default: dftBase<T>(R, W, v, y); return;
     }
 }
 
@@ -489,11 +559,28 @@ template <class T> void pfReal(const Plan* p, T* d, bool inv) {
 
 template <class T> const Cx<T>* smallRoots(int R) { return kRoots<T>.r[R]; }
 
+template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y) {
+    switch (N) {
+        case 3: dftBase<T>(3, kRoots<T>.r[3], x, y); return;
+        case 5: dftBase<T>(5, kRoots<T>.r[5], x, y); return;
+        case 6: smallCt<T, 2, 3>(x, y); return;
+        case 7: dftT<T, 7>(x, y); return;
+        case 9: smallCt<T, 3, 3>(x, y); return;
+        case 10: smallCt<T, 2, 5>(x, y); return;
+        case 11: dftT<T, 11>(x, y); return;
+        case 12: smallCt<T, 4, 3>(x, y); return;
+        case 13: dftT<T, 13>(x, y); return;
+        case 14: smallCt<T, 2, 7>(x, y); return;
+        default: smallCt<T, 3, 5>(x, y); return;
+    }
+}
+
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
     template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int);             \
     template void pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*);            \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
-    template const Cx<T>* smallRoots<T>(int);
+    template const Cx<T>* smallRoots<T>(int);                                                            \
+    template void smallDft<T>(int, const Cx<T>*, Cx<T>*);
 
 VRX_DFTPF_INSTANTIATE(float)
 VRX_DFTPF_INSTANTIATE(double)

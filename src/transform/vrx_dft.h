@@ -104,5 +104,7 @@ template <class T> void pfReal(const Plan* p, T* d, bool inv);
 
 // Roots exp(-2*pi*i*q/R), q = 0 .. R-1, for R up to 16.
 template <class T> const Cx<T>* smallRoots(int R);
+// Forward DFT of N values (N up to 15, not a power of two), straight-line.
+template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y);
 
 }  // namespace n0::dft

@@ -284,18 +284,13 @@ template <class T, class Tr> struct Dft {
         if (isPow2(N)) {
             fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
         } else {
-            const C* W = smallRoots<T>(N);
-            for (int k = 0; k < N; ++k) {
-                T sr = x[0].re, si = x[0].im;
-                int q = 0;
-                for (int j = 1; j < N; ++j) {
-                    q += k;
-                    if (q >= N) q -= N;
-                    const T wr = W[q].re, wi = Inv ? -W[q].im : W[q].im;
-                    sr += x[j].re * wr - x[j].im * wi;
-                    si += x[j].re * wi + x[j].im * wr;
-                }
-                y[k] = scale != T(0) ? C{sr * scale, si * scale} : C{sr, si};
+            // the inverse is the conjugate of the forward transform of the conjugate
+            if (Inv)
+                for (int i = 0; i < N; ++i) x[i].im = -x[i].im;
+            smallDft<T>(N, x, y);
+            for (int i = 0; i < N; ++i) {
+                if (Inv) y[i].im = -y[i].im;
+                if (scale != T(0)) y[i] = {y[i].re * scale, y[i].im * scale};
             }
         }
         for (int i = 0; i < N; ++i) d.set(i, y[i]);
