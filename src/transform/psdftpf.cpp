@@ -5,6 +5,7 @@
 // its conjugate-symmetric outputs, as split complex sub-blocks) and is put
 // into the odd-length packed form by one in-place permutation.
 #include "vrx_dft.h"
+#include "simd/simd.h"
 
 namespace n0::dft {
 
@@ -50,13 +51,27 @@ bool genericTab(int f) { return (f & 1) && f >= 14; }
 
 // ------------------------------------------------------------ radix kernels
 
+// A register of L values of T with the arithmetic of the SIMD layer, so
+// that the radix kernels run L columns at once.
+template <class T> struct VE {
+    using S = simd::V<T>;
+    typename S::R r;
+};
+template <class T> VRX_INLINE VE<T> operator+(VE<T> a, VE<T> b) { return {VE<T>::S::add(a.r, b.r)}; }
+template <class T> VRX_INLINE VE<T> operator-(VE<T> a, VE<T> b) { return {VE<T>::S::sub(a.r, b.r)}; }
+template <class T> VRX_INLINE VE<T> operator*(VE<T> a, VE<T> b) { return {VE<T>::S::mul(a.r, b.r)}; }
+template <class T> VRX_INLINE VE<T> operator*(VE<T> a, T b) { return {VE<T>::S::mul(a.r, VE<T>::S::set1(b))}; }
+template <class T> VRX_INLINE VE<T> operator*(T a, VE<T> b) { return {VE<T>::S::mul(VE<T>::S::set1(a), b.r)}; }
+template <class T> VRX_INLINE VE<T> operator-(VE<T> a) { return {VE<T>::S::neg(a.r)}; }
+template <class T> VRX_INLINE VE<T>& operator+=(VE<T>& a, VE<T> b) { a = a + b; return a; }
+
 // Straight-line DFT of a fixed radix R: the roots are constants and each
 // output sums its terms in the order j = 0 .. R-1.
-template <class T, int R> VRX_INLINE void dftT(const Cx<T>* v, Cx<T>* y) {
+template <class T, class E, int R> VRX_INLINE void dftT(const Cx<E>* v, Cx<E>* y) {
     constexpr const Cx<T>* W = kRoots<T>.r[R];
 #pragma GCC unroll 16
     for (int m = 0; m < R; ++m) {
-        T sr = v[0].re, si = v[0].im;
+        E sr = v[0].re, si = v[0].im;
 #pragma GCC unroll 16
         for (int j = 1; j < R; ++j) {
             const int q = kIdx.q[R][j][m];
@@ -69,11 +84,11 @@ template <class T, int R> VRX_INLINE void dftT(const Cx<T>* v, Cx<T>* y) {
 
 // y[m] = sum_j v[j] W^(j*m), m = 0 .. R-1 (forward sign; W the roots of
 // order R): butterflies of 2, 3, 4 and 5, straight-line primes, generic sums.
-template <class T> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<T>* v, Cx<T>* y) {
+template <class T, class E> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<E>* v, Cx<E>* y) {
     switch (R) {
-        case 7: dftT<T, 7>(v, y); return;
-        case 11: dftT<T, 11>(v, y); return;
-        case 13: dftT<T, 13>(v, y); return;
+        case 7: dftT<T, E, 7>(v, y); return;
+        case 11: dftT<T, E, 11>(v, y); return;
+        case 13: dftT<T, E, 13>(v, y); return;
 
         case 1: y[0] = v[0]; return;
         case 2:
@@ -82,19 +97,19 @@ template <class T> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<T>* v
             return;
         case 3: {
             const T s = W[1].im;  // -sin(2*pi/3)
-            const T tr = v[1].re + v[2].re, ti = v[1].im + v[2].im;
-            const T dr = v[1].re - v[2].re, di = v[1].im - v[2].im;
-            const T ar = v[0].re - T(0.5) * tr, ai = v[0].im - T(0.5) * ti;
+            const E tr = v[1].re + v[2].re, ti = v[1].im + v[2].im;
+            const E dr = v[1].re - v[2].re, di = v[1].im - v[2].im;
+            const E ar = v[0].re - T(0.5) * tr, ai = v[0].im - T(0.5) * ti;
             y[0] = {v[0].re + tr, v[0].im + ti};
             y[1] = {ar - s * di, ai + s * dr};
             y[2] = {ar + s * di, ai - s * dr};
             return;
         }
         case 4: {
-            const T ar = v[0].re + v[2].re, ai = v[0].im + v[2].im;
-            const T br = v[0].re - v[2].re, bi = v[0].im - v[2].im;
-            const T cr = v[1].re + v[3].re, ci = v[1].im + v[3].im;
-            const T dr = v[1].re - v[3].re, di = v[1].im - v[3].im;
+            const E ar = v[0].re + v[2].re, ai = v[0].im + v[2].im;
+            const E br = v[0].re - v[2].re, bi = v[0].im - v[2].im;
+            const E cr = v[1].re + v[3].re, ci = v[1].im + v[3].im;
+            const E dr = v[1].re - v[3].re, di = v[1].im - v[3].im;
             y[0] = {ar + cr, ai + ci};
             y[2] = {ar - cr, ai - ci};
             y[1] = {br + di, bi - dr};
@@ -103,16 +118,16 @@ template <class T> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<T>* v
         }
         case 5: {
             const T c1 = W[1].re, s1 = W[1].im, c2 = W[2].re, s2 = W[2].im;
-            const T t1r = v[1].re + v[4].re, t1i = v[1].im + v[4].im;
-            const T t2r = v[2].re + v[3].re, t2i = v[2].im + v[3].im;
-            const T d1r = v[1].re - v[4].re, d1i = v[1].im - v[4].im;
-            const T d2r = v[2].re - v[3].re, d2i = v[2].im - v[3].im;
+            const E t1r = v[1].re + v[4].re, t1i = v[1].im + v[4].im;
+            const E t2r = v[2].re + v[3].re, t2i = v[2].im + v[3].im;
+            const E d1r = v[1].re - v[4].re, d1i = v[1].im - v[4].im;
+            const E d2r = v[2].re - v[3].re, d2i = v[2].im - v[3].im;
             y[0] = {v[0].re + t1r + t2r, v[0].im + t1i + t2i};
-            const T a1r = v[0].re + c1 * t1r + c2 * t2r, a1i = v[0].im + c1 * t1i + c2 * t2i;
-            const T a2r = v[0].re + c2 * t1r + c1 * t2r, a2i = v[0].im + c2 * t1i + c1 * t2i;
+            const E a1r = v[0].re + c1 * t1r + c2 * t2r, a1i = v[0].im + c1 * t1i + c2 * t2i;
+            const E a2r = v[0].re + c2 * t1r + c1 * t2r, a2i = v[0].im + c2 * t1i + c1 * t2i;
             // i*(s1*d1 + s2*d2) and i*(s2*d1 - s1*d2)
-            const T b1r = -(s1 * d1i + s2 * d2i), b1i = s1 * d1r + s2 * d2r;
-            const T b2r = -(s2 * d1i - s1 * d2i), b2i = s2 * d1r - s1 * d2r;
+            const E b1r = -(s1 * d1i + s2 * d2i), b1i = s1 * d1r + s2 * d2r;
+            const E b2r = -(s2 * d1i - s1 * d2i), b2i = s2 * d1r - s1 * d2r;
             y[1] = {a1r + b1r, a1i + b1i};
             y[4] = {a1r - b1r, a1i - b1i};
             y[2] = {a2r + b2r, a2i + b2i};
@@ -124,7 +139,7 @@ template <class T> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<T>* v
     // generic: conjugate pairs m and R-m share the sums of v[j] +- v[R-j]
     // for odd R; plain sums otherwise
     for (int m = 0; m < R; ++m) {
-        T sr = v[0].re, si = v[0].im;
+        E sr = v[0].re, si = v[0].im;
         int q = 0;
         for (int j = 1; j < R; ++j) {
             q += m;
@@ -133,6 +148,43 @@ template <class T> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<T>* v
             si += v[j].re * W[q].im + v[j].im * W[q].re;
         }
         y[m] = {sr, si};
+    }
+}
+
+// N = N1*N2 in two straight-line levels: DFTs of N1 over x[n2 + N2*n1],
+// the factors w_N^(n2*k1), DFTs of N2 into y[k1 + N1*k2].
+template <class T, class E, int N1, int N2> VRX_INLINE void smallCt(const Cx<E>* x, Cx<E>* y) {
+    constexpr int N = N1 * N2;
+    Cx<E> a[N2][N1], v[N1 > N2 ? N1 : N2], o[N1 > N2 ? N1 : N2];
+#pragma GCC unroll 8
+    for (int n2 = 0; n2 < N2; ++n2) {
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < N1; ++n1) v[n1] = x[n2 + N2 * n1];
+        dftBase<T, E>(N1, kRoots<T>.r[N1], v, a[n2]);
+    }
+#pragma GCC unroll 8
+    for (int k1 = 0; k1 < N1; ++k1) {
+#pragma GCC unroll 8
+        for (int n2 = 0; n2 < N2; ++n2) {
+            const int q = (n2 * k1) % N;
+            const Cx<T> w = kRoots<T>.r[N][q];
+            const Cx<E> z = a[n2][k1];
+            v[n2] = q == 0 ? z : Cx<E>{z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
+        }
+        dftBase<T, E>(N2, kRoots<T>.r[N2], v, o);
+#pragma GCC unroll 8
+        for (int k2 = 0; k2 < N2; ++k2) y[k1 + N1 * k2] = o[k2];
+    }
+}
+
+// Any radix of the engine: composite ones up to 16 in two levels.
+template <class T, class E> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx<E>* v, Cx<E>* y) {
+    switch (R) {
+        case 6: smallCt<T, E, 2, 3>(v, y); return;
+        case 8: smallCt<T, E, 2, 4>(v, y); return;
+        case 9: smallCt<T, E, 3, 3>(v, y); return;
+        case 16: smallCt<T, E, 4, 4>(v, y); return;
+        default: dftBase<T, E>(R, W, v, y); return;
     }
 }
 
@@ -156,43 +208,6 @@ template <class T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const T* v, C
     }
 }
 
-// N = N1*N2 in two straight-line levels: DFTs of N1 over x[n2 + N2*n1],
-// the factors w_N^(n2*k1), DFTs of N2 into y[k1 + N1*k2].
-template <class T, int N1, int N2> VRX_INLINE void smallCt(const Cx<T>* x, Cx<T>* y) {
-    constexpr int N = N1 * N2;
-    Cx<T> a[N2][N1], v[N1 > N2 ? N1 : N2], o[N1 > N2 ? N1 : N2];
-#pragma GCC unroll 8
-    for (int n2 = 0; n2 < N2; ++n2) {
-#pragma GCC unroll 8
-        for (int n1 = 0; n1 < N1; ++n1) v[n1] = x[n2 + N2 * n1];
-        dftBase<T>(N1, kRoots<T>.r[N1], v, a[n2]);
-    }
-#pragma GCC unroll 8
-    for (int k1 = 0; k1 < N1; ++k1) {
-#pragma GCC unroll 8
-        for (int n2 = 0; n2 < N2; ++n2) {
-            const int q = (n2 * k1) % N;
-            const Cx<T> w = kRoots<T>.r[N][q];
-            const Cx<T> z = a[n2][k1];
-            v[n2] = q == 0 ? z : Cx<T>{z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
-        }
-        dftBase<T>(N2, kRoots<T>.r[N2], v, o);
-#pragma GCC unroll 8
-        for (int k2 = 0; k2 < N2; ++k2) y[k1 + N1 * k2] = o[k2];
-    }
-}
-
-// Any radix of the engine: composite ones up to 16 in two levels.
-template <class T> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx<T>* v, Cx<T>* y) {
-    switch (R) {
-        case 6: smallCt<T, 2, 3>(v, y); return;
-        case 8: smallCt<T, 2, 4>(v, y); return;
-        case 9: smallCt<T, 3, 3>(v, y); return;
-        case 16: smallCt<T, 4, 4>(v, y); return;
-        default: dftBase<T>(R, W, v, y); return;
-    }
-}
-
 template <class T> VRX_INLINE const Cx<T>* rootsOf(int R, const void* gen) {
     return R <= 16 ? kRoots<T>.r[R] : static_cast<const Cx<T>*>(gen);
 }
@@ -201,39 +216,64 @@ constexpr int kMaxRadix = 150;
 
 // ------------------------------------------------------------ complex stages
 
-// Decimation in frequency in place on n / prod values at level lvl; element
-// i is re[i*S], im[i*S].
-template <class T, int S> void cdif(const Plan* p, int lvl, T* re, T* im) {
+// Decimation in frequency in place on n / prod values at level lvl, split
+// arrays. A twiddled stage runs L columns k at a time in registers, the
+// rest one by one; the twiddles of factor m are rest real parts, then rest
+// imaginary parts.
+template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     const int L = p->lastFactor;
     Cx<T> v[kMaxRadix], y[kMaxRadix];
     if (lvl > L) {
         const int R = p->rec[L].rest;
         const Cx<T>* W = rootsOf<T>(R, p->lastGen);
-        for (int j = 0; j < R; ++j) v[j] = {re[j * S], im[j * S]};
-        dftR<T>(R, W, v, y);
-        for (int j = 0; j < R; ++j) { re[j * S] = y[j].re; im[j * S] = y[j].im; }
+        for (int j = 0; j < R; ++j) v[j] = {re[j], im[j]};
+        dftR<T, T>(R, W, v, y);
+        for (int j = 0; j < R; ++j) { re[j] = y[j].re; im[j] = y[j].im; }
         return;
     }
     const Rec& r = p->rec[lvl];
     const int R = r.factor, rest = r.rest;
     const Cx<T>* W = rootsOf<T>(R, r.gen);
-    const Cx<T>* tw = static_cast<const Cx<T>*>(r.tw);
-    for (int k = 0; k < rest; ++k) {
-        for (int j = 0; j < R; ++j) {
-            const int64_t i = (int64_t(j) * rest + k) * S;
-            v[j] = {re[i], im[i]};
-        }
-        dftR<T>(R, W, v, y);
-        re[int64_t(k) * S] = y[0].re;
-        im[int64_t(k) * S] = y[0].im;
-        for (int m = 1; m < R; ++m) {
-            const Cx<T> w = tw[int64_t(m - 1) * rest + k];
-            const int64_t i = (int64_t(m) * rest + k) * S;
-            re[i] = y[m].re * w.re - y[m].im * w.im;
-            im[i] = y[m].re * w.im + y[m].im * w.re;
+    const T* tw = static_cast<const T*>(r.tw);
+    int k = 0;
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    if (R <= 16 && rest >= NL) {
+        Cx<VE<T>> vv[16], yy[16];
+        for (; k + NL <= rest; k += NL) {
+            for (int j = 0; j < R; ++j) {
+                const int64_t i = int64_t(j) * rest + k;
+                vv[j] = {{S::load(re + i)}, {S::load(im + i)}};
+            }
+            dftR<T, VE<T>>(R, W, vv, yy);
+            S::store(re + k, yy[0].re.r);
+            S::store(im + k, yy[0].im.r);
+            for (int m = 1; m < R; ++m) {
+                const T* t = tw + int64_t(m - 1) * 2 * rest + k;
+                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
+                const int64_t i = int64_t(m) * rest + k;
+                S::store(re + i, (yy[m].re * wr - yy[m].im * wi).r);
+                S::store(im + i, (yy[m].re * wi + yy[m].im * wr).r);
+            }
         }
     }
-    for (int m = 0; m < R; ++m) cdif<T, S>(p, lvl + 1, re + int64_t(m) * rest * S, im + int64_t(m) * rest * S);
+    for (; k < rest; ++k) {
+        for (int j = 0; j < R; ++j) {
+            const int64_t i = int64_t(j) * rest + k;
+            v[j] = {re[i], im[i]};
+        }
+        dftR<T, T>(R, W, v, y);
+        re[k] = y[0].re;
+        im[k] = y[0].im;
+        for (int m = 1; m < R; ++m) {
+            const T* t = tw + int64_t(m - 1) * 2 * rest + k;
+            const T wr = t[0], wi = t[rest];
+            const int64_t i = int64_t(m) * rest + k;
+            re[i] = y[m].re * wr - y[m].im * wi;
+            im[i] = y[m].re * wi + y[m].im * wr;
+        }
+    }
+    for (int m = 0; m < R; ++m) cdif<T>(p, lvl + 1, re + int64_t(m) * rest, im + int64_t(m) * rest);
 }
 
 // Position, within a complex sub-block of level lvl, of its bin n.
@@ -264,20 +304,20 @@ template <class T> void rdif(const Plan* p, int lvl, T* a) {
     const Rec& r = p->rec[lvl];
     const int R = r.factor, rest = r.rest, h = (R - 1) / 2;
     const Cx<T>* W = rootsOf<T>(R, r.gen);
-    const Cx<T>* tw = static_cast<const Cx<T>*>(r.tw);
+    const T* tw = static_cast<const T*>(r.tw);
     for (int k = 0; k < rest; ++k) {
         for (int j = 0; j < R; ++j) v[j] = a[int64_t(j) * rest + k];
         dftRReal<T>(R, W, v, y);
         a[k] = y[0].re;
         for (int m = 1; m <= h; ++m) {
-            const Cx<T> w = tw[int64_t(m - 1) * rest + k];
+            const Cx<T> w{tw[int64_t(m - 1) * 2 * rest + k], tw[int64_t(m - 1) * 2 * rest + rest + k]};
             a[int64_t(2 * m - 1) * rest + k] = y[m].re * w.re - y[m].im * w.im;
             a[int64_t(2 * m) * rest + k] = y[m].re * w.im + y[m].im * w.re;
         }
     }
     rdif<T>(p, lvl + 1, a);
     for (int m = 1; m <= h; ++m)
-        cdif<T, 1>(p, lvl + 1, a + int64_t(2 * m - 1) * rest, a + int64_t(2 * m) * rest);
+        cdif<T>(p, lvl + 1, a + int64_t(2 * m - 1) * rest, a + int64_t(2 * m) * rest);
 }
 
 // Where bin n (n <= (len-1)/2) of the real sub-block at level lvl stands:
@@ -461,13 +501,15 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
         r.rest = static_cast<int32_t>(rest);
         r.prod = static_cast<int32_t>(prod);
         if (g < 0 && blk <= unit) g = i;
-        Cx<T>* tw = c.take<Cx<T>>(int64_t(f[i]) * rest);
-        // w^(m*k) of order blk = w_n^(m*k*prod)
+        T* tw = c.take<T>(int64_t(2) * f[i] * rest);
+        // w^(m*k) of order blk = w_n^(m*k*prod): per m, rest real parts, then rest imaginary parts
         for (int m = 1; m < f[i]; ++m) {
             int64_t idx = 0;
             const int64_t step = (int64_t(m) * prod) % n;
+            T* t = tw + int64_t(m - 1) * 2 * rest;
             for (int64_t k = 0; k < rest; ++k) {
-                tw[(m - 1) * rest + k] = base[idx * bs];
+                t[k] = base[idx * bs].re;
+                t[rest + k] = base[idx * bs].im;
                 idx += step;
                 if (idx >= n) idx -= n;
             }
@@ -521,14 +563,15 @@ template <class T>
 void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work) {
     const int64_t n = p->n;
     const T sg = inv ? T(-1) : T(1);
+    T* wr = reinterpret_cast<T*>(work);
+    T* wi = wr + n;
     if (split) {
-        for (int64_t i = 0; i < n; ++i) work[i] = {sRe[i], sg * sIm[i]};
+        for (int64_t i = 0; i < n; ++i) { wr[i] = sRe[i]; wi[i] = sg * sIm[i]; }
     } else {
         const Cx<T>* s = reinterpret_cast<const Cx<T>*>(sRe);
-        for (int64_t i = 0; i < n; ++i) work[i] = {s[i].re, sg * s[i].im};
+        for (int64_t i = 0; i < n; ++i) { wr[i] = s[i].re; wi[i] = sg * s[i].im; }
     }
-    T* w = reinterpret_cast<T*>(work);
-    cdif<T, 2>(p, 0, w, w + 1);
+    cdif<T>(p, 0, wr, wi);
     // positions in order; the bin of a position from its digits
     const int L = p->lastFactor;
     int digit[kMaxRec + 1] = {};
@@ -536,12 +579,17 @@ void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
     for (int i = 0; i <= L; ++i) { radix[i] = p->rec[i].factor; weight[i] = p->rec[i].prod; }
     radix[L + 1] = p->rec[L].rest;
     weight[L + 1] = n / p->rec[L].rest;
+    const int64_t last = radix[L + 1], lw = weight[L + 1];
     int64_t bin = 0;
     Cx<T>* d = reinterpret_cast<Cx<T>*>(dRe);
-    for (int64_t pos = 0; pos < n; ++pos) {
-        if (split) { dRe[bin] = work[pos].re; dIm[bin] = sg * work[pos].im; }
-        else d[bin] = {work[pos].re, sg * work[pos].im};
-        for (int i = L + 1; i >= 0; --i) {
+    for (int64_t pos = 0; pos < n; pos += last) {
+        // one block of the last radix, then the carry into the digits ahead
+        if (split) {
+            for (int64_t q = 0; q < last; ++q) { dRe[bin + q * lw] = wr[pos + q]; dIm[bin + q * lw] = sg * wi[pos + q]; }
+        } else {
+            for (int64_t q = 0; q < last; ++q) d[bin + q * lw] = {wr[pos + q], sg * wi[pos + q]};
+        }
+        for (int i = L; i >= 0; --i) {
             if (++digit[i] < radix[i]) { bin += weight[i]; break; }
             bin -= weight[i] * (radix[i] - 1);
             digit[i] = 0;
@@ -561,17 +609,17 @@ template <class T> const Cx<T>* smallRoots(int R) { return kRoots<T>.r[R]; }
 
 template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y) {
     switch (N) {
-        case 3: dftBase<T>(3, kRoots<T>.r[3], x, y); return;
-        case 5: dftBase<T>(5, kRoots<T>.r[5], x, y); return;
-        case 6: smallCt<T, 2, 3>(x, y); return;
-        case 7: dftT<T, 7>(x, y); return;
-        case 9: smallCt<T, 3, 3>(x, y); return;
-        case 10: smallCt<T, 2, 5>(x, y); return;
-        case 11: dftT<T, 11>(x, y); return;
-        case 12: smallCt<T, 4, 3>(x, y); return;
-        case 13: dftT<T, 13>(x, y); return;
-        case 14: smallCt<T, 2, 7>(x, y); return;
-        default: smallCt<T, 3, 5>(x, y); return;
+        case 3: dftBase<T, T>(3, kRoots<T>.r[3], x, y); return;
+        case 5: dftBase<T, T>(5, kRoots<T>.r[5], x, y); return;
+        case 6: smallCt<T, T, 2, 3>(x, y); return;
+        case 7: dftT<T, T, 7>(x, y); return;
+        case 9: smallCt<T, T, 3, 3>(x, y); return;
+        case 10: smallCt<T, T, 2, 5>(x, y); return;
+        case 11: dftT<T, T, 11>(x, y); return;
+        case 12: smallCt<T, T, 4, 3>(x, y); return;
+        case 13: dftT<T, T, 13>(x, y); return;
+        case 14: smallCt<T, T, 2, 7>(x, y); return;
+        default: smallCt<T, T, 3, 5>(x, y); return;
     }
 }
 
