@@ -222,6 +222,7 @@ constexpr int kMaxRadix = 150;
 // imaginary parts.
 template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     const int L = p->lastFactor;
+    if (L < 0) __builtin_unreachable();  // a plan has at least two factors
     Cx<T> v[kMaxRadix], y[kMaxRadix];
     if (lvl > L) {
         const int R = p->rec[L].rest;
@@ -291,6 +292,7 @@ int64_t cpos(const Plan* p, int lvl, int64_t n) {
 
 template <class T> void rdif(const Plan* p, int lvl, T* a) {
     const int L = p->lastFactor;
+    if (L < 0) __builtin_unreachable();  // a plan has at least two factors
     Cx<T> y[kMaxRadix];
     T v[kMaxRadix];
     if (lvl > L) {
