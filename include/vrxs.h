@@ -2346,6 +2346,100 @@ VRXAPI(VrxStatus, vrxsIIRSetDlyLine64f_DF1_32s, (VrxsIirState* pState, const Vrx
 
 /* ----------------------------------------- DFT of any length and Hilbert */
 
+/* DFT of any length N. A plan picks one path at Init from N alone: straight-line
+ * kernels up to 16, the FFT for powers of two, a prime-factor engine, direct
+ * summation, or a convolution through a longer DFT. Flags and packed real forms
+ * (CCS, Pack, Perm; odd N: Pack equals Perm) are those of the FFT. Every call takes
+ * the caller's pSpecMem and rounds it up to 64 bytes itself. Size query and Init
+ * check: null -8, length below 1 -6, flag not 1/2/4/8 -16; a power of two passes
+ * the FFT's statuses (e.g. -15 above its order limit); N above 134217727 (32-bit)
+ * or 67108863 (64-bit), or a length no path takes, -6; Init then needs pInitBuf
+ * (-8) unless N <= 16 or N is a power of two. A failed Init leaves the identity
+ * word set. Transforms: null plan -8, wrong plan -17, null data or a null pBuf
+ * when the plan needs one -8; the convolution path passes its inner statuses.
+ * pSrc may equal pDst. */
+
+/* sizes in bytes of the plan, the init buffer and the work buffer of a
+ * complex DFT plan (interleaved data) of the given length and flag */
+VRXAPI(VrxStatus, vrxsDFTGetSize_C_32fc, (int length, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* sizes of a complex DFT plan for split (re, im) arrays */
+VRXAPI(VrxStatus, vrxsDFTGetSize_C_32f, (int length, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* sizes of a real DFT plan */
+VRXAPI(VrxStatus, vrxsDFTGetSize_R_32f, (int length, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* sizes of a 64-bit complex DFT plan (interleaved data) */
+VRXAPI(VrxStatus, vrxsDFTGetSize_C_64fc, (int length, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* sizes of a 64-bit complex DFT plan for split arrays */
+VRXAPI(VrxStatus, vrxsDFTGetSize_C_64f, (int length, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+/* sizes of a 64-bit real DFT plan */
+VRXAPI(VrxStatus, vrxsDFTGetSize_R_64f, (int length, int flag, VrxAlgHint hint, int* pSpecSize, int* pInitSize, int* pWorkSize))
+
+/* builds a complex DFT plan (interleaved data) in pSpecMem; pInitBuf is
+ * scratch of the reported init size, free again after the call */
+VRXAPI(VrxStatus, vrxsDFTInit_C_32fc, (int length, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* builds a complex DFT plan for split arrays in pSpecMem */
+VRXAPI(VrxStatus, vrxsDFTInit_C_32f, (int length, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* builds a real DFT plan in pSpecMem */
+VRXAPI(VrxStatus, vrxsDFTInit_R_32f, (int length, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* builds a 64-bit complex DFT plan (interleaved data) in pSpecMem */
+VRXAPI(VrxStatus, vrxsDFTInit_C_64fc, (int length, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* builds a 64-bit complex DFT plan for split arrays in pSpecMem */
+VRXAPI(VrxStatus, vrxsDFTInit_C_64f, (int length, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+/* builds a 64-bit real DFT plan in pSpecMem */
+VRXAPI(VrxStatus, vrxsDFTInit_R_64f, (int length, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf))
+
+/* forward complex DFT, X[k] = sum x[n] exp(-2*pi*i*n*k/N); plan is the pSpecMem of Init */
+VRXAPI(VrxStatus, vrxsDFTFwd_CToC_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, const VrxsDftPlan_C_32fc* plan, Vrx8u* pBuf))
+/* inverse complex DFT, x[n] = sum X[k] exp(+2*pi*i*n*k/N), scaled by the plan's flag */
+VRXAPI(VrxStatus, vrxsDFTInv_CToC_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, const VrxsDftPlan_C_32fc* plan, Vrx8u* pBuf))
+/* forward complex DFT of split arrays */
+VRXAPI(VrxStatus, vrxsDFTFwd_CToC_32f, (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstRe, Vrx32f* pDstIm, const VrxsDftPlan_C_32f* plan, Vrx8u* pBuf))
+/* inverse complex DFT of split arrays */
+VRXAPI(VrxStatus, vrxsDFTInv_CToC_32f, (const Vrx32f* pSrcRe, const Vrx32f* pSrcIm, Vrx32f* pDstRe, Vrx32f* pDstIm, const VrxsDftPlan_C_32f* plan, Vrx8u* pBuf))
+/* forward 64-bit complex DFT */
+VRXAPI(VrxStatus, vrxsDFTFwd_CToC_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, const VrxsDftPlan_C_64fc* plan, Vrx8u* pBuf))
+/* inverse 64-bit complex DFT */
+VRXAPI(VrxStatus, vrxsDFTInv_CToC_64fc, (const Vrx64fc* pSrc, Vrx64fc* pDst, const VrxsDftPlan_C_64fc* plan, Vrx8u* pBuf))
+/* forward 64-bit complex DFT of split arrays */
+VRXAPI(VrxStatus, vrxsDFTFwd_CToC_64f, (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDstRe, Vrx64f* pDstIm, const VrxsDftPlan_C_64f* plan, Vrx8u* pBuf))
+/* inverse 64-bit complex DFT of split arrays */
+VRXAPI(VrxStatus, vrxsDFTInv_CToC_64f, (const Vrx64f* pSrcRe, const Vrx64f* pSrcIm, Vrx64f* pDstRe, Vrx64f* pDstIm, const VrxsDftPlan_C_64f* plan, Vrx8u* pBuf))
+
+/* forward real DFT of N reals into CCS (N+2 reals for even N, N+1 for odd N) */
+VRXAPI(VrxStatus, vrxsDFTFwd_RToCCS_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDftPlan_R_32f* plan, Vrx8u* pBuf))
+/* forward real DFT into Pack (N reals) */
+VRXAPI(VrxStatus, vrxsDFTFwd_RToPack_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDftPlan_R_32f* plan, Vrx8u* pBuf))
+/* forward real DFT into Perm (N reals) */
+VRXAPI(VrxStatus, vrxsDFTFwd_RToPerm_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDftPlan_R_32f* plan, Vrx8u* pBuf))
+/* inverse real DFT of a CCS spectrum into N reals */
+VRXAPI(VrxStatus, vrxsDFTInv_CCSToR_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDftPlan_R_32f* plan, Vrx8u* pBuf))
+/* inverse real DFT of a Pack spectrum into N reals */
+VRXAPI(VrxStatus, vrxsDFTInv_PackToR_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDftPlan_R_32f* plan, Vrx8u* pBuf))
+/* inverse real DFT of a Perm spectrum into N reals */
+VRXAPI(VrxStatus, vrxsDFTInv_PermToR_32f, (const Vrx32f* pSrc, Vrx32f* pDst, const VrxsDftPlan_R_32f* plan, Vrx8u* pBuf))
+/* 64-bit forward real DFT into CCS */
+VRXAPI(VrxStatus, vrxsDFTFwd_RToCCS_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDftPlan_R_64f* plan, Vrx8u* pBuf))
+/* 64-bit forward real DFT into Pack */
+VRXAPI(VrxStatus, vrxsDFTFwd_RToPack_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDftPlan_R_64f* plan, Vrx8u* pBuf))
+/* 64-bit forward real DFT into Perm */
+VRXAPI(VrxStatus, vrxsDFTFwd_RToPerm_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDftPlan_R_64f* plan, Vrx8u* pBuf))
+/* 64-bit inverse real DFT of a CCS spectrum */
+VRXAPI(VrxStatus, vrxsDFTInv_CCSToR_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDftPlan_R_64f* plan, Vrx8u* pBuf))
+/* 64-bit inverse real DFT of a Pack spectrum */
+VRXAPI(VrxStatus, vrxsDFTInv_PackToR_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDftPlan_R_64f* plan, Vrx8u* pBuf))
+/* 64-bit inverse real DFT of a Perm spectrum */
+VRXAPI(VrxStatus, vrxsDFTInv_PermToR_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsDftPlan_R_64f* plan, Vrx8u* pBuf))
+
+/* Hilbert transform: the analytic signal of N reals (real part the input,
+ * imaginary part its Hilbert transform). Sizes: plan and a buffer that both
+ * Init and the transform use. */
+VRXAPI(VrxStatus, vrxsHilbertGetSize_32f32fc, (int length, VrxAlgHint hint, int* pSpecSize, int* pBufSize))
+/* builds the Hilbert plan in pSpec with pBuf as scratch; -8 for a null pointer,
+ * then -6 for length below 1; the inner DFT statuses pass */
+VRXAPI(VrxStatus, vrxsHilbertInit_32f32fc, (int length, VrxAlgHint hint, VrxsHilbertPlan* pSpec, Vrx8u* pBuf))
+/* analytic signal of pSrc (N reals) into pDst (N complex); all four pointers are
+ * required (-8), a plan of another kind gives -17, inner DFT statuses pass */
+VRXAPI(VrxStatus, vrxsHilbert_32f32fc, (const Vrx32f* pSrc, Vrx32fc* pDst, const VrxsHilbertPlan* plan, Vrx8u* pBuf))
+
 /* ------------------------------------------------ end of DFT and Hilbert */
 
 /* ------------------------------------------------------ DCT and Goertzel */

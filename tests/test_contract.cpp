@@ -124,6 +124,10 @@ const Exception kExceptions[] = {
     {"vrxsIIRInit*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Init stands for zeros"},
     {"vrxsIIRSetDlyLine*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // DFT and Hilbert
+    {"vrxsDFTInit_*", Deviation::OptionalPtr, "pInitBuf",
+     "ignored up to length 16 and for powers of two (the FFT decides); the neutral length is 1"},
+    {"vrxsDFT[FI][wn][dv]_*", Deviation::ObjectFirst, "plan",
+     "the plan is tested first: null -8, then its identity word -17, then the data pointers"},
     // DCT and Goertzel
     {"vrxsDCT[FI][wn][dv]Init_*", Deviation::OptionalPtr, "pInitBuf",
      "needed only when the init size is positive; the neutral length 1 has none"},

@@ -147,4 +147,170 @@ template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work);
 
+// ------------------------------------------------------------ real kernels and packed forms
+// Shared by the real FFT and the DFT of any length.
+
+enum class Form { CCS, Pack, Perm };
+
+
+
+// ------------------------------------------------------------ packed forms
+
+// Perm -> requested form, in place in the destination.
+template <class T> void permToForm(T* d, int64_t N, Form f) {
+    if (f == Form::Pack) {
+        if (N >= 3) {
+            const T v = d[1];
+            memmove(d + 1, d + 2, static_cast<size_t>(N - 2) * sizeof(T));
+            d[N - 1] = v;
+        }
+    } else if (f == Form::CCS) {
+        if (N == 1) { d[1] = T(0); return; }
+        d[N] = d[1];
+        d[N + 1] = T(0);
+        d[1] = T(0);
+    }
+}
+
+// Pack -> Perm positions in the destination, from the end, so that an
+// in-place call reads every value before it is overwritten.
+template <class T> void unfoldPack(const T* s, T* d, int64_t N) {
+    if (N <= 2) {
+        if (s != d) memmove(d, s, static_cast<size_t>(N) * sizeof(T));
+        return;
+    }
+    const T last = s[N - 1], r0 = s[0];
+    memmove(d + 2, s + 1, static_cast<size_t>(N - 2) * sizeof(T));
+    d[1] = last;
+    d[0] = r0;
+}
+
+// ------------------------------------------------------------ real kernels up to N = 16
+
+// cos and sin of 2*pi*k/N for the kernels (k < N/4, N <= 16).
+constexpr long double kC16 = 0.923879532511286756128183189396788933L;  // cos(pi/8)
+constexpr long double kS16 = 0.382683432365089771728459984030398866L;  // sin(pi/8)
+constexpr long double kR2 = 0.707106781186547524400844362104849039L;   // sqrt(1/2)
+template <class T, int N> constexpr T kCos(int k) {
+    const int j = k * (16 / N);
+    return j == 0 ? T(1) : j == 1 ? T(kC16) : j == 2 ? T(kR2) : T(kS16);
+}
+template <class T, int N> constexpr T kSin(int k) {
+    const int j = k * (16 / N);
+    return j == 0 ? T(0) : j == 1 ? T(kS16) : j == 2 ? T(kR2) : T(kC16);
+}
+
+// N reals at stride S into X[0..N/2] (re, im), by halves: even and odd
+// samples, joined with the factors exp(-2*pi*i*k/N).
+template <class T, int N, int S> VRX_INLINE void rfwd(const T* x, T* re, T* im) {
+    if constexpr (N == 1) {
+        re[0] = x[0];
+        im[0] = T(0);
+    } else if constexpr (N == 2) {
+        re[0] = x[0] + x[S];
+        re[1] = x[0] - x[S];
+        im[0] = im[1] = T(0);
+    } else {
+        constexpr int H = N / 4;
+        T er[H + 1], ei[H + 1], orr[H + 1], oi[H + 1];
+        rfwd<T, N / 2, 2 * S>(x, er, ei);
+        rfwd<T, N / 2, 2 * S>(x + S, orr, oi);
+        re[0] = er[0] + orr[0];
+        re[N / 2] = er[0] - orr[0];
+        im[0] = im[N / 2] = T(0);
+        re[H] = er[H];
+        im[H] = -orr[H];
+#pragma GCC unroll 8
+        for (int k = 1; k < H; ++k) {
+            const T c = kCos<T, N>(k), s = kSin<T, N>(k);
+            const T tr = c * orr[k] + s * oi[k], ti = c * oi[k] - s * orr[k];
+            re[k] = er[k] + tr;
+            im[k] = ei[k] + ti;
+            re[N / 2 - k] = er[k] - tr;
+            im[N / 2 - k] = ti - ei[k];
+        }
+    }
+}
+
+// X[0..N/2] (re, im) of a real sequence into its N values at stride S,
+// unscaled: even samples from X[k] + X[k+N/2], odd ones from
+// (X[k] - X[k+N/2]) exp(2*pi*i*k/N).
+template <class T, int N, int S> VRX_INLINE void rinv(const T* re, const T* im, T* x) {
+    if constexpr (N == 1) {
+        x[0] = re[0];
+    } else if constexpr (N == 2) {
+        x[0] = re[0] + re[1];
+        x[S] = re[0] - re[1];
+    } else {
+        constexpr int H = N / 4;
+        T er[H + 1], ei[H + 1], orr[H + 1], oi[H + 1];
+        er[0] = re[0] + re[N / 2];
+        orr[0] = re[0] - re[N / 2];
+        ei[0] = oi[0] = T(0);
+        er[H] = re[H] + re[H];
+        ei[H] = T(0);
+        orr[H] = -(im[H] + im[H]);
+        oi[H] = T(0);
+#pragma GCC unroll 8
+        for (int k = 1; k < H; ++k) {
+            const T c = kCos<T, N>(k), s = kSin<T, N>(k);
+            const T ar = re[k] + re[N / 2 - k], ai = im[k] - im[N / 2 - k];
+            const T dr = re[k] - re[N / 2 - k], di = im[k] + im[N / 2 - k];
+            er[k] = ar;
+            ei[k] = ai;
+            orr[k] = dr * c - di * s;
+            oi[k] = dr * s + di * c;
+        }
+        rinv<T, N / 2, 2 * S>(er, ei, x);
+        rinv<T, N / 2, 2 * S>(orr, oi, x + S);
+    }
+}
+
+// Forward kernel: N reals to Perm, scaled when Scale.
+template <class T, int N, bool Scale> void rFFTfwd(const T* s, T* d, T scale) {
+    T re[N / 2 + 1], im[N / 2 + 1];
+    rfwd<T, N, 1>(s, re, im);
+    if constexpr (N == 1) {
+        d[0] = Scale ? re[0] * scale : re[0];
+    } else {
+        T o[N];
+        o[0] = re[0];
+        o[1] = re[N / 2];
+#pragma GCC unroll 8
+        for (int k = 1; k < N / 2; ++k) { o[2 * k] = re[k]; o[2 * k + 1] = im[k]; }
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) d[i] = Scale ? o[i] * scale : o[i];
+    }
+}
+
+// Inverse kernel: Perm to N reals, scaled when Scale.
+template <class T, int N, bool Scale> void rFFTinv(const T* s, T* d, T scale) {
+    T re[N / 2 + 1], im[N / 2 + 1], o[N];
+    re[0] = s[0];
+    im[0] = T(0);
+    if constexpr (N > 1) {
+        re[N / 2] = s[1];
+        im[N / 2] = T(0);
+#pragma GCC unroll 8
+        for (int k = 1; k < N / 2; ++k) { re[k] = s[2 * k]; im[k] = s[2 * k + 1]; }
+    }
+    rinv<T, N, 1>(re, im, o);
+#pragma GCC unroll 16
+    for (int i = 0; i < N; ++i) d[i] = Scale ? o[i] * scale : o[i];
+}
+
+template <class T, bool Inv, bool Scale> void smallRealS(int order, const T* s, T* d, T scale) {
+    switch (order) {
+        case 0: Inv ? rFFTinv<T, 1, Scale>(s, d, scale) : rFFTfwd<T, 1, Scale>(s, d, scale); break;
+        case 1: Inv ? rFFTinv<T, 2, Scale>(s, d, scale) : rFFTfwd<T, 2, Scale>(s, d, scale); break;
+        case 2: Inv ? rFFTinv<T, 4, Scale>(s, d, scale) : rFFTfwd<T, 4, Scale>(s, d, scale); break;
+        case 3: Inv ? rFFTinv<T, 8, Scale>(s, d, scale) : rFFTfwd<T, 8, Scale>(s, d, scale); break;
+        default: Inv ? rFFTinv<T, 16, Scale>(s, d, scale) : rFFTfwd<T, 16, Scale>(s, d, scale); break;
+    }
+}
+template <class T, bool Inv> VRX_INLINE void smallReal(int order, const T* s, T* d, T scale) {
+    if (scale != T(0)) smallRealS<T, Inv, true>(order, s, d, scale);
+    else smallRealS<T, Inv, false>(order, s, d, scale);
+}
+
 }  // namespace n0::fft

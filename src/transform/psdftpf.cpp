@@ -1,0 +1,638 @@
+// Prime-factor engine of the DFT: mixed-radix stages over the factor records
+// of a plan. Complex data runs decimation in frequency in place in the work
+// buffer and is gathered into natural order; real data of odd length runs
+// the same stages in place in the destination (the real stage keeps half of
+// its conjugate-symmetric outputs, as split complex sub-blocks) and is put
+// into the odd-length packed form by one in-place permutation.
+#include "vrx_dft.h"
+#include "simd/simd.h"
+
+namespace n0::dft {
+
+namespace {
+
+constexpr long double kTwoPi = 6.283185307179586476925286766559005768L;
+
+template <class T> struct RootTab { Cx<T> r[17][16]; };
+template <class T> constexpr RootTab<T> makeRoots() {
+    RootTab<T> t{};
+    for (int R = 1; R <= 16; ++R)
+        for (int q = 0; q < R; ++q) {
+            const long double a = kTwoPi * q / R;
+            t.r[R][q] = {static_cast<T>(__builtin_cosl(a)), static_cast<T>(-__builtin_sinl(a))};
+        }
+    return t;
+}
+template <class T> constexpr RootTab<T> kRoots = makeRoots<T>();
+
+// (j*m) mod R for the fixed radices.
+struct IdxTab { uint8_t q[17][16][16]; };
+constexpr IdxTab makeIdx() {
+    IdxTab t{};
+    for (int R = 1; R <= 16; ++R)
+        for (int j = 0; j < R; ++j)
+            for (int m = 0; m < R; ++m) t.q[R][j][m] = static_cast<uint8_t>((j * m) % R);
+    return t;
+}
+constexpr IdxTab kIdx = makeIdx();
+
+constexpr bool inList(int v, const int* l, int n) {
+    for (int i = 0; i < n; ++i)
+        if (l[i] == v) return true;
+    return false;
+}
+// Radices with fixed kernels: untwiddled (Prime) and twiddled (Fact) stages.
+constexpr int kPrimeC[] = {2, 3, 4, 5, 6, 7, 8, 11, 13, 16};
+constexpr int kFactC[] = {2, 3, 4, 5, 7, 11, 13};
+constexpr int kPrimeR[] = {11, 13};
+constexpr int kFactR[] = {5, 7, 11, 13};
+
+bool genericTab(int f) { return (f & 1) && f >= 14; }
+
+// ------------------------------------------------------------ radix kernels
+
+// A register of L values of T with the arithmetic of the SIMD layer, so
+// that the radix kernels run L columns at once.
+template <class T> struct VE {
+    using S = simd::V<T>;
+    typename S::R r;
+};
+template <class T> VRX_INLINE VE<T> operator+(VE<T> a, VE<T> b) { return {VE<T>::S::add(a.r, b.r)}; }
+template <class T> VRX_INLINE VE<T> operator-(VE<T> a, VE<T> b) { return {VE<T>::S::sub(a.r, b.r)}; }
+template <class T> VRX_INLINE VE<T> operator*(VE<T> a, VE<T> b) { return {VE<T>::S::mul(a.r, b.r)}; }
+template <class T> VRX_INLINE VE<T> operator*(VE<T> a, T b) { return {VE<T>::S::mul(a.r, VE<T>::S::set1(b))}; }
+template <class T> VRX_INLINE VE<T> operator*(T a, VE<T> b) { return {VE<T>::S::mul(VE<T>::S::set1(a), b.r)}; }
+template <class T> VRX_INLINE VE<T> operator-(VE<T> a) { return {VE<T>::S::neg(a.r)}; }
+template <class T> VRX_INLINE VE<T>& operator+=(VE<T>& a, VE<T> b) { a = a + b; return a; }
+
+// Straight-line DFT of a fixed radix R: the roots are constants and each
+// output sums its terms in the order j = 0 .. R-1.
+template <class T, class E, int R> VRX_INLINE void dftT(const Cx<E>* v, Cx<E>* y) {
+    constexpr const Cx<T>* W = kRoots<T>.r[R];
+#pragma GCC unroll 16
+    for (int m = 0; m < R; ++m) {
+        E sr = v[0].re, si = v[0].im;
+#pragma GCC unroll 16
+        for (int j = 1; j < R; ++j) {
+            const int q = kIdx.q[R][j][m];
+            sr += v[j].re * W[q].re - v[j].im * W[q].im;
+            si += v[j].re * W[q].im + v[j].im * W[q].re;
+        }
+        y[m] = {sr, si};
+    }
+}
+
+// y[m] = sum_j v[j] W^(j*m), m = 0 .. R-1 (forward sign; W the roots of
+// order R): butterflies of 2, 3, 4 and 5, straight-line primes, generic sums.
+template <class T, class E> VRX_INLINE void dftBase(int R, const Cx<T>* W, const Cx<E>* v, Cx<E>* y) {
+    switch (R) {
+        case 7: dftT<T, E, 7>(v, y); return;
+        case 11: dftT<T, E, 11>(v, y); return;
+        case 13: dftT<T, E, 13>(v, y); return;
+
+        case 1: y[0] = v[0]; return;
+        case 2:
+            y[0] = {v[0].re + v[1].re, v[0].im + v[1].im};
+            y[1] = {v[0].re - v[1].re, v[0].im - v[1].im};
+            return;
+        case 3: {
+            const T s = W[1].im;  // -sin(2*pi/3)
+            const E tr = v[1].re + v[2].re, ti = v[1].im + v[2].im;
+            const E dr = v[1].re - v[2].re, di = v[1].im - v[2].im;
+            const E ar = v[0].re - T(0.5) * tr, ai = v[0].im - T(0.5) * ti;
+            y[0] = {v[0].re + tr, v[0].im + ti};
+            y[1] = {ar - s * di, ai + s * dr};
+            y[2] = {ar + s * di, ai - s * dr};
+            return;
+        }
+        case 4: {
+            const E ar = v[0].re + v[2].re, ai = v[0].im + v[2].im;
+            const E br = v[0].re - v[2].re, bi = v[0].im - v[2].im;
+            const E cr = v[1].re + v[3].re, ci = v[1].im + v[3].im;
+            const E dr = v[1].re - v[3].re, di = v[1].im - v[3].im;
+            y[0] = {ar + cr, ai + ci};
+            y[2] = {ar - cr, ai - ci};
+            y[1] = {br + di, bi - dr};
+            y[3] = {br - di, bi + dr};
+            return;
+        }
+        case 5: {
+            const T c1 = W[1].re, s1 = W[1].im, c2 = W[2].re, s2 = W[2].im;
+            const E t1r = v[1].re + v[4].re, t1i = v[1].im + v[4].im;
+            const E t2r = v[2].re + v[3].re, t2i = v[2].im + v[3].im;
+            const E d1r = v[1].re - v[4].re, d1i = v[1].im - v[4].im;
+            const E d2r = v[2].re - v[3].re, d2i = v[2].im - v[3].im;
+            y[0] = {v[0].re + t1r + t2r, v[0].im + t1i + t2i};
+            const E a1r = v[0].re + c1 * t1r + c2 * t2r, a1i = v[0].im + c1 * t1i + c2 * t2i;
+            const E a2r = v[0].re + c2 * t1r + c1 * t2r, a2i = v[0].im + c2 * t1i + c1 * t2i;
+            // i*(s1*d1 + s2*d2) and i*(s2*d1 - s1*d2)
+            const E b1r = -(s1 * d1i + s2 * d2i), b1i = s1 * d1r + s2 * d2r;
+            const E b2r = -(s2 * d1i - s1 * d2i), b2i = s2 * d1r - s1 * d2r;
+            y[1] = {a1r + b1r, a1i + b1i};
+            y[4] = {a1r - b1r, a1i - b1i};
+            y[2] = {a2r + b2r, a2i + b2i};
+            y[3] = {a2r - b2r, a2i - b2i};
+            return;
+        }
+        default: break;
+    }
+    // generic: conjugate pairs m and R-m share the sums of v[j] +- v[R-j]
+    // for odd R; plain sums otherwise
+    for (int m = 0; m < R; ++m) {
+        E sr = v[0].re, si = v[0].im;
+        int q = 0;
+        for (int j = 1; j < R; ++j) {
+            q += m;
+            if (q >= R) q -= R;
+            sr += v[j].re * W[q].re - v[j].im * W[q].im;
+            si += v[j].re * W[q].im + v[j].im * W[q].re;
+        }
+        y[m] = {sr, si};
+    }
+}
+
+// N = N1*N2 in two straight-line levels: DFTs of N1 over x[n2 + N2*n1],
+// the factors w_N^(n2*k1), DFTs of N2 into y[k1 + N1*k2].
+template <class T, class E, int N1, int N2> VRX_INLINE void smallCt(const Cx<E>* x, Cx<E>* y) {
+    constexpr int N = N1 * N2;
+    Cx<E> a[N2][N1], v[N1 > N2 ? N1 : N2], o[N1 > N2 ? N1 : N2];
+#pragma GCC unroll 8
+    for (int n2 = 0; n2 < N2; ++n2) {
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < N1; ++n1) v[n1] = x[n2 + N2 * n1];
+        dftBase<T, E>(N1, kRoots<T>.r[N1], v, a[n2]);
+    }
+#pragma GCC unroll 8
+    for (int k1 = 0; k1 < N1; ++k1) {
+#pragma GCC unroll 8
+        for (int n2 = 0; n2 < N2; ++n2) {
+            const int q = (n2 * k1) % N;
+            const Cx<T> w = kRoots<T>.r[N][q];
+            const Cx<E> z = a[n2][k1];
+            v[n2] = q == 0 ? z : Cx<E>{z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
+        }
+        dftBase<T, E>(N2, kRoots<T>.r[N2], v, o);
+#pragma GCC unroll 8
+        for (int k2 = 0; k2 < N2; ++k2) y[k1 + N1 * k2] = o[k2];
+    }
+}
+
+// Any radix of the engine: composite ones up to 16 in two levels.
+template <class T, class E> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx<E>* v, Cx<E>* y) {
+    switch (R) {
+        case 6: smallCt<T, E, 2, 3>(v, y); return;
+        case 8: smallCt<T, E, 2, 4>(v, y); return;
+        case 9: smallCt<T, E, 3, 3>(v, y); return;
+        case 16: smallCt<T, E, 4, 4>(v, y); return;
+        default: dftBase<T, E>(R, W, v, y); return;
+    }
+}
+
+// Real input: Y[m] for m = 0 .. (R-1)/2 of R (odd) reals.
+template <class T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const T* v, Cx<T>* y) {
+    T s0 = v[0];
+    for (int j = 1; j < R; ++j) s0 += v[j];
+    y[0] = {s0, T(0)};
+    const int h = (R - 1) / 2;
+    for (int m = 1; m <= h; ++m) {
+        T sr = v[0], si = T(0);
+        int q = 0;
+        for (int j = 1; j <= h; ++j) {
+            q += m;
+            if (q >= R) q -= R;
+            // v[j] W^(jm) + v[R-j] W^(-jm)
+            sr += (v[j] + v[R - j]) * W[q].re;
+            si += (v[j] - v[R - j]) * W[q].im;
+        }
+        y[m] = {sr, si};
+    }
+}
+
+template <class T> VRX_INLINE const Cx<T>* rootsOf(int R, const void* gen) {
+    return R <= 16 ? kRoots<T>.r[R] : static_cast<const Cx<T>*>(gen);
+}
+
+constexpr int kMaxRadix = 150;
+
+// ------------------------------------------------------------ complex stages
+
+// Decimation in frequency in place on n / prod values at level lvl, split
+// arrays. A twiddled stage runs L columns k at a time in registers, the
+// rest one by one; the twiddles of factor m are rest real parts, then rest
+// imaginary parts.
+template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
+    const int L = p->lastFactor;
+    if (L < 0) __builtin_unreachable();  // a plan has at least two factors
+    Cx<T> v[kMaxRadix], y[kMaxRadix];
+    if (lvl > L) {
+        const int R = p->rec[L].rest;
+        const Cx<T>* W = rootsOf<T>(R, p->lastGen);
+        for (int j = 0; j < R; ++j) v[j] = {re[j], im[j]};
+        dftR<T, T>(R, W, v, y);
+        for (int j = 0; j < R; ++j) { re[j] = y[j].re; im[j] = y[j].im; }
+        return;
+    }
+    const Rec& r = p->rec[lvl];
+    const int R = r.factor, rest = r.rest;
+    const Cx<T>* W = rootsOf<T>(R, r.gen);
+    const T* tw = static_cast<const T*>(r.tw);
+    int k = 0;
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    if (R <= 16 && rest >= NL) {
+        Cx<VE<T>> vv[16], yy[16];
+        for (; k + NL <= rest; k += NL) {
+            for (int j = 0; j < R; ++j) {
+                const int64_t i = int64_t(j) * rest + k;
+                vv[j] = {{S::load(re + i)}, {S::load(im + i)}};
+            }
+            dftR<T, VE<T>>(R, W, vv, yy);
+            S::store(re + k, yy[0].re.r);
+            S::store(im + k, yy[0].im.r);
+            for (int m = 1; m < R; ++m) {
+                const T* t = tw + int64_t(m - 1) * 2 * rest + k;
+                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
+                const int64_t i = int64_t(m) * rest + k;
+                S::store(re + i, (yy[m].re * wr - yy[m].im * wi).r);
+                S::store(im + i, (yy[m].re * wi + yy[m].im * wr).r);
+            }
+        }
+    }
+    for (; k < rest; ++k) {
+        for (int j = 0; j < R; ++j) {
+            const int64_t i = int64_t(j) * rest + k;
+            v[j] = {re[i], im[i]};
+        }
+        dftR<T, T>(R, W, v, y);
+        re[k] = y[0].re;
+        im[k] = y[0].im;
+        for (int m = 1; m < R; ++m) {
+            const T* t = tw + int64_t(m - 1) * 2 * rest + k;
+            const T wr = t[0], wi = t[rest];
+            const int64_t i = int64_t(m) * rest + k;
+            re[i] = y[m].re * wr - y[m].im * wi;
+            im[i] = y[m].re * wi + y[m].im * wr;
+        }
+    }
+    for (int m = 0; m < R; ++m) cdif<T>(p, lvl + 1, re + int64_t(m) * rest, im + int64_t(m) * rest);
+}
+
+// Position, within a complex sub-block of level lvl, of its bin n.
+int64_t cpos(const Plan* p, int lvl, int64_t n) {
+    int64_t pos = 0;
+    for (int l = lvl; l <= p->lastFactor; ++l) {
+        const int R = p->rec[l].factor;
+        pos += (n % R) * p->rec[l].rest;
+        n /= R;
+    }
+    return pos + n;
+}
+
+// ------------------------------------------------------------ real stages
+
+template <class T> void rdif(const Plan* p, int lvl, T* a) {
+    const int L = p->lastFactor;
+    if (L < 0) __builtin_unreachable();  // a plan has at least two factors
+    Cx<T> y[kMaxRadix];
+    T v[kMaxRadix];
+    if (lvl > L) {
+        const int R = p->rec[L].rest;
+        for (int j = 0; j < R; ++j) v[j] = a[j];
+        dftRReal<T>(R, rootsOf<T>(R, p->lastGen), v, y);
+        a[0] = y[0].re;
+        for (int m = 1; 2 * m < R; ++m) { a[2 * m - 1] = y[m].re; a[2 * m] = y[m].im; }
+        return;
+    }
+    const Rec& r = p->rec[lvl];
+    const int R = r.factor, rest = r.rest, h = (R - 1) / 2;
+    const Cx<T>* W = rootsOf<T>(R, r.gen);
+    const T* tw = static_cast<const T*>(r.tw);
+    for (int k = 0; k < rest; ++k) {
+        for (int j = 0; j < R; ++j) v[j] = a[int64_t(j) * rest + k];
+        dftRReal<T>(R, W, v, y);
+        a[k] = y[0].re;
+        for (int m = 1; m <= h; ++m) {
+            const Cx<T> w{tw[int64_t(m - 1) * 2 * rest + k], tw[int64_t(m - 1) * 2 * rest + rest + k]};
+            a[int64_t(2 * m - 1) * rest + k] = y[m].re * w.re - y[m].im * w.im;
+            a[int64_t(2 * m) * rest + k] = y[m].re * w.im + y[m].im * w.re;
+        }
+    }
+    rdif<T>(p, lvl + 1, a);
+    for (int m = 1; m <= h; ++m)
+        cdif<T>(p, lvl + 1, a + int64_t(2 * m - 1) * rest, a + int64_t(2 * m) * rest);
+}
+
+// Where bin n (n <= (len-1)/2) of the real sub-block at level lvl stands:
+// positions of its real and imaginary parts (im -1 for bin 0), and whether
+// the stored value is its conjugate.
+struct RPos { int64_t re, im; bool neg; };
+RPos rpos(const Plan* p, int lvl, int64_t n) {
+    const int L = p->lastFactor;
+    for (;;) {
+        if (lvl > L) {
+            if (n == 0) return {0, -1, false};
+            return {2 * n - 1, 2 * n, false};
+        }
+        const int R = p->rec[lvl].factor;
+        const int64_t rest = p->rec[lvl].rest;
+        const int64_t m = n % R, q = n / R;
+        if (m == 0) { n = q; ++lvl; continue; }
+        if (2 * m < R) {
+            const int64_t c = cpos(p, lvl + 1, q);
+            return {(2 * m - 1) * rest + c, 2 * m * rest + c, false};
+        }
+        const int64_t mm = R - m, c = cpos(p, lvl + 1, rest - 1 - q);
+        return {(2 * mm - 1) * rest + c, 2 * mm * rest + c, true};
+    }
+}
+
+// a[i] = sign(i) * a[src(i)] for a permutation src, in place by cycles: a
+// cycle is moved from its smallest position.
+template <class T, class F> void gatherInPlace(T* a, int64_t n, F src) {
+    for (int64_t i = 0; i < n; ++i) {
+        bool neg;
+        int64_t j = src(i, neg);
+        if (j == i) {
+            if (neg) a[i] = -a[i];
+            continue;
+        }
+        bool d;
+        while (j > i) j = src(j, d);
+        if (j != i) continue;
+        const T first = a[i];
+        int64_t cur = i;
+        for (;;) {
+            const int64_t nx = src(cur, neg);
+            const T v = nx == i ? first : a[nx];
+            a[cur] = neg ? -v : v;
+            if (nx == i) break;
+            cur = nx;
+        }
+    }
+}
+
+// Position in the odd form of the output -> stored position after the stages.
+template <class T> void realToForm(const Plan* p, T* a, int64_t n) {
+    gatherInPlace<T>(a, n, [p](int64_t i, bool& neg) -> int64_t {
+        neg = false;
+        if (i == 0) return 0;
+        const RPos r = rpos(p, 0, (i + 1) / 2);
+        if (i & 1) return r.re;
+        neg = r.neg;
+        return r.im;
+    });
+}
+
+// (re, im) pairs of the odd form to natural positions k and n-k.
+template <class T> void pairsToNatural(T* a, int64_t n) {
+    const int64_t h = (n - 1) / 2;
+    for (int64_t k = 1; k <= h; ++k) {
+        const T r = a[2 * k - 1], i = a[2 * k];
+        a[2 * k - 1] = r + i;
+        a[2 * k] = r - i;
+    }
+    gatherInPlace<T>(a, n, [n, h](int64_t i, bool& neg) -> int64_t {
+        neg = false;
+        if (i == 0) return 0;
+        return i <= h ? 2 * i - 1 : 2 * (n - i);
+    });
+}
+
+}  // namespace
+
+// ------------------------------------------------------------ factoring and sizes
+
+int factorize(int n, int trialLimit, int* f) {
+    int r = n, cnt = 0;
+    while (r % 4 == 0 && r > 1) { f[cnt++] = 4; r /= 4; }
+    if (r % 2 == 0) {
+        r /= 2;
+        for (int i = cnt; i > 0; --i) f[i] = f[i - 1];
+        f[0] = 2;
+        ++cnt;
+    }
+    if (r > 8) {
+        int d = 3;
+        while (int64_t(d) * d <= r) {
+            if (r % d == 0) {
+                r /= d;
+                if (d == 3 && cnt > 0 && f[0] == 2) f[0] = 6;
+                else f[cnt++] = d;
+            } else {
+                d += 2;
+                if (d > trialLimit) return 0;
+            }
+        }
+    }
+    if (cnt == 0) return 0;
+    const int limit = (n % 2 == 0) ? kEvenLeftover : trialLimit;
+    if (r > limit) return 0;
+    if (r == 3 && f[0] == 2) f[0] = 6;
+    else f[cnt++] = r;
+    return cnt >= 2 ? cnt : 0;
+}
+
+int reorderComplex(int* f, int cnt) {
+    if (cnt >= 2 && f[1] == 4 && f[0] != 6) {
+        f[0] *= 4;
+        for (int i = 1; i + 1 < cnt; ++i) f[i] = f[i + 1];
+        --cnt;
+    }
+    const int a = f[0];
+    if (cnt >= 2 && (a == 2 || a == 4 || a == 6 || a == 8 || a == 16 || (a == 6 && f[1] == 4))) {
+        f[0] = f[cnt - 1];
+        f[cnt - 1] = a;
+    }
+    return cnt;
+}
+
+PfSizes pfSizes(const int* f, int cnt, int n, bool real, int e, int unit) {
+    PfSizes s{0, 0, 0, 1, 0};
+    const int L = cnt - 2;
+    int64_t rest = n, g = -1;
+    int64_t rests[kMaxRec];
+    for (int i = 0; i <= L; ++i) {
+        const int64_t blk = rest;  // f[i] * rest_i
+        rest /= f[i];
+        rests[i] = rest;
+        s.P += a64(int64_t(e) * f[i] * rest);
+        if (genericTab(f[i]) && (i == 0 || f[i - 1] != f[i])) s.P += a64(int64_t(3) * (e / 2) * f[i]);
+        if (g < 0 && blk <= unit) g = i;
+    }
+    const int last = f[L + 1];
+    if (genericTab(last)) s.P += a64(int64_t(3) * (e / 2) * last);
+    if (g < 0) g = L;
+    int64_t b = 1;
+    for (int i = static_cast<int>(g); i <= L; ++i) b *= f[i];
+    s.b = static_cast<int32_t>(b);
+    if (!real) s.P += a64(4 * b);
+    int64_t t = 0;
+    for (int i = 0; i <= L; ++i) {
+        const bool fixed = real ? inList(f[i], kFactR, 4) : inList(f[i], kFactC, 7);
+        if (!fixed) {
+            const int64_t v = (rests[i] % 2 == 0) ? 2 * int64_t(f[i]) : f[i];
+            if (v > t) t = v;
+        }
+    }
+    if (!(real ? inList(last, kPrimeR, 2) : inList(last, kPrimeC, 10)) && last > t) t = last;
+    s.t = static_cast<int32_t>(t);
+    if (real) {
+        s.J = 2 * a64(int64_t(4) * n);
+        s.work = t > 0 ? t * e + 128 : 0;
+    } else {
+        s.work = (int64_t(n) + t) * e + 128;
+    }
+    return s;
+}
+
+template <class T>
+void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const Cx<T>* base, int bs) {
+    const int L = cnt - 2;
+    const int unit = Lim<T>::kUnit;
+    p->usePrimeFact = 1;
+    p->lastFactor = L;
+    p->baseStride = bs;
+    int64_t rest = n, prod = 1;
+    int g = -1;
+    const Cx<T>* prevGen = nullptr;
+    for (int i = 0; i <= L; ++i) {
+        Rec& r = p->rec[i];
+        const int64_t blk = rest;
+        rest /= f[i];
+        r.factor = f[i];
+        r.rest = static_cast<int32_t>(rest);
+        r.prod = static_cast<int32_t>(prod);
+        if (g < 0 && blk <= unit) g = i;
+        T* tw = c.take<T>(int64_t(2) * f[i] * rest);
+        // w^(m*k) of order blk = w_n^(m*k*prod): per m, rest real parts, then rest imaginary parts
+        for (int m = 1; m < f[i]; ++m) {
+            int64_t idx = 0;
+            const int64_t step = (int64_t(m) * prod) % n;
+            T* t = tw + int64_t(m - 1) * 2 * rest;
+            for (int64_t k = 0; k < rest; ++k) {
+                t[k] = base[idx * bs].re;
+                t[rest + k] = base[idx * bs].im;
+                idx += step;
+                if (idx >= n) idx -= n;
+            }
+        }
+        r.tw = tw;
+        r.gen = nullptr;
+        if (genericTab(f[i])) {
+            if (i > 0 && f[i - 1] == f[i]) {
+                r.gen = const_cast<Cx<T>*>(prevGen);
+            } else {
+                Cx<T>* gt = c.take<Cx<T>>(f[i]);
+                for (int q = 0; q < f[i]; ++q) gt[q] = base[(int64_t(q) * (n / f[i])) * bs];
+                r.gen = gt;
+                prevGen = gt;
+            }
+        }
+        prod *= f[i];
+    }
+    const int last = f[L + 1];
+    p->lastGen = nullptr;
+    if (genericTab(last)) {
+        Cx<T>* gt = c.take<Cx<T>>(last);
+        for (int q = 0; q < last; ++q) gt[q] = base[(int64_t(q) * (n / last)) * bs];
+        p->lastGen = gt;
+    }
+    if (g < 0) g = L;
+    int64_t pg = 1;
+    for (int i = 0; i < g; ++i) pg *= f[i];
+    for (int i = 0; i <= L; ++i) p->rec[i].blocks = i >= g ? static_cast<int32_t>(p->rec[i].prod / pg) : 1;
+    if (!real) {
+        // input offsets of the untwiddled blocks of one unit, digit-reversed
+        int64_t b = 1;
+        for (int i = g; i <= L; ++i) b *= f[i];
+        int32_t* tab = c.take<int32_t>(b);
+        int digit[kMaxRec] = {};
+        int64_t off = 0;
+        for (int64_t k = 0; k < b; ++k) {
+            tab[k] = static_cast<int32_t>(off);
+            for (int i = L; i >= g; --i) {
+                const int64_t wgt = p->rec[i].prod / pg;
+                if (++digit[i] < f[i]) { off += wgt; break; }
+                off -= wgt * (f[i] - 1);
+                digit[i] = 0;
+            }
+        }
+        p->reorderTab = tab;
+    }
+}
+
+template <class T>
+void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work) {
+    const int64_t n = p->n;
+    const T sg = inv ? T(-1) : T(1);
+    T* wr = reinterpret_cast<T*>(work);
+    T* wi = wr + n;
+    if (split) {
+        for (int64_t i = 0; i < n; ++i) { wr[i] = sRe[i]; wi[i] = sg * sIm[i]; }
+    } else {
+        const Cx<T>* s = reinterpret_cast<const Cx<T>*>(sRe);
+        for (int64_t i = 0; i < n; ++i) { wr[i] = s[i].re; wi[i] = sg * s[i].im; }
+    }
+    cdif<T>(p, 0, wr, wi);
+    // positions in order; the bin of a position from its digits
+    const int L = p->lastFactor;
+    int digit[kMaxRec + 1] = {};
+    int64_t radix[kMaxRec + 1], weight[kMaxRec + 1];
+    for (int i = 0; i <= L; ++i) { radix[i] = p->rec[i].factor; weight[i] = p->rec[i].prod; }
+    radix[L + 1] = p->rec[L].rest;
+    weight[L + 1] = n / p->rec[L].rest;
+    const int64_t last = radix[L + 1], lw = weight[L + 1];
+    int64_t bin = 0;
+    Cx<T>* d = reinterpret_cast<Cx<T>*>(dRe);
+    for (int64_t pos = 0; pos < n; pos += last) {
+        // one block of the last radix, then the carry into the digits ahead
+        if (split) {
+            for (int64_t q = 0; q < last; ++q) { dRe[bin + q * lw] = wr[pos + q]; dIm[bin + q * lw] = sg * wi[pos + q]; }
+        } else {
+            for (int64_t q = 0; q < last; ++q) d[bin + q * lw] = {wr[pos + q], sg * wi[pos + q]};
+        }
+        for (int i = L; i >= 0; --i) {
+            if (++digit[i] < radix[i]) { bin += weight[i]; break; }
+            bin -= weight[i] * (radix[i] - 1);
+            digit[i] = 0;
+        }
+    }
+}
+
+template <class T> void pfReal(const Plan* p, T* d, bool inv) {
+    const int64_t n = p->n;
+    if (inv) pairsToNatural<T>(d, n);
+    rdif<T>(p, 0, d);
+    realToForm<T>(p, d, n);
+    if (inv) pairsToNatural<T>(d, n);
+}
+
+template <class T> const Cx<T>* smallRoots(int R) { return kRoots<T>.r[R]; }
+
+template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y) {
+    switch (N) {
+        case 3: dftBase<T, T>(3, kRoots<T>.r[3], x, y); return;
+        case 5: dftBase<T, T>(5, kRoots<T>.r[5], x, y); return;
+        case 6: smallCt<T, T, 2, 3>(x, y); return;
+        case 7: dftT<T, T, 7>(x, y); return;
+        case 9: smallCt<T, T, 3, 3>(x, y); return;
+        case 10: smallCt<T, T, 2, 5>(x, y); return;
+        case 11: dftT<T, T, 11>(x, y); return;
+        case 12: smallCt<T, T, 4, 3>(x, y); return;
+        case 13: dftT<T, T, 13>(x, y); return;
+        case 14: smallCt<T, T, 2, 7>(x, y); return;
+        default: smallCt<T, T, 3, 5>(x, y); return;
+    }
+}
+
+#define VRX_DFTPF_INSTANTIATE(T)                                                                         \
+    template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int);             \
+    template void pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*);            \
+    template void pfReal<T>(const Plan*, T*, bool);                                                     \
+    template const Cx<T>* smallRoots<T>(int);                                                            \
+    template void smallDft<T>(int, const Cx<T>*, Cx<T>*);
+
+VRX_DFTPF_INSTANTIATE(float)
+VRX_DFTPF_INSTANTIATE(double)
+
+}  // namespace n0::dft

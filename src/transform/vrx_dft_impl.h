@@ -1,0 +1,628 @@
+// The DFT plan of any length, one template for both widths: plan choice and
+// sizes (one routine for the size query and Init), table building, and the
+// transforms of every path. psdfts.cpp and psdftd.cpp instantiate it with a
+// traits class Tr that names the exported functions of their width.
+#pragma once
+
+#include "vrx_dft.h"
+
+#include <math.h>
+#include <string.h>
+
+namespace n0::dft {
+
+enum class Kind { C, Cs, R };
+
+constexpr long double kTwoPiL = 6.283185307179586476925286766559005768L;
+constexpr int kConvTab[] = {128, 144, 160, 192, 200, 256, 288, 320, 384, 400, 512, 576, 640, 768, 800, 1024,
+                            1152, 1280, 1536, 1600, 2048, 2304, 2560, 3072, 3200, 4096, 4608, 5120, 6144, 6400, 8192};
+
+// M of the convolution path for a length n.
+inline int convLength(int n) {
+    const int64_t L = 2 * int64_t(n) - 1;
+    if (L <= 8192) {
+        for (int m : kConvTab)
+            if (m >= L) return m;
+    }
+    int64_t m = 1;
+    while (m < L) m <<= 1;
+    return static_cast<int>(m);
+}
+
+inline bool isPow2(int n) { return (n & (n - 1)) == 0; }
+inline int log2i(int n) { return 31 - __builtin_clz(static_cast<unsigned>(n)); }
+
+// The outcome of the plan choice.
+struct Choice {
+    int path = 0;
+    int n = 0;          // length the path runs
+    bool half = false;  // real plan of even length on the half length
+    bool realOdd = false;
+    int cnt = 0;
+    int f[kMaxRec + 2] = {};
+    int M = 0, order = 0;
+    int64_t is = 0, ii = 0, iw = 0;  // inner plan sizes (FFT, or the length-M DFT)
+    PfSizes pf{};
+    int64_t spec = 0, init = 0, work = 0;
+};
+
+// Element-access of complex data: interleaved (stride 2) or split arrays.
+template <class T> struct CRef {
+    T* re;
+    T* im;
+    int s;
+    VRX_INLINE Cx<T> get(int64_t i) const { return {re[i * s], im[i * s]}; }
+    VRX_INLINE void set(int64_t i, Cx<T> v) const { re[i * s] = v.re; im[i * s] = v.im; }
+};
+
+template <class T> VRX_INLINE Cx<T> cmul(Cx<T> a, Cx<T> b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
+template <class T> VRX_INLINE Cx<T> conj(Cx<T> a) { return {a.re, -a.im}; }
+
+template <class T, class Tr> struct Dft {
+    static constexpr int e = 2 * sizeof(T);
+    using C = Cx<T>;
+
+    // ---------------------------------------------------------- choice and sizes
+
+    static VrxStatus choose(Kind K, int N, int flag, int hint, bool isInit, const void* initBuf, Choice& c) {
+        c.spec = 768;
+        if (N <= 16) {
+            c.path = kPathSmall;
+            c.n = N;
+        } else if (isPow2(N)) {
+            c.path = kPathFft;
+            c.order = log2i(N);
+            int s, i, w;
+            if (VrxStatus st = Tr::fftGetSize(K, c.order, flag, hint, &s, &i, &w)) return st;
+            c.is = s; c.ii = i; c.iw = w;
+            c.spec += a64(s);
+            c.init += a64(i);
+            c.work += a64(w);
+        } else {
+            if (N > Lim<T>::kMax) return vrxErrBadLength;
+            if (isInit && !initBuf) return vrxErrNullPtr;
+            c.init += a64(int64_t(e) * N);
+            int n = N;
+            if (K == Kind::R && N % 2 == 0) {
+                c.spec += 2 * a64(int64_t(e) * ((N + 3) / 4) + e);
+                n = N / 2;
+                c.half = true;
+            }
+            c.n = n;
+            c.realOdd = K == Kind::R && !c.half;
+            if (c.half && n <= 16) {
+                c.path = kPathHalfSmall;
+            } else if ((c.cnt = factorize(n, Lim<T>::kTrial, c.f)) != 0) {
+                if (!c.realOdd) c.cnt = reorderComplex(c.f, c.cnt);
+                c.path = kPathPf;
+                c.pf = pfSizes(c.f, c.cnt, n, c.realOdd, e, Lim<T>::kUnit);
+                c.spec += a64(c.pf.P);
+                c.init += a64(c.pf.J);
+                c.work += a64(c.pf.work);
+            } else if (n <= Lim<T>::kTrial) {
+                c.path = kPathDir;
+                c.spec += a64(int64_t(3) * (e / 2) * n);
+                c.work += a64(int64_t(e) * n);
+            } else if (n <= Lim<T>::kConv) {
+                c.path = kPathConv;
+                c.M = convLength(n);
+                int s, i, w;
+                if (VrxStatus st = Tr::convGetSize(c.M, &s, &i, &w)) return st;
+                c.is = s; c.ii = i; c.iw = w;
+                const int64_t Fc = int64_t(e) * c.M + a64(w) + 64;
+                const int64_t Sc = a64(int64_t(e) * n) + a64(int64_t(e) * c.M) + a64(s);
+                const int64_t Ic = (c.half ? 0 : a64(2 * int64_t(n))) + a64(i) + a64(Fc);
+                const int64_t Wc = a64(w) + a64(Fc);
+                c.spec += a64(Sc);
+                c.init += a64(Ic);
+                c.work += a64(Wc);
+            } else {
+                return vrxErrBadLength;
+            }
+        }
+        if (c.spec) c.spec += 64;
+        if (c.init) c.init += 64;
+        if (c.work) c.work += 64;
+        if (c.spec > INT32_MAX || c.init > INT32_MAX || c.work > INT32_MAX) return vrxErrBadLength;
+        return vrxOk;
+    }
+
+    static bool flagOk(int flag) { return flag == 1 || flag == 2 || flag == 4 || flag == 8; }
+
+    static VrxStatus getSize(Kind K, int N, int flag, int hint, int* pSpec, int* pInit, int* pWork) {
+        if (!pSpec || !pInit || !pWork) return vrxErrNullPtr;
+        if (N < 1) return vrxErrBadLength;
+        if (!flagOk(flag)) return vrxErrFftFlag;
+        Choice c;
+        if (VrxStatus st = choose(K, N, flag, hint, false, nullptr, c)) return st;
+        *pSpec = static_cast<int>(c.spec);
+        *pInit = static_cast<int>(c.init);
+        *pWork = static_cast<int>(c.work);
+        return vrxOk;
+    }
+
+    // ---------------------------------------------------------- tables
+
+    // exp(-2*pi*i*k/N), k = 0 .. N-1
+    static void baseTab(C* b, int64_t N) {
+        for (int64_t k = 0; k < N; ++k) {
+            const int64_t kk = 2 * k <= N ? k : N - k;  // exact symmetry of the upper half
+            long double s, co;
+            sincosl(kTwoPiL * static_cast<long double>(kk) / static_cast<long double>(N), &s, &co);
+            const T cr = static_cast<T>(co), si = static_cast<T>(s);
+            b[k] = {cr, kk == k ? -si : si};
+        }
+    }
+
+    // factors of k (1 .. K) in pairs by two: tab[4g + odd] = a, tab[4g + 2 + odd] = b
+    static void putPair(T* tab, int64_t k, T a, T b) {
+        const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
+        tab[4 * g + odd] = a;
+        tab[4 * g + 2 + odd] = b;
+    }
+    static VRX_INLINE void getPair(const T* tab, int64_t k, T& a, T& b) {
+        const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
+        a = tab[4 * g + odd];
+        b = tab[4 * g + 2 + odd];
+    }
+
+    static VrxStatus init(Kind K, int N, int flag, int hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
+        if (!pSpecMem) return vrxErrNullPtr;
+        if (N < 1) return vrxErrBadLength;
+        if (!flagOk(flag)) return vrxErrFftFlag;
+        Plan* p = fft::align64(reinterpret_cast<Plan*>(pSpecMem));
+        memset(p, 0, sizeof(Plan));
+        p->idWord = Tr::id(K);
+        p->length = N;
+        p->algHint = hint;
+        T scale = T(0);
+        switch (flag) {
+            case 1: p->fwdNorm = 1; scale = T(1) / static_cast<T>(N); break;
+            case 2: p->invNorm = 1; scale = T(1) / static_cast<T>(N); break;
+            case 4: p->fwdNorm = p->invNorm = 1; scale = static_cast<T>(1.0 / sqrt(static_cast<double>(N))); break;
+            default: break;
+        }
+        if (sizeof(T) == 4) p->normScale.f = static_cast<float>(scale);
+        else p->normScale.d = static_cast<double>(scale);
+        Choice c;
+        if (VrxStatus st = choose(K, N, flag, hint, true, pInitBuf, c)) return st;
+        p->path = c.path;
+        p->n = c.n;
+        Carver cs(p);
+        cs.take<uint8_t>(sizeof(Plan));
+        if (c.path == kPathSmall) return vrxOk;
+        if (c.path == kPathFft) {
+            uint8_t* mem = cs.take<uint8_t>(c.is);
+            void* fp = nullptr;
+            if (VrxStatus st = Tr::fftInit(K, &fp, c.order, flag, hint, mem, pInitBuf ? fft::align64(pInitBuf) : nullptr))
+                return st;
+            p->innerPlan = fp;
+            p->useFft = 1;
+            int ws = 0;
+            Tr::fftBufSize(K, fp, &ws);
+            p->workSize = ws;
+            return vrxOk;
+        }
+        Carver ci(fft::align64(pInitBuf));
+        C* base = ci.take<C>(N);
+        baseTab(base, N);
+        if (c.half) {
+            const int64_t cnt = 2 * ((N + 3) / 4) + 2;
+            T* rf = cs.take<T>(cnt);
+            T* ri = cs.take<T>(cnt);
+            for (int64_t k = 1; k <= N / 4; ++k) {
+                const C w = base[k];  // (cos, -sin)
+                putPair(rf, k, T(0.5) * w.re, T(0.5) + T(0.5) * w.im);
+                putPair(ri, k, w.re, w.im);
+            }
+            p->recFwdTab = rf;
+            p->recInvTab = ri;
+        }
+        const int n = c.n, bs = c.half ? 2 : 1;
+        switch (c.path) {
+            case kPathHalfSmall: p->workSize = 0; break;
+            case kPathPf:
+                pfInit<T>(p, cs, c.f, c.cnt, n, c.realOdd, base, bs);
+                p->realFactors = c.realOdd ? 1 : 0;
+                p->workSize = static_cast<int32_t>(c.pf.work);
+                break;
+            case kPathDir: {
+                C* d = reinterpret_cast<C*>(cs.take<T>(int64_t(3) * n));
+                for (int64_t k = 0; k < n; ++k) d[k] = base[k * bs];
+                p->dirTab = d;
+                p->workSize = e * n + 64;
+                break;
+            }
+            default: {  // convolution
+                const int M = c.M;
+                C* chirp = cs.take<C>(n);
+                C* filt = cs.take<C>(M);
+                uint8_t* cp = cs.take<uint8_t>(c.is);
+                if (!c.half) ci.take<uint8_t>(2 * int64_t(n));
+                uint8_t* innerInit = ci.take<uint8_t>(c.ii);
+                uint8_t* fc = ci.take<uint8_t>(int64_t(e) * M + a64(c.iw) + 64);
+                if (VrxStatus st = Tr::convInit(M, cp, innerInit)) return st;
+                // w[k] = exp(-i*pi*k*k/n) from a base of 2n values, k*k mod 2n by running addition
+                const C* cb = base;
+                if (!c.half) {
+                    C* b2 = reinterpret_cast<C*>(fc);
+                    baseTab(b2, 2 * int64_t(n));
+                    cb = b2;
+                }
+                int64_t q = 0;
+                const int64_t twoN = 2 * int64_t(n);
+                for (int64_t k = 0; k < n; ++k) {
+                    chirp[k] = cb[q];
+                    q += 2 * k + 1;
+                    if (q >= twoN) q -= twoN;
+                }
+                C* data = reinterpret_cast<C*>(fc);
+                uint8_t* iwork = fc + a64(int64_t(e) * M);
+                for (int64_t k = 0; k < M; ++k) data[k] = {T(0), T(0)};
+                data[0] = conj(chirp[0]);
+                for (int64_t k = 1; k < n; ++k) data[k] = data[M - k] = conj(chirp[k]);
+                if (VrxStatus st = Tr::dftFwdC(data, data, cp, iwork)) return st;
+                const T invM = T(1) / static_cast<T>(M);
+                for (int64_t k = 0; k < M; ++k) filt[k] = {data[k].re * invM, data[k].im * invM};
+                p->chirpTab = chirp;
+                p->filterTab = filt;
+                p->convPlan = cp;
+                p->convLength = M;
+                p->workSize = static_cast<int32_t>(int64_t(e) * M + a64(c.iw) + 64);
+                break;
+            }
+        }
+        return vrxOk;
+    }
+
+    // ---------------------------------------------------------- small kernels
+
+    // complex, N <= 16
+    template <bool Inv> static void smallC(int N, CRef<T> s, CRef<T> d, T scale) {
+        C x[16], y[16];
+        for (int i = 0; i < N; ++i) x[i] = s.get(i);
+        if (isPow2(N)) {
+            fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
+        } else {
+            // the inverse is the conjugate of the forward transform of the conjugate
+            if (Inv)
+                for (int i = 0; i < N; ++i) x[i].im = -x[i].im;
+            smallDft<T>(N, x, y);
+            for (int i = 0; i < N; ++i) {
+                if (Inv) y[i].im = -y[i].im;
+                if (scale != T(0)) y[i] = {y[i].re * scale, y[i].im * scale};
+            }
+        }
+        for (int i = 0; i < N; ++i) d.set(i, y[i]);
+    }
+
+    // real, N <= 16, to Perm
+    static void smallRFwd(int N, const T* s, T* d, T scale) {
+        if (isPow2(N)) { fft::smallReal<T, false>(log2i(N), s, d, scale); return; }
+        const C* W = smallRoots<T>(N);
+        T x[16], o[16];
+        for (int i = 0; i < N; ++i) x[i] = s[i];
+        for (int k = 0; k <= N / 2; ++k) {
+            T sr = x[0], si = T(0);
+            int q = 0;
+            for (int j = 1; j < N; ++j) {
+                q += k;
+                if (q >= N) q -= N;
+                sr += x[j] * W[q].re;
+                si += x[j] * W[q].im;
+            }
+            if (k == 0) o[0] = sr;
+            else if (2 * k == N) o[1] = sr;
+            else if (N % 2 == 0) { o[2 * k] = sr; o[2 * k + 1] = si; }
+            else { o[2 * k - 1] = sr; o[2 * k] = si; }
+        }
+        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
+    }
+    // real, N <= 16, from Perm (s may be d)
+    static void smallRInv(int N, const T* s, T* d, T scale) {
+        if (isPow2(N)) { fft::smallReal<T, true>(log2i(N), s, d, scale); return; }
+        const C* W = smallRoots<T>(N);
+        T X[16], o[16];
+        for (int i = 0; i < N; ++i) X[i] = s[i];
+        const bool even = N % 2 == 0;
+        for (int j = 0; j < N; ++j) {
+            T acc = X[0];
+            if (even) acc += (j & 1) ? -X[1] : X[1];
+            int q = 0;
+            for (int k = 1; 2 * k < N; ++k) {
+                q += j;
+                if (q >= N) q -= N;
+                const T xr = even ? X[2 * k] : X[2 * k - 1], xi = even ? X[2 * k + 1] : X[2 * k];
+                const T t = xr * W[q].re + xi * W[q].im;
+                acc += t + t;
+            }
+            o[j] = acc;
+        }
+        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
+    }
+
+    // ---------------------------------------------------------- direct path
+
+    template <bool Inv> static void dirC(const Plan* p, CRef<T> s, CRef<T> d, C* work) {
+        const int n = p->n;
+        const C* W = static_cast<const C*>(p->dirTab);
+        for (int i = 0; i < n; ++i) work[i] = s.get(i);
+        for (int k = 0; k < n; ++k) {
+            T sr = work[0].re, si = work[0].im;
+            int q = 0;
+            for (int j = 1; j < n; ++j) {
+                q += k;
+                if (q >= n) q -= n;
+                const T wr = W[q].re, wi = Inv ? -W[q].im : W[q].im;
+                sr += work[j].re * wr - work[j].im * wi;
+                si += work[j].re * wi + work[j].im * wr;
+            }
+            d.set(k, {sr, si});
+        }
+    }
+    // real odd length, in place in d: reals to the odd form and back
+    static void dirRFwd(const Plan* p, T* d, T* work) {
+        const int n = p->n;
+        const C* W = static_cast<const C*>(p->dirTab);
+        memcpy(work, d, sizeof(T) * n);
+        for (int k = 0; 2 * k < n; ++k) {
+            T sr = work[0], si = T(0);
+            int q = 0;
+            for (int j = 1; j < n; ++j) {
+                q += k;
+                if (q >= n) q -= n;
+                sr += work[j] * W[q].re;
+                si += work[j] * W[q].im;
+            }
+            if (k == 0) d[0] = sr;
+            else { d[2 * k - 1] = sr; d[2 * k] = si; }
+        }
+    }
+    static void dirRInv(const Plan* p, T* d, T* work) {
+        const int n = p->n;
+        const C* W = static_cast<const C*>(p->dirTab);
+        memcpy(work, d, sizeof(T) * n);
+        for (int j = 0; j < n; ++j) {
+            T acc = work[0];
+            int q = 0;
+            for (int k = 1; 2 * k < n; ++k) {
+                q += j;
+                if (q >= n) q -= n;
+                const T t = work[2 * k - 1] * W[q].re + work[2 * k] * W[q].im;
+                acc += t + t;
+            }
+            d[j] = acc;
+        }
+    }
+
+    // ---------------------------------------------------------- convolution path
+
+    // B = chirp * (x, conjugated for the inverse) over n, zero to M, forward,
+    // times the filter, inverse; the caller takes B * chirp.
+    static VrxStatus convCore(const Plan* p, C* B, uint8_t* iwork) {
+        const int n = p->n, M = p->convLength;
+        if (VrxStatus st = Tr::zeroC(B + n, M - n)) return st;
+        if (VrxStatus st = Tr::dftFwdC(B, B, p->convPlan, iwork)) return st;
+        if (VrxStatus st = Tr::mulCI(static_cast<const C*>(p->filterTab), B, M)) return st;
+        return Tr::dftInvC(B, B, p->convPlan, iwork);
+    }
+    template <bool Inv> static VrxStatus convC(const Plan* p, CRef<T> s, CRef<T> d, uint8_t* buf, bool interleaved) {
+        const int n = p->n, M = p->convLength;
+        C* B = reinterpret_cast<C*>(buf);
+        uint8_t* iwork = buf + a64(int64_t(e) * M);
+        const C* ch = static_cast<const C*>(p->chirpTab);
+        if (interleaved && !Inv) {
+            if (VrxStatus st = Tr::mulC(reinterpret_cast<const C*>(s.re), ch, B, n)) return st;
+        } else {
+            for (int64_t k = 0; k < n; ++k) B[k] = cmul(Inv ? conj(s.get(k)) : s.get(k), ch[k]);
+        }
+        if (VrxStatus st = convCore(p, B, iwork)) return st;
+        if (interleaved && !Inv) return Tr::mulC(B, ch, reinterpret_cast<C*>(d.re), n);
+        for (int64_t k = 0; k < n; ++k) {
+            const C v = cmul(B[k], ch[k]);
+            d.set(k, Inv ? conj(v) : v);
+        }
+        return vrxOk;
+    }
+    static VrxStatus convRFwd(const Plan* p, T* d, uint8_t* buf) {
+        const int n = p->n, M = p->convLength;
+        C* B = reinterpret_cast<C*>(buf);
+        const C* ch = static_cast<const C*>(p->chirpTab);
+        for (int64_t k = 0; k < n; ++k) B[k] = {d[k] * ch[k].re, d[k] * ch[k].im};
+        if (VrxStatus st = convCore(p, B, buf + a64(int64_t(e) * M))) return st;
+        d[0] = cmul(B[0], ch[0]).re;
+        for (int64_t k = 1; 2 * k < n; ++k) {
+            const C v = cmul(B[k], ch[k]);
+            d[2 * k - 1] = v.re;
+            d[2 * k] = v.im;
+        }
+        return vrxOk;
+    }
+    static VrxStatus convRInv(const Plan* p, T* d, uint8_t* buf) {
+        const int n = p->n, M = p->convLength;
+        C* B = reinterpret_cast<C*>(buf);
+        const C* ch = static_cast<const C*>(p->chirpTab);
+        // conj(X[k]): (R, -I) up to h, X[n-k] above
+        for (int64_t k = 0; k < n; ++k) {
+            C x;
+            if (k == 0) x = {d[0], T(0)};
+            else if (2 * k < n) x = {d[2 * k - 1], -d[2 * k]};
+            else x = {d[2 * (n - k) - 1], d[2 * (n - k)]};
+            B[k] = cmul(x, ch[k]);
+        }
+        if (VrxStatus st = convCore(p, B, buf + a64(int64_t(e) * M))) return st;
+        for (int64_t k = 0; k < n; ++k) d[k] = B[k].re * ch[k].re - B[k].im * ch[k].im;
+        return vrxOk;
+    }
+
+    // ---------------------------------------------------------- complex dispatch
+
+    template <bool Inv> static VrxStatus pathC(const Plan* p, CRef<T> s, CRef<T> d, bool interleaved, uint8_t* work) {
+        switch (p->path) {
+            case kPathSmall:
+            case kPathHalfSmall: smallC<Inv>(p->n, s, d, T(0)); return vrxOk;
+            case kPathPf:
+                pfComplex<T>(p, s.re, s.im, d.re, d.im, !interleaved, Inv, reinterpret_cast<C*>(work));
+                return vrxOk;
+            case kPathDir: dirC<Inv>(p, s, d, reinterpret_cast<C*>(work)); return vrxOk;
+            default: return convC<Inv>(p, s, d, work, interleaved);
+        }
+    }
+
+    template <bool Inv>
+    static VrxStatus runC(Kind K, const void* planMem, const T* sRe, const T* sIm, T* dRe, T* dIm, Vrx8u* pBuf) {
+        const Plan* p;
+        if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(K)), &p)) return st;
+        const bool split = K == Kind::Cs;
+        if (!sRe || !dRe || (split && (!sIm || !dIm))) return vrxErrNullPtr;
+        if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        const int N = p->length;
+        const bool norm = Inv ? p->invNorm : p->fwdNorm;
+        const T scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        const CRef<T> s = split ? CRef<T>{const_cast<T*>(sRe), const_cast<T*>(sIm), 1}
+                                : CRef<T>{const_cast<T*>(sRe), const_cast<T*>(sRe) + 1, 2};
+        const CRef<T> d = split ? CRef<T>{dRe, dIm, 1} : CRef<T>{dRe, dRe + 1, 2};
+        if (p->path == kPathSmall) {
+            smallC<Inv>(N, s, d, scale);
+            return vrxOk;
+        }
+        if (p->path == kPathFft) return Tr::fftRunC(K, Inv, sRe, sIm, dRe, dIm, p->innerPlan, pBuf);
+        uint8_t* work = fft::align64(pBuf);
+        if (VrxStatus st = pathC<Inv>(p, s, d, !split, work)) return st;
+        if (scale != T(0)) {
+            if (split) {
+                Tr::mulScalarI(scale, dRe, N);
+                Tr::mulScalarI(scale, dIm, N);
+            } else {
+                Tr::mulScalarI(scale, dRe, 2 * N);
+            }
+        }
+        return vrxOk;
+    }
+
+    // ---------------------------------------------------------- real dispatch
+
+    static VrxStatus runRFwd(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
+        const Plan* p;
+        if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(Kind::R)), &p)) return st;
+        if (!src || !dst) return vrxErrNullPtr;
+        if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        const int N = p->length;
+        const T scale = p->fwdNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        if (p->path == kPathFft) return Tr::fftRunR(false, form, src, dst, p->innerPlan, pBuf);
+        uint8_t* work = fft::align64(pBuf);
+        if (p->path == kPathSmall) {
+            smallRFwd(N, src, dst, scale);
+        } else {
+            if (N % 2) {
+                if (src != dst) memmove(dst, src, sizeof(T) * N);
+                if (p->path == kPathPf) pfReal<T>(p, dst, false);
+                else if (p->path == kPathDir) dirRFwd(p, dst, reinterpret_cast<T*>(work));
+                else if (VrxStatus st = convRFwd(p, dst, work)) return st;
+            } else {
+                const int H = p->n;
+                const CRef<T> s{const_cast<T*>(src), const_cast<T*>(src) + 1, 2};
+                const CRef<T> d{dst, dst + 1, 2};
+                if (VrxStatus st = pathC<false>(p, s, d, true, work)) return st;
+                recombineFwd(dst, H, static_cast<const T*>(p->recFwdTab));
+            }
+            if (scale != T(0)) Tr::mulScalarI(scale, dst, N);
+        }
+        toForm(dst, N, form);
+        return vrxOk;
+    }
+
+    static VrxStatus runRInv(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
+        const Plan* p;
+        if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(Kind::R)), &p)) return st;
+        if (!src || !dst) return vrxErrNullPtr;
+        if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        const int N = p->length;
+        const T scale = p->invNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
+        uint8_t* work = fft::align64(pBuf);
+        fromForm(src, dst, N, form);
+        if (p->path == kPathSmall) {
+            smallRInv(N, dst, dst, scale);
+            return vrxOk;
+        }
+        if (N % 2) {
+            if (p->path == kPathPf) pfReal<T>(p, dst, true);
+            else if (p->path == kPathDir) dirRInv(p, dst, reinterpret_cast<T*>(work));
+            else if (VrxStatus st = convRInv(p, dst, work)) return st;
+        } else {
+            const int H = p->n;
+            recombineInv(dst, H, static_cast<const T*>(p->recInvTab));
+            const CRef<T> d{dst, dst + 1, 2};
+            if (VrxStatus st = pathC<true>(p, d, d, true, work)) return st;
+        }
+        if (scale != T(0)) Tr::mulScalarI(scale, dst, N);
+        return vrxOk;
+    }
+
+    // Perm to the requested form; odd N: Pack is Perm, CCS adds the zero after R(0).
+    static void toForm(T* d, int N, fft::Form f) {
+        if (N % 2 == 0) { fft::permToForm<T>(d, N, f); return; }
+        if (f != fft::Form::CCS) return;
+        if (N > 1) memmove(d + 2, d + 1, sizeof(T) * (N - 1));
+        d[1] = T(0);
+    }
+    // The requested form to Perm in d (s may be d).
+    static void fromForm(const T* s, T* d, int N, fft::Form f) {
+        if (f == fft::Form::CCS) {
+            const T r0 = s[0];
+            if (N % 2) {
+                if (N > 1) memmove(d + 1, s + 2, sizeof(T) * (N - 1));
+            } else {
+                const T rh = s[N];
+                if (N > 2) memmove(d + 2, s + 2, sizeof(T) * (N - 2));
+                d[1] = rh;
+            }
+            d[0] = r0;
+        } else if (f == fft::Form::Pack && N % 2 == 0) {
+            fft::unfoldPack<T>(s, d, N);
+        } else if (s != d) {
+            memmove(d, s, sizeof(T) * N);
+        }
+    }
+
+    // Half-length spectrum z (H complex values) to Perm, in place.
+    static void recombineFwd(T* z, int64_t H, const T* tab) {
+        const T p0 = z[0], q0 = z[1];
+        z[0] = p0 + q0;
+        z[1] = p0 - q0;
+        for (int64_t k = 1; 2 * k <= H; ++k) {
+            T c, s;
+            getPair(tab, k, c, s);
+            const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
+            const T dr = xr - yr, di = xi + yi;
+            const T P = dr * s + c * di;
+            const T Q = di * s - c * dr;
+            z[2 * k] = yr + P;
+            z[2 * k + 1] = Q - yi;
+            z[2 * (H - k)] = xr - P;
+            z[2 * (H - k) + 1] = Q - xi;
+        }
+    }
+    // Perm to twice the half-length spectrum, in place.
+    static void recombineInv(T* z, int64_t H, const T* tab) {
+        const T r0 = z[0], rh = z[1];
+        for (int64_t k = 1; 2 * k <= H; ++k) {
+            T a, b;
+            getPair(tab, k, a, b);
+            const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
+            const T dr = xr - yr, di = xi + yi;
+            const T U = b * dr - a * di;
+            const T Tt = a * dr + b * di;
+            const T sr = xr + yr, si = xi - yi;
+            z[2 * k] = sr + U;
+            z[2 * k + 1] = si + Tt;
+            z[2 * (H - k)] = sr - U;
+            z[2 * (H - k) + 1] = Tt - si;
+        }
+        z[0] = r0 + rh;
+        z[1] = r0 - rh;
+    }
+};
+
+}  // namespace n0::dft
