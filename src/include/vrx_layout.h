@@ -59,8 +59,13 @@ enum class ObjId : int32_t {
 
 VRX_INLINE constexpr int32_t idWord(ObjId id) { return static_cast<int32_t>(id); }
 
-// The identity word at the head of an object.
-VRX_INLINE int32_t idAt(const void* obj) { return *static_cast<const int32_t*>(obj); }
+// The identity word at the head of an object, which may sit at any byte
+// (states are documented to), so it is read by bytes.
+VRX_INLINE int32_t idAt(const void* obj) {
+    int32_t w;
+    __builtin_memcpy(&w, obj, sizeof w);
+    return w;
+}
 
 // The object p as an Obj when it carries the word want: null gives
 // vrxErrNullPtr (-8), another word vrxErrBadSpec (-17), and *out is

@@ -29,6 +29,7 @@ using GetSizeFn = VrxStatus (*)(int, int, VrxAlgHint, int*, int*, int*);
 struct Entry {
     const char* name;
     size_t srcBytes, dstBytes;
+    size_t elem;  // data arrays start on a multiple of the element width
     std::function<VrxStatus(uint8_t*, uint8_t*, const void*, uint8_t*)> call;
 };
 
@@ -53,10 +54,10 @@ std::vector<Entry> complexEntries(int order, VrxStatus (*fwd)(const C*, C*, cons
     const size_t b = (size_t(1) << order) * sizeof(C);
     auto pc = [](const void* p) { return static_cast<const P*>(p); };
     return {
-        {"fwd", b, b, [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return fwd(reinterpret_cast<C*>(s), reinterpret_cast<C*>(d), pc(p), w); }},
-        {"inv", b, b, [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return inv(reinterpret_cast<C*>(s), reinterpret_cast<C*>(d), pc(p), w); }},
-        {"fwd_I", b, 0, [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return fwdI(reinterpret_cast<C*>(s), pc(p), w); }},
-        {"inv_I", b, 0, [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return invI(reinterpret_cast<C*>(s), pc(p), w); }},
+        {"fwd", b, b, sizeof(T), [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return fwd(reinterpret_cast<C*>(s), reinterpret_cast<C*>(d), pc(p), w); }},
+        {"inv", b, b, sizeof(T), [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return inv(reinterpret_cast<C*>(s), reinterpret_cast<C*>(d), pc(p), w); }},
+        {"fwd_I", b, 0, sizeof(T), [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return fwdI(reinterpret_cast<C*>(s), pc(p), w); }},
+        {"inv_I", b, 0, sizeof(T), [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return invI(reinterpret_cast<C*>(s), pc(p), w); }},
     };
 }
 
@@ -70,10 +71,10 @@ std::vector<Entry> splitEntries(int order, VrxStatus (*fwd)(const T*, const T*, 
     auto pc = [](const void* p) { return static_cast<const P*>(p); };
     auto t = [](uint8_t* q) { return reinterpret_cast<T*>(q); };
     return {
-        {"fwd", b, b, [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return fwd(t(s), s ? t(s) + n : nullptr, t(d), d ? t(d) + n : nullptr, pc(p), w); }},
-        {"inv", b, b, [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return inv(t(s), s ? t(s) + n : nullptr, t(d), d ? t(d) + n : nullptr, pc(p), w); }},
-        {"fwd_I", b, 0, [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return fwdI(t(s), s ? t(s) + n : nullptr, pc(p), w); }},
-        {"inv_I", b, 0, [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return invI(t(s), s ? t(s) + n : nullptr, pc(p), w); }},
+        {"fwd", b, b, sizeof(T), [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return fwd(t(s), s ? t(s) + n : nullptr, t(d), d ? t(d) + n : nullptr, pc(p), w); }},
+        {"inv", b, b, sizeof(T), [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return inv(t(s), s ? t(s) + n : nullptr, t(d), d ? t(d) + n : nullptr, pc(p), w); }},
+        {"fwd_I", b, 0, sizeof(T), [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return fwdI(t(s), s ? t(s) + n : nullptr, pc(p), w); }},
+        {"inv_I", b, 0, sizeof(T), [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return invI(t(s), s ? t(s) + n : nullptr, pc(p), w); }},
     };
 }
 
@@ -91,10 +92,10 @@ std::vector<Entry> realEntries(int order, const RealApi<T, P>& a) {
     auto pc = [](const void* p) { return static_cast<const P*>(p); };
     auto t = [](uint8_t* q) { return reinterpret_cast<T*>(q); };
     auto out = [&](const char* name, size_t in, size_t o, typename RealApi<T, P>::Out f) {
-        return Entry{name, in, o, [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return f(t(s), t(d), pc(p), w); }};
+        return Entry{name, in, o, sizeof(T), [=](uint8_t* s, uint8_t* d, const void* p, uint8_t* w) { return f(t(s), t(d), pc(p), w); }};
     };
     auto inPlace = [&](const char* name, size_t in, typename RealApi<T, P>::In f) {
-        return Entry{name, in, 0, [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return f(t(s), pc(p), w); }};
+        return Entry{name, in, 0, sizeof(T), [=](uint8_t* s, uint8_t*, const void* p, uint8_t* w) { return f(t(s), pc(p), w); }};
     };
     return {out("fwdCCS", b, ccs, a.fwdCCS), out("fwdPack", b, b, a.fwdPack), out("fwdPerm", b, b, a.fwdPerm),
             out("invCCS", ccs, b, a.invCCS), out("invPack", b, b, a.invPack), out("invPerm", b, b, a.invPerm),
@@ -195,8 +196,10 @@ void fuzzOne(FuzzedDataProvider& in) {
     const int calls = in.ConsumeIntegralInRange<int>(1, 4);
     for (int c = 0; c < calls && in.remaining_bytes() > 0; ++c) {
         const Entry& e = entries[in.ConsumeIntegralInRange<size_t>(0, entries.size() - 1)];
-        Guarded src(e.srcBytes, in.ConsumeIntegral<uint8_t>());
-        Guarded dst(e.dstBytes, in.ConsumeIntegral<uint8_t>());
+        // data at any multiple of its element width from 64 bytes; plan,
+        // init and work memory at any byte
+        Guarded src(e.srcBytes, in.ConsumeIntegral<uint8_t>() & ~(e.elem - 1));
+        Guarded dst(e.dstBytes, in.ConsumeIntegral<uint8_t>() & ~(e.elem - 1));
         const size_t workBytes = static_cast<size_t>(sizes[2]);
         Guarded work(workBytes, in.ConsumeIntegral<uint8_t>());
         src.fill(in);

@@ -94,7 +94,7 @@ void fuzzOne(FuzzedDataProvider& in) {
     for (int c = 0; c < calls && in.remaining_bytes() > 0; ++c) {
         const int len = fz::mostlyIn(in, 1, 5000);
         const size_t bytes = len > 0 && len <= 5000 ? static_cast<size_t>(len) * k.elem : 16;
-        Guarded dst(bytes, in.ConsumeIntegral<uint8_t>());
+        Guarded dst(bytes, in.ConsumeIntegral<uint8_t>() & ~(k.elem - 1));  // states sit at any byte
         const uint8_t nulls = fz::rarely(in) ? in.ConsumeIntegral<uint8_t>() : 0;
         const bool foreign = other && fz::rarely(in, 2);
         Guarded& use = foreign ? *other : *state;

@@ -52,7 +52,7 @@ public:
         return true;
     }
     std::vector<uint8_t> snapshot() const { return std::vector<uint8_t>(data_, data_ + n_); }
-    bool same(const std::vector<uint8_t>& s) const { return s.size() == n_ && memcmp(s.data(), data_, n_) == 0; }
+    bool same(const std::vector<uint8_t>& s) const { return s.size() == n_ && (n_ == 0 || memcmp(s.data(), data_, n_) == 0); }
 private:
     size_t n_;
     std::vector<uint8_t> raw_;
