@@ -187,10 +187,10 @@ VrxStatus N0(vrxsNormalize_64f)(const Vrx64f* s, Vrx64f* d, int len, Vrx64f vSub
     return normalizeF(s, d, len, s, d, len, D::set1(vSub), vDiv);
 }
 VrxStatus N0(vrxsNormalize_32fc)(const Vrx32fc* s, Vrx32fc* d, int len, Vrx32fc vSub, Vrx32f vDiv) {
-    return normalizeF(s, d, len, &s->re, &d->re, 2 * len, F::set2(vSub.re, vSub.im), vDiv);
+    return normalizeF(s, d, len, reinterpret_cast<const Vrx32f*>(s), reinterpret_cast<Vrx32f*>(d), 2 * len, F::set2(vSub.re, vSub.im), vDiv);
 }
 VrxStatus N0(vrxsNormalize_64fc)(const Vrx64fc* s, Vrx64fc* d, int len, Vrx64fc vSub, Vrx64f vDiv) {
-    return normalizeF(s, d, len, &s->re, &d->re, 2 * len, D::set2(vSub.re, vSub.im), vDiv);
+    return normalizeF(s, d, len, reinterpret_cast<const Vrx64f*>(s), reinterpret_cast<Vrx64f*>(d), 2 * len, D::set2(vSub.re, vSub.im), vDiv);
 }
 VrxStatus N0(vrxsNormalize_16s_Sfs)(const Vrx16s* s, Vrx16s* d, int len, Vrx16s vSub, int vDiv, int sf) {
     return trapped(len, {s, d}, [&] {
