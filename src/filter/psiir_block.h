@@ -15,6 +15,8 @@
 #include "vrx_base.h"
 #include "simd/simd.h"
 
+#include <type_traits>
+
 namespace n0::iir {
 
 // e[n] = sum over k of b[k]*x[n-k], n from n0 to L-1, vectors of V<T>::N
@@ -137,6 +139,40 @@ void arBlock(const T* taps, const Ahead8<T>& ahead, T* d, int N, const T* xs, T*
     }
 }
 
+// The y pass of a biquad section: y[n..n+7] for n from n0 while eight
+// remain. The e terms come first; the two newest outputs, broadcast from the
+// register just made rather than read back from memory, are added last, so
+// that the loop-carried chain is one lane broadcast and two fused steps.
+template <class T>
+VRX_INLINE int yPassBQ(const Ahead8<T>& t, const T* e, T* y, int n0, int L) {
+    using W = simd::V<T>;
+    using I = simd::V<std::conditional_t<sizeof(T) == 4, int32_t, int64_t>>;
+    const typename W::M m8 = simd::tail<T>(8);
+    typename W::R E[8];
+    for (int j = 0; j < 8; ++j) {
+        T col[8];
+        for (int i = 0; i < 8; ++i) col[i] = i >= j ? t.g[i - j] : T(0);
+        E[j] = W::loadm(m8, col);
+    }
+    const typename W::R r0 = W::loadm(m8, t.rows[0]), r1 = W::loadm(m8, t.rows[1]);
+    const auto lane7 = I::set1(7), lane6 = I::set1(6);
+    typename W::R y1 = W::set1(y[n0 - 1]), y2 = W::set1(y[n0 - 2]);
+    int n = n0;
+    for (; n + 8 <= L; n += 8) {
+        typename W::R s0 = W::mul(E[0], W::set1(e[n]));
+        typename W::R s1 = W::mul(E[1], W::set1(e[n + 1]));
+        for (int j = 2; j < 8; j += 2) {
+            s0 = W::fma(E[j], W::set1(e[n + j]), s0);
+            s1 = W::fma(E[j + 1], W::set1(e[n + j + 1]), s1);
+        }
+        const typename W::R out = W::fma(r0, y1, W::fma(r1, y2, W::add(s0, s1)));
+        W::storem(y + n, m8, out);
+        y1 = W::permute2(out, lane7, out);
+        y2 = W::permute2(out, lane6, out);
+    }
+    return n;
+}
+
 // One section of a BQ kind over a block, 2 < L: q = b0, b1, b2, a1, a2; rows
 // = the section's stored rows (y[n-1], y[n-2], e[n]); d = (d0, d1).
 template <class T>
@@ -149,7 +185,7 @@ void bqBlock(const T* q, const Ahead8<T>& ahead, T* d, const T* xs, T* ys, T* e,
     const T y1 = b0 * x1 + b1 * x0 + d[1] - a1 * y0;
     ys[0] = y0;
     ys[1] = y1;
-    const int n = yPass8(ahead, 2, e, ys, 2, L);
+    const int n = yPassBQ(ahead, e, ys, 2, L);
     const T a[2] = {a1, a2};
     yTail(a, 2, e, ys, n, L);
     d[0] = b2 * xl2 + b1 * xl1 - a2 * ys[L - 2] - a1 * ys[L - 1];

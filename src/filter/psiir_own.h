@@ -45,9 +45,9 @@ static_assert(sizeof(State) == 96);
 enum class Form { AR, BQ, DF1, DF1T };  // DF1T: a direct form I line on the transposed engine
 
 constexpr int kBlock = 1024;
-// Real cascades of this many sections or more run each sample through all
-// sections rather than section by section in blocks.
-constexpr int kCascadeBySample = 4;
+// Look-ahead tables of this many sections are kept over a call; those of
+// later sections are made again for each block.
+constexpr int kAheadKept = 4;
 
 template <class T>
 struct Cx {
@@ -509,30 +509,15 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     // samples of the arithmetic type (complex ones alike) carry the values
     // between sections in the destination
     constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
-    Ahead8<Scalar<A>> ahead[kCascadeBySample - 1];  // the block scheme's tables, made once a call
+    // the block scheme's tables: those of the first sections made once a
+    // call, the others per block in the last slot (a few dozen operations)
+    Ahead8<Scalar<A>> ahead[kAheadKept + 1];
     bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
         S* db = dst + start;
         if constexpr (!isCx<A>) {
-            if (m >= kCascadeBySample) {  // each sample through all sections: their chains overlap
-                for (int k = 0; k < L; ++k) {
-                    A x = load<A>(sb[k]);
-                    for (int s = 0; s < m; ++s) {
-                        const A* q = taps + 5 * s;
-                        A* d = line + 2 * s;
-                        if constexpr (Df1) { double* r = df + 4 * s; r[0] = r[1]; r[1] = x; }
-                        const A y = q[0] * x + d[0];
-                        d[0] = q[1] * x - q[3] * y + d[1];
-                        d[1] = q[2] * x - q[4] * y;
-                        if constexpr (Df1) { double* r = df + 4 * s; r[2] = r[3]; r[3] = y; }
-                        x = y;
-                    }
-                    w(db + k, x);
-                }
-                continue;
-            }
             if (4 * m < L) {  // the block scheme, section by section
                 A* ys;
                 const A* xs0;
@@ -546,13 +531,15 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                 }
                 A* e = static_cast<A*>(st->pWorkE);
                 if (!haveAhead) {
-                    for (int s = 0; s < m; ++s) ahead8(taps + 5 * s + 3, 2, &ahead[s]);
+                    for (int s = 0; s < m && s < kAheadKept; ++s) ahead8(taps + 5 * s + 3, 2, &ahead[s]);
                     haveAhead = true;
                 }
                 for (int s = 0; s < m; ++s) {
                     const A* xs = s == 0 ? xs0 : ys;
                     const A xa = xs[L - 2], xb = xs[L - 1];
-                    bqBlock(taps + 5 * s, ahead[s], line + 2 * s, xs, ys, e, L);
+                    const Ahead8<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
+                    if (s >= kAheadKept) ahead8(taps + 5 * s + 3, 2, &ahead[kAheadKept]);
+                    bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, e, L);
                     if constexpr (Df1) {
                         double* r = df + 4 * s;
                         r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
