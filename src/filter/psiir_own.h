@@ -16,6 +16,7 @@
 #include "vrx_fpu.h"
 #include "vrx_layout.h"
 #include "psiir_block.h"
+#include "simd/simd.h"
 
 #include <string.h>
 
@@ -428,6 +429,28 @@ struct Writer {
     }
 };
 
+// A block of wide outputs through the writer. 32s from double goes eight
+// lanes at a time: clamped to the 32-bit range first (a NaN takes the lower
+// bound, as the scalar conversion gives 0x80000000), then rounded in the
+// run's mode, nearest; the same values as the scalar writer.
+template <class S, class A>
+VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
+    if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
+        using W = simd::V<double>;
+        using I = simd::V<int32_t>;
+        const W::R s = W::set1(w.s), lo = W::set1(-2147483648.0), hi = W::set1(2147483647.0);
+        auto clamp = [&](W::R v) { return W::min(W::max(W::mul(v, s), lo), hi); };
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            const W::R a = clamp(W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k));
+            const W::R b = clamp(W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8));
+            I::storem(reinterpret_cast<int32_t*>(d + k), simd::tail<int32_t>(cnt), simd::joinToInt32Cur(a, b));
+        }
+    } else {
+        for (int k = 0; k < L; ++k) w(d + k, ys[k]);
+    }
+}
+
 // ---------------------------------------------------------------- engines
 // AR, one sample at a time. taps: b[0..n], a[1..n]; line d[0..n], d[n] = 0.
 template <class A, class In, class Out>
@@ -545,8 +568,7 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                         r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
                     }
                 }
-                if constexpr (!same)
-                    for (int k = 0; k < L; ++k) w(db + k, ys[k]);
+                if constexpr (!same) writeBlock(w, db, ys, L);
                 continue;
             }
         }
@@ -603,7 +625,7 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     A* wy = static_cast<A*>(st->pWorkY);
                     for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
                     arBlock(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
-                    for (int k = 0; k < L; ++k) w(db + k, wy[k]);
+                    writeBlock(w, db, wy, L);
                 }
             }
             return;
