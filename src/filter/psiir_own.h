@@ -48,7 +48,7 @@ enum class Form { AR, BQ, DF1, DF1T };  // DF1T: a direct form I line on the tra
 constexpr int kBlock = 1024;
 // Look-ahead tables of this many sections are kept over a call; those of
 // later sections are made again for each block.
-constexpr int kAheadKept = 4;
+constexpr int kAheadKept = 16;
 
 template <class T>
 struct Cx {
@@ -534,7 +534,7 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
     // the block scheme's tables: those of the first sections made once a
     // call, the others per block in the last slot (a few dozen operations)
-    Ahead8<Scalar<A>> ahead[kAheadKept + 1];
+    AheadBQ<Scalar<A>> ahead[kAheadKept + 1];
     bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
@@ -554,14 +554,14 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                 }
                 A* e = static_cast<A*>(st->pWorkE);
                 if (!haveAhead) {
-                    for (int s = 0; s < m && s < kAheadKept; ++s) ahead8(taps + 5 * s + 3, 2, &ahead[s]);
+                    for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s + 3, &ahead[s]);
                     haveAhead = true;
                 }
                 for (int s = 0; s < m; ++s) {
                     const A* xs = s == 0 ? xs0 : ys;
                     const A xa = xs[L - 2], xb = xs[L - 1];
-                    const Ahead8<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
-                    if (s >= kAheadKept) ahead8(taps + 5 * s + 3, 2, &ahead[kAheadKept]);
+                    const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
+                    if (s >= kAheadKept) aheadBQ(taps + 5 * s + 3, &ahead[kAheadKept]);
                     bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, e, L);
                     if constexpr (Df1) {
                         double* r = df + 4 * s;
