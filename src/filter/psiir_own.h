@@ -16,6 +16,7 @@
 #include "vrx_fpu.h"
 #include "vrx_layout.h"
 #include "psiir_block.h"
+#include "simd/simd.h"
 
 #include <string.h>
 
@@ -45,9 +46,9 @@ static_assert(sizeof(State) == 96);
 enum class Form { AR, BQ, DF1, DF1T };  // DF1T: a direct form I line on the transposed engine
 
 constexpr int kBlock = 1024;
-// Real cascades of this many sections or more run each sample through all
-// sections rather than section by section in blocks.
-constexpr int kCascadeBySample = 4;
+// Look-ahead tables of this many sections are kept over a call; those of
+// later sections are made again for each block.
+constexpr int kAheadKept = 16;
 
 template <class T>
 struct Cx {
@@ -428,6 +429,28 @@ struct Writer {
     }
 };
 
+// A block of wide outputs through the writer. 32s from double goes eight
+// lanes at a time: clamped to the 32-bit range first (a NaN takes the lower
+// bound, as the scalar conversion gives 0x80000000), then rounded in the
+// run's mode, nearest; the same values as the scalar writer.
+template <class S, class A>
+VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
+    if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
+        using W = simd::V<double>;
+        using I = simd::V<int32_t>;
+        const W::R s = W::set1(w.s), lo = W::set1(-2147483648.0), hi = W::set1(2147483647.0);
+        auto clamp = [&](W::R v) { return W::min(W::max(W::mul(v, s), lo), hi); };
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            const W::R a = clamp(W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k));
+            const W::R b = clamp(W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8));
+            I::storem(reinterpret_cast<int32_t*>(d + k), simd::tail<int32_t>(cnt), simd::joinToInt32Cur(a, b));
+        }
+    } else {
+        for (int k = 0; k < L; ++k) w(d + k, ys[k]);
+    }
+}
+
 // ---------------------------------------------------------------- engines
 // AR, one sample at a time. taps: b[0..n], a[1..n]; line d[0..n], d[n] = 0.
 template <class A, class In, class Out>
@@ -509,30 +532,15 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     // samples of the arithmetic type (complex ones alike) carry the values
     // between sections in the destination
     constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
-    Ahead8<Scalar<A>> ahead[kCascadeBySample - 1];  // the block scheme's tables, made once a call
+    // the block scheme's tables: those of the first sections made once a
+    // call, the others per block in the last slot (a few dozen operations)
+    AheadBQ<Scalar<A>> ahead[kAheadKept + 1];
     bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
         S* db = dst + start;
         if constexpr (!isCx<A>) {
-            if (m >= kCascadeBySample) {  // each sample through all sections: their chains overlap
-                for (int k = 0; k < L; ++k) {
-                    A x = load<A>(sb[k]);
-                    for (int s = 0; s < m; ++s) {
-                        const A* q = taps + 5 * s;
-                        A* d = line + 2 * s;
-                        if constexpr (Df1) { double* r = df + 4 * s; r[0] = r[1]; r[1] = x; }
-                        const A y = q[0] * x + d[0];
-                        d[0] = q[1] * x - q[3] * y + d[1];
-                        d[1] = q[2] * x - q[4] * y;
-                        if constexpr (Df1) { double* r = df + 4 * s; r[2] = r[3]; r[3] = y; }
-                        x = y;
-                    }
-                    w(db + k, x);
-                }
-                continue;
-            }
             if (4 * m < L) {  // the block scheme, section by section
                 A* ys;
                 const A* xs0;
@@ -546,20 +554,21 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                 }
                 A* e = static_cast<A*>(st->pWorkE);
                 if (!haveAhead) {
-                    for (int s = 0; s < m; ++s) ahead8(taps + 5 * s + 3, 2, &ahead[s]);
+                    for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s + 3, &ahead[s]);
                     haveAhead = true;
                 }
                 for (int s = 0; s < m; ++s) {
                     const A* xs = s == 0 ? xs0 : ys;
                     const A xa = xs[L - 2], xb = xs[L - 1];
-                    bqBlock(taps + 5 * s, ahead[s], line + 2 * s, xs, ys, e, L);
+                    const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
+                    if (s >= kAheadKept) aheadBQ(taps + 5 * s + 3, &ahead[kAheadKept]);
+                    bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, e, L);
                     if constexpr (Df1) {
                         double* r = df + 4 * s;
                         r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
                     }
                 }
-                if constexpr (!same)
-                    for (int k = 0; k < L; ++k) w(db + k, ys[k]);
+                if constexpr (!same) writeBlock(w, db, ys, L);
                 continue;
             }
         }
@@ -616,7 +625,7 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     A* wy = static_cast<A*>(st->pWorkY);
                     for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
                     arBlock(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
-                    for (int k = 0; k < L; ++k) w(db + k, wy[k]);
+                    writeBlock(w, db, wy, L);
                 }
             }
             return;
