@@ -222,7 +222,7 @@ template <class T, class Tr> struct Dft {
         switch (c.path) {
             case kPathHalfSmall: p->workSize = 0; break;
             case kPathPf:
-                pfInit<T>(p, cs, c.f, c.cnt, n, c.realOdd, base, bs);
+                pfInit<T>(p, cs, c.f, c.cnt, n, c.realOdd, base, bs, c.realOdd ? ci.take<int32_t>(int64_t(2) * n) : nullptr);
                 p->realFactors = c.realOdd ? 1 : 0;
                 p->workSize = static_cast<int32_t>(c.pf.work);
                 break;
