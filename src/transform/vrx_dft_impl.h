@@ -5,6 +5,7 @@
 #pragma once
 
 #include "vrx_dft.h"
+#include "simd/simd.h"
 
 #include <math.h>
 #include <string.h>
@@ -343,55 +344,92 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- direct path
 
+    // Bins k0 .. k0+L-1 at once: the lanes walk 2*((j*k) mod n), the offsets
+    // of the roots w^(j*k) in the table read as reals (bins past the last
+    // repeat it).
+    using S = simd::V<T>;
+    using U = simd::V<uint32_t>;
+    static constexpr int kL = S::N;
+    struct DirWalk {
+        U::R q, step, lim;
+        VRX_INLINE DirWalk(int k0, int last, int n)
+            : q(U::zero()),
+              step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
+              lim(U::set1(uint32_t(2 * n))) {
+            step = U::add(step, step);
+        }
+        // next j: q += 2k, less 2n past it (unsigned min picks the wrapped lane)
+        VRX_INLINE void next() {
+            q = U::add(q, step);
+            q = U::min(q, U::sub(q, lim));
+        }
+        VRX_INLINE typename S::R re(const T* w) const { return simd::gatherAt(w, q); }
+        VRX_INLINE typename S::R im(const T* w) const { return simd::gatherAt(w + 1, q); }
+    };
+
     template <bool Inv> static void dirC(const Plan* p, CRef<T> s, CRef<T> d, C* work) {
         const int n = p->n;
-        const C* W = static_cast<const C*>(p->dirTab);
+        const T* W = static_cast<const T*>(p->dirTab);
         for (int i = 0; i < n; ++i) work[i] = s.get(i);
-        for (int k = 0; k < n; ++k) {
-            T sr = work[0].re, si = work[0].im;
-            int q = 0;
+        alignas(64) T ore[kL], oim[kL];
+        for (int k0 = 0; k0 < n; k0 += kL) {
+            DirWalk q(k0, n - 1, n);
+            typename S::R sr = S::set1(work[0].re), si = S::set1(work[0].im);
             for (int j = 1; j < n; ++j) {
-                q += k;
-                if (q >= n) q -= n;
-                const T wr = W[q].re, wi = Inv ? -W[q].im : W[q].im;
-                sr += work[j].re * wr - work[j].im * wi;
-                si += work[j].re * wi + work[j].im * wr;
+                q.next();
+                const typename S::R wr = q.re(W), wi = Inv ? S::neg(q.im(W)) : q.im(W);
+                const typename S::R xr = S::set1(work[j].re), xi = S::set1(work[j].im);
+                sr = S::add(sr, S::sub(S::mul(xr, wr), S::mul(xi, wi)));
+                si = S::add(si, S::add(S::mul(xr, wi), S::mul(xi, wr)));
             }
-            d.set(k, {sr, si});
+            S::store(ore, sr);
+            S::store(oim, si);
+            const int m = n - k0 < kL ? n - k0 : kL;
+            for (int i = 0; i < m; ++i) d.set(k0 + i, {ore[i], oim[i]});
         }
     }
     // real odd length, in place in d: reals to the odd form and back
     static void dirRFwd(const Plan* p, T* d, T* work) {
-        const int n = p->n;
-        const C* W = static_cast<const C*>(p->dirTab);
+        const int n = p->n, h = (n - 1) / 2;
+        const T* W = static_cast<const T*>(p->dirTab);
         memcpy(work, d, sizeof(T) * n);
-        for (int k = 0; 2 * k < n; ++k) {
-            T sr = work[0], si = T(0);
-            int q = 0;
+        alignas(64) T ore[kL], oim[kL];
+        for (int k0 = 0; k0 <= h; k0 += kL) {
+            DirWalk q(k0, h, n);
+            typename S::R sr = S::set1(work[0]), si = S::zero();
             for (int j = 1; j < n; ++j) {
-                q += k;
-                if (q >= n) q -= n;
-                sr += work[j] * W[q].re;
-                si += work[j] * W[q].im;
+                q.next();
+                const typename S::R x = S::set1(work[j]);
+                sr = S::add(sr, S::mul(x, q.re(W)));
+                si = S::add(si, S::mul(x, q.im(W)));
             }
-            if (k == 0) d[0] = sr;
-            else { d[2 * k - 1] = sr; d[2 * k] = si; }
+            S::store(ore, sr);
+            S::store(oim, si);
+            const int m = h + 1 - k0 < kL ? h + 1 - k0 : kL;
+            for (int i = 0; i < m; ++i) {
+                const int k = k0 + i;
+                if (k == 0) d[0] = ore[i];
+                else { d[2 * k - 1] = ore[i]; d[2 * k] = oim[i]; }
+            }
         }
     }
     static void dirRInv(const Plan* p, T* d, T* work) {
         const int n = p->n;
-        const C* W = static_cast<const C*>(p->dirTab);
+        const T* W = static_cast<const T*>(p->dirTab);
         memcpy(work, d, sizeof(T) * n);
-        for (int j = 0; j < n; ++j) {
-            T acc = work[0];
-            int q = 0;
+        alignas(64) T o[kL];
+        for (int j0 = 0; j0 < n; j0 += kL) {
+            DirWalk q(j0, n - 1, n);
+            typename S::R acc = S::set1(work[0]);
             for (int k = 1; 2 * k < n; ++k) {
-                q += j;
-                if (q >= n) q -= n;
-                const T t = work[2 * k - 1] * W[q].re + work[2 * k] * W[q].im;
-                acc += t + t;
+                q.next();
+                const typename S::R t =
+                    S::add(S::mul(S::set1(work[2 * k - 1]), q.re(W)), S::mul(S::set1(work[2 * k]), q.im(W)));
+                acc = S::add(acc, S::add(t, t));
             }
-            d[j] = acc;
+            S::store(o, acc);
+            const int m = n - j0 < kL ? n - j0 : kL;
+            for (int i = 0; i < m; ++i) d[j0 + i] = o[i];
         }
     }
 
