@@ -297,49 +297,37 @@ template <class T, class Tr> struct Dft {
         for (int i = 0; i < N; ++i) d.set(i, y[i]);
     }
 
-    // real, N <= 16, to Perm
+    // real, N <= 16, to Perm: the straight-line complex kernel on x + 0i
     static void smallRFwd(int N, const T* s, T* d, T scale) {
         if (isPow2(N)) { fft::smallReal<T, false>(log2i(N), s, d, scale); return; }
-        const C* W = smallRoots<T>(N);
-        T x[16], o[16];
-        for (int i = 0; i < N; ++i) x[i] = s[i];
-        for (int k = 0; k <= N / 2; ++k) {
-            T sr = x[0], si = T(0);
-            int q = 0;
-            for (int j = 1; j < N; ++j) {
-                q += k;
-                if (q >= N) q -= N;
-                sr += x[j] * W[q].re;
-                si += x[j] * W[q].im;
-            }
-            if (k == 0) o[0] = sr;
-            else if (2 * k == N) o[1] = sr;
-            else if (N % 2 == 0) { o[2 * k] = sr; o[2 * k + 1] = si; }
-            else { o[2 * k - 1] = sr; o[2 * k] = si; }
+        C x[16], y[16];
+        T o[16];
+        for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
+        smallDft<T>(N, x, y);
+        o[0] = y[0].re;
+        if (N % 2 == 0) {
+            o[1] = y[N / 2].re;
+            for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
+        } else {
+            for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
         }
         for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
     }
-    // real, N <= 16, from Perm (s may be d)
+    // real, N <= 16, from Perm (s may be d): the real part of the forward
+    // kernel on the conjugate of the full spectrum
     static void smallRInv(int N, const T* s, T* d, T scale) {
         if (isPow2(N)) { fft::smallReal<T, true>(log2i(N), s, d, scale); return; }
-        const C* W = smallRoots<T>(N);
-        T X[16], o[16];
-        for (int i = 0; i < N; ++i) X[i] = s[i];
+        C X[16], y[16];
         const bool even = N % 2 == 0;
-        for (int j = 0; j < N; ++j) {
-            T acc = X[0];
-            if (even) acc += (j & 1) ? -X[1] : X[1];
-            int q = 0;
-            for (int k = 1; 2 * k < N; ++k) {
-                q += j;
-                if (q >= N) q -= N;
-                const T xr = even ? X[2 * k] : X[2 * k - 1], xi = even ? X[2 * k + 1] : X[2 * k];
-                const T t = xr * W[q].re + xi * W[q].im;
-                acc += t + t;
-            }
-            o[j] = acc;
+        X[0] = {s[0], T(0)};
+        if (even) X[N / 2] = {s[1], T(0)};
+        for (int k = 1; 2 * k < N; ++k) {
+            const T xr = even ? s[2 * k] : s[2 * k - 1], xi = even ? s[2 * k + 1] : s[2 * k];
+            X[k] = {xr, -xi};
+            X[N - k] = {xr, xi};
         }
-        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
+        smallDft<T>(N, X, y);
+        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? y[i].re * scale : y[i].re;
     }
 
     // ---------------------------------------------------------- direct path
