@@ -220,6 +220,14 @@ TEST(DftAccuracy, SinglePrecisionAllPaths) {
 TEST(DftAccuracy, DoublePrecisionAllPaths) {
     for (int N : kAccLengths) accuracy<double>(N, N <= 64 || N == 1000);
 }
+// Real odd lengths of several prime-factor levels: the gather to the packed
+// form runs long cycles with conjugated entries.
+TEST(DftAccuracy, RealOddPrimeFactorGathers) {
+    for (int N : {3 * 5 * 7 * 11, 3 * 3 * 3 * 3 * 3 * 3 * 3, 5 * 5 * 13 * 3, 7 * 7 * 11}) {
+        accuracy<float>(N, false);
+        accuracy<double>(N, false);
+    }
+}
 TEST(DftAccuracy, LongLengths) {
     for (int N : {10007, 65535}) {
         accuracy<float>(N, false);

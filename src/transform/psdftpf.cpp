@@ -372,15 +372,37 @@ template <class T, class F> void gatherInPlace(T* a, int64_t n, F src) {
 }
 
 // Position in the odd form of the output -> stored position after the stages.
-template <class T> void realToForm(const Plan* p, T* a, int64_t n) {
-    gatherInPlace<T>(a, n, [p](int64_t i, bool& neg) -> int64_t {
-        neg = false;
-        if (i == 0) return 0;
-        const RPos r = rpos(p, 0, (i + 1) / 2);
-        if (i & 1) return r.re;
-        neg = r.neg;
-        return r.im;
-    });
+int64_t formSrc(const Plan* p, int64_t i, bool& neg) {
+    neg = false;
+    if (i == 0) return 0;
+    const RPos r = rpos(p, 0, (i + 1) / 2);
+    if (i & 1) return r.re;
+    neg = r.neg;
+    return r.im;
+}
+
+// The gather to the odd form as a list of cycles: entries are positions,
+// kCycStart opens a cycle at its leader, kCycNeg negates the value the
+// entry's position receives; untouched positions are left out.
+constexpr int32_t kCycStart = int32_t(1) << 30, kCycNeg = int32_t(1) << 29, kCycPos = kCycNeg - 1;
+
+// Each position of a cycle takes the value of the next one, the last takes
+// the leader's first value.
+template <class T> void realToForm(const Plan* p, T* a) {
+    const int32_t* tab = p->formTab;
+    const int64_t cnt = p->formCount;
+    for (int64_t t = 0; t < cnt;) {
+        int64_t cur = tab[t] & kCycPos;
+        bool neg = tab[t] & kCycNeg;
+        const T first = a[cur];
+        for (++t; t < cnt && !(tab[t] & kCycStart); ++t) {
+            const int64_t nx = tab[t] & kCycPos;
+            a[cur] = neg ? -a[nx] : a[nx];
+            cur = nx;
+            neg = tab[t] & kCycNeg;
+        }
+        a[cur] = neg ? -first : first;
+    }
 }
 
 // (re, im) pairs of the odd form to natural positions k and n-k.
@@ -486,7 +508,8 @@ PfSizes pfSizes(const int* f, int cnt, int n, bool real, int e, int unit) {
 }
 
 template <class T>
-void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const Cx<T>* base, int bs) {
+void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const Cx<T>* base, int bs,
+            int32_t* scratch) {
     const int L = cnt - 2;
     const int unit = Lim<T>::kUnit;
     p->usePrimeFact = 1;
@@ -505,7 +528,9 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
         if (g < 0 && blk <= unit) g = i;
         T* tw = c.take<T>(int64_t(2) * f[i] * rest);
         // w^(m*k) of order blk = w_n^(m*k*prod): per m, rest real parts, then rest imaginary parts
-        for (int m = 1; m < f[i]; ++m) {
+        // the real stage of level 0 uses m <= (factor-1)/2 only
+        const int mEnd = real && i == 0 ? (f[i] + 1) / 2 : f[i];
+        for (int m = 1; m < mEnd; ++m) {
             int64_t idx = 0;
             const int64_t step = (int64_t(m) * prod) % n;
             T* t = tw + int64_t(m - 1) * 2 * rest;
@@ -541,6 +566,33 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
     int64_t pg = 1;
     for (int i = 0; i < g; ++i) pg *= f[i];
     for (int i = 0; i <= L; ++i) p->rec[i].blocks = i >= g ? static_cast<int32_t>(p->rec[i].prod / pg) : 1;
+    if (real) {
+        // the gather to the odd form in the unused half of level 0's table,
+        // (factor+1)*rest values of T, at least n positions
+        const Rec& r0 = p->rec[0];
+        int32_t* tab = reinterpret_cast<int32_t*>(static_cast<T*>(r0.tw) + int64_t(r0.factor - 1) * r0.rest);
+        int32_t* src = scratch;
+        uint8_t* seen = reinterpret_cast<uint8_t*>(scratch + n);
+        for (int64_t i = 0; i < n; ++i) {
+            bool neg;
+            src[i] = static_cast<int32_t>(formSrc(p, i, neg)) | (neg ? kCycNeg : 0);
+            seen[i] = 0;
+        }
+        int64_t cnt = 0;
+        for (int64_t i = 0; i < n; ++i) {
+            if (seen[i] || src[i] == i) continue;
+            int64_t cur = i;
+            int32_t mark = kCycStart;
+            do {
+                seen[cur] = 1;
+                tab[cnt++] = static_cast<int32_t>(cur) | (src[cur] & kCycNeg) | mark;
+                mark = 0;
+                cur = src[cur] & kCycPos;
+            } while (cur != i);
+        }
+        p->formTab = tab;
+        p->formCount = static_cast<int32_t>(cnt);
+    }
     if (!real) {
         // input offsets of the untwiddled blocks of one unit, digit-reversed
         int64_t b = 1;
@@ -603,7 +655,7 @@ template <class T> void pfReal(const Plan* p, T* d, bool inv) {
     const int64_t n = p->n;
     if (inv) pairsToNatural<T>(d, n);
     rdif<T>(p, 0, d);
-    realToForm<T>(p, d, n);
+    realToForm<T>(p, d);
     if (inv) pairsToNatural<T>(d, n);
 }
 
@@ -626,7 +678,7 @@ template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y) {
 }
 
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
-    template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int);             \
+    template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int, int32_t*);   \
     template void pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*);            \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
     template const Cx<T>* smallRoots<T>(int);                                                            \

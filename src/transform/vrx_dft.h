@@ -53,7 +53,9 @@ struct Plan {
     int32_t baseStride;   // twiddle index stride into the base table (1, or 2 on a half length)
     void* lastGen;        // roots of the last record's rest when it is a generic radix
     int32_t restGeneric;
-    int32_t pad[5];
+    int32_t formCount;    // entries of formTab
+    int32_t* formTab;     // real plans of odd length: the gather to the odd form as cycles
+    int32_t pad[2];
     Rec rec[kMaxRec];
 };
 static_assert(sizeof(Plan) == 768, "the plan header is a fixed block of 768 bytes");
@@ -90,9 +92,10 @@ PfSizes pfSizes(const int* f, int count, int n, bool real, int e, int unit);
 
 // Builds the records and tables in the plan from the carver (which runs in
 // the order of pfSizes); base holds baseN values exp(-2*pi*i*k/baseN) with
-// baseN = n * baseStride.
+// baseN = n * baseStride; scratch holds 2*n int32 values (real plans).
 template <class T>
-void pfInit(Plan* p, Carver& c, const int* f, int count, int n, bool real, const Cx<T>* base, int baseStride);
+void pfInit(Plan* p, Carver& c, const int* f, int count, int n, bool real, const Cx<T>* base, int baseStride,
+            int32_t* scratch);
 
 // Complex transform of length p->n: interleaved (split false: re pointers
 // only) or split arrays; work holds n complex values.

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "vrx_dft.h"
+#include "simd/simd.h"
 
 #include <math.h>
 #include <string.h>
@@ -222,7 +223,7 @@ template <class T, class Tr> struct Dft {
         switch (c.path) {
             case kPathHalfSmall: p->workSize = 0; break;
             case kPathPf:
-                pfInit<T>(p, cs, c.f, c.cnt, n, c.realOdd, base, bs);
+                pfInit<T>(p, cs, c.f, c.cnt, n, c.realOdd, base, bs, c.realOdd ? ci.take<int32_t>(int64_t(2) * n) : nullptr);
                 p->realFactors = c.realOdd ? 1 : 0;
                 p->workSize = static_cast<int32_t>(c.pf.work);
                 break;
@@ -296,102 +297,127 @@ template <class T, class Tr> struct Dft {
         for (int i = 0; i < N; ++i) d.set(i, y[i]);
     }
 
-    // real, N <= 16, to Perm
+    // real, N <= 16, to Perm: the straight-line complex kernel on x + 0i
     static void smallRFwd(int N, const T* s, T* d, T scale) {
         if (isPow2(N)) { fft::smallReal<T, false>(log2i(N), s, d, scale); return; }
-        const C* W = smallRoots<T>(N);
-        T x[16], o[16];
-        for (int i = 0; i < N; ++i) x[i] = s[i];
-        for (int k = 0; k <= N / 2; ++k) {
-            T sr = x[0], si = T(0);
-            int q = 0;
-            for (int j = 1; j < N; ++j) {
-                q += k;
-                if (q >= N) q -= N;
-                sr += x[j] * W[q].re;
-                si += x[j] * W[q].im;
-            }
-            if (k == 0) o[0] = sr;
-            else if (2 * k == N) o[1] = sr;
-            else if (N % 2 == 0) { o[2 * k] = sr; o[2 * k + 1] = si; }
-            else { o[2 * k - 1] = sr; o[2 * k] = si; }
+        C x[16], y[16];
+        T o[16];
+        for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
+        smallDft<T>(N, x, y);
+        o[0] = y[0].re;
+        if (N % 2 == 0) {
+            o[1] = y[N / 2].re;
+            for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
+        } else {
+            for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
         }
         for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
     }
-    // real, N <= 16, from Perm (s may be d)
+    // real, N <= 16, from Perm (s may be d): the real part of the forward
+    // kernel on the conjugate of the full spectrum
     static void smallRInv(int N, const T* s, T* d, T scale) {
         if (isPow2(N)) { fft::smallReal<T, true>(log2i(N), s, d, scale); return; }
-        const C* W = smallRoots<T>(N);
-        T X[16], o[16];
-        for (int i = 0; i < N; ++i) X[i] = s[i];
+        C X[16], y[16];
         const bool even = N % 2 == 0;
-        for (int j = 0; j < N; ++j) {
-            T acc = X[0];
-            if (even) acc += (j & 1) ? -X[1] : X[1];
-            int q = 0;
-            for (int k = 1; 2 * k < N; ++k) {
-                q += j;
-                if (q >= N) q -= N;
-                const T xr = even ? X[2 * k] : X[2 * k - 1], xi = even ? X[2 * k + 1] : X[2 * k];
-                const T t = xr * W[q].re + xi * W[q].im;
-                acc += t + t;
-            }
-            o[j] = acc;
+        X[0] = {s[0], T(0)};
+        if (even) X[N / 2] = {s[1], T(0)};
+        for (int k = 1; 2 * k < N; ++k) {
+            const T xr = even ? s[2 * k] : s[2 * k - 1], xi = even ? s[2 * k + 1] : s[2 * k];
+            X[k] = {xr, -xi};
+            X[N - k] = {xr, xi};
         }
-        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
+        smallDft<T>(N, X, y);
+        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? y[i].re * scale : y[i].re;
     }
 
     // ---------------------------------------------------------- direct path
 
+    // Bins k0 .. k0+L-1 at once: the lanes walk 2*((j*k) mod n), the offsets
+    // of the roots w^(j*k) in the table read as reals (bins past the last
+    // repeat it).
+    using S = simd::V<T>;
+    using U = simd::V<uint32_t>;
+    static constexpr int kL = S::N;
+    struct DirWalk {
+        U::R q, step, lim;
+        VRX_INLINE DirWalk(int k0, int last, int n)
+            : q(U::zero()),
+              step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
+              lim(U::set1(uint32_t(2 * n))) {
+            step = U::add(step, step);
+        }
+        // next j: q += 2k, less 2n past it (unsigned min picks the wrapped lane)
+        VRX_INLINE void next() {
+            q = U::add(q, step);
+            q = U::min(q, U::sub(q, lim));
+        }
+        VRX_INLINE typename S::R re(const T* w) const { return simd::gatherAt(w, q); }
+        VRX_INLINE typename S::R im(const T* w) const { return simd::gatherAt(w + 1, q); }
+    };
+
     template <bool Inv> static void dirC(const Plan* p, CRef<T> s, CRef<T> d, C* work) {
         const int n = p->n;
-        const C* W = static_cast<const C*>(p->dirTab);
+        const T* W = static_cast<const T*>(p->dirTab);
         for (int i = 0; i < n; ++i) work[i] = s.get(i);
-        for (int k = 0; k < n; ++k) {
-            T sr = work[0].re, si = work[0].im;
-            int q = 0;
+        alignas(64) T ore[kL], oim[kL];
+        for (int k0 = 0; k0 < n; k0 += kL) {
+            DirWalk q(k0, n - 1, n);
+            typename S::R sr = S::set1(work[0].re), si = S::set1(work[0].im);
             for (int j = 1; j < n; ++j) {
-                q += k;
-                if (q >= n) q -= n;
-                const T wr = W[q].re, wi = Inv ? -W[q].im : W[q].im;
-                sr += work[j].re * wr - work[j].im * wi;
-                si += work[j].re * wi + work[j].im * wr;
+                q.next();
+                const typename S::R wr = q.re(W), wi = Inv ? S::neg(q.im(W)) : q.im(W);
+                const typename S::R xr = S::set1(work[j].re), xi = S::set1(work[j].im);
+                sr = S::add(sr, S::sub(S::mul(xr, wr), S::mul(xi, wi)));
+                si = S::add(si, S::add(S::mul(xr, wi), S::mul(xi, wr)));
             }
-            d.set(k, {sr, si});
+            S::store(ore, sr);
+            S::store(oim, si);
+            const int m = n - k0 < kL ? n - k0 : kL;
+            for (int i = 0; i < m; ++i) d.set(k0 + i, {ore[i], oim[i]});
         }
     }
     // real odd length, in place in d: reals to the odd form and back
     static void dirRFwd(const Plan* p, T* d, T* work) {
-        const int n = p->n;
-        const C* W = static_cast<const C*>(p->dirTab);
+        const int n = p->n, h = (n - 1) / 2;
+        const T* W = static_cast<const T*>(p->dirTab);
         memcpy(work, d, sizeof(T) * n);
-        for (int k = 0; 2 * k < n; ++k) {
-            T sr = work[0], si = T(0);
-            int q = 0;
+        alignas(64) T ore[kL], oim[kL];
+        for (int k0 = 0; k0 <= h; k0 += kL) {
+            DirWalk q(k0, h, n);
+            typename S::R sr = S::set1(work[0]), si = S::zero();
             for (int j = 1; j < n; ++j) {
-                q += k;
-                if (q >= n) q -= n;
-                sr += work[j] * W[q].re;
-                si += work[j] * W[q].im;
+                q.next();
+                const typename S::R x = S::set1(work[j]);
+                sr = S::add(sr, S::mul(x, q.re(W)));
+                si = S::add(si, S::mul(x, q.im(W)));
             }
-            if (k == 0) d[0] = sr;
-            else { d[2 * k - 1] = sr; d[2 * k] = si; }
+            S::store(ore, sr);
+            S::store(oim, si);
+            const int m = h + 1 - k0 < kL ? h + 1 - k0 : kL;
+            for (int i = 0; i < m; ++i) {
+                const int k = k0 + i;
+                if (k == 0) d[0] = ore[i];
+                else { d[2 * k - 1] = ore[i]; d[2 * k] = oim[i]; }
+            }
         }
     }
     static void dirRInv(const Plan* p, T* d, T* work) {
         const int n = p->n;
-        const C* W = static_cast<const C*>(p->dirTab);
+        const T* W = static_cast<const T*>(p->dirTab);
         memcpy(work, d, sizeof(T) * n);
-        for (int j = 0; j < n; ++j) {
-            T acc = work[0];
-            int q = 0;
+        alignas(64) T o[kL];
+        for (int j0 = 0; j0 < n; j0 += kL) {
+            DirWalk q(j0, n - 1, n);
+            typename S::R acc = S::set1(work[0]);
             for (int k = 1; 2 * k < n; ++k) {
-                q += j;
-                if (q >= n) q -= n;
-                const T t = work[2 * k - 1] * W[q].re + work[2 * k] * W[q].im;
-                acc += t + t;
+                q.next();
+                const typename S::R t =
+                    S::add(S::mul(S::set1(work[2 * k - 1]), q.re(W)), S::mul(S::set1(work[2 * k]), q.im(W)));
+                acc = S::add(acc, S::add(t, t));
             }
-            d[j] = acc;
+            S::store(o, acc);
+            const int m = n - j0 < kL ? n - j0 : kL;
+            for (int i = 0; i < m; ++i) d[j0 + i] = o[i];
         }
     }
 
