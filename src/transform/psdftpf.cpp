@@ -23,7 +23,9 @@ template <class T> constexpr RootTab<T> makeRoots() {
         }
     return t;
 }
-template <class T> constexpr RootTab<T> kRoots = makeRoots<T>();
+// Constant-initialised where the compiler folds cosl/sinl (g++); computed
+// once at load otherwise.
+template <class T> const RootTab<T> kRoots = makeRoots<T>();
 
 // (j*m) mod R for the fixed radices.
 struct IdxTab { uint8_t q[17][16][16]; };
