@@ -78,7 +78,7 @@ const Kind kKinds[] = {
 #undef ST
 #undef CST
 
-bool sameN(const float* a, const float* b, size_t n) { return memcmp(a, b, n * sizeof(float)) == 0; }
+bool sameN(const float* a, const float* b, size_t n) { return n == 0 || memcmp(a, b, n * sizeof(float)) == 0; }
 
 size_t elemSize(int sel) { return sel == 13 ? 4 : sel == 1 ? 1 : 2; }
 
