@@ -225,6 +225,21 @@ typedef struct VrxsFirState_32fc VrxsFirState_32fc;
 typedef struct VrxsFirState_64f  VrxsFirState_64f;
 typedef struct VrxsFirState_64fc VrxsFirState_64fc;
 
+typedef struct VrxsFirSparseState_32f  VrxsFirSparseState_32f;
+typedef struct VrxsFirSparseState_32fc VrxsFirSparseState_32fc;
+typedef struct VrxsIirSparseState_32f  VrxsIirSparseState_32f;
+typedef struct VrxsIirSparseState_32fc VrxsIirSparseState_32fc;
+
+typedef struct VrxsIirIirState_32f    VrxsIirIirState_32f;
+typedef struct VrxsIirIirState64f_32f VrxsIirIirState64f_32f;
+typedef struct VrxsIirIirState_64f    VrxsIirIirState_64f;
+
+typedef struct VrxsFirLmsState_32f VrxsFirLmsState_32f;
+typedef struct VrxsFirLmsState_64f VrxsFirLmsState_64f;
+
+typedef struct VrxsResamplePolyphaseState_32f      VrxsResamplePolyphaseState_32f;
+typedef struct VrxsResamplePolyphaseFixedState_32f VrxsResamplePolyphaseFixedState_32f;
+
 /* ------------------------------------------------- declaration machinery */
 
 /* Inside the library the same lines declare the local implementations;
@@ -2640,6 +2655,26 @@ VRXAPI(VrxStatus, vrxsWTHaarInv_64f, (const Vrx64f* pSrcLow, const Vrx64f* pSrcH
 VRXAPI(VrxStatus, vrxsWTHaarInv_16s_Sfs, (const Vrx16s* pSrcLow, const Vrx16s* pSrcHigh, Vrx16s* pDst, int len, int scaleFactor))
 
 /* --------------------------------------------- end of wavelet transforms */
+
+/* -------------------------------------------- sparse FIR and IIR filters */
+
+/* ------------------------------------------------- end of sparse filters */
+
+/* ----------------------------------------- IIR design and zero-phase IIR */
+
+/* ---------------------------------- end of IIR design and zero-phase IIR */
+
+/* ---------------------------------------------------- adaptive FIR (LMS) */
+
+/* --------------------------------------------------- end of adaptive FIR */
+
+/* --------------------------------------------------------- median filter */
+
+/* -------------------------------------------------- end of median filter */
+
+/* -------------------------------------------------- polyphase resampling */
+
+/* ------------------------------------------- end of polyphase resampling */
 
 #undef VRXAPI
 

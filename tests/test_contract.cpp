@@ -139,6 +139,11 @@ const Exception kExceptions[] = {
     {"vrxsWT[FI][wn][dv]_*", Deviation::StateBeforeLength, "pState", "the state is checked (-17) before the length (-6)"},
     {"vrxsWT*SetDlyLine_*", Deviation::OptionalPtr, "pDlyLow", "a null line stands for zeros"},
     {"vrxsWT*SetDlyLine_*", Deviation::OptionalPtr, "pDlyHigh", "a null line stands for zeros"},
+    // sparse filters
+    // IIR design and zero-phase IIR
+    // adaptive FIR
+    // median filter
+    // polyphase resampling
 };
 
 // ------------------------------------------------------------- the table

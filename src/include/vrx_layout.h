@@ -54,6 +54,15 @@ enum class ObjId : int32_t {
     IirAR64f32s = 0x49493231, IirBQ64f32s = 0x49493232, IirAR64fc32sc = 0x49493233, IirBQ64fc32sc = 0x49493234,
     IirAR64f16s = 0x49493235, IirBQ64f16s = 0x49493236, IirAR64fc16sc = 0x49493237, IirBQ64fc16sc = 0x49493238,
     IirBQDF1_32f = 0x49493239, IirBQDF1_64f32s = 0x49493330,
+    // sparse filters: FS01/FS02 (FIR 32f/32fc), IS01/IS02 (IIR 32f/32fc)
+    FirSparse32f = 0x46533031, FirSparse32fc = 0x46533032,
+    IirSparse32f = 0x49533031, IirSparse32fc = 0x49533032,
+    // zero-phase IIR: ID01 (32f), ID02 (64f taps on 32f), ID03 (64f)
+    IirIir32f = 0x49443031, IirIir64f32f = 0x49443032, IirIir64f = 0x49443033,
+    // adaptive FIR: FL01 (32f), FL02 (64f)
+    FirLms32f = 0x464C3031, FirLms64f = 0x464C3032,
+    // polyphase resampling: RP01 (arbitrary factor), RP02 (fixed ratio)
+    ResamplePoly32f = 0x52503031, ResamplePolyFixed32f = 0x52503032,
     // later families add their words here; the single-rate FIR state has none
 };
 
