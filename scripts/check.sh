@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
 # The reliability checks that run after the unit tests, each in its own
 # build tree beside build/:
-#   asan  build-asan  g++ -fsanitize=address,undefined: libraries, tests and
+#   asan  build-asan  g++ -fsanitize=address,undefined (at -O1): libraries, tests and
 #                     examples; the whole ctest suite
 #   tsan  build-tsan  g++ -fsanitize=thread: libraries and the thread tests
 #                     (tests/test_threads_*.cpp) only; ctest -R test_threads
 #   fuzz  build-fuzz  clang, libraries instrumented for coverage and
 #                     address,undefined: every tests/fuzz/fuzz_*.cpp, each
-#                     run for VRX_FUZZ_SECONDS (30) seconds
+#                     run for VRX_FUZZ_SECONDS (20) seconds
 # Usage: scripts/check.sh [asan] [tsan] [fuzz]      (no argument: all three)
 # Environment: VRX_CHECK_JOBS (2) parallel builds, tests and fuzz runs;
-# VRX_FUZZ_SECONDS (30). The compiler cache is used when ccache is present.
+# VRX_FUZZ_SECONDS (20). The compiler cache is used when ccache is present.
 # Any sanitizer report, test failure or fuzz finding stops the script with
 # a nonzero status; a fuzz finding is kept in build-fuzz/findings/.
 set -euo pipefail
@@ -18,7 +18,7 @@ cd "$(dirname "$0")/.."
 scripts/deps.sh --check
 
 jobs=${VRX_CHECK_JOBS:-2}
-fuzzSeconds=${VRX_FUZZ_SECONDS:-30}
+fuzzSeconds=${VRX_FUZZ_SECONDS:-20}
 stages=("$@")
 ((${#stages[@]})) || stages=(asan tsan fuzz)
 
