@@ -8,6 +8,7 @@
 
 #include "simd/simd.h"
 #include "vrx_base.h"
+#include "vrx_fft_calls.h"
 
 namespace n0::conv {
 
@@ -165,88 +166,26 @@ void directRun(const S* coef, i64 K, const S* d, i64 dLo, i64 dHi, i64 off, S* o
 }
 
 // -------------------------------------------------------------- FFT engine
-// The engine by element type: real plans over Perm and Pack spectra for
-// 32f and 64f, complex plans for 32fc and 64fc. Plans take flag 2 (the
-// inverse divided by the length) and hint 0.
+// The engine by element type (vrx_fft_calls.h): real plans over Perm and
+// Pack spectra for 32f and 64f, complex plans for 32fc and 64fc. Plans take
+// flag 2 (the inverse divided by the length) and hint 0; the copies skip
+// empty ranges. Fft<E> exists for the four element types only (a const
+// type fails substitution instead of instantiating).
+template <class E> struct FftOf : FftCalls<E> {
+    using C = FftCalls<E>;
+    using Plan = typename C::Plan;
+    static VrxStatus sizes(int order, int* p, int* q, int* w) { return C::getSize(order, vrxFftScaleInv, 0, p, q, w); }
+    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return C::init(pp, order, vrxFftScaleInv, 0, spec, ini); }
+    static void copy(const E* s, E* d, int n) { if (n > 0) C::copy(s, d, n); }
+    static void zero(E* d, int n) { if (n > 0) C::zero(d, n); }
+    static void flip(E* d, int n) { if (n > 0) C::flipI(d, n); }
+    static void scale(typename C::S v, E* d, int n) { C::mulCI(v, reinterpret_cast<typename C::S*>(d), (C::kCplx ? 2 : 1) * n); }
+};
 template <class E> struct Fft;
-
-template <> struct Fft<Vrx32f> {
-    using S = Vrx32f;
-    using Plan = VrxsFftPlan_R_32f;
-    static constexpr bool kCplx = false;
-    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_R_32f)(order, vrxFftScaleInv, 0, p, q, w); }
-    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_R_32f)(pp, order, vrxFftScaleInv, 0, spec, ini); }
-    static VrxStatus fwdPerm(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_32f)(s, d, p, b); }
-    static VrxStatus fwdPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_32f_I)(sd, p, b); }
-    static VrxStatus invPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PermToR_32f_I)(sd, p, b); }
-    static VrxStatus mulPermI(const S* s, S* sd, int n) { return N0(vrxsMulPerm_32f_I)(s, sd, n); }
-    static VrxStatus fwdPack(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_32f)(s, d, p, b); }
-    static VrxStatus fwdPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_32f_I)(sd, p, b); }
-    static VrxStatus invPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PackToR_32f_I)(sd, p, b); }
-    static VrxStatus mulPackConjI(const S* s, S* sd, int n) { return N0(vrxsMulPackConj_32f_I)(s, sd, n); }
-    static void copy(const S* s, S* d, int n) { if (n > 0) N0(vrxsCopy_32f)(s, d, n); }
-    static void zero(S* d, int n) { if (n > 0) N0(vrxsZero_32f)(d, n); }
-    static void flip(S* d, int n) { if (n > 0) N0(vrxsFlip_32f_I)(d, n); }
-    static void scale(S v, S* d, int n) { N0(vrxsMulC_32f_I)(v, d, n); }
-};
-
-template <> struct Fft<Vrx64f> {
-    using S = Vrx64f;
-    using Plan = VrxsFftPlan_R_64f;
-    static constexpr bool kCplx = false;
-    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_R_64f)(order, vrxFftScaleInv, 0, p, q, w); }
-    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_R_64f)(pp, order, vrxFftScaleInv, 0, spec, ini); }
-    static VrxStatus fwdPerm(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_64f)(s, d, p, b); }
-    static VrxStatus fwdPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_64f_I)(sd, p, b); }
-    static VrxStatus invPermI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PermToR_64f_I)(sd, p, b); }
-    static VrxStatus mulPermI(const S* s, S* sd, int n) { return N0(vrxsMulPerm_64f_I)(s, sd, n); }
-    static VrxStatus fwdPack(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_64f)(s, d, p, b); }
-    static VrxStatus fwdPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPack_64f_I)(sd, p, b); }
-    static VrxStatus invPackI(S* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PackToR_64f_I)(sd, p, b); }
-    static VrxStatus mulPackConjI(const S* s, S* sd, int n) { return N0(vrxsMulPackConj_64f_I)(s, sd, n); }
-    static void copy(const S* s, S* d, int n) { if (n > 0) N0(vrxsCopy_64f)(s, d, n); }
-    static void zero(S* d, int n) { if (n > 0) N0(vrxsZero_64f)(d, n); }
-    static void flip(S* d, int n) { if (n > 0) N0(vrxsFlip_64f_I)(d, n); }
-    static void scale(S v, S* d, int n) { N0(vrxsMulC_64f_I)(v, d, n); }
-};
-
-template <> struct Fft<Vrx32fc> {
-    using S = Vrx32f;
-    using E = Vrx32fc;
-    using Plan = VrxsFftPlan_C_32fc;
-    static constexpr bool kCplx = true;
-    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_C_32fc)(order, vrxFftScaleInv, 0, p, q, w); }
-    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_C_32fc)(pp, order, vrxFftScaleInv, 0, spec, ini); }
-    static VrxStatus fwd(const E* s, E* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_32fc)(s, d, p, b); }
-    static VrxStatus fwdI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_32fc_I)(sd, p, b); }
-    static VrxStatus invI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_CToC_32fc_I)(sd, p, b); }
-    static void conj(const E* s, E* d, int n) { N0(vrxsConj_32fc)(s, d, n); }
-    static void conjI(E* d, int n) { N0(vrxsConj_32fc_I)(d, n); }
-    static void mul(const E* a, const E* b, E* d, int n) { N0(vrxsMul_32fc)(a, b, d, n); }
-    static void copy(const E* s, E* d, int n) { if (n > 0) N0(vrxsCopy_32fc)(s, d, n); }
-    static void zero(E* d, int n) { if (n > 0) N0(vrxsZero_32fc)(d, n); }
-    static void flip(E* d, int n) { if (n > 0) N0(vrxsFlip_32fc_I)(d, n); }
-    static void scale(S v, E* d, int n) { N0(vrxsMulC_32f_I)(v, reinterpret_cast<S*>(d), 2 * n); }
-};
-
-template <> struct Fft<Vrx64fc> {
-    using S = Vrx64f;
-    using E = Vrx64fc;
-    using Plan = VrxsFftPlan_C_64fc;
-    static constexpr bool kCplx = true;
-    static VrxStatus sizes(int order, int* p, int* q, int* w) { return N0(vrxsFFTGetSize_C_64fc)(order, vrxFftScaleInv, 0, p, q, w); }
-    static VrxStatus init(Plan** pp, int order, Vrx8u* spec, Vrx8u* ini) { return N0(vrxsFFTInit_C_64fc)(pp, order, vrxFftScaleInv, 0, spec, ini); }
-    static VrxStatus fwd(const E* s, E* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_64fc)(s, d, p, b); }
-    static VrxStatus fwdI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_64fc_I)(sd, p, b); }
-    static VrxStatus invI(E* sd, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_CToC_64fc_I)(sd, p, b); }
-    static void conj(const E* s, E* d, int n) { N0(vrxsConj_64fc)(s, d, n); }
-    static void conjI(E* d, int n) { N0(vrxsConj_64fc_I)(d, n); }
-    static void mul(const E* a, const E* b, E* d, int n) { N0(vrxsMul_64fc)(a, b, d, n); }
-    static void copy(const E* s, E* d, int n) { if (n > 0) N0(vrxsCopy_64fc)(s, d, n); }
-    static void zero(E* d, int n) { if (n > 0) N0(vrxsZero_64fc)(d, n); }
-    static void flip(E* d, int n) { if (n > 0) N0(vrxsFlip_64fc_I)(d, n); }
-    static void scale(S v, E* d, int n) { N0(vrxsMulC_64f_I)(v, reinterpret_cast<S*>(d), 2 * n); }
-};
+template <> struct Fft<Vrx32f> : FftOf<Vrx32f> {};
+template <> struct Fft<Vrx64f> : FftOf<Vrx64f> {};
+template <> struct Fft<Vrx32fc> : FftOf<Vrx32fc> {};
+template <> struct Fft<Vrx64fc> : FftOf<Vrx64fc> {};
 
 // dst[0 .. F-1] = src[0 .. n-1] followed by zeros.
 template <class E>

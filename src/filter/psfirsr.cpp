@@ -3,6 +3,7 @@
 // multiply-adds and an overlap-save FFT path with the taps' spectrum kept in
 // the state. The state carries no identity word.
 #include "psfirsr.h"
+#include "vrx_fft_calls.h"
 
 using namespace n0;
 using namespace n0::filt;
@@ -11,60 +12,54 @@ using namespace n0::firsr;
 namespace {
 
 // ------------------------------------------------------------- the forms
-template <class E> struct Form;
+// The FFT path by element type: real plans over the Perm spectrum, complex
+// plans, each with flag 2 (the inverse divided by the length) and hint 0.
+template <class E> struct FormCalls {
+    using C = FftCalls<E>;
+    using S = E;
+    using Plan = typename C::Plan;
+    static void sizes(int order, int* P, int* T, int* W) { C::getSize(order, vrxFftScaleInv, 0, P, T, W); }
+    static void init(Plan** p, int order, Vrx8u* mem, Vrx8u* buf) { C::init(p, order, vrxFftScaleInv, 0, mem, buf); }
+    static VrxStatus fwd(const S* s, S* d, const Plan* p, Vrx8u* b) {
+        if constexpr (C::kCplx) return C::fwd(s, d, p, b);
+        else return C::fwdPerm(s, d, p, b);
+    }
+    static VrxStatus inv(const S* s, S* d, const Plan* p, Vrx8u* b) {
+        if constexpr (C::kCplx) return C::inv(s, d, p, b);
+        else return C::invPerm(s, d, p, b);
+    }
+    static VrxStatus mul(const S* spec, S* d, int F) {
+        if constexpr (C::kCplx) return C::mulI(spec, d, F);
+        else return C::mulPermI(spec, d, F);
+    }
+};
 
-template <> struct Form<Vrx32f> {
-    using S = float;
-    using Plan = VrxsFftPlan_R_32f;
+// Path limits and the size of the joined region, by form.
+template <class E> struct Form;
+template <> struct Form<Vrx32f> : FormCalls<Vrx32f> {
     static constexpr int kSel = vrx32f, kMinTaps = 52, kMinIters = 256, kHrzFrom = 32;
     static int64_t region(int64_t N) {
         const int64_t a = roundUp64(32 * N), b = 32 * ((N + 16) & ~int64_t(7));
         return a > b ? a : b;
     }
-    static void sizes(int order, int* P, int* T, int* W) { N0(vrxsFFTGetSize_R_32f)(order, vrxFftScaleInv, 0, P, T, W); }
-    static void init(Plan** p, int order, Vrx8u* mem, Vrx8u* buf) { N0(vrxsFFTInit_R_32f)(p, order, vrxFftScaleInv, 0, mem, buf); }
-    static VrxStatus fwd(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_32f)(s, d, p, b); }
-    static VrxStatus inv(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PermToR_32f)(s, d, p, b); }
-    static VrxStatus mul(const S* spec, S* d, int F) { return N0(vrxsMulPerm_32f_I)(spec, d, F); }
 };
-template <> struct Form<Vrx64f> {
-    using S = double;
-    using Plan = VrxsFftPlan_R_64f;
+template <> struct Form<Vrx64f> : FormCalls<Vrx64f> {
     static constexpr int kSel = vrx64f, kMinTaps = 34, kMinIters = 512, kHrzFrom = 9;
     static int64_t region(int64_t N) {
         const int64_t a = roundUp64(32 * N), b = roundUp64(16 * ((N + 2) & ~int64_t(1)));
         return a > b ? a : b;
     }
-    static void sizes(int order, int* P, int* T, int* W) { N0(vrxsFFTGetSize_R_64f)(order, vrxFftScaleInv, 0, P, T, W); }
-    static void init(Plan** p, int order, Vrx8u* mem, Vrx8u* buf) { N0(vrxsFFTInit_R_64f)(p, order, vrxFftScaleInv, 0, mem, buf); }
-    static VrxStatus fwd(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_RToPerm_64f)(s, d, p, b); }
-    static VrxStatus inv(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_PermToR_64f)(s, d, p, b); }
-    static VrxStatus mul(const S* spec, S* d, int F) { return N0(vrxsMulPerm_64f_I)(spec, d, F); }
 };
-template <> struct Form<Vrx32fc> {
-    using S = Vrx32fc;
-    using Plan = VrxsFftPlan_C_32fc;
+template <> struct Form<Vrx32fc> : FormCalls<Vrx32fc> {
     static constexpr int kSel = vrx32fc, kMinTaps = 18, kMinIters = 128, kHrzFrom = 0;
     static int64_t region(int64_t N) { return roundUp64(32 * N); }
-    static void sizes(int order, int* P, int* T, int* W) { N0(vrxsFFTGetSize_C_32fc)(order, vrxFftScaleInv, 0, P, T, W); }
-    static void init(Plan** p, int order, Vrx8u* mem, Vrx8u* buf) { N0(vrxsFFTInit_C_32fc)(p, order, vrxFftScaleInv, 0, mem, buf); }
-    static VrxStatus fwd(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_32fc)(s, d, p, b); }
-    static VrxStatus inv(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_CToC_32fc)(s, d, p, b); }
-    static VrxStatus mul(const S* spec, S* d, int F) { return N0(vrxsMul_32fc_I)(spec, d, F); }
 };
-template <> struct Form<Vrx64fc> {
-    using S = Vrx64fc;
-    using Plan = VrxsFftPlan_C_64fc;
+template <> struct Form<Vrx64fc> : FormCalls<Vrx64fc> {
     static constexpr int kSel = vrx64fc, kMinTaps = 21, kMinIters = 256, kHrzFrom = 0;
     static int64_t region(int64_t N) {
         const int64_t a = roundUp64(16 * N), b = 64 * N;
         return a > b ? a : b;
     }
-    static void sizes(int order, int* P, int* T, int* W) { N0(vrxsFFTGetSize_C_64fc)(order, vrxFftScaleInv, 0, P, T, W); }
-    static void init(Plan** p, int order, Vrx8u* mem, Vrx8u* buf) { N0(vrxsFFTInit_C_64fc)(p, order, vrxFftScaleInv, 0, mem, buf); }
-    static VrxStatus fwd(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTFwd_CToC_64fc)(s, d, p, b); }
-    static VrxStatus inv(const S* s, S* d, const Plan* p, Vrx8u* b) { return N0(vrxsFFTInv_CToC_64fc)(s, d, p, b); }
-    static VrxStatus mul(const S* spec, S* d, int F) { return N0(vrxsMul_64fc_I)(spec, d, F); }
 };
 
 // ------------------------------------------------------------- the layout

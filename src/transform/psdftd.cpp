@@ -1,7 +1,6 @@
 // DFT of any length, 64-bit plans: the entries of the template in
 // vrx_dft_impl.h with the functions of their width.
 #include "vrx_dft_impl.h"
-#include "vrx_fft_own.h"
 
 using namespace n0::dft;
 using n0::fft::Form;
@@ -12,45 +11,8 @@ using T = double;
 using C = Cx<T>;
 using TC = Vrx64fc;
 
-struct Tr64 {
+struct Tr64 : FftPart<double> {
     static int32_t id(Kind k) { return k == Kind::C ? 16 : k == Kind::Cs ? 17 : 18; }
-    static VrxStatus fftGetSize(Kind k, int order, int flag, int hint, int* s, int* i, int* w) {
-        if (k == Kind::C) return N0(vrxsFFTGetSize_C_64fc)(order, flag, static_cast<VrxAlgHint>(hint), s, i, w);
-        if (k == Kind::Cs) return N0(vrxsFFTGetSize_C_64f)(order, flag, static_cast<VrxAlgHint>(hint), s, i, w);
-        return N0(vrxsFFTGetSize_R_64f)(order, flag, static_cast<VrxAlgHint>(hint), s, i, w);
-    }
-    static VrxStatus fftInit(Kind k, void** pp, int order, int flag, int hint, uint8_t* mem, uint8_t* ib) {
-        const VrxAlgHint h = static_cast<VrxAlgHint>(hint);
-        if (k == Kind::C) return N0(vrxsFFTInit_C_64fc)(reinterpret_cast<VrxsFftPlan_C_64fc**>(pp), order, flag, h, mem, ib);
-        if (k == Kind::Cs) return N0(vrxsFFTInit_C_64f)(reinterpret_cast<VrxsFftPlan_C_64f**>(pp), order, flag, h, mem, ib);
-        return N0(vrxsFFTInit_R_64f)(reinterpret_cast<VrxsFftPlan_R_64f**>(pp), order, flag, h, mem, ib);
-    }
-    static VrxStatus fftBufSize(Kind k, void* plan, int* s) {
-        if (k == Kind::C) return N0(ownsFFTGetBufSize_C_64fc)(static_cast<const VrxsFftPlan_C_64fc*>(plan), s);
-        if (k == Kind::Cs) return N0(ownsFFTGetBufSize_C_64f)(static_cast<const VrxsFftPlan_C_64f*>(plan), s);
-        return N0(ownsFFTGetBufSize_R_64f)(static_cast<const VrxsFftPlan_R_64f*>(plan), s);
-    }
-    static VrxStatus fftRunC(Kind k, bool inv, const T* sRe, const T* sIm, T* dRe, T* dIm, const void* plan, Vrx8u* buf) {
-        if (k == Kind::C) {
-            const TC* s = reinterpret_cast<const TC*>(sRe);
-            TC* d = reinterpret_cast<TC*>(dRe);
-            const VrxsFftPlan_C_64fc* pl = static_cast<const VrxsFftPlan_C_64fc*>(plan);
-            return inv ? N0(vrxsFFTInv_CToC_64fc)(s, d, pl, buf) : N0(vrxsFFTFwd_CToC_64fc)(s, d, pl, buf);
-        }
-        const VrxsFftPlan_C_64f* pl = static_cast<const VrxsFftPlan_C_64f*>(plan);
-        return inv ? N0(vrxsFFTInv_CToC_64f)(sRe, sIm, dRe, dIm, pl, buf) : N0(vrxsFFTFwd_CToC_64f)(sRe, sIm, dRe, dIm, pl, buf);
-    }
-    static VrxStatus fftRunR(bool inv, Form f, const T* s, T* d, const void* plan, Vrx8u* buf) {
-        const VrxsFftPlan_R_64f* pl = static_cast<const VrxsFftPlan_R_64f*>(plan);
-        if (!inv) {
-            if (f == Form::CCS) return N0(vrxsFFTFwd_RToCCS_64f)(s, d, pl, buf);
-            if (f == Form::Pack) return N0(vrxsFFTFwd_RToPack_64f)(s, d, pl, buf);
-            return N0(vrxsFFTFwd_RToPerm_64f)(s, d, pl, buf);
-        }
-        if (f == Form::CCS) return N0(vrxsFFTInv_CCSToR_64f)(s, d, pl, buf);
-        if (f == Form::Pack) return N0(vrxsFFTInv_PackToR_64f)(s, d, pl, buf);
-        return N0(vrxsFFTInv_PermToR_64f)(s, d, pl, buf);
-    }
     static VrxStatus convGetSize(int M, int* s, int* i, int* w) {
         return N0(vrxsDFTGetSize_C_64fc)(M, 8, static_cast<VrxAlgHint>(0), s, i, w);
     }
@@ -63,14 +25,6 @@ struct Tr64 {
     static VrxStatus dftInvC(C* s, C* d, const void* plan, uint8_t* w) {
         return N0(vrxsDFTInv_CToC_64fc)(reinterpret_cast<TC*>(s), reinterpret_cast<TC*>(d), static_cast<const VrxsDftPlan_C_64fc*>(plan), w);
     }
-    static VrxStatus zeroC(C* d, int n) { return N0(vrxsZero_64fc)(reinterpret_cast<TC*>(d), n); }
-    static VrxStatus mulCI(const C* s, C* d, int n) {
-        return N0(vrxsMul_64fc_I)(reinterpret_cast<const TC*>(s), reinterpret_cast<TC*>(d), n);
-    }
-    static VrxStatus mulC(const C* a, const C* b, C* d, int n) {
-        return N0(vrxsMul_64fc)(reinterpret_cast<const TC*>(a), reinterpret_cast<const TC*>(b), reinterpret_cast<TC*>(d), n);
-    }
-    static VrxStatus mulScalarI(T v, T* d, int n) { return N0(vrxsMulC_64f_I)(v, d, n); }
 };
 
 using D = Dft<T, Tr64>;

@@ -15,6 +15,7 @@
 
 #include "vrx_base.h"
 #include "vrx_layout.h"
+#include "vrx_fft_calls.h"
 #include "simd/simd.h"
 
 #include <math.h>
@@ -45,41 +46,33 @@ static_assert(sizeof(Plan) == 96, "the fixed 192 bytes of the size rules hold th
 
 enum class Path { Kernel, Fft, Direct, Conv };
 
-// Per-width pieces: limits, element sizes and the FFT entries.
+// Per-width pieces: limits, element sizes and the FFT entries
+// (vrx_fft_calls.h); inner plans take flag 8 and hint 0.
+template <class T> struct WidthCalls {
+    using R = FftCalls<T>;
+    using C = typename R::Cplx;
+    using X = FftCalls<C>;
+    using RPlan = typename R::Plan;
+    using CPlan = typename X::Plan;
+    static VrxStatus rSize(int o, int* s, int* i, int* w) { return R::getSize(o, 8, 0, s, i, w); }
+    static VrxStatus cSize(int o, int* s, int* i, int* w) { return X::getSize(o, 8, 0, s, i, w); }
+    static VrxStatus rInit(RPlan** p, int o, uint8_t* m, uint8_t* b) { return R::init(p, o, 8, 0, m, b); }
+    static VrxStatus cInit(CPlan** p, int o, uint8_t* m, uint8_t* b) { return X::init(p, o, 8, 0, m, b); }
+    static VrxStatus rFwd(T* d, const RPlan* p, uint8_t* b) { return R::fwdPermI(d, p, b); }
+    static VrxStatus rInv(T* d, const RPlan* p, uint8_t* b) { return R::invPermI(d, p, b); }
+    static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return X::fwdI(d, p, b); }
+    static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return X::invI(d, p, b); }
+    static VrxStatus mulI(const C* s, C* d, int n) { return X::mulI(s, d, n); }
+    static VrxStatus zero(C* d, int n) { return X::zero(d, n); }
+};
 template <class T> struct Width;
-template <> struct Width<float> {
-    using C = Vrx32fc;
-    using RPlan = VrxsFftPlan_R_32f;
-    using CPlan = VrxsFftPlan_C_32fc;
+template <> struct Width<float> : WidthCalls<float> {
     static constexpr int kFftMax = 268435455, kDirectMax = 35, kConvInit = 67108863, kConvSize = 33554431;
     static constexpr ObjId kFwd = ObjId::DctFwd32f, kInv = ObjId::DctInv32f;
-    static VrxStatus rSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_R_32f)(o, 8, 0, s, i, w); }
-    static VrxStatus cSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_C_32fc)(o, 8, 0, s, i, w); }
-    static VrxStatus rInit(RPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_R_32f)(p, o, 8, 0, m, b); }
-    static VrxStatus cInit(CPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_C_32fc)(p, o, 8, 0, m, b); }
-    static VrxStatus rFwd(float* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_RToPerm_32f_I)(d, p, b); }
-    static VrxStatus rInv(float* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTInv_PermToR_32f_I)(d, p, b); }
-    static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_CToC_32fc_I)(d, p, b); }
-    static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTInv_CToC_32fc_I)(d, p, b); }
-    static VrxStatus mulI(const C* s, C* d, int n) { return N0(vrxsMul_32fc_I)(s, d, n); }
-    static VrxStatus zero(C* d, int n) { return N0(vrxsZero_32fc)(d, n); }
 };
-template <> struct Width<double> {
-    using C = Vrx64fc;
-    using RPlan = VrxsFftPlan_R_64f;
-    using CPlan = VrxsFftPlan_C_64fc;
+template <> struct Width<double> : WidthCalls<double> {
     static constexpr int kFftMax = 134217727, kDirectMax = 45, kConvInit = 33554431, kConvSize = 16777215;
     static constexpr ObjId kFwd = ObjId::DctFwd64f, kInv = ObjId::DctInv64f;
-    static VrxStatus rSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_R_64f)(o, 8, 0, s, i, w); }
-    static VrxStatus cSize(int o, int* s, int* i, int* w) { return N0(vrxsFFTGetSize_C_64fc)(o, 8, 0, s, i, w); }
-    static VrxStatus rInit(RPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_R_64f)(p, o, 8, 0, m, b); }
-    static VrxStatus cInit(CPlan** p, int o, uint8_t* m, uint8_t* b) { return N0(vrxsFFTInit_C_64fc)(p, o, 8, 0, m, b); }
-    static VrxStatus rFwd(double* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_RToPerm_64f_I)(d, p, b); }
-    static VrxStatus rInv(double* d, const RPlan* p, uint8_t* b) { return N0(vrxsFFTInv_PermToR_64f_I)(d, p, b); }
-    static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTFwd_CToC_64fc_I)(d, p, b); }
-    static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return N0(vrxsFFTInv_CToC_64fc_I)(d, p, b); }
-    static VrxStatus mulI(const C* s, C* d, int n) { return N0(vrxsMul_64fc_I)(s, d, n); }
-    static VrxStatus zero(C* d, int n) { return N0(vrxsZero_64fc)(d, n); }
 };
 
 VRX_INLINE uint8_t* align64(uint8_t* p) { return reinterpret_cast<uint8_t*>((addr(p) + 63) & ~uintptr_t(63)); }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "vrx_dft.h"
+#include "vrx_fft_calls.h"
 #include "simd/simd.h"
 
 #include <math.h>
@@ -649,6 +650,59 @@ template <class T, class Tr> struct Dft {
         z[0] = r0 + rh;
         z[1] = r0 - rh;
     }
+};
+
+// ------------------------------------------------------------ FFT entries
+// The FFT side of a width's entries (vrx_fft_calls.h) by plan kind, for the
+// power-of-two lengths and the inner transforms.
+template <class T> struct FftPart {
+    using R = FftCalls<T>;             // real plans
+    using TC = typename R::Cplx;
+    using X = FftCalls<TC>;            // interleaved complex plans
+    using P = FftSplit<T>;             // split complex plans
+    using C = Cx<T>;
+    static VrxStatus fftGetSize(Kind k, int order, int flag, int hint, int* s, int* i, int* w) {
+        if (k == Kind::C) return X::getSize(order, flag, hint, s, i, w);
+        if (k == Kind::Cs) return P::getSize(order, flag, hint, s, i, w);
+        return R::getSize(order, flag, hint, s, i, w);
+    }
+    static VrxStatus fftInit(Kind k, void** pp, int order, int flag, int hint, uint8_t* mem, uint8_t* ib) {
+        if (k == Kind::C) return X::init(reinterpret_cast<typename X::Plan**>(pp), order, flag, hint, mem, ib);
+        if (k == Kind::Cs) return P::init(reinterpret_cast<typename P::Plan**>(pp), order, flag, hint, mem, ib);
+        return R::init(reinterpret_cast<typename R::Plan**>(pp), order, flag, hint, mem, ib);
+    }
+    static VrxStatus fftBufSize(Kind k, void* plan, int* s) {
+        if (k == Kind::C) return X::bufSize(static_cast<const typename X::Plan*>(plan), s);
+        if (k == Kind::Cs) return P::bufSize(static_cast<const typename P::Plan*>(plan), s);
+        return R::bufSize(static_cast<const typename R::Plan*>(plan), s);
+    }
+    static VrxStatus fftRunC(Kind k, bool inv, const T* sRe, const T* sIm, T* dRe, T* dIm, const void* plan, Vrx8u* buf) {
+        if (k == Kind::C) {
+            const TC* s = reinterpret_cast<const TC*>(sRe);
+            TC* d = reinterpret_cast<TC*>(dRe);
+            const auto* pl = static_cast<const typename X::Plan*>(plan);
+            return inv ? X::inv(s, d, pl, buf) : X::fwd(s, d, pl, buf);
+        }
+        const auto* pl = static_cast<const typename P::Plan*>(plan);
+        return inv ? P::inv(sRe, sIm, dRe, dIm, pl, buf) : P::fwd(sRe, sIm, dRe, dIm, pl, buf);
+    }
+    static VrxStatus fftRunR(bool inv, fft::Form f, const T* s, T* d, const void* plan, Vrx8u* buf) {
+        const auto* pl = static_cast<const typename R::Plan*>(plan);
+        if (!inv) {
+            if (f == fft::Form::CCS) return R::fwdCCS(s, d, pl, buf);
+            if (f == fft::Form::Pack) return R::fwdPack(s, d, pl, buf);
+            return R::fwdPerm(s, d, pl, buf);
+        }
+        if (f == fft::Form::CCS) return R::invCCS(s, d, pl, buf);
+        if (f == fft::Form::Pack) return R::invPack(s, d, pl, buf);
+        return R::invPerm(s, d, pl, buf);
+    }
+    static VrxStatus zeroC(C* d, int n) { return X::zero(reinterpret_cast<TC*>(d), n); }
+    static VrxStatus mulCI(const C* s, C* d, int n) { return X::mulI(reinterpret_cast<const TC*>(s), reinterpret_cast<TC*>(d), n); }
+    static VrxStatus mulC(const C* a, const C* b, C* d, int n) {
+        return X::mul(reinterpret_cast<const TC*>(a), reinterpret_cast<const TC*>(b), reinterpret_cast<TC*>(d), n);
+    }
+    static VrxStatus mulScalarI(T v, T* d, int n) { return R::mulCI(v, d, n); }
 };
 
 }  // namespace n0::dft
