@@ -35,11 +35,20 @@ def suffix(dtype):
         raise TypeError("no element type of the library matches %s" % np.dtype(dtype)) from None
 
 
+_char_from_buffer = ctypes.c_char.from_buffer
+_addressof = ctypes.addressof
+
+
 def addr(a):
-    """Address of a contiguous array's first element (None for None)."""
+    """Address of a contiguous array's first element (None for None).
+    A writable array goes through ctypes' buffer view, several times faster
+    than the array interface, which serves read-only and empty arrays."""
     if a is None:
         return None
-    return a.__array_interface__["data"][0]
+    try:
+        return _addressof(_char_from_buffer(a))
+    except (TypeError, ValueError):
+        return a.__array_interface__["data"][0]
 
 
 def float_dtype(x, allow_complex=True):

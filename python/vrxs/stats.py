@@ -16,18 +16,31 @@ def _src(x):
     return x, suffix(x.dtype)
 
 
-def _reduce(op, x, out_dtype, extra=(), fast=False):
-    x, t = _src(x)
-    L = lib()
-    name = "vrxs%s_%s" % (op, t)
-    ex = L.exports.get(name)
-    if ex is None:
-        raise TypeError("%s has no form for %s" % (op, x.dtype))
-    out = np.zeros(1, out_dtype)
-    args = [addr(x), x.shape[0], addr(out)]
-    if "hint" in ex.argnames:
-        args.append(1 if fast else _HINT)
-    getattr(L, name)(*(args + list(extra)))
+_forms = {}
+
+
+def _form(op, dtype):
+    """(function, takes a hint) of a reduction for one element type, kept."""
+    key = (op, dtype)
+    f = _forms.get(key)
+    if f is None:
+        L = lib()
+        name = "vrxs%s_%s" % (op, suffix(dtype))
+        ex = L.exports.get(name)
+        if ex is None:
+            raise TypeError("%s has no form for %s" % (op, np.dtype(dtype)))
+        f = _forms[key] = (getattr(L, name), "hint" in ex.argnames)
+    return f
+
+
+def _reduce(op, x, out_dtype, fast=False):
+    x = np.ascontiguousarray(x).reshape(-1)
+    fn, hint = _form(op, x.dtype)
+    out = np.empty(1, out_dtype)
+    if hint:
+        fn(addr(x), x.shape[0], addr(out), 1 if fast else _HINT)
+    else:
+        fn(addr(x), x.shape[0], addr(out))
     return out[0]
 
 

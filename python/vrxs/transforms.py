@@ -93,36 +93,49 @@ def _fit(x, n):
     return np.concatenate([x, pad], axis=-1)
 
 
-def _cdtype(x):
-    dt = float_dtype(x)
-    return dt if dt in COMPLEX else CPLX_OF[dt]
+_C64, _C128 = np.dtype(np.complex64), np.dtype(np.complex128)
+_F32, _F64 = np.dtype(np.float32), np.dtype(np.float64)
+
+
+def _cdtype(dt):
+    if dt is _C64 or dt is _C128 or dt in COMPLEX:
+        return dt
+    return _C64 if dt == _F32 else _C128
+
+
+def _run(x, n, norm, kind, dt, inverse, npoints=None):
+    """The plan's transform of every row; one-dimensional data runs straight."""
+    if n is not None:
+        x = _fit(x, n)
+    npts = x.shape[-1] if npoints is None else npoints
+    p = _plans.get((npts, kind, REAL_OF[dt] if kind == "R" and inverse else dt, norm))
+    if p is None:
+        p = plan(npts, kind, REAL_OF[dt] if kind == "R" and inverse else dt, norm)
+    go = p.inv if inverse else p.fwd
+    if x.ndim == 1:
+        return go(np.ascontiguousarray(x, dt))
+    return along_rows(lambda r: go(np.ascontiguousarray(r, dt)), x)
 
 
 def fft(x, n=None, norm=None):
     """Discrete Fourier transform of the last axis, as numpy.fft.fft (single
     precision stays single)."""
-    dt = _cdtype(x)
-    x = _fit(np.asarray(x), n)
-    p = plan(x.shape[-1], "C", dt, norm)
-    return along_rows(lambda r: p.fwd(contig(r, dt)), x)
+    x = np.asarray(x)
+    return _run(x, n, norm, "C", _cdtype(x.dtype), False)
 
 
 def ifft(x, n=None, norm=None):
     """Inverse transform, as numpy.fft.ifft."""
-    dt = _cdtype(x)
-    x = _fit(np.asarray(x), n)
-    p = plan(x.shape[-1], "C", dt, norm)
-    return along_rows(lambda r: p.inv(contig(r, dt)), x)
+    x = np.asarray(x)
+    return _run(x, n, norm, "C", _cdtype(x.dtype), True)
 
 
 def rfft(x, n=None, norm=None):
     """Transform of real data, the n//2+1 non-negative frequencies."""
-    dt = float_dtype(x, allow_complex=False)
-    if np.iscomplexobj(x):
+    x = np.asarray(x)
+    if x.dtype.kind == "c":
         raise TypeError("rfft takes real data")
-    x = _fit(np.asarray(x), n)
-    p = plan(x.shape[-1], "R", dt, norm)
-    return along_rows(lambda r: p.fwd(contig(r, dt)), x)
+    return _run(x, n, norm, "R", _F32 if x.dtype == _F32 else _F64, False)
 
 
 def irfft(X, n=None, norm=None):
@@ -130,15 +143,11 @@ def irfft(X, n=None, norm=None):
     complex values; the imaginary parts of the zero and Nyquist terms are
     ignored."""
     X = np.asarray(X)
-    cdt = _cdtype(X)
-    rdt = REAL_OF[cdt]
-    m = X.shape[-1]
-    n = 2 * (m - 1) if n is None else n
+    cdt = _cdtype(X.dtype)
+    n = 2 * (X.shape[-1] - 1) if n is None else n
     if n < 1:
         raise ValueError("invalid number of points %d" % n)
-    X = _fit(X, n // 2 + 1)
-    p = plan(n, "R", rdt, norm)
-    return along_rows(lambda r: p.inv(contig(r, cdt)), X)
+    return _run(X, n // 2 + 1, norm, "R", cdt, True, npoints=n)
 
 
 # ---------------------------------------------------------------- DCT
