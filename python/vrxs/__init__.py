@@ -31,6 +31,16 @@ from .design import (MissingExport, ResamplerFixed, butter, cheby1, filtfilt, me
 
 __version__ = "9.0.2"
 
+__all__ = [
+    "STATUS", "VrxsError", "VrxsWarning", "status_meaning", "status_name", "addr", "lib",
+    "FourierPlan", "dct", "fft", "goertzel", "hilbert", "idct", "ifft", "irfft", "rfft",
+    "FirFilter", "IirFilter", "convolve", "correlate", "firwin", "lfilter", "sosfilt", "upfirdn",
+    "RandGauss", "RandUniform", "Tone", "Triangle", "get_window", "normal", "tone", "triangle",
+    "uniform", "add", "argmax", "argmin", "dot", "mean", "mul", "norm", "std", "sub", "sum",
+    "vmax", "vmin", "MissingExport", "ResamplerFixed", "butter", "cheby1", "filtfilt", "medfilt",
+    "resample_poly",
+]
+
 
 def __getattr__(name):
     if name == "lib":

@@ -73,27 +73,29 @@ def status_meaning(value):
     return entry[1] if entry else "a status this package does not know"
 
 
-class VrxsError(Exception):
+class _StatusText:
+    """The status value, its name and meaning, and the export that gave it."""
+
+    def _describe(self, status, function):
+        self.status = status
+        self.name = status_name(status)
+        self.meaning = status_meaning(status)
+        self.function = function
+        where = function + ": " if function else ""
+        return "%s%s (%d): %s" % (where, self.name, status, self.meaning)
+
+
+class VrxsError(_StatusText, Exception):
     """A negative status: the call failed and wrote nothing.
 
     Attributes: status (the value), name, meaning, function (the export)."""
 
     def __init__(self, status, function=""):
-        self.status = status
-        self.name = status_name(status)
-        self.meaning = status_meaning(status)
-        self.function = function
-        where = function + ": " if function else ""
-        super().__init__("%s%s (%d): %s" % (where, self.name, status, self.meaning))
+        super().__init__(self._describe(status, function))
 
 
-class VrxsWarning(UserWarning):
+class VrxsWarning(_StatusText, UserWarning):
     """A positive status: the call ran over the whole vector, with a remark."""
 
     def __init__(self, status, function=""):
-        self.status = status
-        self.name = status_name(status)
-        self.meaning = status_meaning(status)
-        self.function = function
-        where = function + ": " if function else ""
-        super().__init__("%s%s (%d): %s" % (where, self.name, status, self.meaning))
+        super().__init__(self._describe(status, function))

@@ -4,7 +4,7 @@ import ctypes
 
 import numpy as np
 
-from ._core import Mem, addr, contig, lib, ref, suffix
+from ._core import Mem, addr, lib, ref, suffix
 
 _WINDOWS = {"hann": "Hann", "hanning": "Hann", "hamming": "Hamming", "blackman": "BlackmanStd",
             "blackmanopt": "BlackmanOpt", "bartlett": "Bartlett", "kaiser": "Kaiser",

@@ -7,7 +7,7 @@ import ctypes
 
 import numpy as np
 
-from ._core import (COMPLEX, CPLX_OF, FLOATS, REAL_OF, Mem, addr, along_rows, contig,
+from ._core import (COMPLEX, CPLX_OF, REAL_OF, Mem, addr, along_rows, contig,
                     float_dtype, lib, ref, suffix)
 
 _FLAG = {None: 2, "backward": 2, "ortho": 4, "forward": 1}   # vrxFftScale{Inv,Sqrt,Fwd}
