@@ -181,3 +181,16 @@ def test_warning_with_name(what, call, status, name):
 def test_unknown_export_is_an_attribute_error():
     with pytest.raises(AttributeError):
         L.vrxsNoSuchFunction_32f
+
+
+def header_statuses():
+    with open(HEADER) as f:
+        text = f.read()
+    body = text[text.index("typedef int VrxStatus;"):]
+    body = body[:body.index("};")]
+    return {int(v): n for n, v in re.findall(r"\b(vrx(?:Ok|Warn\w+|Err\w+))\s*=\s*(-?\d+)", body)}
+
+
+def test_status_table_matches_the_header():
+    """Every status of the header's enum has its name here, and no other."""
+    assert {v: n for v, (n, _) in vrxs.STATUS.items()} == header_statuses()
