@@ -68,9 +68,7 @@ def test_medfilt_even_kernel_warns_and_runs_one_shorter(rng):
     with pytest.warns(vrxs.VrxsWarning) as rec:
         y = vrxs.medfilt(x, 4)
     assert rec[0].message.name == "vrxWarnEvenMedianMask"
-    # the mask ran as 3: the 3-point median, delayed as a causal filter of 4
-    causal = ss.medfilt(np.concatenate([x, [0.0]]), 3)
-    np.testing.assert_array_equal(y, causal[:200])
+    np.testing.assert_array_equal(y, ss.medfilt(x, 3))     # the mask ran as 3
 
 
 @IIRGEN

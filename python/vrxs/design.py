@@ -151,19 +151,23 @@ class ResamplerFixed:
 def resample_poly(x, up, down, half_len=10, beta=5.0):
     """Resampling by up/down, as scipy.signal.resample_poly(x, up, down) with
     its default window ('kaiser', 5.0) and half length 10 zero crossings per
-    side (float32 results)."""
+    side (float32 results). scipy centres its filter of half length
+    H = half_len * max(up, down) (in upsampled samples); the library's filter
+    is causal, so x runs behind P zeros, P*up + H a multiple of down, and the
+    first (P*up + H) / down outputs are dropped."""
     g = math.gcd(up, down)
     up, down = up // g, down // g
     x = np.asarray(x, dtype=np.float32)
     if up == down == 1:
         return x.copy()
-    n_out = -(-x.shape[0] * up // down)
+    n = x.shape[0]
+    n_out = -(-n * up // down)
     hl = half_len * max(up, down)
-    pre = down - hl % down
-    skip = (hl + pre) // down
-    total = skip + n_out
-    n_in = -(-total * down // up) + 1
-    src = np.zeros(max(n_in, pre + x.shape[0]), np.float32)
-    src[pre:pre + x.shape[0]] = x
+    pre = (-hl * pow(up, -1, down)) % down if down > 1 else 0
+    skip = (pre * up + hl) // down
+    # output m is out once input floor(m*down/up) is in
+    n_in = max(pre + n, (skip + n_out - 1) * down // up + 1)
+    src = np.zeros(n_in, np.float32)
+    src[pre:pre + n] = x
     y = ResamplerFixed(up, down, half_len, 1.0, beta)(src)
     return y[skip:skip + n_out]
