@@ -2503,8 +2503,8 @@ VRXAPI(VrxStatus, vrxsDCTInv_64f, (const Vrx64f* pSrc, Vrx64f* pDst, const VrxsD
 VRXAPI(VrxStatus, vrxsDCTInv_64f_I, (Vrx64f* pSrcDst, const VrxsDctPlan_Inv_64f* plan, Vrx8u* pBuf))
 
 /* Goertzel: the spectral value at rFreq (a fraction of the sample rate, 0 <= rFreq < 1, else
- * -27) as exp(i theta (len-1)) sum x[n] exp(-i theta n), theta = 2 pi rFreq: the phase refers
- * to the last sample. *pVal is written only on success. */
+ * -27) as exp(i theta len) sum x[n] exp(-i theta n), theta = 2 pi rFreq: e^{i theta} w1 - w2,
+ * the phase one step past the last sample. *pVal is written only on success. */
 
 /* real 32-bit input; c and s rounded to float, four samples a step */
 VRXAPI(VrxStatus, vrxsGoertz_32f, (const Vrx32f* pSrc, int len, Vrx32fc* pVal, Vrx32f rFreq))
