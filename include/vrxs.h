@@ -2662,6 +2662,79 @@ VRXAPI(VrxStatus, vrxsWTHaarInv_16s_Sfs, (const Vrx16s* pSrcLow, const Vrx16s* p
 
 /* ----------------------------------------- IIR design and zero-phase IIR */
 
+/*
+ * IIR design: Butterworth (vrxIirGenButterworth) or Chebyshev type I
+ * (vrxIirGenChebyshev1) filters by the bilinear transform with prewarped
+ * edges, as a transfer function in the AR tap layout b[0..N], a[0..N] with
+ * a[0] = 1 (2N+2 values), ready for vrxsIIRInit_64f. Frequencies are
+ * fractions of the sampling rate, strictly between 0 and 0.5; rRipple is the
+ * Chebyshev pass-band ripple in dB, in (0, 30], ignored by Butterworth.
+ * The design runs in long double with the x87 unit at 64-bit precision and
+ * its exceptions masked; the caller's x87 control word and MXCSR control
+ * bits are as they were on return.
+ * Checks, in this order: pTaps null -8; order outside 1..12 -206; a
+ * frequency outside (0, 0.5), or rLowFreq >= rHighFreq, -208; type not of
+ * the enumeration -5; Chebyshev ripple outside (0, 30] -209. -182 and -195
+ * are never returned (there is no linear solve). Nothing is written on failure.
+ */
+typedef enum { vrxIirGenButterworth = 0, vrxIirGenChebyshev1 = 1 } VrxIirGenType;
+/* low-pass of order N, cut-off rFreq: writes 2N+2 values */
+VRXAPI(VrxStatus, vrxsIIRGenLowpass_64f, (Vrx64f rFreq, Vrx64f rRipple, int order, Vrx64f* pTaps, VrxIirGenType type))
+/* high-pass of order N, cut-off rFreq: writes 2N+2 values */
+VRXAPI(VrxStatus, vrxsIIRGenHighpass_64f, (Vrx64f rFreq, Vrx64f rRipple, int order, Vrx64f* pTaps, VrxIirGenType type))
+/* band-pass from the order-N prototype, pass band rLowFreq..rHighFreq: design
+ * order 2N, writes 4N+2 values */
+VRXAPI(VrxStatus, vrxsIIRGenBandpass_64f, (Vrx64f rLowFreq, Vrx64f rHighFreq, Vrx64f rRipple, int order, Vrx64f* pTaps, VrxIirGenType type))
+/* band-stop from the order-N prototype, stop band rLowFreq..rHighFreq: design
+ * order 2N, writes 4N+2 values */
+VRXAPI(VrxStatus, vrxsIIRGenBandstop_64f, (Vrx64f rLowFreq, Vrx64f rHighFreq, Vrx64f rRipple, int order, Vrx64f* pTaps, VrxIirGenType type))
+
+/*
+ * Zero-phase IIR filtering: the AR filter of order N (taps b[0..N] then
+ * a[0..N], 2N+2 values in the arithmetic type, a[0] != 0) run forward, then
+ * backward over the result, on the signal extended at both ends by
+ * E = min(3N, len-1) samples of odd reflection (2x[0] - x[E-i] before,
+ * 2x[len-1] - x[len-2-i] after); each pass starts from the steady-state
+ * line of a unit step scaled by the pass's first sample; the E samples of
+ * each end are dropped. Three kinds: _32f (float samples and arithmetic,
+ * word ID01), 64f_32f (float samples, double taps and arithmetic, ID02),
+ * _64f (double, ID03). The state holds the taps, the steady-state line,
+ * both extensions and two blocks of 1024 work elements; nothing is taken
+ * from the heap, and the forward pass's output lives in the destination
+ * (in 64f_32f: rounded to float between the passes). A state is written by
+ * every run: one thread at a time.
+ * GetStateSize: pSize null -8, order < 1 -25.
+ * Init: ppState, pTaps or pBuf null -8, order < 1 -25, a[0] = 0 -10 (nothing
+ * written). The state starts at the first 64-byte boundary of pBuf.
+ * Run: pointers -8, len < 1 -6, a state of another kind -17, then
+ * len < 3N -234.
+ */
+/* bytes of the ID01 state (float) for order N */
+VRXAPI(VrxStatus, vrxsIIRIIRGetStateSize_32f, (int order, int* pSize))
+/* bytes of the ID02 state (double arithmetic, float samples) for order N */
+VRXAPI(VrxStatus, vrxsIIRIIRGetStateSize64f_32f, (int order, int* pSize))
+/* bytes of the ID03 state (double) for order N */
+VRXAPI(VrxStatus, vrxsIIRIIRGetStateSize_64f, (int order, int* pSize))
+/* Init of the ID01 state from float taps (b[0..N], a[0..N]) */
+VRXAPI(VrxStatus, vrxsIIRIIRInit_32f, (VrxsIirIirState_32f** ppState, const Vrx32f* pTaps, int order, Vrx8u* pBuf))
+/* Init of the ID02 state from double taps (b[0..N], a[0..N]) */
+VRXAPI(VrxStatus, vrxsIIRIIRInit64f_32f, (VrxsIirIirState64f_32f** ppState, const Vrx64f* pTaps, int order, Vrx8u* pBuf))
+/* Init of the ID03 state from double taps (b[0..N], a[0..N]) */
+VRXAPI(VrxStatus, vrxsIIRIIRInit_64f, (VrxsIirIirState_64f** ppState, const Vrx64f* pTaps, int order, Vrx8u* pBuf))
+/* zero-phase filtering of pSrc into pDst (float); len >= 3N, else -234 */
+VRXAPI(VrxStatus, vrxsIIRIIR_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, VrxsIirIirState_32f* pState))
+/* zero-phase filtering of pSrc into pDst, float samples, double arithmetic; len >= 3N, else -234 */
+VRXAPI(VrxStatus, vrxsIIRIIR64f_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, VrxsIirIirState64f_32f* pState))
+/* zero-phase filtering of pSrc into pDst (double); len >= 3N, else -234 */
+VRXAPI(VrxStatus, vrxsIIRIIR_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, VrxsIirIirState_64f* pState))
+/* in-place zero-phase filtering (float); len >= 3N, else -234 */
+VRXAPI(VrxStatus, vrxsIIRIIR_32f_I, (Vrx32f* pSrcDst, int len, VrxsIirIirState_32f* pState))
+/* in-place zero-phase filtering, float samples, double arithmetic; len >= 3N, else -234 */
+VRXAPI(VrxStatus, vrxsIIRIIR64f_32f_I, (Vrx32f* pSrcDst, int len, VrxsIirIirState64f_32f* pState))
+/* in-place zero-phase filtering (double); len >= 3N, else -234 */
+VRXAPI(VrxStatus, vrxsIIRIIR_64f_I, (Vrx64f* pSrcDst, int len, VrxsIirIirState_64f* pState))
+
+
 /* ---------------------------------- end of IIR design and zero-phase IIR */
 
 /* ---------------------------------------------------- adaptive FIR (LMS) */
