@@ -228,13 +228,15 @@ std::vector<float> runWhole(const Api& k, const Filt& f, const std::vector<float
 
 // Shapes: (n1, o1, n2, minFb, o2). Positions at 0, order 0, orders beyond a
 // block (2048 real / 1024 complex samples), feedback from position 1 (one by
-// one) and from 16 and above (vector groups), dense stretches.
+// one), from 2..15 (partial groups) and from 16 up (whole registers), dense
+// stretches.
 struct Shape {
     int n1, o1, n2, minFb, o2;
 };
 const Shape kShapes[] = {
     {1, 0, 1, 1, 1},       {1, 7, 1, 16, 16},     {3, 2, 2, 1, 2},        {5, 40, 3, 8, 33},
     {32, 4096, 4, 16, 4000}, {32, 31, 6, 17, 300}, {7, 2500, 2, 1500, 2600}, {12, 300, 5, 1, 5},
+    {4, 50, 3, 3, 90},     {2, 9, 4, 2, 7},
 };
 
 TEST(Sparse, ValuesMatchLongDoubleAndStepOrder) {

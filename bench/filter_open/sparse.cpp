@@ -3,7 +3,8 @@
 // history joined before the input, one sum per output, -O3 -march=native)
 // and, for the FIR, liquid-dsp firfilt_rrrf / firfilt_cccf on the dense
 // equivalent (4097 taps, mostly zero). The IIR cases add 4 feedback taps
-// from position 64 (vector groups) or from position 1 (one output at a time).
+// from position 64 (whole registers), 4 (groups of 4 outputs) or 1 (one
+// output at a time).
 #include <benchmark/benchmark.h>
 #include <string.h>
 
@@ -189,7 +190,7 @@ BENCHMARK(BM_FIRSparse_32f)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_Loop_FIRSparse_32f)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_FIRSparse_32fc)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_Loop_FIRSparse_32fc)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_IIRSparse_32f)->Arg(64)->Arg(1)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_Loop_IIRSparse_32f)->Arg(64)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_IIRSparse_32f)->Arg(64)->Arg(4)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Loop_IIRSparse_32f)->Arg(64)->Arg(4)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

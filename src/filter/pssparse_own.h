@@ -14,9 +14,10 @@
 // All in single precision with one rounding per fused step. Complex taps add
 // re*x first and then the cross term, as the dense FIR kernels do:
 //   re' = fma(-im, x.im, fma(re, x.re, acc.re)), im' = fma(im, x.re, fma(re, x.im, acc.im)).
-// Feedback outputs go in vector groups when the smallest feedback position
-// is at least the group's length (no output of a group then reads another
-// output of the same group), otherwise one by one; the steps are the same.
+// Feedback outputs go in vector groups of min(smallest feedback position,
+// samples per register): no output of a group reads another output of the
+// same group. A smallest position of 1 runs one output at a time; the steps
+// are the same either way.
 #pragma once
 
 #include "vrx_filter.h"
@@ -236,16 +237,17 @@ inline void feedback(const E* a, const int32_t* q, int nt, int minPos, E* y, int
     using W = simd::V<float>;
     constexpr int C = Elem<E>::kCplx ? W::N / 2 : W::N;  // samples per register
     constexpr int k = Elem<E>::kCplx ? 2 : 1;              // floats per sample
-    if (minPos < C) {
+    const int grp = minPos < C ? minPos : C;               // outputs per group
+    if (grp == 1) {
         for (int i = 0; i < n; ++i) fbOne(a, q, nt, y + i);
         return;
     }
     float* yf = reinterpret_cast<float*>(y);
-    for (int i = 0; i < n; i += C) {
-        const auto m = simd::tail<float>(size_t(k * (n - i < C ? n - i : C)));
+    for (int i = 0; i < n; i += grp) {
+        const auto m = simd::tail<float>(size_t(k * (n - i < grp ? n - i : grp)));
         W::R acc = W::loadm(m, yf + k * i);
         for (int j = 0; j < nt; ++j) {
-            const W::R v = W::load(yf + k * (i - q[j]));
+            const W::R v = W::loadm(m, yf + k * (i - q[j]));
             if constexpr (Elem<E>::kCplx) {
                 acc = W::fnma(W::set1(a[j].re), v, acc);
                 acc = W::fma(W::set2(a[j].im, -a[j].im), W::swapPair(v), acc);
