@@ -2658,6 +2658,71 @@ VRXAPI(VrxStatus, vrxsWTHaarInv_16s_Sfs, (const Vrx16s* pSrcLow, const Vrx16s* p
 
 /* -------------------------------------------- sparse FIR and IIR filters */
 
+/* Sparse FIR: y[n] = sum over k of taps[k] * x[n - pos[k]], only the nonzero
+   taps stored. Positions (Vrx32s) start at 0 or above and rise strictly;
+   order = the last position = the delay-line length (the last order inputs,
+   oldest first; a null line means zeros). Each output is an FMA chain over
+   the taps in position order from +0, in single precision, so a signal gives
+   the same bits however it is cut into calls. The state aligns itself inside
+   pBuf; a run writes it, so it belongs to one thread at a time.
+   Statuses: nzTapsLen below 1 -26 (vrxErrFirLen); a negative or not strictly
+   rising position, or order < nzTapsLen - 1, -194 (vrxErrSparseTaps); a state
+   beyond the int range -9. Init writes nothing, *ppState included, on failure.
+   Run: pSrc, pDst, pState -8, len -6, then the state's word -17; pSrc == pDst
+   (in place) is allowed, other overlaps are not. */
+/* state size in bytes for nzTapsLen real taps up to position order */
+VRXAPI(VrxStatus, vrxsFIRSparseGetStateSize_32f, (int nzTapsLen, int order, int* pSize))
+/* state size in bytes for nzTapsLen complex taps up to position order */
+VRXAPI(VrxStatus, vrxsFIRSparseGetStateSize_32fc, (int nzTapsLen, int order, int* pSize))
+/* builds the state in pBuf from the taps, their positions and the line (null: zeros) */
+VRXAPI(VrxStatus, vrxsFIRSparseInit_32f, (VrxsFirSparseState_32f** ppState, const Vrx32f* pNZTaps, const Vrx32s* pNZTapPos, int nzTapsLen, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* complex form of FIRSparseInit_32f */
+VRXAPI(VrxStatus, vrxsFIRSparseInit_32fc, (VrxsFirSparseState_32fc** ppState, const Vrx32fc* pNZTaps, const Vrx32s* pNZTapPos, int nzTapsLen, const Vrx32fc* pDlyLine, Vrx8u* pBuf))
+/* filters len samples of pSrc into pDst, history from the state */
+VRXAPI(VrxStatus, vrxsFIRSparse_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, VrxsFirSparseState_32f* pState))
+/* complex form of FIRSparse_32f */
+VRXAPI(VrxStatus, vrxsFIRSparse_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len, VrxsFirSparseState_32fc* pState))
+/* copies the line (order samples, oldest first) out; pState, pDlyLine -8, then -17 */
+VRXAPI(VrxStatus, vrxsFIRSparseGetDlyLine_32f, (const VrxsFirSparseState_32f* pState, Vrx32f* pDlyLine))
+/* complex form of FIRSparseGetDlyLine_32f */
+VRXAPI(VrxStatus, vrxsFIRSparseGetDlyLine_32fc, (const VrxsFirSparseState_32fc* pState, Vrx32fc* pDlyLine))
+/* sets the line (order samples, oldest first; null: zeros); pState -8, then -17 */
+VRXAPI(VrxStatus, vrxsFIRSparseSetDlyLine_32f, (VrxsFirSparseState_32f* pState, const Vrx32f* pDlyLine))
+/* complex form of FIRSparseSetDlyLine_32f */
+VRXAPI(VrxStatus, vrxsFIRSparseSetDlyLine_32fc, (VrxsFirSparseState_32fc* pState, const Vrx32fc* pDlyLine))
+
+/* Sparse IIR: y[n] = sum b[k] * x[n - p[k]] - sum a[j] * y[n - q[j]].
+   pNZTaps and pNZTapPos hold the feed-forward set (nzTapsLen1 entries,
+   positions from 0), then the feedback set (nzTapsLen2 entries, positions
+   from 1), each strictly rising. order1 = last feed-forward position, order2
+   = last feedback position; the line is order1 inputs then order2 outputs,
+   each oldest first (null: zeros). Per output: the feed-forward FMA chain
+   from +0, then one fused a[j] * y subtraction per feedback tap, in position
+   order, single precision. Statuses: a count below 1, a feedback position
+   below 1, positions not strictly rising in either set, order1 <
+   nzTapsLen1 - 1 or order2 < nzTapsLen2 (size query) -194; a state beyond
+   the int range -9. Run checks and in-place use as FIRSparse. */
+/* state size in bytes for the two tap counts and orders */
+VRXAPI(VrxStatus, vrxsIIRSparseGetStateSize_32f, (int nzTapsLen1, int nzTapsLen2, int order1, int order2, int* pSize))
+/* complex form of IIRSparseGetStateSize_32f */
+VRXAPI(VrxStatus, vrxsIIRSparseGetStateSize_32fc, (int nzTapsLen1, int nzTapsLen2, int order1, int order2, int* pSize))
+/* builds the state in pBuf: taps and positions feed-forward then feedback, line (null: zeros) */
+VRXAPI(VrxStatus, vrxsIIRSparseInit_32f, (VrxsIirSparseState_32f** ppState, const Vrx32f* pNZTaps, const Vrx32s* pNZTapPos, int nzTapsLen1, int nzTapsLen2, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* complex form of IIRSparseInit_32f */
+VRXAPI(VrxStatus, vrxsIIRSparseInit_32fc, (VrxsIirSparseState_32fc** ppState, const Vrx32fc* pNZTaps, const Vrx32s* pNZTapPos, int nzTapsLen1, int nzTapsLen2, const Vrx32fc* pDlyLine, Vrx8u* pBuf))
+/* filters len samples of pSrc into pDst, history from the state */
+VRXAPI(VrxStatus, vrxsIIRSparse_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, VrxsIirSparseState_32f* pState))
+/* complex form of IIRSparse_32f */
+VRXAPI(VrxStatus, vrxsIIRSparse_32fc, (const Vrx32fc* pSrc, Vrx32fc* pDst, int len, VrxsIirSparseState_32fc* pState))
+/* copies the line (order1 inputs, then order2 outputs) out; pState, pDlyLine -8, then -17 */
+VRXAPI(VrxStatus, vrxsIIRSparseGetDlyLine_32f, (const VrxsIirSparseState_32f* pState, Vrx32f* pDlyLine))
+/* complex form of IIRSparseGetDlyLine_32f */
+VRXAPI(VrxStatus, vrxsIIRSparseGetDlyLine_32fc, (const VrxsIirSparseState_32fc* pState, Vrx32fc* pDlyLine))
+/* sets the line (order1 inputs, then order2 outputs; null: zeros); pState -8, then -17 */
+VRXAPI(VrxStatus, vrxsIIRSparseSetDlyLine_32f, (VrxsIirSparseState_32f* pState, const Vrx32f* pDlyLine))
+/* complex form of IIRSparseSetDlyLine_32f */
+VRXAPI(VrxStatus, vrxsIIRSparseSetDlyLine_32fc, (VrxsIirSparseState_32fc* pState, const Vrx32fc* pDlyLine))
+
 /* ------------------------------------------------- end of sparse filters */
 
 /* ----------------------------------------- IIR design and zero-phase IIR */

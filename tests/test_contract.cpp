@@ -140,6 +140,10 @@ const Exception kExceptions[] = {
     {"vrxsWT*SetDlyLine_*", Deviation::OptionalPtr, "pDlyLow", "a null line stands for zeros"},
     {"vrxsWT*SetDlyLine_*", Deviation::OptionalPtr, "pDlyHigh", "a null line stands for zeros"},
     // sparse filters
+    {"vrxsFIRSparseGetStateSize_*", Deviation::LengthStatus, "-26", "a tap count below one is vrxErrFirLen"},
+    {"vrxsFIRSparseInit_*", Deviation::LengthStatus, "-26", "a tap count below one is vrxErrFirLen"},
+    {"vrxs[FI]IRSparseInit_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Init stands for zeros"},
+    {"vrxs[FI]IRSparseSetDlyLine_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // IIR design and zero-phase IIR
     // adaptive FIR
     // median filter

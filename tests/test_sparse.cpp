@@ -1,0 +1,520 @@
+// Sparse FIR and IIR filters: values against a long-double model of the
+// filter and against the documented order of fused steps, pieces against one
+// call, in place against out of place, the delay line both ways, the size
+// query at every start of the caller's block, and every status in its order.
+#include <cmath>
+#include <complex>
+#include <functional>
+
+#include "vrx_test.h"
+
+namespace {
+
+// ------------------------------------------------------------------ kinds
+// One table over FIR/IIR x 32f/32fc. Samples and taps are floats, two per
+// element for complex kinds; positions are the feed-forward set, then the
+// feedback set (IIR).
+struct Api {
+    const char* name;
+    bool cplx, iir;
+    std::function<VrxStatus(int, int, int, int, int*)> size;
+    std::function<VrxStatus(void**, const float*, const int*, int, int, const float*, uint8_t*)> init;
+    std::function<VrxStatus(const float*, float*, int, void*)> run;
+    std::function<VrxStatus(const void*, float*)> get;
+    std::function<VrxStatus(void*, const float*)> set;
+    int k() const { return cplx ? 2 : 1; }
+};
+
+template <class S, class E>
+const E* cp(const float* p) { return reinterpret_cast<const E*>(p); }
+
+const std::vector<Api>& kinds() {
+    static const std::vector<Api> v = {
+        {"FIR_32f", false, false,
+         [](int n1, int, int o1, int, int* s) { return vrxsFIRSparseGetStateSize_32f(n1, o1, s); },
+         [](void** pp, const float* t, const int* p, int n1, int, const float* l, uint8_t* b) {
+             return vrxsFIRSparseInit_32f(reinterpret_cast<VrxsFirSparseState_32f**>(pp), t, p, n1, l, b);
+         },
+         [](const float* s, float* d, int n, void* st) {
+             return vrxsFIRSparse_32f(s, d, n, static_cast<VrxsFirSparseState_32f*>(st));
+         },
+         [](const void* st, float* l) {
+             return vrxsFIRSparseGetDlyLine_32f(static_cast<const VrxsFirSparseState_32f*>(st), l);
+         },
+         [](void* st, const float* l) { return vrxsFIRSparseSetDlyLine_32f(static_cast<VrxsFirSparseState_32f*>(st), l); }},
+        {"FIR_32fc", true, false,
+         [](int n1, int, int o1, int, int* s) { return vrxsFIRSparseGetStateSize_32fc(n1, o1, s); },
+         [](void** pp, const float* t, const int* p, int n1, int, const float* l, uint8_t* b) {
+             return vrxsFIRSparseInit_32fc(reinterpret_cast<VrxsFirSparseState_32fc**>(pp), cp<float, Vrx32fc>(t), p,
+                                           n1, cp<float, Vrx32fc>(l), b);
+         },
+         [](const float* s, float* d, int n, void* st) {
+             return vrxsFIRSparse_32fc(cp<float, Vrx32fc>(s), reinterpret_cast<Vrx32fc*>(d), n,
+                                       static_cast<VrxsFirSparseState_32fc*>(st));
+         },
+         [](const void* st, float* l) {
+             return vrxsFIRSparseGetDlyLine_32fc(static_cast<const VrxsFirSparseState_32fc*>(st),
+                                                 reinterpret_cast<Vrx32fc*>(l));
+         },
+         [](void* st, const float* l) {
+             return vrxsFIRSparseSetDlyLine_32fc(static_cast<VrxsFirSparseState_32fc*>(st), cp<float, Vrx32fc>(l));
+         }},
+        {"IIR_32f", false, true, vrxsIIRSparseGetStateSize_32f,
+         [](void** pp, const float* t, const int* p, int n1, int n2, const float* l, uint8_t* b) {
+             return vrxsIIRSparseInit_32f(reinterpret_cast<VrxsIirSparseState_32f**>(pp), t, p, n1, n2, l, b);
+         },
+         [](const float* s, float* d, int n, void* st) {
+             return vrxsIIRSparse_32f(s, d, n, static_cast<VrxsIirSparseState_32f*>(st));
+         },
+         [](const void* st, float* l) {
+             return vrxsIIRSparseGetDlyLine_32f(static_cast<const VrxsIirSparseState_32f*>(st), l);
+         },
+         [](void* st, const float* l) { return vrxsIIRSparseSetDlyLine_32f(static_cast<VrxsIirSparseState_32f*>(st), l); }},
+        {"IIR_32fc", true, true, vrxsIIRSparseGetStateSize_32fc,
+         [](void** pp, const float* t, const int* p, int n1, int n2, const float* l, uint8_t* b) {
+             return vrxsIIRSparseInit_32fc(reinterpret_cast<VrxsIirSparseState_32fc**>(pp), cp<float, Vrx32fc>(t), p,
+                                           n1, n2, cp<float, Vrx32fc>(l), b);
+         },
+         [](const float* s, float* d, int n, void* st) {
+             return vrxsIIRSparse_32fc(cp<float, Vrx32fc>(s), reinterpret_cast<Vrx32fc*>(d), n,
+                                       static_cast<VrxsIirSparseState_32fc*>(st));
+         },
+         [](const void* st, float* l) {
+             return vrxsIIRSparseGetDlyLine_32fc(static_cast<const VrxsIirSparseState_32fc*>(st),
+                                                 reinterpret_cast<Vrx32fc*>(l));
+         },
+         [](void* st, const float* l) {
+             return vrxsIIRSparseSetDlyLine_32fc(static_cast<VrxsIirSparseState_32fc*>(st), cp<float, Vrx32fc>(l));
+         }},
+    };
+    return v;
+}
+
+// ----------------------------------------------------------------- filters
+struct Filt {
+    std::vector<float> taps;  // scalars: k per tap
+    std::vector<int> pos;
+    int n1, n2;
+    int o1() const { return pos[n1 - 1]; }
+    int o2() const { return n2 ? pos[n1 + n2 - 1] : 0; }
+    int lineLen() const { return o1() + o2(); }
+};
+
+// n1 feed-forward taps over 0..o1 (first at 0 when zeroFirst), n2 feedback
+// taps from minFb to o2 whose magnitudes add up to 0.6 (stable).
+Filt makeFilt(vt::Rng& g, const Api& k, int n1, int o1, int n2, int minFb, int o2, bool zeroFirst = true) {
+    Filt f{{}, {}, n1, k.iir ? n2 : 0};
+    auto spread = [&](int n, int lo, int hi) {
+        std::vector<int> p;
+        for (int i = 0; i < n; ++i) p.push_back(n == 1 ? hi : lo + int((int64_t(hi - lo) * i) / (n - 1)));
+        for (int i = 1; i + 1 < n; ++i) {  // jiggle inner positions, keeping them rising
+            int room = p[i + 1] - p[i - 1] - 2;
+            if (room > 0) p[i] = p[i - 1] + 1 + int(g.range(0, room));
+        }
+        return p;
+    };
+    f.pos = spread(n1, zeroFirst ? 0 : int(g.range(0, o1 - (n1 - 1))), o1);
+    for (int i = 0; i < n1 * k.k(); ++i) f.taps.push_back(float(g.uniform() * 2 - 1));
+    if (f.n2) {
+        std::vector<int> q = spread(n2, minFb, o2);
+        f.pos.insert(f.pos.end(), q.begin(), q.end());
+        for (int i = 0; i < n2 * k.k(); ++i) f.taps.push_back(float((g.uniform() * 2 - 1) * 0.6 / (n2 * k.k())));
+    }
+    return f;
+}
+
+std::vector<float> randomSignal(vt::Rng& g, size_t scalars) {
+    std::vector<float> v(scalars);
+    for (float& x : v) x = float(g.uniform() * 2 - 1);
+    return v;
+}
+
+// A state in its own block (size from the query), at an offset into it.
+struct Box {
+    std::vector<uint8_t> mem;
+    void* st = nullptr;
+    Box(const Api& k, const Filt& f, const float* line = nullptr, size_t off = 0) {
+        int sz = 0;
+        EXPECT_EQ(k.size(f.n1, f.n2, f.o1(), f.o2(), &sz), vrxOk);
+        mem.assign(size_t(sz) + off, 0);
+        EXPECT_EQ(k.init(&st, f.taps.data(), f.pos.data(), f.n1, f.n2, line, mem.data() + off), vrxOk);
+    }
+};
+
+// --------------------------------------------------------------- models
+using LC = std::complex<long double>;
+LC at(const std::vector<float>& v, bool c, long i) { return c ? LC(v[2 * i], v[2 * i + 1]) : LC(v[i], 0); }
+
+// Long double: the line (inputs then outputs, oldest first) before x.
+// bound receives, per output, what single precision may miss: one rounding
+// of the running sum per fused step (two for complex taps), plus the errors
+// of earlier outputs carried through the feedback taps.
+std::vector<LC> modelLong(const Api& k, const Filt& f, const std::vector<float>& line, const std::vector<float>& x,
+                          std::vector<long double>* bound) {
+    const long n = long(x.size()) / k.k(), o1 = f.o1(), o2 = f.o2();
+    const long double u = 0x1p-24L * (k.cplx ? 2 : 1) * (f.n1 + 2 * f.n2 + 1);
+    std::vector<LC> xs(o1 + n), ys(o2 + n);
+    std::vector<long double> bd(o2 + n, 0);
+    for (long i = 0; i < o1; ++i) xs[i] = line.empty() ? 0 : at(line, k.cplx, i);
+    for (long i = 0; i < o2; ++i) ys[i] = line.empty() ? 0 : at(line, k.cplx, o1 + i);
+    for (long i = 0; i < n; ++i) xs[o1 + i] = at(x, k.cplx, i);
+    for (long i = 0; i < n; ++i) {
+        LC acc = 0;
+        long double s = 0, carried = 0;
+        for (int t = 0; t < f.n1; ++t) {
+            LC term = at(f.taps, k.cplx, t) * xs[o1 + i - f.pos[t]];
+            acc += term;
+            s += std::abs(term);
+        }
+        for (int t = f.n1; t < f.n1 + f.n2; ++t) {
+            LC a = at(f.taps, k.cplx, t);
+            LC term = a * ys[o2 + i - f.pos[t]];
+            acc -= term;
+            s += std::abs(term);
+            carried += std::abs(a) * bd[o2 + i - f.pos[t]];
+        }
+        ys[o2 + i] = acc;
+        bd[o2 + i] = u * (s + carried) + carried + 1e-37L;
+    }
+    bound->assign(bd.begin() + o2, bd.end());
+    return std::vector<LC>(ys.begin() + o2, ys.end());
+}
+
+// Float, in the documented order of fused steps: the feed-forward chain from
+// +0 (complex: re*x first, then the cross term), then one fused subtraction
+// per feedback tap. The library must give these bits.
+std::vector<float> modelSteps(const Api& k, const Filt& f, const std::vector<float>& line, const std::vector<float>& x) {
+    const long c = k.k(), n = long(x.size()) / c, o1 = f.o1(), o2 = f.o2();
+    std::vector<float> xs(c * (o1 + n), 0.f), ys(c * (o2 + n), 0.f);
+    if (!line.empty()) {
+        std::copy(line.begin(), line.begin() + c * o1, xs.begin());
+        std::copy(line.begin() + c * o1, line.end(), ys.begin());
+    }
+    std::copy(x.begin(), x.end(), xs.begin() + c * o1);
+    for (long i = 0; i < n; ++i) {
+        float re = 0.f, im = 0.f;
+        for (int t = 0; t < f.n1; ++t) {
+            const float* v = &xs[c * (o1 + i - f.pos[t])];
+            if (!k.cplx) {
+                re = std::fmaf(f.taps[t], v[0], re);
+            } else {
+                const float tr = f.taps[2 * t], ti = f.taps[2 * t + 1];
+                re = std::fmaf(-ti, v[1], std::fmaf(tr, v[0], re));
+                im = std::fmaf(ti, v[0], std::fmaf(tr, v[1], im));
+            }
+        }
+        for (int t = f.n1; t < f.n1 + f.n2; ++t) {
+            const float* v = &ys[c * (o2 + i - f.pos[t])];
+            if (!k.cplx) {
+                re = std::fmaf(-f.taps[t], v[0], re);
+            } else {
+                const float ar = f.taps[2 * t], ai = f.taps[2 * t + 1];
+                re = std::fmaf(ai, v[1], std::fmaf(-ar, v[0], re));
+                im = std::fmaf(-ai, v[0], std::fmaf(-ar, v[1], im));
+            }
+        }
+        ys[c * (o2 + i)] = re;
+        if (k.cplx) ys[c * (o2 + i) + 1] = im;
+    }
+    return std::vector<float>(ys.begin() + c * o2, ys.end());
+}
+
+std::vector<float> runWhole(const Api& k, const Filt& f, const std::vector<float>& x, const float* line = nullptr) {
+    Box b(k, f, line);
+    std::vector<float> y(x.size(), -7.f);
+    EXPECT_EQ(k.run(x.data(), y.data(), int(x.size() / k.k()), b.st), vrxOk);
+    return y;
+}
+
+// Shapes: (n1, o1, n2, minFb, o2). Positions at 0, order 0, orders beyond a
+// block (2048 real / 1024 complex samples), feedback from position 1 (one by
+// one), from 2..15 (partial groups) and from 16 up (whole registers), dense
+// stretches.
+struct Shape {
+    int n1, o1, n2, minFb, o2;
+};
+const Shape kShapes[] = {
+    {1, 0, 1, 1, 1},       {1, 7, 1, 16, 16},     {3, 2, 2, 1, 2},        {5, 40, 3, 8, 33},
+    {32, 4096, 4, 16, 4000}, {32, 31, 6, 17, 300}, {7, 2500, 2, 1500, 2600}, {12, 300, 5, 1, 5},
+    {4, 50, 3, 3, 90},     {2, 9, 4, 2, 7},
+};
+
+TEST(Sparse, ValuesMatchLongDoubleAndStepOrder) {
+    vt::Rng g(1);
+    vt::MxcsrScope mx;
+    for (const Api& k : kinds()) {
+        for (const Shape& s : kShapes) {
+            for (int len : {1, 15, 16, 17, 129, 5000}) {
+                Filt f = makeFilt(g, k, s.n1, s.o1, s.n2, s.minFb, s.o2, len != 15);
+                std::vector<float> line = len % 2 ? randomSignal(g, size_t(k.k()) * f.lineLen()) : std::vector<float>();
+                std::vector<float> x = randomSignal(g, size_t(k.k()) * len);
+                const unsigned csr = _mm_getcsr();
+                std::vector<float> y = runWhole(k, f, x, line.empty() ? nullptr : line.data());
+                EXPECT_EQ(_mm_getcsr(), csr);
+                std::vector<long double> bound;
+                std::vector<LC> ref = modelLong(k, f, line, x, &bound);
+                std::vector<float> steps = modelSteps(k, f, line, x);
+                int bad = 0;
+                for (int i = 0; i < len && bad < 5; ++i) {
+                    LC got = at(y, k.cplx, i);
+                    if (std::abs(got - ref[i]) > bound[i]) {
+                        ++bad;
+                        ADD_FAILURE() << k.name << " shape " << s.n1 << "/" << s.o1 << "/" << s.n2 << " len " << len
+                                      << " i " << i << " got " << double(got.real()) << " ref " << double(ref[i].real());
+                    }
+                }
+                EXPECT_EQ(0, memcmp(y.data(), steps.data(), y.size() * sizeof(float)))
+                    << k.name << " step order, shape " << s.n1 << "/" << s.o1 << " len " << len;
+            }
+        }
+    }
+}
+
+// Random pieces, in place and out of place, give the bits of one call, and
+// the line going out is the same.
+TEST(Sparse, PiecesAndInPlaceEqualOneCall) {
+    vt::Rng g(2);
+    for (const Api& k : kinds()) {
+        for (const Shape& s : kShapes) {
+            Filt f = makeFilt(g, k, s.n1, s.o1, s.n2, s.minFb, s.o2);
+            const int len = 9000;
+            std::vector<float> x = randomSignal(g, size_t(k.k()) * len);
+            Box one(k, f);
+            std::vector<float> want(x.size());
+            ASSERT_EQ(k.run(x.data(), want.data(), len, one.st), vrxOk);
+            std::vector<float> wantLine(size_t(k.k()) * f.lineLen() + 1, 0.f);
+            ASSERT_EQ(k.get(one.st, wantLine.data()), vrxOk);
+            for (int maxPiece : {70, 3000}) {
+                for (bool inPlace : {false, true}) {
+                    Box b(k, f, nullptr, size_t(g.range(0, 63)));
+                    std::vector<float> y = inPlace ? x : std::vector<float>(x.size());
+                    int done = 0;
+                    for (int p : vt::randomPieces(g, len, maxPiece)) {
+                        const float* src = (inPlace ? y.data() : x.data()) + size_t(k.k()) * done;
+                        ASSERT_EQ(k.run(src, y.data() + size_t(k.k()) * done, p, b.st), vrxOk);
+                        done += p;
+                    }
+                    EXPECT_EQ(0, memcmp(y.data(), want.data(), y.size() * sizeof(float)))
+                        << k.name << " pieces up to " << maxPiece << (inPlace ? " in place" : "");
+                    std::vector<float> line(wantLine.size(), 0.f);
+                    ASSERT_EQ(k.get(b.st, line.data()), vrxOk);
+                    EXPECT_EQ(line, wantLine) << k.name;
+                }
+            }
+        }
+    }
+}
+
+// The line going out holds the last inputs (and outputs) in time order; Set
+// with it continues the signal; Init with it equals Set; a null line is zeros.
+TEST(Sparse, DelayLineRoundTripAndContinuity) {
+    vt::Rng g(3);
+    for (const Api& k : kinds()) {
+        for (const Shape& s : kShapes) {
+            Filt f = makeFilt(g, k, s.n1, s.o1, s.n2, s.minFb, s.o2);
+            const int c = k.k(), L = f.lineLen(), len = 3000;
+            std::vector<float> x = randomSignal(g, size_t(c) * 2 * len);
+            std::vector<float> whole = runWhole(k, f, x);
+            // first half, then the line out
+            Box a(k, f);
+            std::vector<float> y(x.size());
+            ASSERT_EQ(k.run(x.data(), y.data(), len, a.st), vrxOk);
+            std::vector<float> line(size_t(c) * L + 1, 0.f);
+            ASSERT_EQ(k.get(a.st, line.data()), vrxOk);
+            // inputs, oldest first, then outputs; zeros before the first sample
+            for (long i = 0; i < long(c) * f.o1(); ++i) {
+                const long t = long(c) * (len - f.o1()) + i;
+                ASSERT_EQ(line[i], t < 0 ? 0.f : x[t]) << k.name << " input line " << i;
+            }
+            for (long i = 0; i < long(c) * f.o2(); ++i) {
+                const long t = long(c) * (len - f.o2()) + i;
+                ASSERT_EQ(line[long(c) * f.o1() + i], t < 0 ? 0.f : y[t]) << k.name << " output line " << i;
+            }
+            // a fresh state from that line, by Init and by Set, continues the signal
+            Box b(k, f, line.data());
+            Box z(k, f);
+            ASSERT_EQ(k.set(z.st, line.data()), vrxOk);
+            std::vector<float> yb(size_t(c) * len), yz(size_t(c) * len);
+            ASSERT_EQ(k.run(x.data() + size_t(c) * len, yb.data(), len, b.st), vrxOk);
+            ASSERT_EQ(k.run(x.data() + size_t(c) * len, yz.data(), len, z.st), vrxOk);
+            EXPECT_EQ(0, memcmp(yb.data(), whole.data() + size_t(c) * len, yb.size() * sizeof(float))) << k.name;
+            EXPECT_EQ(yz, yb) << k.name;
+            // Set with null after a run: back to zeros, the bits of a fresh state
+            ASSERT_EQ(k.set(a.st, nullptr), vrxOk);
+            ASSERT_EQ(k.run(x.data(), y.data(), len, a.st), vrxOk);
+            EXPECT_EQ(0, memcmp(y.data(), whole.data(), size_t(c) * len * sizeof(float))) << k.name;
+            std::vector<float> zero(line.size(), 1.f);
+            ASSERT_EQ(k.set(a.st, nullptr), vrxOk);
+            ASSERT_EQ(k.get(a.st, zero.data()), vrxOk);
+            for (int i = 0; i < c * L; ++i) ASSERT_EQ(zero[i], 0.f);
+            EXPECT_EQ(zero[size_t(c) * L], 1.f) << "wrote past the line";
+        }
+    }
+}
+
+// The reported size holds the state at every start modulo 64 bytes; nothing
+// outside it is written by Init, runs and Set.
+TEST(Sparse, SizeQueryCoversEveryStart) {
+    vt::Rng g(4);
+    for (const Api& k : kinds()) {
+        Filt f = makeFilt(g, k, 9, 2100, 3, 20, 2300);
+        int sz = 0;
+        ASSERT_EQ(k.size(f.n1, f.n2, f.o1(), f.o2(), &sz), vrxOk);
+        // at least the windows: history plus a block, per signal
+        EXPECT_GE(sz, int(sizeof(float)) * k.k() * (f.o1() + f.o2() + 2048 / k.k()));
+        std::vector<float> x = randomSignal(g, size_t(k.k()) * 5000), want = runWhole(k, f, x);
+        for (size_t off = 0; off < 64; off += 4) {
+            vt::Buffer buf(size_t(sz), off);
+            void* st = nullptr;
+            ASSERT_EQ(k.init(&st, f.taps.data(), f.pos.data(), f.n1, f.n2, nullptr, buf.data()), vrxOk);
+            ASSERT_GE(static_cast<uint8_t*>(st), buf.data());
+            std::vector<float> y(x.size());
+            ASSERT_EQ(k.run(x.data(), y.data(), 5000, st), vrxOk);
+            EXPECT_EQ(y, want);
+            EXPECT_TRUE(buf.guardsIntact()) << k.name << " offset " << off;
+        }
+    }
+}
+
+// ----------------------------------------------------------------- statuses
+constexpr uint8_t kFill = 0x5A;
+
+TEST(Sparse, SizeQueryStatuses) {
+    struct Case {
+        bool iir;
+        int n1, n2, o1, o2;
+        bool nullSize;
+        VrxStatus want;
+    };
+    const Case cases[] = {
+        {false, 1, 0, 0, 0, false, vrxOk},
+        {false, 4, 0, 3, 0, false, vrxOk},
+        {false, 4, 0, 2, 0, false, vrxErrSparseTaps},      // order < count - 1
+        {false, 0, 0, 5, 0, false, vrxErrFirLen},          // no tap
+        {false, -1, 0, -9, 0, false, vrxErrFirLen},        // the count before the order
+        {false, 1, 0, -1, 0, false, vrxErrSparseTaps},     // negative order
+        {false, 0, 0, 5, 0, true, vrxErrNullPtr},          // null before the count
+        {false, 1, 0, 2147483000, 0, false, vrxErrNoMemory},
+        {true, 1, 1, 0, 1, false, vrxOk},
+        {true, 3, 2, 2, 2, false, vrxOk},
+        {true, 3, 2, 1, 2, false, vrxErrSparseTaps},       // order1 < count1 - 1
+        {true, 3, 2, 2, 1, false, vrxErrSparseTaps},       // order2 < count2
+        {true, 1, 1, 0, 0, false, vrxErrSparseTaps},       // feedback order 0
+        {true, 0, 1, 0, 1, false, vrxErrSparseTaps},       // no feed-forward tap
+        {true, 1, 0, 0, 1, false, vrxErrSparseTaps},       // no feedback tap
+        {true, 0, 1, 0, 1, true, vrxErrNullPtr},
+        {true, 1, 1, 0, 2147483000, false, vrxErrNoMemory},
+    };
+    for (const Api& k : kinds()) {
+        for (const Case& c : cases) {
+            if (c.iir != k.iir) continue;
+            int sz = -123;
+            EXPECT_EQ(k.size(c.n1, c.n2, c.o1, c.o2, c.nullSize ? nullptr : &sz), c.want)
+                << k.name << " " << c.n1 << "," << c.n2 << "," << c.o1 << "," << c.o2;
+            if (c.want != vrxOk) EXPECT_EQ(sz, -123) << k.name << ": size written on failure";
+            else EXPECT_GT(sz, 0);
+        }
+    }
+}
+
+TEST(Sparse, InitStatusesWriteNothing) {
+    struct Case {
+        const char* what;
+        bool iir;
+        std::vector<int> pos;
+        int n1, n2;
+        int nullArg;  // 0 ppState, 1 taps, 2 positions, 3 buffer, -1 none
+        VrxStatus want;
+    };
+    const Case cases[] = {
+        {"negative position", false, {-1, 3}, 2, 0, -1, vrxErrSparseTaps},
+        {"equal positions", false, {0, 3, 3}, 3, 0, -1, vrxErrSparseTaps},
+        {"falling positions", false, {0, 5, 4}, 3, 0, -1, vrxErrSparseTaps},
+        {"no tap", false, {-1}, 0, 0, -1, vrxErrFirLen},
+        {"count before positions", false, {-1}, -2, 0, -1, vrxErrFirLen},
+        {"null state pointer", false, {-1}, 0, 0, 0, vrxErrNullPtr},
+        {"null taps", false, {-1}, 0, 0, 1, vrxErrNullPtr},
+        {"null positions", false, {0}, 1, 0, 2, vrxErrNullPtr},
+        {"null buffer", false, {0}, 1, 0, 3, vrxErrNullPtr},
+        {"feedback position 0", true, {0, 2, 0, 1}, 2, 2, -1, vrxErrSparseTaps},
+        {"negative feed-forward position", true, {-3, 2, 1}, 2, 1, -1, vrxErrSparseTaps},
+        {"equal feed-forward positions", true, {1, 1, 1}, 2, 1, -1, vrxErrSparseTaps},
+        {"falling feedback positions", true, {0, 4, 2}, 1, 2, -1, vrxErrSparseTaps},
+        {"equal feedback positions", true, {0, 3, 3}, 1, 2, -1, vrxErrSparseTaps},
+        {"no feedback tap", true, {0}, 1, 0, -1, vrxErrSparseTaps},
+        {"no feed-forward tap", true, {1}, 0, 1, -1, vrxErrSparseTaps},
+        {"null before counts", true, {0}, 0, 0, 2, vrxErrNullPtr},
+        {"null state pointer", true, {-1}, 0, 0, 0, vrxErrNullPtr},
+        {"null buffer", true, {-1}, -1, 1, 3, vrxErrNullPtr},
+        {"feedback may restart below the feed-forward order", true, {0, 9, 1, 2}, 2, 2, -1, vrxOk},
+    };
+    for (const Api& k : kinds()) {
+        for (const Case& c : cases) {
+            if (c.iir != k.iir) continue;
+            std::vector<float> taps(16, 0.25f), line(64, 0.5f);
+            std::vector<uint8_t> buf(1 << 16, kFill);
+            void* st = reinterpret_cast<void*>(uintptr_t(0x1234));
+            VrxStatus r = k.init(c.nullArg == 0 ? nullptr : &st, c.nullArg == 1 ? nullptr : taps.data(),
+                                 c.nullArg == 2 ? nullptr : c.pos.data(), c.n1, c.n2, line.data(),
+                                 c.nullArg == 3 ? nullptr : buf.data());
+            EXPECT_EQ(r, c.want) << k.name << ": " << c.what;
+            if (r != vrxOk) {
+                EXPECT_EQ(st, reinterpret_cast<void*>(uintptr_t(0x1234))) << k.name << ": " << c.what;
+                bool clean = true;
+                for (uint8_t b : buf) clean &= b == kFill;
+                EXPECT_TRUE(clean) << k.name << ": " << c.what << ": buffer written";
+            }
+        }
+    }
+}
+
+// Run, Get and Set: pointers -8 (in order, before the length), the length
+// -6, then the identity word -17; nothing written on failure.
+TEST(Sparse, RunAndLineStatuses) {
+    vt::Rng g(5);
+    for (const Api& k : kinds()) {
+        Filt f = makeFilt(g, k, 3, 10, 2, 1, 4);
+        Box b(k, f);
+        std::vector<uint8_t> stateBefore = b.mem;
+        std::vector<uint8_t> alien(b.mem.size() + 64, 0);  // zero word: no state
+        // the state of the other FIR/IIR kind of the same type
+        const Api& other = kinds()[(&k - kinds().data()) ^ 2];
+        Filt fo = makeFilt(g, other, 3, 10, 2, 1, 4);
+        Box ob(other, fo);
+        std::vector<float> x(64, 1.f), y(64, 9.f), line(64, 9.f);
+        struct Case {
+            const char* what;
+            const float* src;
+            float* dst;
+            int len;
+            void* st;
+            VrxStatus want;
+        };
+        const Case cases[] = {
+            {"null source, bad length", nullptr, y.data(), 0, b.st, vrxErrNullPtr},
+            {"null destination, bad length", x.data(), nullptr, -1, b.st, vrxErrNullPtr},
+            {"null state, bad length", x.data(), y.data(), 0, nullptr, vrxErrNullPtr},
+            {"zero length", x.data(), y.data(), 0, b.st, vrxErrBadLength},
+            {"negative length, foreign state", x.data(), y.data(), -5, alien.data(), vrxErrBadLength},
+            {"zero word", x.data(), y.data(), 8, alien.data(), vrxErrBadSpec},
+            {"other kind's state", x.data(), y.data(), 8, ob.st, vrxErrBadSpec},
+        };
+        for (const Case& c : cases) {
+            EXPECT_EQ(k.run(c.src, c.dst, c.len, c.st), c.want) << k.name << ": " << c.what;
+            for (float v : y) ASSERT_EQ(v, 9.f) << k.name << ": " << c.what;
+        }
+        EXPECT_EQ(b.mem, stateBefore) << k.name << ": state written by a failed run";
+        EXPECT_EQ(k.get(nullptr, line.data()), vrxErrNullPtr);
+        EXPECT_EQ(k.get(b.st, nullptr), vrxErrNullPtr);
+        EXPECT_EQ(k.get(alien.data(), line.data()), vrxErrBadSpec);
+        EXPECT_EQ(k.get(ob.st, line.data()), vrxErrBadSpec);
+        for (float v : line) ASSERT_EQ(v, 9.f) << k.name << ": line written on failure";
+        EXPECT_EQ(k.set(nullptr, line.data()), vrxErrNullPtr);
+        EXPECT_EQ(k.set(alien.data(), line.data()), vrxErrBadSpec);
+        EXPECT_EQ(k.set(ob.st, nullptr), vrxErrBadSpec);
+        EXPECT_EQ(b.mem, stateBefore) << k.name << ": state written by a failed Set";
+        for (uint8_t v : alien) ASSERT_EQ(v, 0);
+    }
+}
+
+}  // namespace
