@@ -9,12 +9,11 @@
 // subtraction and a plain product.
 //
 // State: the taps reversed (g[j] = h[N-1-j], so that g[j] meets the j-th
-// oldest sample of the window) and a ring of period P = N + 1 written twice
-// per sample (positions i and i + P), so that the window of the newest N
-// samples is one contiguous run, oldest first, starting at ring + i + 2.
-// The period leaves the previous sample's window intact after the newest
-// sample is written, so the update of sample n-1 and the dot product of
-// sample n run in one pass over the taps.
+// oldest sample of the window) and a line buffer of N-1 samples of history
+// followed by room for a block of B inputs: the window of every sample is
+// one contiguous run, oldest first, and a block's inputs are copied in
+// before any of its outputs is written (so pDst may be pSrc or pRef). After
+// a block the newest N-1 samples move back to the front.
 //
 // Dot product order (part of the result's bits): the window is cut into
 // chunks of V lanes (16 floats, 8 doubles), chunk c feeding accumulator
@@ -35,13 +34,13 @@ namespace {
 
 constexpr int kMaxTaps = 1 << 26;  // keeps every size inside an int
 
+constexpr int kBlock = 512;  // inputs per block of the line buffer
+
 struct LmsState {
     int32_t id;
     int32_t N;         // taps
-    int32_t P;         // ring period, N + 1
-    int32_t at;        // ring position of the newest sample
     int64_t tapsOff;   // bytes from the state to the reversed taps
-    int64_t ringOff;   // bytes from the state to the ring (2P + V elements)
+    int64_t bufOff;    // bytes from the state to the line buffer (N-1+kBlock)
 };
 
 template <class T> struct Kind;
@@ -58,7 +57,7 @@ template <class T>
 struct Pieces {
     LmsState* st;
     T* taps;
-    T* ring;
+    T* buf;
 };
 
 // The one layout, read by the size query and by Init.
@@ -68,7 +67,7 @@ Pieces<T> layout(Carver& c, int N) {
     Pieces<T> p{};
     p.st = c.take<LmsState>(1);
     p.taps = c.take<T>((int64_t(N) + L - 1) / L * L);
-    p.ring = c.take<T>(2 * (int64_t(N) + 1) + L);
+    p.buf = c.take<T>(int64_t(N) - 1 + kBlock);
     return p;
 }
 
@@ -76,25 +75,34 @@ template <class T> VRX_INLINE T* tapsOf(LmsState* s) { return addBytes(reinterpr
 template <class T> VRX_INLINE const T* tapsOf(const LmsState* s) {
     return addBytes(reinterpret_cast<const T*>(s), size_t(s->tapsOff));
 }
-template <class T> VRX_INLINE T* ringOf(LmsState* s) { return addBytes(reinterpret_cast<T*>(s), size_t(s->ringOff)); }
-template <class T> VRX_INLINE const T* ringOf(const LmsState* s) {
-    return addBytes(reinterpret_cast<const T*>(s), size_t(s->ringOff));
+template <class T> VRX_INLINE T* bufOf(LmsState* s) { return addBytes(reinterpret_cast<T*>(s), size_t(s->bufOff)); }
+template <class T> VRX_INLINE const T* bufOf(const LmsState* s) {
+    return addBytes(reinterpret_cast<const T*>(s), size_t(s->bufOff));
 }
 
-// The line (N-1 samples, oldest first) written to the ring so that its
-// newest sample stands at position P-1; both copies.
+// The history (N-1 samples, oldest first) at the front of the buffer;
+// null is zeros.
 template <class T>
 void putLine(LmsState* s, const T* line) {
-    T* b = ringOf<T>(s);
-    const int N = s->N, P = s->P;
-    const int n = N - 1;
-    T* at = b + (P - n);
-    if (n > 0) {
-        if (line) memcpy(at, line, sizeof(T) * size_t(n));
-        else memset(at, 0, sizeof(T) * size_t(n));
-        memcpy(at + P, at, sizeof(T) * size_t(n));
+    const size_t n = size_t(s->N - 1);
+    if (!n) return;
+    if (line) memcpy(bufOf<T>(s), line, sizeof(T) * n);
+    else memset(bufOf<T>(s), 0, sizeof(T) * n);
+}
+
+// Runs len samples in blocks: the block's inputs go behind the history,
+// body(buf, ref, dst, m) filters them, the newest N-1 samples move forward.
+template <class T, class F>
+VRX_INLINE void inBlocks(LmsState* s, const T* src, const T* ref, T* dst, int len, F body) {
+    T* buf = bufOf<T>(s);
+    const int h = s->N - 1;
+    for (int done = 0; done < len;) {
+        const int m = len - done < kBlock ? len - done : kBlock;
+        memcpy(buf + h, src + done, sizeof(T) * size_t(m));
+        body(buf, ref + done, dst + done, m);
+        if (h) memmove(buf, buf + m, sizeof(T) * size_t(h));
+        done += m;
     }
-    s->at = P - 1;
 }
 
 // ---------------------------------------------------------------- kernels
@@ -169,65 +177,57 @@ struct Lms {
         }
     }
 
-    // The run over the taps in memory.
+    // The run over the taps in memory: per block, the first sample's dot
+    // product alone, then per sample the previous update fused with the
+    // dot product, then the last update.
     static void runMem(LmsState* s, const T* src, const T* ref, T* dst, int len, T mu) {
-        const int N = s->N, P = s->P;
+        const int N = s->N;
         T* g = tapsOf<T>(s);
-        T* b = ringOf<T>(s);
-        int at = s->at;
-        const T* wp = nullptr;
-        T me = 0;
-        for (int n = 0; n < len; ++n) {
-            const T x = src[n], d = ref[n];
-            if (++at == P) at = 0;
-            b[at] = x;
-            b[at + P] = x;
-            const T* w = b + at + 2;
-            const T y = n ? pass<true>(g, wp, me, w, N) : pass<false>(g, nullptr, T(0), w, N);
-            dst[n] = y;
-            me = mu * (d - y);
-            wp = w;
-        }
-        update(g, wp, me, N);
-        s->at = at;
+        inBlocks(s, src, ref, dst, len, [&](const T* buf, const T* d, T* y, int m) {
+            T me = 0;
+            for (int i = 0; i < m; ++i) {
+                const T out = i ? pass<true>(g, buf + i - 1, me, buf + i, N) : pass<false>(g, nullptr, T(0), buf, N);
+                const T e = d[i] - out;
+                y[i] = out;
+                me = mu * e;
+            }
+            update(g, buf + m - 1, me, N);
+        });
     }
 
     // The same with C chunks of taps held in registers for the whole call
-    // (the same operations in the same order as runMem).
+    // and the sum formed in every lane (reduceAddAll: the bits of the same
+    // tree), so that e and mu*e need no broadcast.
     template <int C>
     static void runRegs(LmsState* s, const T* src, const T* ref, T* dst, int len, T mu) {
-        const int N = s->N, P = s->P;
+        const int N = s->N;
         T* g = tapsOf<T>(s);
-        T* b = ringOf<T>(s);
-        int at = s->at;
         const auto k = simd::tail<T>(static_cast<size_t>(N - (C - 1) * L));
+        const R vmu = W::set1(mu);
         R h[C];
         for (int c = 0; c < C - 1; ++c) h[c] = W::load(g + c * L);
         h[C - 1] = W::loadm(k, g + (C - 1) * L);
-        auto dot = [&](const T* w) __attribute__((always_inline)) {
-            R a[4] = {W::zero(), W::zero(), W::zero(), W::zero()};
-            for (int c = 0; c < C - 1; ++c) a[c & 3] = W::fma(h[c], W::load(w + c * L), a[c & 3]);
-            a[(C - 1) & 3] = W::fmam(k, h[C - 1], W::loadm(k, w + (C - 1) * L), a[(C - 1) & 3]);
-            return fold(a[0], a[1], a[2], a[3], C);
-        };
-        auto upd = [&](const T* w, T me) __attribute__((always_inline)) {
-            const R m = W::set1(me);
-            for (int c = 0; c < C - 1; ++c) h[c] = W::fma(m, W::load(w + c * L), h[c]);
-            h[C - 1] = W::fma(m, W::loadm(k, w + (C - 1) * L), h[C - 1]);
-        };
-        for (int n = 0; n < len; ++n) {
-            const T x = src[n], d = ref[n];
-            if (++at == P) at = 0;
-            b[at] = x;
-            b[at + P] = x;
-            const T* w = b + at + 2;
-            const T y = dot(w);
-            dst[n] = y;
-            upd(w, mu * (d - y));
-        }
+        inBlocks(s, src, ref, dst, len, [&](const T* buf, const T* d, T* y, int m) __attribute__((always_inline)) {
+            for (int i = 0; i < m; ++i) {
+                const T* w = buf + i;
+                R x[C];
+                for (int c = 0; c < C - 1; ++c) x[c] = W::load(w + c * L);
+                x[C - 1] = W::loadm(k, w + (C - 1) * L);
+                R a[4] = {W::zero(), W::zero(), W::zero(), W::zero()};
+                for (int c = 0; c < C - 1; ++c) a[c & 3] = W::fma(h[c], x[c], a[c & 3]);
+                a[(C - 1) & 3] = W::fmam(k, h[C - 1], x[C - 1], a[(C - 1) & 3]);
+                R sum = a[0];
+                if constexpr (C >= 4) sum = W::add(W::add(a[0], a[1]), W::add(a[2], a[3]));
+                else if constexpr (C == 3) sum = W::add(W::add(a[0], a[1]), a[2]);
+                else if constexpr (C == 2) sum = W::add(a[0], a[1]);
+                const R yv = simd::reduceAddAll(sum);
+                const R me = W::mul(vmu, W::sub(W::set1(d[i]), yv));
+                y[i] = W::first(yv);
+                for (int c = 0; c < C; ++c) h[c] = W::fma(me, x[c], h[c]);
+            }
+        });
         for (int c = 0; c < C - 1; ++c) W::store(g + c * L, h[c]);
         W::storem(g + (C - 1) * L, k, h[C - 1]);
-        s->at = at;
     }
 
     static void run(LmsState* s, const T* src, const T* ref, T* dst, int len, T mu) {
@@ -261,14 +261,12 @@ VrxStatus init(typename Kind<T>::Pub** ppState, const T* pTaps, int tapsLen, con
     LmsState* s = p.st;
     s->id = idWord(Kind<T>::kId);
     s->N = tapsLen;
-    s->P = tapsLen + 1;
     s->tapsOff = static_cast<int64_t>(addr(p.taps) - addr(s));
-    s->ringOff = static_cast<int64_t>(addr(p.ring) - addr(s));
+    s->bufOff = static_cast<int64_t>(addr(p.buf) - addr(s));
     constexpr int64_t L = simd::V<T>::N;
     memset(p.taps, 0, sizeof(T) * size_t((int64_t(tapsLen) + L - 1) / L * L));
     if (pTaps)
         for (int j = 0; j < tapsLen; ++j) p.taps[j] = pTaps[tapsLen - 1 - j];
-    memset(p.ring, 0, sizeof(T) * size_t(2 * (int64_t(tapsLen) + 1) + L));
     putLine(s, pDly);
     *ppState = reinterpret_cast<typename Kind<T>::Pub*>(s);
     return vrxOk;
@@ -308,9 +306,7 @@ VrxStatus getLine(const typename Kind<T>::Pub* pState, T* pOut) {
     if (anyNull(pState, pOut)) return vrxErrNullPtr;
     const LmsState* s = nullptr;
     if (VrxStatus st = open(static_cast<const void*>(pState), Kind<T>::kId, &s)) return st;
-    // the N-1 samples before the next one: ring positions at-N+2 .. at
-    const int n = s->N - 1;
-    if (n > 0) memcpy(pOut, ringOf<T>(s) + s->at + s->P - n + 1, sizeof(T) * size_t(n));
+    if (s->N > 1) memcpy(pOut, bufOf<T>(s), sizeof(T) * size_t(s->N - 1));
     return vrxOk;
 }
 
