@@ -38,35 +38,24 @@ struct Signals {
 
 template <class T> T stepOf(int taps) { return static_cast<T>(0.5 / taps); }
 
-void BM_Lms_vrx32f(benchmark::State& st) {
+template <class T, class St>
+void vrxLms(benchmark::State& st, VrxStatus (*size)(int, int*), VrxStatus (*init)(St**, const T*, int, const T*, Vrx8u*),
+            VrxStatus (*run)(const T*, const T*, T*, int, T, St*)) {
     const int N = static_cast<int>(st.range(0));
-    Signals<float> s(N);
+    Signals<T> s(N);
     int bytes = 0;
-    vrxsFIRLMSGetStateSize_32f(N, &bytes);
+    size(N, &bytes);
     std::vector<Vrx8u> mem(bytes);
-    VrxsFirLmsState_32f* p = nullptr;
-    vrxsFIRLMSInit_32f(&p, nullptr, N, nullptr, mem.data());
+    St* p = nullptr;
+    init(&p, nullptr, N, nullptr, mem.data());
     for (auto _ : st) {
-        vrxsFIRLMS_32f(s.x.data(), s.d.data(), s.y.data(), kLen, stepOf<float>(N), p);
+        run(s.x.data(), s.d.data(), s.y.data(), kLen, stepOf<T>(N), p);
         benchmark::DoNotOptimize(s.y.data());
     }
     st.SetItemsProcessed(st.iterations() * kLen);
 }
-
-void BM_Lms_vrx64f(benchmark::State& st) {
-    const int N = static_cast<int>(st.range(0));
-    Signals<double> s(N);
-    int bytes = 0;
-    vrxsFIRLMSGetStateSize_64f(N, &bytes);
-    std::vector<Vrx8u> mem(bytes);
-    VrxsFirLmsState_64f* p = nullptr;
-    vrxsFIRLMSInit_64f(&p, nullptr, N, nullptr, mem.data());
-    for (auto _ : st) {
-        vrxsFIRLMS_64f(s.x.data(), s.d.data(), s.y.data(), kLen, stepOf<double>(N), p);
-        benchmark::DoNotOptimize(s.y.data());
-    }
-    st.SetItemsProcessed(st.iterations() * kLen);
-}
+void BM_Lms_vrx32f(benchmark::State& st) { vrxLms(st, vrxsFIRLMSGetStateSize_32f, vrxsFIRLMSInit_32f, vrxsFIRLMS_32f); }
+void BM_Lms_vrx64f(benchmark::State& st) { vrxLms(st, vrxsFIRLMSGetStateSize_64f, vrxsFIRLMSInit_64f, vrxsFIRLMS_64f); }
 
 // The scalar loop: a line shifted by one per sample, then the dot product
 // and the update as two plain loops.
