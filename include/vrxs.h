@@ -2804,6 +2804,50 @@ VRXAPI(VrxStatus, vrxsIIRIIR_64f_I, (Vrx64f* pSrcDst, int len, VrxsIirIirState_6
 
 /* ---------------------------------------------------- adaptive FIR (LMS) */
 
+/* Adaptive FIR filter, least mean squares, on 32f (identity word 0x464C3031)
+ * and 64f (0x464C3032) data. Per sample: y = sum over k < tapsLen of
+ * h[k] * x[n-k] is written to pDst; e = ref[n] - y; me = mu * e is formed
+ * once; then h[k] = fma(me, x[n-k], h[k]) for every k (one rounding per
+ * tap). The dot product accumulates in chunks of 16 (32f) or 8 (64f) taps,
+ * chunk c into partial sum c mod 4, each lane by fused multiply-add from +0,
+ * and folds the partial sums in use in a fixed tree (see docs/lms.md).
+ * The delay line holds tapsLen-1 samples, oldest first; a null line means
+ * zeros. The state lives in the caller's block of the reported size, from
+ * its first 64-byte boundary, and is written by every run: one thread at a
+ * time. Checks: pointers -8, lengths -6, then tapsLen below 1 or above
+ * 2^26 -26 (vrxErrFirLen), then the state's identity word -17. */
+/* Bytes of the state for tapsLen taps. */
+VRXAPI(VrxStatus, vrxsFIRLMSGetStateSize_32f, (int tapsLen, int* pSize))
+/* Bytes of the 64f state for tapsLen taps. */
+VRXAPI(VrxStatus, vrxsFIRLMSGetStateSize_64f, (int tapsLen, int* pSize))
+/* Builds the state in pBuf from tapsLen taps h[0..tapsLen-1] (h[0] meets the
+ * newest sample; null: zeros) and a line of tapsLen-1 samples (null: zeros). */
+VRXAPI(VrxStatus, vrxsFIRLMSInit_32f, (VrxsFirLmsState_32f** ppState, const Vrx32f* pTaps, int tapsLen, const Vrx32f* pDlyLine, Vrx8u* pBuf))
+/* The same for 64f. */
+VRXAPI(VrxStatus, vrxsFIRLMSInit_64f, (VrxsFirLmsState_64f** ppState, const Vrx64f* pTaps, int tapsLen, const Vrx64f* pDlyLine, Vrx8u* pBuf))
+/* Filters len samples of pSrc against the desired signal pRef with step
+ * size mu, adapting the taps per sample; the filter outputs (before each
+ * update) go to pDst, which may be pSrc or pRef. */
+VRXAPI(VrxStatus, vrxsFIRLMS_32f, (const Vrx32f* pSrc, const Vrx32f* pRef, Vrx32f* pDst, int len, Vrx32f mu, VrxsFirLmsState_32f* pState))
+/* The same for 64f. */
+VRXAPI(VrxStatus, vrxsFIRLMS_64f, (const Vrx64f* pSrc, const Vrx64f* pRef, Vrx64f* pDst, int len, Vrx64f mu, VrxsFirLmsState_64f* pState))
+/* Copies the current taps out, h[0] (newest sample's tap) first. */
+VRXAPI(VrxStatus, vrxsFIRLMSGetTaps_32f, (const VrxsFirLmsState_32f* pState, Vrx32f* pOutTaps))
+/* The same for 64f. */
+VRXAPI(VrxStatus, vrxsFIRLMSGetTaps_64f, (const VrxsFirLmsState_64f* pState, Vrx64f* pOutTaps))
+/* Replaces the taps, h[0] first; the delay line is kept. */
+VRXAPI(VrxStatus, vrxsFIRLMSSetTaps_32f, (VrxsFirLmsState_32f* pState, const Vrx32f* pInTaps))
+/* The same for 64f. */
+VRXAPI(VrxStatus, vrxsFIRLMSSetTaps_64f, (VrxsFirLmsState_64f* pState, const Vrx64f* pInTaps))
+/* Copies out the line: the last tapsLen-1 input samples, oldest first. */
+VRXAPI(VrxStatus, vrxsFIRLMSGetDlyLine_32f, (const VrxsFirLmsState_32f* pState, Vrx32f* pDlyLine))
+/* The same for 64f. */
+VRXAPI(VrxStatus, vrxsFIRLMSGetDlyLine_64f, (const VrxsFirLmsState_64f* pState, Vrx64f* pDlyLine))
+/* Replaces the line (tapsLen-1 samples, oldest first; null: zeros); the taps are kept. */
+VRXAPI(VrxStatus, vrxsFIRLMSSetDlyLine_32f, (VrxsFirLmsState_32f* pState, const Vrx32f* pDlyLine))
+/* The same for 64f. */
+VRXAPI(VrxStatus, vrxsFIRLMSSetDlyLine_64f, (VrxsFirLmsState_64f* pState, const Vrx64f* pDlyLine))
+
 /* --------------------------------------------------- end of adaptive FIR */
 
 /* --------------------------------------------------------- median filter */

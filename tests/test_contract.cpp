@@ -146,6 +146,11 @@ const Exception kExceptions[] = {
     {"vrxs[FI]IRSparseSetDlyLine_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // IIR design and zero-phase IIR
     // adaptive FIR
+    {"vrxsFIRLMSGetStateSize_*", Deviation::LengthStatus, "-26", "a tap count below one is vrxErrFirLen"},
+    {"vrxsFIRLMSInit_*", Deviation::LengthStatus, "-26", "a tap count below one is vrxErrFirLen"},
+    {"vrxsFIRLMSInit_*", Deviation::OptionalPtr, "pTaps", "null taps at Init are zeros"},
+    {"vrxsFIRLMSInit_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Init stands for zeros"},
+    {"vrxsFIRLMSSetDlyLine_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // median filter
     // polyphase resampling
 };

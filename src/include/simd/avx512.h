@@ -582,4 +582,20 @@ VRX_INLINE __m512d gatherAtWide(const double* base, __m512i idx) { return gather
 // The lanes 0, 1, 2, ... as 32-bit integers.
 VRX_INLINE __m512i iota32() { return _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15); }
 
+// The sum of the lanes in every lane, by a butterfly over halves of 256,
+// 128, 64 and 32 bits: the same pairs in the same order as V<T>::reduceAdd
+// (each step adds a lane to its partner, commutatively), so every lane holds
+// the bits that reduceAdd returns.
+VRX_INLINE __m512 reduceAddAll(__m512 a) {
+    a = _mm512_add_ps(a, _mm512_shuffle_f32x4(a, a, _MM_SHUFFLE(1, 0, 3, 2)));
+    a = _mm512_add_ps(a, _mm512_shuffle_f32x4(a, a, _MM_SHUFFLE(2, 3, 0, 1)));
+    a = _mm512_add_ps(a, _mm512_permute_ps(a, _MM_SHUFFLE(1, 0, 3, 2)));
+    return _mm512_add_ps(a, _mm512_permute_ps(a, _MM_SHUFFLE(2, 3, 0, 1)));
+}
+VRX_INLINE __m512d reduceAddAll(__m512d a) {
+    a = _mm512_add_pd(a, _mm512_shuffle_f64x2(a, a, _MM_SHUFFLE(1, 0, 3, 2)));
+    a = _mm512_add_pd(a, _mm512_shuffle_f64x2(a, a, _MM_SHUFFLE(2, 3, 0, 1)));
+    return _mm512_add_pd(a, _mm512_permute_pd(a, 0x55));
+}
+
 }  // namespace n0::simd
