@@ -144,6 +144,10 @@ const Exception kExceptions[] = {
     // adaptive FIR
     // median filter
     // polyphase resampling
+    {"vrxsResamplePolyphase*GetSize_32f", Deviation::LengthStatus, "-5",
+     "halfLen is a filter parameter: below one it is vrxErrBadArg, after the result pointers"},
+    {"vrxsResamplePolyphase*Init_32f", Deviation::LengthStatus, "-5",
+     "halfLen is a filter parameter: below one it is vrxErrBadArg, after the pointers"},
 };
 
 // ------------------------------------------------------------- the table
