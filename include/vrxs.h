@@ -2708,9 +2708,9 @@ VRXAPI(VrxStatus, vrxsResamplePolyphaseSetFixedFilter_32f, (VrxsResamplePolyphas
 /* Arbitrary factor: a table of nPhases phases per input sample of the
  * prototype p(t) = rollf*sinc(rollf*t)*kaiser(t/halfLen) for |t| < halfLen
  * (zero from halfLen on), read with linear interpolation between
- * neighbouring phases. Output j sits at input time tj = j*s (s = 1/factor rounded up to a multiple of 2^-32, the
- * inputs at 0, 1, 2, ... over all calls) and is written once input floor(tj)
- * has arrived: y = sum over k <= tj of x[k]*g(tj - k - w), w the half width.
+ * neighbouring phases. Output j sits at input time tj = j*s (s = 1/factor
+ * rounded up to a multiple of 2^-32, the inputs at 0, 1, 2, ... over all
+ * calls) and is written once input floor(tj) has arrived: y = sum over k <= tj of x[k]*g(tj - k - w), w the half width.
  * Factor >= 1: g = p, w = halfLen; below 1 the kernel is widened:
  * g(t) = factor*p(factor*t), w = halfLen/factor. Size of the state; halfLen,
  * nPhases < 1 -5. */

@@ -213,18 +213,22 @@ struct ArbModel {
         const long double u = t / W;
         return rollf * s * besselI0(beta * sqrtl(fmaxl(0, 1 - u * u))) / i0b;
     }
-    // outputs of x (zeros before it) at factor: count and values
-    std::vector<long double> run(const std::vector<float>& x, double factor) const {
-        const int64_t step = int64_t(std::ceil(4294967296.0 / factor));
-        const long double phi = factor < 1 ? factor : 1, w = W / phi;
+    // outputs of x (zeros before it) fed in calls of (length, factor): each
+    // output instant advances by the step of the call that writes it
+    std::vector<long double> run(const std::vector<float>& x, const std::vector<std::pair<int, double>>& calls) const {
         std::vector<long double> y;
-        for (int64_t j = 0;; ++j) {
-            const long double t = (long double)j * step / 4294967296.0L;
-            if (t >= x.size()) break;
-            long double acc = 0;
-            for (int64_t k = int64_t(floorl(t)); k >= 0 && k > t - 2 * w - 1; --k)
-                acc += x[size_t(k)] * phi * p(phi * (t - k - w));
-            y.push_back(acc);
+        int64_t at = 0, fed = 0;   // in 2^-32 samples; inputs so far
+        for (const auto& [len, factor] : calls) {
+            fed += len;
+            const int64_t step = int64_t(std::ceil(4294967296.0 / factor));
+            const long double phi = factor < 1 ? factor : 1, w = W / phi;
+            for (; at < (fed << 32); at += step) {
+                const long double t = (long double)at / 4294967296.0L;
+                long double acc = 0;
+                for (int64_t k = int64_t(floorl(t)); k >= 0 && k > t - 2 * w - 1; --k)
+                    acc += x[size_t(k)] * phi * p(phi * (t - k - w));
+                y.push_back(acc);
+            }
         }
         return y;
     }
@@ -237,6 +241,7 @@ TEST(ResampleArbitrary, ModelAndPieces) {
         {16, 256, 0.9375f, 8.0f, 3.14159265358979, 6e-5}, {4, 1024, 0.75f, 4.0f, 0.7318, 1e-5},
         {12, 256, 0.75f, 7.0f, 1.0, 4e-5},       {3, 64, 1.0f, 0.0f, 1.0 / 64, 2e-3},
         {2, 2048, 0.5f, 5.0f, 17.25, 1e-5},      {6, 256, 0.5f, 9.0f, 160.0 / 147, 3e-5},
+        {4, 256, 0.75f, 4.0f, 0.2, 2e-5},        {5, 128, 0.8f, 6.0f, 0.25, 5e-5},
     };
     vt::Rng rng(3);
     for (const Case& c : cases) {
@@ -244,7 +249,7 @@ TEST(ResampleArbitrary, ModelAndPieces) {
         const int n = c.factor < 0.1 ? 4000 : 700;
         const std::vector<float> x = noise(uint64_t(c.halfLen * 31 + c.nPhases), size_t(n));
         const ArbModel m{c.halfLen, c.rollf, c.beta};
-        const std::vector<long double> ref = m.run(x, c.factor);
+        const std::vector<long double> ref = m.run(x, {{n, c.factor}});
         Arb one(c.halfLen, c.nPhases, c.rollf, c.beta);
         const std::vector<float> y = one.run(x, {n}, c.factor);
         ASSERT_EQ(y.size(), ref.size());
@@ -256,6 +261,28 @@ TEST(ResampleArbitrary, ModelAndPieces) {
             ASSERT_EQ(memcmp(yp.data(), y.data(), y.size() * sizeof(float)), 0) << "pieces up to " << most;
         }
     }
+}
+
+// Factors changing from call to call (across the widened-table, widened
+// and plain kernels, and back to a factor seen before) against the model.
+TEST(ResampleArbitrary, ChangingFactorsMatchModel) {
+    const std::vector<std::pair<int, double>> calls = {{300, 0.5},  {200, 1.75}, {250, 0.5}, {400, 0.21},
+                                                       {100, 0.5},  {150, 3.0},  {300, 0.3}, {300, 0.3}};
+    int n = 0;
+    for (const auto& c : calls) n += c.first;
+    const std::vector<float> x = noise(77, size_t(n));
+    const ArbModel m{8, 0.75f, 6.0f};
+    const std::vector<long double> ref = m.run(x, calls);
+    Arb a(8, 512, 0.75f, 6.0f);
+    std::vector<float> y;
+    size_t at = 0;
+    for (const auto& [len, factor] : calls) {
+        const std::vector<float> part = a.run(std::vector<float>(x.begin() + long(at), x.begin() + long(at) + len), {len}, factor);
+        y.insert(y.end(), part.begin(), part.end());
+        at += size_t(len);
+    }
+    ASSERT_EQ(y.size(), ref.size());
+    for (size_t k = 0; k < y.size(); ++k) ASSERT_NEAR(y[k], double(ref[k]), 3e-5) << "output " << k;
 }
 
 // The instant carries over a change of factor: after n inputs at factor a,

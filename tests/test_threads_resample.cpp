@@ -23,11 +23,11 @@ std::vector<float> work(const std::vector<float>& x) {
     std::vector<float> y;
     int size = 0, L = 0, got = 0;
     EXPECT_EQ(vrxsResamplePolyphaseFixedGetSize_32f(160, 147, 16, &size, &L), vrxOk);
-    std::vector<uint8_t> fm(size_t(size));
+    std::vector<uint8_t> fm(static_cast<size_t>(size));
     VrxsResamplePolyphaseFixedState_32f* fs = nullptr;
     EXPECT_EQ(vrxsResamplePolyphaseFixedInit_32f(160, 147, 16, 0.9f, 8.0f, &fs, fm.data()), vrxOk);
     EXPECT_EQ(vrxsResamplePolyphaseGetSize_32f(16, 256, &size), vrxOk);
-    std::vector<uint8_t> am(size_t(size));
+    std::vector<uint8_t> am(static_cast<size_t>(size));
     VrxsResamplePolyphaseState_32f* as = nullptr;
     EXPECT_EQ(vrxsResamplePolyphaseInit_32f(16, 256, 0.9f, 8.0f, &as, am.data()), vrxOk);
     std::vector<float> out(8192);
@@ -55,10 +55,10 @@ TEST(ResampleThreads, OwnStatesGiveSingleThreadBits) {
 TEST(ResampleThreads, SharedStateReadsAlike) {
     int size = 0, L = 0;
     ASSERT_EQ(vrxsResamplePolyphaseFixedGetSize_32f(3, 2, 24, &size, &L), vrxOk);
-    std::vector<uint8_t> fm(size_t(size));
+    std::vector<uint8_t> fm(static_cast<size_t>(size));
     VrxsResamplePolyphaseFixedState_32f* fs = nullptr;
     ASSERT_EQ(vrxsResamplePolyphaseFixedInit_32f(3, 2, 24, 0.9f, 8.0f, &fs, fm.data()), vrxOk);
-    std::vector<float> alone(size_t(L));
+    std::vector<float> alone(static_cast<size_t>(L));
     ASSERT_EQ(vrxsResamplePolyphaseGetFixedFilter_32f(fs, alone.data()), vrxOk);
     std::vector<std::vector<float>> outs(kThreads, std::vector<float>(size_t(L)));
     std::vector<std::thread> ts;

@@ -30,7 +30,7 @@ void BM_ResampleFixed_vrx(benchmark::State& s) {
     const std::vector<float> x = input();
     int size = 0, L = 0;
     vrxsResamplePolyphaseFixedGetSize_32f(up, down, kHalf, &size, &L);
-    std::vector<uint8_t> mem(size_t(size));
+    std::vector<uint8_t> mem(static_cast<size_t>(size));
     VrxsResamplePolyphaseFixedState_32f* st = nullptr;
     vrxsResamplePolyphaseFixedInit_32f(up, down, kHalf, 0.9f, 8.0f, &st, mem.data());
     std::vector<float> y(size_t(kLen) * size_t(up) / size_t(down) + 16);
@@ -48,7 +48,7 @@ void BM_ResampleArb_vrx(benchmark::State& s) {
     const std::vector<float> x = input();
     int size = 0;
     vrxsResamplePolyphaseGetSize_32f(kHalf, kPhases, &size);
-    std::vector<uint8_t> mem(size_t(size));
+    std::vector<uint8_t> mem(static_cast<size_t>(size));
     VrxsResamplePolyphaseState_32f* st = nullptr;
     vrxsResamplePolyphaseInit_32f(kHalf, kPhases, 0.9f, 8.0f, &st, mem.data());
     std::vector<float> y(size_t(std::ceil(kLen * factor)) + 16);

@@ -32,6 +32,7 @@ constexpr float kMaxBeta = 1000.0f;
 constexpr double kMinFactor = 1.0 / 64.0;
 constexpr double kMaxFactor = 65536.0;
 constexpr int kWiden = 64;   // 1 / kMinFactor: the widest kernel, in prototype widths
+constexpr int kTableWiden = 4; // factors from 1/4 up read a widened phase table
 
 // ------------------------------------------------------------ long double
 // The x87 word for the table step: 64-bit precision, nearest, all masked.
@@ -230,8 +231,9 @@ void designFixed(float* h, int64_t L, int64_t U, int64_t M, float rollf, float b
 // =============================================================== arbitrary
 struct ArbState {
     int32_t id;
-    int32_t W, P, K, Kp, H, nFlat, pad;
+    int32_t W, P, K, Kp, H, nFlat, Kw, wK;
     int64_t next;  // the next output's instant minus the next input's index, in units of 2^-32
+    double wFactor; // the factor of the widened table (0: none yet)
     float* rows;   // P rows of Kp taps: p(W - 1 - r + p/P)
     float* drows;  // P rows: row p+1 minus row p
     float* flat;   // nFlat + 1: p(n/P - W), then zero
@@ -239,10 +241,12 @@ struct ArbState {
     float* hist;   // H newest inputs
     float* join;   // 2H + 16 scratch
     float* taps;   // H + 17 taps of a widened kernel
+    float* wrows;  // P rows of Kw: the kernel widened for wFactor, wK taps a row
+    float* wdrows; // P rows: row p+1 minus row p
 };
 
 struct ArbPlan {
-    int64_t W, P, K, Kp, H, nFlat;
+    int64_t W, P, K, Kp, H, nFlat, Kw;
 };
 VRX_INLINE ArbPlan arbPlan(int halfLen, int nPhases) {
     ArbPlan p;
@@ -252,12 +256,13 @@ VRX_INLINE ArbPlan arbPlan(int halfLen, int nPhases) {
     p.Kp = (p.K + 15) / 16 * 16;
     p.H = 2 * p.W * kWiden;   // the widest window less one, rounded up
     p.nFlat = 2 * p.W * p.P + 1;
+    p.Kw = (2 * p.W * kTableWiden + 15) / 16 * 16;
     return p;
 }
 
 struct ArbParts {
     ArbState* s;
-    float *rows, *drows, *flat, *dflat, *hist, *join, *taps;
+    float *rows, *drows, *flat, *dflat, *hist, *join, *taps, *wrows, *wdrows;
 };
 ArbParts arbLayout(Carver& c, const ArbPlan& p) {
     ArbParts r;
@@ -269,10 +274,12 @@ ArbParts arbLayout(Carver& c, const ArbPlan& p) {
     r.hist = c.take<float>(p.H);
     r.join = c.take<float>(2 * p.H + 16);
     r.taps = c.take<float>(p.H + 17);
+    r.wrows = c.take<float>(p.P * p.Kw);
+    r.wdrows = c.take<float>(p.P * p.Kw);
     return r;
 }
 int64_t arbBytes(const ArbPlan& p) {
-    if (p.P * p.Kp > kIntMax || p.nFlat > kIntMax || p.H > kIntMax / 4) return -1;
+    if (p.P * p.Kw > kIntMax || p.nFlat > kIntMax || p.H > kIntMax / 4) return -1;
     Carver c;
     arbLayout(c, p);
     const int64_t n = c.size() + Carver::kSlack;
@@ -309,6 +316,63 @@ void designArb(const ArbParts& a, const ArbPlan& p, float rollfF, float betaF) {
     }
     a.flat[p.nFlat] = 0.0f;
     a.dflat[p.nFlat] = 0.0f;
+}
+
+// The widened kernel's tap at distance m + frac from the newest input:
+// factor times the flat table read at factor*P*(m + frac), linear between
+// its entries, zero past its end. pos = (m + frac) * P.
+VRX_INLINE float widenedTap(const ArbState* s, double pos, double factor) {
+    const double q = pos * factor;
+    const int64_t k = static_cast<int64_t>(q);
+    if (k >= s->nFlat) return 0.0f;
+    const float alpha = static_cast<float>(q - static_cast<double>(k));
+    return static_cast<float>(factor) * __builtin_fmaf(alpha, s->dflat[k], s->flat[k]);
+}
+
+// The phase rows of the kernel widened for factor: row p, place r holds the
+// tap at distance K-1-r + p/P; the difference rows step to phase p+1.
+void buildWidened(ArbState* s, double factor, int K) {
+    const int64_t P = s->P, Kw = s->Kw;
+    for (int64_t p = 0; p < P; ++p) {
+        float* row = s->wrows + p * Kw;
+        float* drow = s->wdrows + p * Kw;
+        for (int r = 0; r < Kw; ++r) {
+            if (r >= K) { row[r] = 0.0f; drow[r] = 0.0f; continue; }
+            const double m = static_cast<double>(K - 1 - r) * static_cast<double>(P);
+            const float v0 = widenedTap(s, m + static_cast<double>(p), factor);
+            const float v1 = widenedTap(s, m + static_cast<double>(p + 1), factor);
+            row[r] = v0;
+            drow[r] = v1 - v0;
+        }
+    }
+    s->wFactor = factor;
+    s->wK = K;
+}
+
+// Outputs read from phase rows with linear interpolation between phases.
+struct PhaseRows {
+    const float* rows;
+    const float* drows;
+    int64_t stride;
+    int K;
+};
+VRX_INLINE int64_t runPhases(ArbState* s, const PhaseRows& t, const float* pSrc, const float* join, int64_t& next,
+                             int64_t end, int64_t step, float* pDst) {
+    const Rows rw = rowsOf(t.K);
+    const uint64_t P = static_cast<uint64_t>(s->P);
+    const int back = t.K - 1, H = s->H;
+    return emit(pDst, [&](R& acc) {
+        if (next >= end) return false;
+        const int64_t i = next >> 32;
+        const uint64_t fp = static_cast<uint64_t>(next & 0xFFFFFFFF) * P;
+        const int64_t ph = static_cast<int64_t>(fp >> 32);
+        const float alpha = static_cast<float>(static_cast<uint32_t>(fp)) * 0x1p-32f;
+        const int64_t start = i - back;
+        const float* x = start >= 0 ? pSrc + start : join + (H + start);
+        acc = partialDotLerp(t.rows + ph * t.stride, t.drows + ph * t.stride, F::set1(alpha), x, rw);
+        next += step;
+        return true;
+    });
 }
 
 }  // namespace
@@ -425,7 +489,11 @@ VrxStatus N0(vrxsResamplePolyphaseInit_32f)(int halfLen, int nPhases, Vrx32f rol
     s->Kp = static_cast<int32_t>(p.Kp);
     s->H = static_cast<int32_t>(p.H);
     s->nFlat = static_cast<int32_t>(p.nFlat);
-    s->pad = 0;
+    s->Kw = static_cast<int32_t>(p.Kw);
+    s->wK = 0;
+    s->wFactor = 0.0;
+    s->wrows = a.wrows;
+    s->wdrows = a.wdrows;
     s->next = 0;
     s->rows = a.rows;
     s->drows = a.drows;
@@ -458,52 +526,32 @@ VrxStatus N0(vrxsResamplePolyphase_32f)(const Vrx32f* pSrc, int len, Vrx32f* pDs
     int64_t next = s->next;
     int64_t n;
     if (factor >= 1.0) {
-        const Rows rw = rowsOf(s->K);
-        const int64_t P = s->P, Kp = s->Kp;
-        const int back = s->K - 1;
-        n = emit(pDst, [&](R& acc) {
-            if (next >= end) return false;
-            const int64_t i = next >> 32;
-            const uint64_t fp = static_cast<uint64_t>(next & 0xFFFFFFFF) * static_cast<uint64_t>(P);
-            const int64_t ph = static_cast<int64_t>(fp >> 32);
-            const float alpha = static_cast<float>(static_cast<uint32_t>(fp)) * 0x1p-32f;
-            const int64_t start = i - back;
-            const float* x = start >= 0 ? pSrc + start : join + (H + start);
-            acc = partialDotLerp(s->rows + ph * Kp, s->drows + ph * Kp, F::set1(alpha), x, rw);
-            next += step;
-            return true;
-        });
+        n = runPhases(s, PhaseRows{s->rows, s->drows, s->Kp, s->K}, pSrc, join, next, end, step, pDst);
     } else {
-        // The widened kernel: tap of input i - m at table position
-        // factor*P*(m + f), scaled by factor.
-        const double c = factor * static_cast<double>(s->P);
-        const float scale = static_cast<float>(factor);
-        const double w = 2.0 * s->W / factor;
-        int K = static_cast<int>(ceil(w));
+        // The widened kernel: ceil(2 halfLen / factor) taps, the tap of
+        // input i - m at table position factor*P*(m + f), scaled by factor.
+        int K = static_cast<int>(ceil(2.0 * s->W / factor));
         if (K > H) K = H;
-        const Rows rw = rowsOf(K);
-        const int64_t nFlat = s->nFlat;
-        float* taps = s->taps;
-        n = emit(pDst, [&](R& acc) {
-            if (next >= end) return false;
-            const int64_t i = next >> 32;
-            const double f = static_cast<double>(next & 0xFFFFFFFF) * 0x1p-32;
-            for (int r = 0; r < K; ++r) {
-                const double q = (static_cast<double>(K - 1 - r) + f) * c;
-                const int64_t k = static_cast<int64_t>(q);
-                float g = 0.0f;
-                if (k < nFlat) {
-                    const float alpha = static_cast<float>(q - static_cast<double>(k));
-                    g = scale * __builtin_fmaf(alpha, s->dflat[k], s->flat[k]);
-                }
-                taps[r] = g;
-            }
-            const int64_t start = i - (K - 1);
-            const float* x = start >= 0 ? pSrc + start : join + (H + start);
-            acc = partialDot(taps, x, rw);
-            next += step;
-            return true;
-        });
+        if (K <= s->Kw) {
+            // from 1/4 up: phase rows of the widened kernel, built once per factor
+            if (s->wFactor != factor) buildWidened(s, factor, K);
+            n = runPhases(s, PhaseRows{s->wrows, s->wdrows, s->Kw, K}, pSrc, join, next, end, step, pDst);
+        } else {
+            const Rows rw = rowsOf(K);
+            const double P = static_cast<double>(s->P);
+            float* taps = s->taps;
+            n = emit(pDst, [&](R& acc) {
+                if (next >= end) return false;
+                const int64_t i = next >> 32;
+                const double f = static_cast<double>(next & 0xFFFFFFFF) * 0x1p-32;
+                for (int r = 0; r < K; ++r) taps[r] = widenedTap(s, (static_cast<double>(K - 1 - r) + f) * P, factor);
+                const int64_t start = i - (K - 1);
+                const float* x = start >= 0 ? pSrc + start : join + (H + start);
+                acc = partialDot(taps, x, rw);
+                next += step;
+                return true;
+            });
+        }
     }
     s->next = next - end;
     keepHistory(s->hist, H, pSrc, len);

@@ -64,6 +64,7 @@ void runFixed(FuzzedDataProvider& in, fz::CallerMxcsr& mx) {
             continue;
         }
         const int len = fz::mostlyIn(in, -1, 3000);
+        if (len > (1 << 20)) continue;   // the source is allocated here
         const long most = len > 0 ? (len * U + D - 1) / D : 0;
         if (most > (4 << 20)) continue;
         Guarded src(size_t(len > 0 ? len : 1) * 4, in.ConsumeIntegral<uint8_t>());
@@ -105,6 +106,7 @@ void runArb(FuzzedDataProvider& in, fz::CallerMxcsr& mx) {
     }
     for (int call = 0; call < 6 && in.remaining_bytes() > 0; ++call) {
         const int len = fz::mostlyIn(in, -1, 2000);
+        if (len > (1 << 20)) continue;
         double factor;
         switch (in.ConsumeIntegralInRange<int>(0, 9)) {
             case 0: factor = NAN; break;
