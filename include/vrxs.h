@@ -2721,7 +2721,8 @@ VRXAPI(VrxStatus, vrxsResamplePolyphaseInit_32f, (int halfLen, int nPhases, Vrx3
 /* Resamples len inputs by factor = output rate / input rate, in [1/64, 65536];
  * *pOutLen receives the outputs written, at most ceil(len*factor) + 1. -5 for
  * a factor outside that range or not finite, or len*factor + 2 > INT_MAX. The
- * factor may change between calls: the next output instant carries over. */
+ * factor may change between calls: the next output instant carries over (from
+ * 1/4 up to 1 a changed factor rebuilds the widened phase rows). */
 VRXAPI(VrxStatus, vrxsResamplePolyphase_32f, (const Vrx32f* pSrc, int len, Vrx32f* pDst, Vrx64f factor, int* pOutLen, VrxsResamplePolyphaseState_32f* pState))
 
 /* ------------------------------------------- end of polyphase resampling */

@@ -338,6 +338,10 @@ TEST(ResampleStatus, SizesAndInit) {
     VrxsResamplePolyphaseFixedState_32f* fs = nullptr;
     EXPECT_EQ(vrxsResamplePolyphaseFixedInit_32f(0, 0, 0, -1, -1, &fs, nullptr), vrxErrNullPtr);
     EXPECT_EQ(vrxsResamplePolyphaseInit_32f(0, 0, -1, -1, nullptr, mem.data()), vrxErrNullPtr);
+    // the largest counts: sizes far past INT_MAX, no overflow on the way
+    EXPECT_EQ(vrxsResamplePolyphaseGetSize_32f(2147483647, 2147483647, &size), vrxErrBadArg);
+    EXPECT_EQ(vrxsResamplePolyphaseGetSize_32f(1 << 22, 1, &size), vrxErrBadArg);
+    EXPECT_EQ(vrxsResamplePolyphaseFixedGetSize_32f(2147483647, 2147483646, 2147483647, &size, &L), vrxErrBadArg);
     // the reported prototype length and a size that the state fits
     EXPECT_EQ(vrxsResamplePolyphaseFixedGetSize_32f(320, 294, 16, &size, &L), vrxOk);
     EXPECT_EQ(L, 2 * 16 * 160 + 1);

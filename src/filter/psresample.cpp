@@ -255,7 +255,8 @@ VRX_INLINE ArbPlan arbPlan(int halfLen, int nPhases) {
     p.K = 2 * p.W;
     p.Kp = (p.K + 15) / 16 * 16;
     p.H = 2 * p.W * kWiden;   // the widest window less one, rounded up
-    p.nFlat = 2 * p.W * p.P + 1;
+    // (a halfLen this large is refused by arbBytes; the product stays in range)
+    p.nFlat = p.W <= (1 << 24) ? 2 * p.W * p.P + 1 : INT64_MAX;
     p.Kw = (2 * p.W * kTableWiden + 15) / 16 * 16;
     return p;
 }
@@ -279,7 +280,7 @@ ArbParts arbLayout(Carver& c, const ArbPlan& p) {
     return r;
 }
 int64_t arbBytes(const ArbPlan& p) {
-    if (p.P * p.Kw > kIntMax || p.nFlat > kIntMax || p.H > kIntMax / 4) return -1;
+    if (p.H > kIntMax / 4 || p.nFlat > kIntMax || p.P * p.Kw > kIntMax) return -1;
     Carver c;
     arbLayout(c, p);
     const int64_t n = c.size() + Carver::kSlack;
