@@ -2856,6 +2856,57 @@ VRXAPI(VrxStatus, vrxsFIRLMSSetDlyLine_64f, (VrxsFirLmsState_64f* pState, const 
 
 /* -------------------------------------------------- polyphase resampling */
 
+/* Polyphase resampling of real signals by a Kaiser-windowed sinc prototype:
+ * halfLen zero crossings each side, cut-off rollf (of the lower Nyquist
+ * rate, in (0, 1]), Kaiser shape beta (>= 0, at most 1000). A state holds the
+ * input history and the time, so a signal fed in pieces gives the outputs of
+ * one call; a run writes its state (one thread at a time). pSrc and pDst must
+ * not overlap. Checks: pointers -8 in argument order, then len < 1 -6, then
+ * the state's identity word -17, then the values: -5 (vrxErrBadArg) for a
+ * parameter out of range or sizes that pass INT_MAX. Nothing is written on
+ * failure. Prototype and phase tables are computed in long double under a
+ * 64-bit x87 word (restored on return).
+ *
+ * Fixed ratio up/down (reduced by their gcd to U/D, M = max(U, D)): the
+ * prototype has filterLen = 2*halfLen*M + 1 taps h = U * (the lowpass at
+ * rollf/M of the Nyquist rate, Kaiser-windowed, summed to 1); outputs are
+ * those of zero-stuffing by U, filtering by h and keeping every D-th sample,
+ * each written as soon as its newest input has arrived: after n inputs in
+ * all, ceil(n*U/D) outputs. Sizes of the state and the prototype; halfLen,
+ * up or down < 1 -5. */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseFixedGetSize_32f, (int up, int down, int halfLen, int* pSize, int* pFilterLen))
+/* Builds the fixed-ratio state in pBuf (aligned inside it; *ppState is set).
+ * -5 for up, down, halfLen < 1, rollf outside (0, 1], beta outside [0, 1000]. */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseFixedInit_32f, (int up, int down, int halfLen, Vrx32f rollf, Vrx32f beta, VrxsResamplePolyphaseFixedState_32f** ppState, Vrx8u* pBuf))
+/* Resamples len inputs; *pOutLen receives the outputs written, at most
+ * ceil(len*U/D) (U/D the reduced ratio). */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseFixed_32f, (const Vrx32f* pSrc, int len, Vrx32f* pDst, int* pOutLen, VrxsResamplePolyphaseFixedState_32f* pState))
+/* Copies the filterLen prototype taps, in prototype order (h[0] meets the
+ * newest stuffed sample), to pTaps. */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseGetFixedFilter_32f, (const VrxsResamplePolyphaseFixedState_32f* pState, Vrx32f* pTaps))
+/* Replaces the filterLen prototype taps (prototype order, gain included);
+ * history and time stay. */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseSetFixedFilter_32f, (VrxsResamplePolyphaseFixedState_32f* pState, const Vrx32f* pTaps))
+/* Arbitrary factor: a table of nPhases phases per input sample of the
+ * prototype p(t) = rollf*sinc(rollf*t)*kaiser(t/halfLen) for |t| < halfLen
+ * (zero from halfLen on), read with linear interpolation between
+ * neighbouring phases. Output j sits at input time tj = j*s (s = 1/factor
+ * rounded up to a multiple of 2^-32, the inputs at 0, 1, 2, ... over all
+ * calls) and is written once input floor(tj) has arrived: y = sum over k <= tj of x[k]*g(tj - k - w), w the half width.
+ * Factor >= 1: g = p, w = halfLen; below 1 the kernel is widened:
+ * g(t) = factor*p(factor*t), w = halfLen/factor. Size of the state; halfLen,
+ * nPhases < 1 -5. */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseGetSize_32f, (int halfLen, int nPhases, int* pSize))
+/* Builds the arbitrary-factor state in pBuf (aligned; *ppState is set). -5 for
+ * halfLen, nPhases < 1, rollf outside (0, 1], beta outside [0, 1000]. */
+VRXAPI(VrxStatus, vrxsResamplePolyphaseInit_32f, (int halfLen, int nPhases, Vrx32f rollf, Vrx32f beta, VrxsResamplePolyphaseState_32f** ppState, Vrx8u* pBuf))
+/* Resamples len inputs by factor = output rate / input rate, in [1/64, 65536];
+ * *pOutLen receives the outputs written, at most ceil(len*factor) + 1. -5 for
+ * a factor outside that range or not finite, or len*factor + 2 > INT_MAX. The
+ * factor may change between calls: the next output instant carries over (from
+ * 1/4 up to 1 a changed factor rebuilds the widened phase rows). */
+VRXAPI(VrxStatus, vrxsResamplePolyphase_32f, (const Vrx32f* pSrc, int len, Vrx32f* pDst, Vrx64f factor, int* pOutLen, VrxsResamplePolyphaseState_32f* pState))
+
 /* ------------------------------------------- end of polyphase resampling */
 
 #undef VRXAPI

@@ -153,6 +153,10 @@ const Exception kExceptions[] = {
     {"vrxsFIRLMSSetDlyLine_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // median filter
     // polyphase resampling
+    {"vrxsResamplePolyphase*GetSize_32f", Deviation::LengthStatus, "-5",
+     "halfLen is a filter parameter: below one it is vrxErrBadArg, after the result pointers"},
+    {"vrxsResamplePolyphase*Init_32f", Deviation::LengthStatus, "-5",
+     "halfLen is a filter parameter: below one it is vrxErrBadArg, after the pointers"},
 };
 
 // ------------------------------------------------------------- the table

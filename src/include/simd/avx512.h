@@ -598,4 +598,30 @@ VRX_INLINE __m512d reduceAddAll(__m512d a) {
     return _mm512_add_pd(a, _mm512_permute_pd(a, 0x55));
 }
 
+// Lane i: the sum of the sixteen lanes of a[i], in the fixed tree of
+// V<float>::reduceAdd (halves folded 256, 128, 64, 32 bits), so that a block
+// of sixteen dot products and one alone give the same bits.
+VRX_INLINE __m512 reduceAdd16(const __m512* a) {
+    // 512 -> 256: lanes j < 8 of pair member 0, then of member 1
+    const __m512i h0 = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 16, 17, 18, 19, 20, 21, 22, 23);
+    const __m512i h1 = _mm512_setr_epi32(8, 9, 10, 11, 12, 13, 14, 15, 24, 25, 26, 27, 28, 29, 30, 31);
+    // 256 -> 128: quads 0, 2 against quads 1, 3
+    const __m512i q0 = _mm512_setr_epi32(0, 1, 2, 3, 8, 9, 10, 11, 16, 17, 18, 19, 24, 25, 26, 27);
+    const __m512i q1 = _mm512_setr_epi32(4, 5, 6, 7, 12, 13, 14, 15, 20, 21, 22, 23, 28, 29, 30, 31);
+    // 128 -> 64 within each quad: lanes 0, 1 against lanes 2, 3
+    const __m512i p0 = _mm512_setr_epi32(0, 1, 16, 17, 4, 5, 20, 21, 8, 9, 24, 25, 12, 13, 28, 29);
+    const __m512i p1 = _mm512_setr_epi32(2, 3, 18, 19, 6, 7, 22, 23, 10, 11, 26, 27, 14, 15, 30, 31);
+    // 64 -> 32, with the result put in output order (output 4s+r from quad r)
+    const __m512i e0 = _mm512_setr_epi32(0, 4, 8, 12, 2, 6, 10, 14, 16, 20, 24, 28, 18, 22, 26, 30);
+    const __m512i e1 = _mm512_setr_epi32(1, 5, 9, 13, 3, 7, 11, 15, 17, 21, 25, 29, 19, 23, 27, 31);
+    __m512 b[8], c[4], d[2];
+    for (int k = 0; k < 8; ++k)
+        b[k] = _mm512_add_ps(_mm512_permutex2var_ps(a[2 * k], h0, a[2 * k + 1]), _mm512_permutex2var_ps(a[2 * k], h1, a[2 * k + 1]));
+    for (int k = 0; k < 4; ++k)
+        c[k] = _mm512_add_ps(_mm512_permutex2var_ps(b[2 * k], q0, b[2 * k + 1]), _mm512_permutex2var_ps(b[2 * k], q1, b[2 * k + 1]));
+    for (int k = 0; k < 2; ++k)
+        d[k] = _mm512_add_ps(_mm512_permutex2var_ps(c[2 * k], p0, c[2 * k + 1]), _mm512_permutex2var_ps(c[2 * k], p1, c[2 * k + 1]));
+    return _mm512_add_ps(_mm512_permutex2var_ps(d[0], e0, d[1]), _mm512_permutex2var_ps(d[0], e1, d[1]));
+}
+
 }  // namespace n0::simd
