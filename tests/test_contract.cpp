@@ -143,6 +143,8 @@ const Exception kExceptions[] = {
     // IIR design and zero-phase IIR
     // adaptive FIR
     // median filter
+    {"vrxsFilterMedian_*", Deviation::OptionalPtr, "pDlySrc", "a null delay line coming in means zeros"},
+    {"vrxsFilterMedian_*", Deviation::OptionalPtr, "pDlyDst", "a null delay line going out is not written"},
     // polyphase resampling
 };
 
