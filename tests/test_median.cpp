@@ -8,45 +8,12 @@
 
 #include "vrx_test.h"
 #include "data/median_golden.h"
+#include "test_median_common.h"
 
 namespace {
 
-// ------------------------------------------------------------ the types
-template <class E> struct Api;
-#define MEDIAN_API(E, sfx, code)                                                                     \
-    template <> struct Api<E> {                                                                      \
-        static constexpr VrxDataType kType = code;                                                   \
-        static VrxStatus run(const E* s, E* d, int n, int m, const E* ds, E* dd, Vrx8u* b) {        \
-            return vrxsFilterMedian_##sfx(s, d, n, m, ds, dd, b);                                    \
-        }                                                                                            \
-        static VrxStatus runI(E* sd, int n, int m, const E* ds, E* dd, Vrx8u* b) {                  \
-            return vrxsFilterMedian_##sfx##_I(sd, n, m, ds, dd, b);                                  \
-        }                                                                                            \
-    };
-MEDIAN_API(Vrx8u, 8u, vrx8u)
-MEDIAN_API(Vrx16u, 16u, vrx16u)
-MEDIAN_API(Vrx16s, 16s, vrx16s)
-MEDIAN_API(Vrx32f, 32f, vrx32f)
-MEDIAN_API(Vrx64f, 64f, vrx64f)
-#undef MEDIAN_API
-
-// The order of the filter, written from the values: NaN above everything
-// (positive NaNs below negative ones, then by payload), -0 below +0.
-template <class E> bool before(E a, E b) {
-    if constexpr (std::is_floating_point_v<E>) {
-        const bool na = isnan(a), nb = isnan(b);
-        if (na || nb) {
-            if (!na) return true;
-            if (!nb) return false;
-            if (signbit(a) != signbit(b)) return !signbit(a);
-            return vt::bitsOf(a) < vt::bitsOf(b);
-        }
-        if (a == b) return signbit(a) && !signbit(b);
-        return a < b;
-    } else {
-        return a < b;
-    }
-}
+using med::Api;
+using med::before;
 
 // out[n] = middle of the sorted window of the last m inputs; line = the
 // last m-1 inputs (history before the first sample).

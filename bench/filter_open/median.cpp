@@ -29,30 +29,21 @@ void finish(benchmark::State& st) {
     st.SetItemsProcessed(static_cast<int64_t>(st.iterations()) * kLen);
 }
 
-void BM_Median_vrx_32f(benchmark::State& st) {
-    const int m = static_cast<int>(st.range(0));
-    const std::vector<float> x = signal32f();
-    std::vector<float> y(kLen);
-    int size = 0;
-    vrxsFilterMedianGetBufferSize(m, vrx32f, &size);
-    std::vector<Vrx8u> buf(size);
-    for (auto _ : st) {
-        vrxsFilterMedian_32f(x.data(), y.data(), kLen, m, nullptr, nullptr, buf.data());
-        benchmark::DoNotOptimize(y.data());
-    }
-    finish(st);
-}
+VrxStatus run(const Vrx32f* x, Vrx32f* y, int m, Vrx8u* b) { return vrxsFilterMedian_32f(x, y, kLen, m, nullptr, nullptr, b); }
+VrxStatus run(const Vrx16s* x, Vrx16s* y, int m, Vrx8u* b) { return vrxsFilterMedian_16s(x, y, kLen, m, nullptr, nullptr, b); }
 
-void BM_Median_vrx_16s(benchmark::State& st) {
+template <class E, VrxDataType kType>
+void BM_Median_vrx(benchmark::State& st) {
     const int m = static_cast<int>(st.range(0));
     const std::vector<float> xf = signal32f();
-    std::vector<Vrx16s> x(kLen), y(kLen);
-    for (int i = 0; i < kLen; ++i) x[i] = static_cast<Vrx16s>(xf[i] * 32000.0f);
+    const float scale = kType == vrx16s ? 32000.0f : 1.0f;
+    std::vector<E> x(kLen), y(kLen);
+    for (int i = 0; i < kLen; ++i) x[i] = static_cast<E>(xf[i] * scale);
     int size = 0;
-    vrxsFilterMedianGetBufferSize(m, vrx16s, &size);
+    vrxsFilterMedianGetBufferSize(m, kType, &size);
     std::vector<Vrx8u> buf(size);
     for (auto _ : st) {
-        vrxsFilterMedian_16s(x.data(), y.data(), kLen, m, nullptr, nullptr, buf.data());
+        run(x.data(), y.data(), m, buf.data());
         benchmark::DoNotOptimize(y.data());
     }
     finish(st);
@@ -92,7 +83,7 @@ void BM_Median_liquid_ordfilt_32f(benchmark::State& st) {
 BENCHMARK(BM_Median_liquid_ordfilt_32f)->Arg(3)->Arg(7)->Arg(31)->Arg(101)->Unit(benchmark::kMicrosecond);
 #endif
 BENCHMARK(BM_Median_nth_element_32f)->Arg(3)->Arg(7)->Arg(31)->Arg(101)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_Median_vrx_32f)->Arg(3)->Arg(7)->Arg(31)->Arg(101)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_Median_vrx_16s)->Arg(3)->Arg(7)->Arg(31)->Arg(101)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Median_vrx<Vrx32f, vrx32f>)->Name("BM_Median_vrx_32f")->Arg(3)->Arg(7)->Arg(31)->Arg(101)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Median_vrx<Vrx16s, vrx16s>)->Name("BM_Median_vrx_16s")->Arg(3)->Arg(7)->Arg(31)->Arg(101)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

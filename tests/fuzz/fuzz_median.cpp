@@ -10,53 +10,11 @@
 #include <algorithm>
 
 #include "fuzz_util.h"
+#include "../test_median_common.h"
 
 namespace {
 
-template <class E> struct Api;
-template <> struct Api<Vrx8u> {
-    static constexpr VrxDataType kType = vrx8u;
-    static VrxStatus run(const Vrx8u* s, Vrx8u* d, int n, int m, const Vrx8u* ds, Vrx8u* dd, Vrx8u* b) { return vrxsFilterMedian_8u(s, d, n, m, ds, dd, b); }
-    static VrxStatus runI(Vrx8u* sd, int n, int m, const Vrx8u* ds, Vrx8u* dd, Vrx8u* b) { return vrxsFilterMedian_8u_I(sd, n, m, ds, dd, b); }
-};
-template <> struct Api<Vrx16u> {
-    static constexpr VrxDataType kType = vrx16u;
-    static VrxStatus run(const Vrx16u* s, Vrx16u* d, int n, int m, const Vrx16u* ds, Vrx16u* dd, Vrx8u* b) { return vrxsFilterMedian_16u(s, d, n, m, ds, dd, b); }
-    static VrxStatus runI(Vrx16u* sd, int n, int m, const Vrx16u* ds, Vrx16u* dd, Vrx8u* b) { return vrxsFilterMedian_16u_I(sd, n, m, ds, dd, b); }
-};
-template <> struct Api<Vrx16s> {
-    static constexpr VrxDataType kType = vrx16s;
-    static VrxStatus run(const Vrx16s* s, Vrx16s* d, int n, int m, const Vrx16s* ds, Vrx16s* dd, Vrx8u* b) { return vrxsFilterMedian_16s(s, d, n, m, ds, dd, b); }
-    static VrxStatus runI(Vrx16s* sd, int n, int m, const Vrx16s* ds, Vrx16s* dd, Vrx8u* b) { return vrxsFilterMedian_16s_I(sd, n, m, ds, dd, b); }
-};
-template <> struct Api<Vrx32f> {
-    static constexpr VrxDataType kType = vrx32f;
-    static VrxStatus run(const Vrx32f* s, Vrx32f* d, int n, int m, const Vrx32f* ds, Vrx32f* dd, Vrx8u* b) { return vrxsFilterMedian_32f(s, d, n, m, ds, dd, b); }
-    static VrxStatus runI(Vrx32f* sd, int n, int m, const Vrx32f* ds, Vrx32f* dd, Vrx8u* b) { return vrxsFilterMedian_32f_I(sd, n, m, ds, dd, b); }
-};
-template <> struct Api<Vrx64f> {
-    static constexpr VrxDataType kType = vrx64f;
-    static VrxStatus run(const Vrx64f* s, Vrx64f* d, int n, int m, const Vrx64f* ds, Vrx64f* dd, Vrx8u* b) { return vrxsFilterMedian_64f(s, d, n, m, ds, dd, b); }
-    static VrxStatus runI(Vrx64f* sd, int n, int m, const Vrx64f* ds, Vrx64f* dd, Vrx8u* b) { return vrxsFilterMedian_64f_I(sd, n, m, ds, dd, b); }
-};
-
-template <class E> bool bitsLess(E a, E b) {
-    if constexpr (sizeof(E) == 4) { uint32_t x, y; memcpy(&x, &a, 4); memcpy(&y, &b, 4); return x < y; }
-    else { uint64_t x, y; memcpy(&x, &a, 8); memcpy(&y, &b, 8); return x < y; }
-}
-// NaN above all (positive NaNs below negative ones, then by bits), -0 below +0.
-template <class E> bool order(E a, E b) {
-    if constexpr (sizeof(E) >= 4) {
-        const bool na = isnan(a), nb = isnan(b);
-        if (na || nb) {
-            if (!na || !nb) return !na;
-            if (signbit(a) != signbit(b)) return !signbit(a);
-            return bitsLess(a, b);
-        }
-        if (a == b) return signbit(a) && !signbit(b);
-    }
-    return a < b;
-}
+using med::Api;
 
 template <class E> void one(FuzzedDataProvider& in) {
     const bool huge = fz::rarely(in, 64);
@@ -101,7 +59,7 @@ template <class E> void one(FuzzedDataProvider& in) {
         memcpy(all.data() + L, s0.data(), len * sizeof(E));
         for (int t = 0; t < len; ++t) {
             std::copy(all.begin() + t, all.begin() + t + mu, w.begin());
-            std::sort(w.begin(), w.end(), order<E>);
+            std::sort(w.begin(), w.end(), med::before<E>);
             fz::require(memcmp(&w[mu / 2], dst.as<E>() + t, sizeof(E)) == 0, "median value", "run", st);
         }
         if (lineOut) fz::require(memcmp(all.data() + len, line, L * sizeof(E)) == 0, "line out", "run", st);
