@@ -31,7 +31,7 @@ using namespace n0;
 namespace {
 
 constexpr int kBlock = 1024;
-constexpr int kNetLimit = 31;
+constexpr int kNetLimit = 63;
 constexpr int kMaskLimit = 1 << 26;  // keeps every buffer size within int
 
 constexpr int64_t roundUp64(int64_t x) { return (x + 63) & ~int64_t(63); }

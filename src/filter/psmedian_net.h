@@ -22,7 +22,7 @@ struct Cmp {
     uint8_t i, j, kind;
 };
 
-inline constexpr int kNetMax = 256;  // comparators of the sort of 32 lanes: 191
+inline constexpr int kNetMax = 576;  // comparators of the sort of 64 lanes: 543
 
 struct Net {
     Cmp c[kNetMax] = {};
@@ -40,7 +40,7 @@ constexpr Net makeNet(int M) {
                     if ((i + j) / (2 * p) == (i + j + k) / (2 * p) && i + j + k < M)
                         all.c[all.n++] = Cmp{uint8_t(i + j), uint8_t(i + j + k), 0};
     // backwards: which lanes are still needed after each comparator
-    bool need[32] = {};
+    bool need[64] = {};
     need[M / 2] = true;
     bool keep[kNetMax] = {};
     uint8_t kind[kNetMax] = {};
