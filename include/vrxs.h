@@ -2851,6 +2851,40 @@ VRXAPI(VrxStatus, vrxsFIRLMSSetDlyLine_64f, (VrxsFirLmsState_64f* pState, const 
 /* --------------------------------------------------- end of adaptive FIR */
 
 /* --------------------------------------------------------- median filter */
+/* Median filter: out[n] is the median of the last m inputs x[n-m+1..n],
+   the m-1 before the first sample taken from pDlySrc (time order, oldest
+   first; null means zeros). pDlyDst (optional, may equal pDlySrc) receives
+   the last m-1 inputs after the call. Values are ordered -inf < ... < -0 < +0
+   < ... < +inf < NaN (every NaN, either sign, above +inf); the output is
+   always one of the inputs, bit for bit. An even mask m runs as m-1 (delay
+   lines of m-2 samples) and returns vrxWarnEvenMedianMask (5) at the end.
+   Checks: pSrc, pDst, pBuf (-8; the delay lines are optional), len (-6),
+   maskSize below 1 or above 2^26 (-33). pBuf holds the work window: size from
+   vrxsFilterMedianGetBufferSize. */
+/* bytes of the work buffer for maskSize and dataType (vrx8u, vrx16u, vrx16s,
+   vrx32f, vrx64f, else -12); -33 for a mask below 1 or above 2^26 (tested
+   before the type), 5 for an even mask (size of the mask one less) */
+VRXAPI(VrxStatus, vrxsFilterMedianGetBufferSize, (int maskSize, VrxDataType dataType, int* pSize))
+/* median of 8u samples, see above */
+VRXAPI(VrxStatus, vrxsFilterMedian_8u, (const Vrx8u* pSrc, Vrx8u* pDst, int len, int maskSize, const Vrx8u* pDlySrc, Vrx8u* pDlyDst, Vrx8u* pBuf))
+/* in place on 8u: the result replaces the source */
+VRXAPI(VrxStatus, vrxsFilterMedian_8u_I, (Vrx8u* pSrcDst, int len, int maskSize, const Vrx8u* pDlySrc, Vrx8u* pDlyDst, Vrx8u* pBuf))
+/* median of 16u samples */
+VRXAPI(VrxStatus, vrxsFilterMedian_16u, (const Vrx16u* pSrc, Vrx16u* pDst, int len, int maskSize, const Vrx16u* pDlySrc, Vrx16u* pDlyDst, Vrx8u* pBuf))
+/* in place on 16u */
+VRXAPI(VrxStatus, vrxsFilterMedian_16u_I, (Vrx16u* pSrcDst, int len, int maskSize, const Vrx16u* pDlySrc, Vrx16u* pDlyDst, Vrx8u* pBuf))
+/* median of 16s samples */
+VRXAPI(VrxStatus, vrxsFilterMedian_16s, (const Vrx16s* pSrc, Vrx16s* pDst, int len, int maskSize, const Vrx16s* pDlySrc, Vrx16s* pDlyDst, Vrx8u* pBuf))
+/* in place on 16s */
+VRXAPI(VrxStatus, vrxsFilterMedian_16s_I, (Vrx16s* pSrcDst, int len, int maskSize, const Vrx16s* pDlySrc, Vrx16s* pDlyDst, Vrx8u* pBuf))
+/* median of 32f samples (NaN above +inf, -0 below +0) */
+VRXAPI(VrxStatus, vrxsFilterMedian_32f, (const Vrx32f* pSrc, Vrx32f* pDst, int len, int maskSize, const Vrx32f* pDlySrc, Vrx32f* pDlyDst, Vrx8u* pBuf))
+/* in place on 32f */
+VRXAPI(VrxStatus, vrxsFilterMedian_32f_I, (Vrx32f* pSrcDst, int len, int maskSize, const Vrx32f* pDlySrc, Vrx32f* pDlyDst, Vrx8u* pBuf))
+/* median of 64f samples (NaN above +inf, -0 below +0) */
+VRXAPI(VrxStatus, vrxsFilterMedian_64f, (const Vrx64f* pSrc, Vrx64f* pDst, int len, int maskSize, const Vrx64f* pDlySrc, Vrx64f* pDlyDst, Vrx8u* pBuf))
+/* in place on 64f */
+VRXAPI(VrxStatus, vrxsFilterMedian_64f_I, (Vrx64f* pSrcDst, int len, int maskSize, const Vrx64f* pDlySrc, Vrx64f* pDlyDst, Vrx8u* pBuf))
 
 /* -------------------------------------------------- end of median filter */
 

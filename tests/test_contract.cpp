@@ -152,6 +152,8 @@ const Exception kExceptions[] = {
     {"vrxsFIRLMSInit_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Init stands for zeros"},
     {"vrxsFIRLMSSetDlyLine_*", Deviation::OptionalPtr, "pDlyLine", "a null delay line at Set stands for zeros"},
     // median filter
+    {"vrxsFilterMedian_*", Deviation::OptionalPtr, "pDlySrc", "a null delay line coming in means zeros"},
+    {"vrxsFilterMedian_*", Deviation::OptionalPtr, "pDlyDst", "a null delay line going out is not written"},
     // polyphase resampling
     {"vrxsResamplePolyphase*GetSize_32f", Deviation::LengthStatus, "-5",
      "halfLen is a filter parameter: below one it is vrxErrBadArg, after the result pointers"},
