@@ -108,8 +108,8 @@ VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     o[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
     o[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
 }
-template <bool Group = false> VRX_INLINE void transpose8x8(const __m512* r, __m512* o);
-template <bool Group = false> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o);
+VRX_INLINE void transpose8x8(const __m512* r, __m512* o);
+VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o);
 
 template <class CV> VRX_INLINE void transposeV(CV* a);
 template <> VRX_INLINE void transposeV<CVec<float, 4>>(CVec<float, 4>* a) {
@@ -219,36 +219,8 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
 VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
 VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
 
-// Index of a two-source permute that does the last 128-bit shuffle of a
-// transpose (sel 0: lanes 0,2 of each source; sel 1: lanes 1,3) and the
-// group form of the result at once. E: elements per 128 bits.
-constexpr int groupIdx(int E, int sel, int i) {
-    const int n = 4 * E;                                // elements per register
-    const int f = i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1;
-    const int L = f / E, w = f % E;
-    return (L >= 2 ? n : 0) + ((L % 2) * 2 + sel) * E + w;
-}
-template <int E, int sel> struct GroupIdx {
-    static constexpr int n = 4 * E;
-    static constexpr auto make() {
-        struct A { int32_t v[16]; } a{};
-        for (int i = 0; i < 16; ++i) a.v[i] = 0;
-        if constexpr (E == 4) { for (int i = 0; i < n; ++i) a.v[i] = groupIdx(E, sel, i); }
-        else { for (int i = 0; i < n; ++i) { a.v[2 * i] = groupIdx(E, sel, i); a.v[2 * i + 1] = 0; } }
-        return a;
-    }
-    static constexpr auto tab = make();
-};
-VRX_INLINE __m512i groupIdxVec(int E, int sel) {
-    using I = simd::V<int32_t>;
-    if (E == 4) return I::load(sel ? GroupIdx<4, 1>::tab.v : GroupIdx<4, 0>::tab.v);
-    return I::load(sel ? GroupIdx<2, 1>::tab.v : GroupIdx<2, 0>::tab.v);
-}
-
-// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j;
-// with Group, each o[l] comes out in the group form.
-template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
-    using F = simd::V<float>;
+// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j.
+VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
     __m512d t[8];
     for (int k = 0; k < 4; ++k) {
         t[2 * k] = _mm512_unpacklo_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
@@ -260,38 +232,21 @@ template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
         __m512d q01 = _mm512_shuffle_f64x2(t[odd], t[2 + odd], 0xDD);
         __m512d p45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0x88);
         __m512d q45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0xDD);
-        if constexpr (Group) {
-            const __m512i i0 = groupIdxVec(4, 0), i1 = groupIdxVec(4, 1);
-            o[0 + odd] = F::permute2(asPs(p01), i0, asPs(p45));
-            o[4 + odd] = F::permute2(asPs(p01), i1, asPs(p45));
-            o[2 + odd] = F::permute2(asPs(q01), i0, asPs(q45));
-            o[6 + odd] = F::permute2(asPs(q01), i1, asPs(q45));
-        } else {
-            o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
-            o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
-            o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
-            o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
-        }
+        o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
+        o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
+        o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
+        o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
     }
 }
 
 // Transpose of 4 x 4 complex doubles (128-bit elements).
-template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
-    using D = simd::V<double>;
+VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
     __m512d t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44), t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
     __m512d t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44), t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
-    if constexpr (Group) {
-        const __m512i i0 = groupIdxVec(2, 0), i1 = groupIdxVec(2, 1);
-        o[0] = D::permute2(t0, i0, t2);
-        o[1] = D::permute2(t0, i1, t2);
-        o[2] = D::permute2(t1, i0, t3);
-        o[3] = D::permute2(t1, i1, t3);
-    } else {
-        o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
-        o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
-        o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
-        o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
-    }
+    o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+    o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+    o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+    o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
 }
 
 // ------------------------------------------------------------ radix engine
@@ -342,32 +297,72 @@ template <class T, int V, bool Split> VRX_INLINE CVec<T, V> loadSrc(const SrcRef
     }
 }
 
+// Transposes into the group form with in-lane unpacks first and 128-bit
+// shuffles last (no index permutes): o[e] element q = r[q] element e.
+// 16 x 16 floats: the real and imaginary rows of eight blocks of 16.
+VRX_INLINE void groupTranspose16f(const __m512* r, __m512* o) {
+    __m512 a[16], b[16];
+    for (int i = 0; i < 8; ++i) {
+        a[2 * i] = _mm512_unpacklo_ps(r[2 * i], r[2 * i + 1]);
+        a[2 * i + 1] = _mm512_unpackhi_ps(r[2 * i], r[2 * i + 1]);
+    }
+    // b[4j + c], 128-bit lane L: column 4L + c of rows 4j .. 4j+3
+    for (int j = 0; j < 4; ++j) {
+        b[4 * j] = asPs(_mm512_unpacklo_pd(asPd(a[4 * j]), asPd(a[4 * j + 2])));
+        b[4 * j + 1] = asPs(_mm512_unpackhi_pd(asPd(a[4 * j]), asPd(a[4 * j + 2])));
+        b[4 * j + 2] = asPs(_mm512_unpacklo_pd(asPd(a[4 * j + 1]), asPd(a[4 * j + 3])));
+        b[4 * j + 3] = asPs(_mm512_unpackhi_pd(asPd(a[4 * j + 1]), asPd(a[4 * j + 3])));
+    }
+    for (int c = 0; c < 4; ++c) {
+        const __m512 c1 = _mm512_shuffle_f32x4(b[c], b[4 + c], 0x44), c2 = _mm512_shuffle_f32x4(b[c], b[4 + c], 0xEE);
+        const __m512 d1 = _mm512_shuffle_f32x4(b[8 + c], b[12 + c], 0x44), d2 = _mm512_shuffle_f32x4(b[8 + c], b[12 + c], 0xEE);
+        o[c] = _mm512_shuffle_f32x4(c1, d1, 0x88);
+        o[4 + c] = _mm512_shuffle_f32x4(c1, d1, 0xDD);
+        o[8 + c] = _mm512_shuffle_f32x4(c2, d2, 0x88);
+        o[12 + c] = _mm512_shuffle_f32x4(c2, d2, 0xDD);
+    }
+}
+// 8 x 8 doubles: the real and imaginary rows of four blocks, 8 positions.
+VRX_INLINE void groupTranspose8d(const __m512d* r, __m512d* o) {
+    __m512d a[8];
+    // a[2i + c], 128-bit lane L: column 2L + c of rows 2i, 2i+1
+    for (int i = 0; i < 4; ++i) {
+        a[2 * i] = _mm512_unpacklo_pd(r[2 * i], r[2 * i + 1]);
+        a[2 * i + 1] = _mm512_unpackhi_pd(r[2 * i], r[2 * i + 1]);
+    }
+    for (int c = 0; c < 2; ++c) {
+        const __m512d c1 = _mm512_shuffle_f64x2(a[c], a[2 + c], 0x44), c2 = _mm512_shuffle_f64x2(a[c], a[2 + c], 0xEE);
+        const __m512d d1 = _mm512_shuffle_f64x2(a[4 + c], a[6 + c], 0x44), d2 = _mm512_shuffle_f64x2(a[4 + c], a[6 + c], 0xEE);
+        o[c] = _mm512_shuffle_f64x2(c1, d1, 0x88);
+        o[2 + c] = _mm512_shuffle_f64x2(c1, d1, 0xDD);
+        o[4 + c] = _mm512_shuffle_f64x2(c2, d2, 0x88);
+        o[6 + c] = _mm512_shuffle_f64x2(c2, d2, 0xDD);
+    }
+}
+
 // Stores the R outputs of V lanes-as-blocks in the group form: lane l's
-// values are block dst(l), R complex values. Raw intrinsics: the 128-bit-lane
-// shuffles that join two transposed halves have no name in the SIMD layer.
+// values are block dst(l), R complex values, by the group transposes above
+// (raw intrinsics: the SIMD layer has no transposes).
 template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const CV* a, D dst) {
     if constexpr (sizeof(T) == 4) {
         static_assert(R == 16, "single precision blocks are of 16");
-        __m512 r0[8], r1[8], t0[8], t1[8];
-        for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-        transpose8x8<true>(r0, t0);
-        transpose8x8<true>(r1, t1);
+        __m512 r[16], o[16];
+        for (int q = 0; q < 16; ++q) r[q] = a[q].v;
+        groupTranspose16f(r, o);
         for (int l = 0; l < 8; ++l) {
             float* d = reinterpret_cast<float*>(dst(l));
-            simd::V<float>::store(d, _mm512_shuffle_f32x4(t0[l], t1[l], 0x44));
-            simd::V<float>::store(d + 16, _mm512_shuffle_f32x4(t0[l], t1[l], 0xEE));
+            simd::V<float>::store(d, o[2 * l]);
+            simd::V<float>::store(d + 16, o[2 * l + 1]);
         }
     } else {
         for (int g = 0; g < R / 8; ++g) {
-            __m512d ra[4] = {a[8 * g].v, a[8 * g + 1].v, a[8 * g + 2].v, a[8 * g + 3].v};
-            __m512d rb[4] = {a[8 * g + 4].v, a[8 * g + 5].v, a[8 * g + 6].v, a[8 * g + 7].v};
-            __m512d ta[4], tb[4];
-            transpose4x4<true>(ra, ta);
-            transpose4x4<true>(rb, tb);
+            __m512d r[8], o[8];
+            for (int q = 0; q < 8; ++q) r[q] = a[8 * g + q].v;
+            groupTranspose8d(r, o);
             for (int l = 0; l < 4; ++l) {
                 double* d = reinterpret_cast<double*>(dst(l) + 8 * g);
-                simd::V<double>::store(d, _mm512_shuffle_f64x2(ta[l], tb[l], 0x44));
-                simd::V<double>::store(d + 8, _mm512_shuffle_f64x2(ta[l], tb[l], 0xEE));
+                simd::V<double>::store(d, o[2 * l]);
+                simd::V<double>::store(d + 8, o[2 * l + 1]);
             }
         }
     }
@@ -485,15 +480,13 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     CV a[16];
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
     vdftTw<float, CV, 16, Inv>(a, fr, fi);
-    __m512 r0[8], r1[8], t0[8], t1[8];
-    for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-    transpose8x8<true>(r0, t0);
-    transpose8x8<true>(r1, t1);
+    __m512 r[16], o[16];
+    for (int q = 0; q < 16; ++q) r[q] = a[q].v;
+    groupTranspose16f(r, o);
     const float* t = reinterpret_cast<const float*>(tw + kSchedules<float>.s[7].off[2]);
     G c[8];
     for (int j = 0; j < 8; ++j) {
-        // raw: the 128-bit-lane shuffles of storeGroups, kept in registers
-        G g{_mm512_shuffle_f32x4(t0[j], t1[j], 0x44), _mm512_shuffle_f32x4(t0[j], t1[j], 0xEE)};
+        G g{o[2 * j], o[2 * j + 1]};
         c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, t + 32 * (j - 1));
     }
     bfly8Group<float, Inv, O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
