@@ -270,6 +270,16 @@ template <class T> struct Schedules {
     }
 };
 template <class T> inline constexpr Schedules<T> kSchedules{};
+// The first passes of the engine: radix 8 alone, or radix 4 fused with a
+// radix-4 pass at s = 2 (a radix-16 first pass in registers).
+template <class T> constexpr bool firstPassesKnown() {
+    for (int m = 7; m <= Limits<T>::kRadixLast; ++m) {
+        const Schedule& x = kSchedules<T>.s[m];
+        if (x.ps[0].t == 2 ? x.ps[1].t != 2 : x.ps[0].t != 3) return false;
+    }
+    return true;
+}
+static_assert(firstPassesKnown<float>() && firstPassesKnown<double>(), "a first pass the engine lacks");
 
 // Positions per factor group of the pass at s: the width of the group
 // form, or all positions of a pass that has fewer (the pass at s = 2).
@@ -368,7 +378,7 @@ template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const C
     }
 }
 
-// Radix-16 or radix-32 first pass in lanes: the radix-4 first pass and the
+// Radix-16 (or radix-R) first pass in lanes: the radix-4 first pass and the
 // radix-R/4 pass at s = 2 in registers, the latter with its factors
 // fr/fi[3*(j-1) + (k-1)] (real and imaginary parts in every lane).
 template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, const CV* fr, const CV* fi) {
@@ -390,7 +400,7 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, cons
     }
 }
 
-// Butterfly of the first pass over R = 8, 16 or 32 lanes-as-blocks.
+// Butterfly of the first pass over R = 8 or 16 lanes-as-blocks.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* fr, const CV* fi) {
     if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
     else vdft<T, CV, R, Inv>(a);
@@ -421,7 +431,7 @@ void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, con
     const int64_t G = N / (int64_t(R) * V);
     int64_t rv[8];
     for (int l = 0; l < V; ++l) rv[l] = int64_t(revBits(static_cast<uint32_t>(l), LV)) * G;
-    CV fr[21], fi[21];
+    CV fr[9], fi[9];
     if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
     for (int64_t i = 0; i < G; ++i) {
         const int64_t base = brev[i * (R / 4)] >> 1;
@@ -440,7 +450,7 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     using CV = CVec<T, V>;
     const int64_t N = int64_t(1) << m;
     constexpr int LR = R == 32 ? 5 : (R == 16 ? 4 : 3);
-    CV fr[21], fi[21];
+    CV fr[9], fi[9];
     if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
     for (int64_t i = 0; i < N; i += int64_t(R) * V) {
         CV e[R], a[R];
@@ -516,14 +526,10 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
             if constexpr (Seq) firstPassSeq<T, 8, Inv>(m, src.cx, W, tw);
             else firstPassRev<T, 8, Inv, O == Out::Split>(m, brev, src, W, tw);
         }
-    } else if (ps[1].t == 2) {
+    } else {
+        // a radix-4 first pass is always followed by a radix-4 pass at s = 2
         if constexpr (Seq) firstPassSeq<T, 16, Inv>(m, src.cx, W, tw);
         else firstPassRev<T, 16, Inv, O == Out::Split>(m, brev, src, W, tw);
-    } else {
-        if constexpr (sizeof(T) == 8) {
-            if constexpr (Seq) firstPassSeq<T, 32, Inv>(m, src.cx, W, tw);
-            else firstPassRev<T, 32, Inv, O == Out::Split>(m, brev, src, W, tw);
-        }
     }
     const int logC = m < Limits<T>::kChunkLog ? m : Limits<T>::kChunkLog;
     const int64_t C = int64_t(1) << logC;
