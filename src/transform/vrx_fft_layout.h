@@ -38,7 +38,7 @@ template <class T> constexpr int radixSchedule(int m, PassStep* ps) {
         int t;
         if constexpr (sizeof(T) == 4) {
             if (r == 3) t = 3;
-            else if (r >= 5 && s > 2 && m < 12) t = 3;
+            else if (r >= 5 && s > 2) t = 3;
             else if (s == 4 && (m & 1)) t = 3;
             else t = 2;
         } else {
