@@ -309,6 +309,24 @@ template <class T, int V, bool Split> VRX_INLINE CVec<T, V> loadSrc(const SrcRef
 
 // Transposes into the group form with in-lane unpacks first and 128-bit
 // shuffles last (no index permutes): o[e] element q = r[q] element e.
+// The last two stages: x[K*i + c] holds in its 128-bit lane L a piece of
+// column K*L + c; o[K*L + c] gathers lane L of x[c], x[K+c], x[2K+c], x[3K+c].
+struct Shuf128f {
+    template <int I> static VRX_INLINE __m512 f(__m512 a, __m512 b) { return _mm512_shuffle_f32x4(a, b, I); }
+};
+struct Shuf128d {
+    template <int I> static VRX_INLINE __m512d f(__m512d a, __m512d b) { return _mm512_shuffle_f64x2(a, b, I); }
+};
+template <class S, int K, class R> VRX_INLINE void laneTranspose(const R* x, R* o) {
+    for (int c = 0; c < K; ++c) {
+        const R c1 = S::template f<0x44>(x[c], x[K + c]), c2 = S::template f<0xEE>(x[c], x[K + c]);
+        const R d1 = S::template f<0x44>(x[2 * K + c], x[3 * K + c]), d2 = S::template f<0xEE>(x[2 * K + c], x[3 * K + c]);
+        o[c] = S::template f<0x88>(c1, d1);
+        o[K + c] = S::template f<0xDD>(c1, d1);
+        o[2 * K + c] = S::template f<0x88>(c2, d2);
+        o[3 * K + c] = S::template f<0xDD>(c2, d2);
+    }
+}
 // 16 x 16 floats: the real and imaginary rows of eight blocks of 16.
 VRX_INLINE void groupTranspose16f(const __m512* r, __m512* o) {
     __m512 a[16], b[16];
@@ -323,14 +341,7 @@ VRX_INLINE void groupTranspose16f(const __m512* r, __m512* o) {
         b[4 * j + 2] = asPs(_mm512_unpacklo_pd(asPd(a[4 * j + 1]), asPd(a[4 * j + 3])));
         b[4 * j + 3] = asPs(_mm512_unpackhi_pd(asPd(a[4 * j + 1]), asPd(a[4 * j + 3])));
     }
-    for (int c = 0; c < 4; ++c) {
-        const __m512 c1 = _mm512_shuffle_f32x4(b[c], b[4 + c], 0x44), c2 = _mm512_shuffle_f32x4(b[c], b[4 + c], 0xEE);
-        const __m512 d1 = _mm512_shuffle_f32x4(b[8 + c], b[12 + c], 0x44), d2 = _mm512_shuffle_f32x4(b[8 + c], b[12 + c], 0xEE);
-        o[c] = _mm512_shuffle_f32x4(c1, d1, 0x88);
-        o[4 + c] = _mm512_shuffle_f32x4(c1, d1, 0xDD);
-        o[8 + c] = _mm512_shuffle_f32x4(c2, d2, 0x88);
-        o[12 + c] = _mm512_shuffle_f32x4(c2, d2, 0xDD);
-    }
+    laneTranspose<Shuf128f, 4>(b, o);
 }
 // 8 x 8 doubles: the real and imaginary rows of four blocks, 8 positions.
 VRX_INLINE void groupTranspose8d(const __m512d* r, __m512d* o) {
@@ -340,14 +351,7 @@ VRX_INLINE void groupTranspose8d(const __m512d* r, __m512d* o) {
         a[2 * i] = _mm512_unpacklo_pd(r[2 * i], r[2 * i + 1]);
         a[2 * i + 1] = _mm512_unpackhi_pd(r[2 * i], r[2 * i + 1]);
     }
-    for (int c = 0; c < 2; ++c) {
-        const __m512d c1 = _mm512_shuffle_f64x2(a[c], a[2 + c], 0x44), c2 = _mm512_shuffle_f64x2(a[c], a[2 + c], 0xEE);
-        const __m512d d1 = _mm512_shuffle_f64x2(a[4 + c], a[6 + c], 0x44), d2 = _mm512_shuffle_f64x2(a[4 + c], a[6 + c], 0xEE);
-        o[c] = _mm512_shuffle_f64x2(c1, d1, 0x88);
-        o[2 + c] = _mm512_shuffle_f64x2(c1, d1, 0xDD);
-        o[4 + c] = _mm512_shuffle_f64x2(c2, d2, 0x88);
-        o[6 + c] = _mm512_shuffle_f64x2(c2, d2, 0xDD);
-    }
+    laneTranspose<Shuf128d, 2>(a, o);
 }
 
 // Stores the R outputs of V lanes-as-blocks in the group form: lane l's
