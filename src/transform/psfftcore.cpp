@@ -108,8 +108,8 @@ VRX_INLINE void transpose4x4(const __m256* r, __m256* o) {
     o[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
     o[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
 }
-template <bool Group = false> VRX_INLINE void transpose8x8(const __m512* r, __m512* o);
-template <bool Group = false> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o);
+VRX_INLINE void transpose8x8(const __m512* r, __m512* o);
+VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o);
 
 template <class CV> VRX_INLINE void transposeV(CV* a);
 template <> VRX_INLINE void transposeV<CVec<float, 4>>(CVec<float, 4>* a) {
@@ -219,36 +219,8 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
 VRX_INLINE __m512d asPd(__m512 v) { return _mm512_castps_pd(v); }
 VRX_INLINE __m512 asPs(__m512d v) { return _mm512_castpd_ps(v); }
 
-// Index of a two-source permute that does the last 128-bit shuffle of a
-// transpose (sel 0: lanes 0,2 of each source; sel 1: lanes 1,3) and the
-// group form of the result at once. E: elements per 128 bits.
-constexpr int groupIdx(int E, int sel, int i) {
-    const int n = 4 * E;                                // elements per register
-    const int f = i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1;
-    const int L = f / E, w = f % E;
-    return (L >= 2 ? n : 0) + ((L % 2) * 2 + sel) * E + w;
-}
-template <int E, int sel> struct GroupIdx {
-    static constexpr int n = 4 * E;
-    static constexpr auto make() {
-        struct A { int32_t v[16]; } a{};
-        for (int i = 0; i < 16; ++i) a.v[i] = 0;
-        if constexpr (E == 4) { for (int i = 0; i < n; ++i) a.v[i] = groupIdx(E, sel, i); }
-        else { for (int i = 0; i < n; ++i) { a.v[2 * i] = groupIdx(E, sel, i); a.v[2 * i + 1] = 0; } }
-        return a;
-    }
-    static constexpr auto tab = make();
-};
-VRX_INLINE __m512i groupIdxVec(int E, int sel) {
-    using I = simd::V<int32_t>;
-    if (E == 4) return I::load(sel ? GroupIdx<4, 1>::tab.v : GroupIdx<4, 0>::tab.v);
-    return I::load(sel ? GroupIdx<2, 1>::tab.v : GroupIdx<2, 0>::tab.v);
-}
-
-// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j;
-// with Group, each o[l] comes out in the group form.
-template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
-    using F = simd::V<float>;
+// Transpose of 8 x 8 complex floats (64-bit elements): r[j] lane l -> o[l] lane j.
+VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
     __m512d t[8];
     for (int k = 0; k < 4; ++k) {
         t[2 * k] = _mm512_unpacklo_pd(asPd(r[2 * k]), asPd(r[2 * k + 1]));
@@ -260,38 +232,21 @@ template <bool Group> VRX_INLINE void transpose8x8(const __m512* r, __m512* o) {
         __m512d q01 = _mm512_shuffle_f64x2(t[odd], t[2 + odd], 0xDD);
         __m512d p45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0x88);
         __m512d q45 = _mm512_shuffle_f64x2(t[4 + odd], t[6 + odd], 0xDD);
-        if constexpr (Group) {
-            const __m512i i0 = groupIdxVec(4, 0), i1 = groupIdxVec(4, 1);
-            o[0 + odd] = F::permute2(asPs(p01), i0, asPs(p45));
-            o[4 + odd] = F::permute2(asPs(p01), i1, asPs(p45));
-            o[2 + odd] = F::permute2(asPs(q01), i0, asPs(q45));
-            o[6 + odd] = F::permute2(asPs(q01), i1, asPs(q45));
-        } else {
-            o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
-            o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
-            o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
-            o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
-        }
+        o[0 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0x88));
+        o[4 + odd] = asPs(_mm512_shuffle_f64x2(p01, p45, 0xDD));
+        o[2 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0x88));
+        o[6 + odd] = asPs(_mm512_shuffle_f64x2(q01, q45, 0xDD));
     }
 }
 
 // Transpose of 4 x 4 complex doubles (128-bit elements).
-template <bool Group> VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
-    using D = simd::V<double>;
+VRX_INLINE void transpose4x4(const __m512d* r, __m512d* o) {
     __m512d t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44), t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
     __m512d t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44), t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
-    if constexpr (Group) {
-        const __m512i i0 = groupIdxVec(2, 0), i1 = groupIdxVec(2, 1);
-        o[0] = D::permute2(t0, i0, t2);
-        o[1] = D::permute2(t0, i1, t2);
-        o[2] = D::permute2(t1, i0, t3);
-        o[3] = D::permute2(t1, i1, t3);
-    } else {
-        o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
-        o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
-        o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
-        o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
-    }
+    o[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+    o[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+    o[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+    o[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
 }
 
 // ------------------------------------------------------------ radix engine
@@ -315,6 +270,16 @@ template <class T> struct Schedules {
     }
 };
 template <class T> inline constexpr Schedules<T> kSchedules{};
+// The first passes of the engine: radix 8 alone, or radix 4 fused with a
+// radix-4 pass at s = 2 (a radix-16 first pass in registers).
+template <class T> constexpr bool firstPassesKnown() {
+    for (int m = 7; m <= Limits<T>::kRadixLast; ++m) {
+        const Schedule& x = kSchedules<T>.s[m];
+        if (x.ps[0].t == 2 ? x.ps[1].t != 2 : x.ps[0].t != 3) return false;
+    }
+    return true;
+}
+static_assert(firstPassesKnown<float>() && firstPassesKnown<double>(), "a first pass the engine lacks");
 
 // Positions per factor group of the pass at s: the width of the group
 // form, or all positions of a pass that has fewer (the pass at s = 2).
@@ -342,38 +307,82 @@ template <class T, int V, bool Split> VRX_INLINE CVec<T, V> loadSrc(const SrcRef
     }
 }
 
+// Transposes into the group form with in-lane unpacks first and 128-bit
+// shuffles last (no index permutes): o[e] element q = r[q] element e.
+// The last two stages: x[K*i + c] holds in its 128-bit lane L a piece of
+// column K*L + c; o[K*L + c] gathers lane L of x[c], x[K+c], x[2K+c], x[3K+c].
+struct Shuf128f {
+    template <int I> static VRX_INLINE __m512 f(__m512 a, __m512 b) { return _mm512_shuffle_f32x4(a, b, I); }
+};
+struct Shuf128d {
+    template <int I> static VRX_INLINE __m512d f(__m512d a, __m512d b) { return _mm512_shuffle_f64x2(a, b, I); }
+};
+template <class S, int K, class R> VRX_INLINE void laneTranspose(const R* x, R* o) {
+    for (int c = 0; c < K; ++c) {
+        const R c1 = S::template f<0x44>(x[c], x[K + c]), c2 = S::template f<0xEE>(x[c], x[K + c]);
+        const R d1 = S::template f<0x44>(x[2 * K + c], x[3 * K + c]), d2 = S::template f<0xEE>(x[2 * K + c], x[3 * K + c]);
+        o[c] = S::template f<0x88>(c1, d1);
+        o[K + c] = S::template f<0xDD>(c1, d1);
+        o[2 * K + c] = S::template f<0x88>(c2, d2);
+        o[3 * K + c] = S::template f<0xDD>(c2, d2);
+    }
+}
+// 16 x 16 floats: the real and imaginary rows of eight blocks of 16.
+VRX_INLINE void groupTranspose16f(const __m512* r, __m512* o) {
+    __m512 a[16], b[16];
+    for (int i = 0; i < 8; ++i) {
+        a[2 * i] = _mm512_unpacklo_ps(r[2 * i], r[2 * i + 1]);
+        a[2 * i + 1] = _mm512_unpackhi_ps(r[2 * i], r[2 * i + 1]);
+    }
+    // b[4j + c], 128-bit lane L: column 4L + c of rows 4j .. 4j+3
+    for (int j = 0; j < 4; ++j) {
+        b[4 * j] = asPs(_mm512_unpacklo_pd(asPd(a[4 * j]), asPd(a[4 * j + 2])));
+        b[4 * j + 1] = asPs(_mm512_unpackhi_pd(asPd(a[4 * j]), asPd(a[4 * j + 2])));
+        b[4 * j + 2] = asPs(_mm512_unpacklo_pd(asPd(a[4 * j + 1]), asPd(a[4 * j + 3])));
+        b[4 * j + 3] = asPs(_mm512_unpackhi_pd(asPd(a[4 * j + 1]), asPd(a[4 * j + 3])));
+    }
+    laneTranspose<Shuf128f, 4>(b, o);
+}
+// 8 x 8 doubles: the real and imaginary rows of four blocks, 8 positions.
+VRX_INLINE void groupTranspose8d(const __m512d* r, __m512d* o) {
+    __m512d a[8];
+    // a[2i + c], 128-bit lane L: column 2L + c of rows 2i, 2i+1
+    for (int i = 0; i < 4; ++i) {
+        a[2 * i] = _mm512_unpacklo_pd(r[2 * i], r[2 * i + 1]);
+        a[2 * i + 1] = _mm512_unpackhi_pd(r[2 * i], r[2 * i + 1]);
+    }
+    laneTranspose<Shuf128d, 2>(a, o);
+}
+
 // Stores the R outputs of V lanes-as-blocks in the group form: lane l's
-// values are block dst(l), R complex values. Raw intrinsics: the 128-bit-lane
-// shuffles that join two transposed halves have no name in the SIMD layer.
+// values are block dst(l), R complex values, by the group transposes above
+// (raw intrinsics: the SIMD layer has no transposes).
 template <class T, class CV, int R, class D> VRX_INLINE void storeGroups(const CV* a, D dst) {
     if constexpr (sizeof(T) == 4) {
         static_assert(R == 16, "single precision blocks are of 16");
-        __m512 r0[8], r1[8], t0[8], t1[8];
-        for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-        transpose8x8<true>(r0, t0);
-        transpose8x8<true>(r1, t1);
+        __m512 r[16], o[16];
+        for (int q = 0; q < 16; ++q) r[q] = a[q].v;
+        groupTranspose16f(r, o);
         for (int l = 0; l < 8; ++l) {
             float* d = reinterpret_cast<float*>(dst(l));
-            simd::V<float>::store(d, _mm512_shuffle_f32x4(t0[l], t1[l], 0x44));
-            simd::V<float>::store(d + 16, _mm512_shuffle_f32x4(t0[l], t1[l], 0xEE));
+            simd::V<float>::store(d, o[2 * l]);
+            simd::V<float>::store(d + 16, o[2 * l + 1]);
         }
     } else {
         for (int g = 0; g < R / 8; ++g) {
-            __m512d ra[4] = {a[8 * g].v, a[8 * g + 1].v, a[8 * g + 2].v, a[8 * g + 3].v};
-            __m512d rb[4] = {a[8 * g + 4].v, a[8 * g + 5].v, a[8 * g + 6].v, a[8 * g + 7].v};
-            __m512d ta[4], tb[4];
-            transpose4x4<true>(ra, ta);
-            transpose4x4<true>(rb, tb);
+            __m512d r[8], o[8];
+            for (int q = 0; q < 8; ++q) r[q] = a[8 * g + q].v;
+            groupTranspose8d(r, o);
             for (int l = 0; l < 4; ++l) {
                 double* d = reinterpret_cast<double*>(dst(l) + 8 * g);
-                simd::V<double>::store(d, _mm512_shuffle_f64x2(ta[l], tb[l], 0x44));
-                simd::V<double>::store(d + 8, _mm512_shuffle_f64x2(ta[l], tb[l], 0xEE));
+                simd::V<double>::store(d, o[2 * l]);
+                simd::V<double>::store(d + 8, o[2 * l + 1]);
             }
         }
     }
 }
 
-// Radix-16 or radix-32 first pass in lanes: the radix-4 first pass and the
+// Radix-16 (or radix-R) first pass in lanes: the radix-4 first pass and the
 // radix-R/4 pass at s = 2 in registers, the latter with its factors
 // fr/fi[3*(j-1) + (k-1)] (real and imaginary parts in every lane).
 template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, const CV* fr, const CV* fi) {
@@ -395,7 +404,7 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, cons
     }
 }
 
-// Butterfly of the first pass over R = 8, 16 or 32 lanes-as-blocks.
+// Butterfly of the first pass over R = 8 or 16 lanes-as-blocks.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* fr, const CV* fi) {
     if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
     else vdft<T, CV, R, Inv>(a);
@@ -426,7 +435,7 @@ void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, con
     const int64_t G = N / (int64_t(R) * V);
     int64_t rv[8];
     for (int l = 0; l < V; ++l) rv[l] = int64_t(revBits(static_cast<uint32_t>(l), LV)) * G;
-    CV fr[21], fi[21];
+    CV fr[9], fi[9];
     if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
     for (int64_t i = 0; i < G; ++i) {
         const int64_t base = brev[i * (R / 4)] >> 1;
@@ -445,7 +454,7 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     using CV = CVec<T, V>;
     const int64_t N = int64_t(1) << m;
     constexpr int LR = R == 32 ? 5 : (R == 16 ? 4 : 3);
-    CV fr[21], fi[21];
+    CV fr[9], fi[9];
     if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
     for (int64_t i = 0; i < N; i += int64_t(R) * V) {
         CV e[R], a[R];
@@ -485,15 +494,13 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     CV a[16];
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
     vdftTw<float, CV, 16, Inv>(a, fr, fi);
-    __m512 r0[8], r1[8], t0[8], t1[8];
-    for (int q = 0; q < 8; ++q) { r0[q] = a[q].v; r1[q] = a[8 + q].v; }
-    transpose8x8<true>(r0, t0);
-    transpose8x8<true>(r1, t1);
+    __m512 r[16], o[16];
+    for (int q = 0; q < 16; ++q) r[q] = a[q].v;
+    groupTranspose16f(r, o);
     const float* t = reinterpret_cast<const float*>(tw + kSchedules<float>.s[7].off[2]);
     G c[8];
     for (int j = 0; j < 8; ++j) {
-        // raw: the 128-bit-lane shuffles of storeGroups, kept in registers
-        G g{_mm512_shuffle_f32x4(t0[j], t1[j], 0x44), _mm512_shuffle_f32x4(t0[j], t1[j], 0xEE)};
+        G g{o[2 * j], o[2 * j + 1]};
         c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, t + 32 * (j - 1));
     }
     bfly8Group<float, Inv, O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
@@ -523,14 +530,10 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
             if constexpr (Seq) firstPassSeq<T, 8, Inv>(m, src.cx, W, tw);
             else firstPassRev<T, 8, Inv, O == Out::Split>(m, brev, src, W, tw);
         }
-    } else if (ps[1].t == 2) {
+    } else {
+        // a radix-4 first pass is always followed by a radix-4 pass at s = 2
         if constexpr (Seq) firstPassSeq<T, 16, Inv>(m, src.cx, W, tw);
         else firstPassRev<T, 16, Inv, O == Out::Split>(m, brev, src, W, tw);
-    } else {
-        if constexpr (sizeof(T) == 8) {
-            if constexpr (Seq) firstPassSeq<T, 32, Inv>(m, src.cx, W, tw);
-            else firstPassRev<T, 32, Inv, O == Out::Split>(m, brev, src, W, tw);
-        }
     }
     const int logC = m < Limits<T>::kChunkLog ? m : Limits<T>::kChunkLog;
     const int64_t C = int64_t(1) << logC;

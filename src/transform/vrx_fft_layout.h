@@ -31,18 +31,18 @@ inline constexpr Kind kR64f{ObjId::FftR64f, 28, true, true};
 // factors from the twiddle table in this order.
 template <class T> constexpr int radixSchedule(int m, PassStep* ps) {
     int n = 0;
-    int s = (sizeof(T) == 4 || m >= 11 || m == 4) ? 2 : 3;
+    int s = (sizeof(T) == 4 || m >= 11 || m == 4 || m == 7 || m == 10) ? 2 : 3;
     ps[n++] = {0, s};
     while (s < m) {
         const int r = m - s;
         int t;
         if constexpr (sizeof(T) == 4) {
             if (r == 3) t = 3;
-            else if (r >= 5 && s > 2 && m < 12) t = 3;
+            else if (r >= 5 && s > 2) t = 3;
             else if (s == 4 && (m & 1)) t = 3;
             else t = 2;
         } else {
-            if (r == 2 || r == 4) t = 2;
+            if (r == 2 || r == 4 || s == 2) t = 2;
             else if (m < 11) t = 3;
             else if ((m & 1) == 0) t = 2;
             else if (m == 11) t = s < 5 ? 3 : 2;
