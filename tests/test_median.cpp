@@ -90,7 +90,7 @@ template <class E> void checkAgainstReference(int m, int len, bool withHist, uin
     vt::Buffer src(len * sizeof(E), 8), dst(len * sizeof(E), 24), dly(L * sizeof(E) + 1, 40);
     vt::Buffer buf(bufSize(m, Api<E>::kType), 3);
     memcpy(src.data(), x.data(), len * sizeof(E));
-    if (withHist) memcpy(dly.data(), hist.data(), L * sizeof(E));
+    if (withHist && L > 0) memcpy(dly.data(), hist.data(), L * sizeof(E));
     E* line = dly.as<E>();
     const VrxStatus st = Api<E>::run(src.as<E>(), dst.as<E>(), len, m, withHist ? line : nullptr, line, buf.data());
     EXPECT_EQ(st, (m & 1) ? vrxOk : vrxWarnEvenMedianMask);
