@@ -64,16 +64,33 @@ VRX_INLINE void apply(typename W::R* x) {
     if constexpr (C.kind != 1) x[C.j] = W::max(a, b);
 }
 
+template <int M>
+inline constexpr Net kNet = makeNet(M);
+
+// The comparators [B, B + 128) of the network, then the next run: one fold
+// holds at most 128 of them (compilers bound the length of a fold).
+template <class W, int M, size_t B, size_t... T>
+VRX_INLINE void applyRun(typename W::R* x, std::index_sequence<T...>) {
+    (apply<W, kNet<M>.c[B + T]>(x), ...);
+}
+template <class W, int M, size_t B = 0>
+VRX_INLINE void applyAll(typename W::R* x) {
+    constexpr size_t kRun = 128, n = size_t(kNet<M>.n);
+    if constexpr (B < n) {
+        applyRun<W, M, B>(x, std::make_index_sequence<(n - B < kRun ? n - B : kRun)>{});
+        applyAll<W, M, B + kRun>(x);
+    }
+}
+
 // out[t] = median of in[t..t+M-1] for t < n, whole registers: reads up to
 // in[roundUp(n, lanes) + M - 2] and writes up to out[roundUp(n, lanes) - 1].
 template <class K, int M>
 void netRun(const K* in, K* out, int n) {
     using W = simd::V<K>;
-    static constexpr Net net = makeNet(M);
     for (int i = 0; i < n; i += W::N) {
         typename W::R x[M];
         [&]<size_t... J>(std::index_sequence<J...>) { ((x[J] = W::load(in + i + J)), ...); }(std::make_index_sequence<M>{});
-        [&]<size_t... T>(std::index_sequence<T...>) { (apply<W, net.c[T]>(x), ...); }(std::make_index_sequence<net.n>{});
+        applyAll<W, M>(x);
         W::store(out + i, x[M / 2]);
     }
 }
