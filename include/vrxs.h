@@ -2742,7 +2742,8 @@ VRXAPI(VrxStatus, vrxsIIRSparseSetDlyLine_32fc, (VrxsIirSparseState_32fc* pState
  * the enumeration -5; Chebyshev ripple outside (0, 30] -209. -182 and -195
  * are never returned (there is no linear solve). Nothing is written on failure.
  */
-typedef enum { vrxIirGenButterworth = 0, vrxIirGenChebyshev1 = 1 } VrxIirGenType;
+typedef int VrxIirGenType;
+enum { vrxIirGenButterworth = 0, vrxIirGenChebyshev1 = 1 };
 /* low-pass of order N, cut-off rFreq: writes 2N+2 values */
 VRXAPI(VrxStatus, vrxsIIRGenLowpass_64f, (Vrx64f rFreq, Vrx64f rRipple, int order, Vrx64f* pTaps, VrxIirGenType type))
 /* high-pass of order N, cut-off rFreq: writes 2N+2 values */

@@ -63,7 +63,7 @@ void fuzzOne(FuzzedDataProvider& in, const Api<T, St>& a) {
             T mu;
             const std::vector<uint8_t> mb = in.ConsumeBytes<uint8_t>(sizeof(T));
             memset(&mu, 0, sizeof mu);
-            memcpy(&mu, mb.data(), mb.size());
+            if (!mb.empty()) memcpy(&mu, mb.data(), mb.size());
             const int alias = in.ConsumeIntegralInRange<int>(0, 2);
             T* dst = alias == 1 ? x.as<T>() : alias == 2 ? d.as<T>() : y.as<T>();
             const bool damage = fz::rarely(in);

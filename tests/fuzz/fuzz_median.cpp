@@ -20,7 +20,7 @@ template <class E> void one(FuzzedDataProvider& in) {
     const bool huge = fz::rarely(in, 64);
     const int mask = huge ? in.ConsumeIntegral<int>() : in.ConsumeIntegralInRange<int>(-2, 160);
     const int len = fz::mostlyIn(in, -2, 1500);
-    const int mu = mask - 1 + (mask & 1);
+    const int mu = mask >= 1 ? mask - 1 + (mask & 1) : 0;
     const int L = mask >= 1 && mask <= 4096 ? mu - 1 : 0;
     const size_t n = len > 0 && len <= 4096 ? static_cast<size_t>(len) : 16;
     int size = 0;
@@ -53,7 +53,7 @@ template <class E> void one(FuzzedDataProvider& in) {
     // reference on short runs
     if (static_cast<int64_t>(len) * mu <= 200000) {
         std::vector<E> all(L), w(mu);
-        if (hist) memcpy(all.data(), h0.data(), L * sizeof(E));
+        if (hist && L > 0) memcpy(all.data(), h0.data(), L * sizeof(E));
         else std::fill(all.begin(), all.end(), E(0));
         all.resize(L + len);
         memcpy(all.data() + L, s0.data(), len * sizeof(E));
@@ -68,7 +68,7 @@ template <class E> void one(FuzzedDataProvider& in) {
     // in place from the same history gives the same bits
     std::vector<E> io(len), hv(L);
     memcpy(io.data(), s0.data(), len * sizeof(E));
-    memcpy(hv.data(), h0.data(), L * sizeof(E));
+    if (L > 0) memcpy(hv.data(), h0.data(), L * sizeof(E));
     const VrxStatus si = Api<E>::runI(io.data(), len, mask, hist ? hv.data() : nullptr, nullptr, buf.data());
     fz::require(si == st, "in-place status", "runI", si);
     fz::require(memcmp(io.data(), dst.data(), len * sizeof(E)) == 0, "in place differs", "runI", si);
