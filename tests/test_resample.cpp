@@ -12,12 +12,7 @@
 
 namespace {
 
-std::vector<float> noise(uint64_t seed, size_t n) {
-    vt::Rng r(seed);
-    std::vector<float> v(n);
-    for (auto& x : v) x = float(2 * r.uniform() - 1);
-    return v;
-}
+using vt::noise;
 
 int64_t gcd64(int64_t a, int64_t b) { return b ? gcd64(b, a % b) : a; }
 

@@ -10,12 +10,7 @@ namespace {
 
 constexpr int kThreads = 4;
 
-std::vector<float> noise(uint64_t seed, size_t n) {
-    vt::Rng r(seed);
-    std::vector<float> v(n);
-    for (auto& x : v) x = float(2 * r.uniform() - 1);
-    return v;
-}
+using vt::noise;
 
 // Runs f(thread, out) on kThreads threads and once alone; all outputs equal.
 template <class F>

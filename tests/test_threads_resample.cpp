@@ -11,12 +11,7 @@ namespace {
 
 constexpr int kThreads = 4;
 
-std::vector<float> noise(uint64_t seed, size_t n) {
-    vt::Rng r(seed);
-    std::vector<float> v(n);
-    for (auto& x : v) x = float(2 * r.uniform() - 1);
-    return v;
-}
+using vt::noise;
 
 // One thread's work: a fresh state of each kind, the input in pieces.
 std::vector<float> work(const std::vector<float>& x) {

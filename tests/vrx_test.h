@@ -36,6 +36,14 @@ private:
     uint64_t s_;
 };
 
+// n floats uniform in [-1, 1) from a seed.
+inline std::vector<float> noise(uint64_t seed, size_t n) {
+    Rng r(seed);
+    std::vector<float> v(n);
+    for (auto& x : v) x = float(2 * r.uniform() - 1);
+    return v;
+}
+
 // A byte buffer of n usable bytes at a chosen offset from a 64-byte
 // boundary, with guard bytes around it to catch writes outside.
 class Buffer {
