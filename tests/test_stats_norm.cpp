@@ -5,7 +5,6 @@
 #include "vrx_test.h"
 
 #include <cmath>
-#include <functional>
 #include <limits>
 
 namespace {
@@ -13,10 +12,7 @@ namespace {
 using i128 = __int128;
 using vt::Rng;
 
-template <class T> T sat(i128 v) {
-    return T(v > std::numeric_limits<T>::max() ? std::numeric_limits<T>::max()
-                                               : (v < std::numeric_limits<T>::min() ? std::numeric_limits<T>::min() : v));
-}
+using vt::saturate;
 i128 roundEven(i128 v, int k) {  // v / 2^k, ties to even
     i128 q = v >> k, rem = v - (q << k), half = i128(1) << (k - 1);
     return (rem > half || (rem == half && (q & 1))) ? q + 1 : q;
@@ -27,18 +23,18 @@ int shiftCount(int sf, int lim) { return sf < -lim ? lim : -sf; }
 int32_t refA(i128 m, int sf) {
     if (sf == 0) return int32_t(m);
     if (sf > 0) return sf > 31 ? 0 : int32_t(m >> sf);
-    return sat<int32_t>(m << shiftCount(sf, 31));
+    return saturate<int32_t>(m << shiftCount(sf, 31));
 }
 int32_t refB(i128 t, int len, int sf) {
     if (sf == 0) return int32_t(uint32_t(uint64_t(t)));  // unsaturated low bits
     if (len <= 65536) {
         if (sf > 0) return sf > 31 ? 0 : int32_t(t >> sf);
-        return sat<int32_t>(t << shiftCount(sf, 31));
+        return saturate<int32_t>(t << shiftCount(sf, 31));
     }
-    if (sf > 0) return sf > 63 ? 0 : sat<int32_t>(t >> sf);
+    if (sf > 0) return sf > 63 ? 0 : saturate<int32_t>(t >> sf);
     if (t == 0) return 0;
     if (t > INT32_MAX) return INT32_MAX;
-    return sat<int32_t>(t << shiftCount(sf, 32));
+    return saturate<int32_t>(t << shiftCount(sf, 32));
 }
 int64_t refC(i128 x, int sf) {
     if (sf > 0) return int64_t(x >> (sf % 64));
@@ -58,13 +54,13 @@ int32_t refD(double r, int sf) {
     return int32_t(std::trunc(r));
 }
 int32_t refE(i128 v, int sf) {
-    if (sf > 0) return sat<int32_t>(roundEven(v, sf > 31 ? 31 : sf));
-    return sat<int32_t>(v << shiftCount(sf, 31));
+    if (sf > 0) return saturate<int32_t>(roundEven(v, sf > 31 ? 31 : sf));
+    return saturate<int32_t>(v << shiftCount(sf, 31));
 }
 int32_t refF(i128 v, int sf) {  // exact v
     int s = sf < -31 ? -31 : (sf > 93 ? 93 : sf);
-    if (s > 0) return sat<int32_t>(roundEven(v, s));
-    return sat<int32_t>(v << -s);
+    if (s > 0) return saturate<int32_t>(roundEven(v, s));
+    return saturate<int32_t>(v << -s);
 }
 
 // Vectors with a chosen property, built from a few values.
@@ -287,10 +283,6 @@ TEST(DotProdRules, RuleFUnderEveryCallerRoundingMode) {
 void fill(Rng& r, float* p, size_t n) { for (size_t i = 0; i < n; ++i) p[i] = float((r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6)))); }
 void fill(Rng& r, double* p, size_t n) { for (size_t i = 0; i < n; ++i) p[i] = (r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6))); }
 
-// Accumulation of n terms in a precision of `eps` errs by at most about
-// n * eps * (sum of |terms|), plus the last rounding of the result.
-template <class T> long double bound(size_t n, long double absSum, long double eps) { return n * eps * absSum; }
-
 TEST(NormFloat, InfIsExactAndSumsStayInsideTheirAccumulatorBounds) {
     Rng rng(14);
     for (size_t n : {1, 3, 16, 17, 100, 4099}) {
@@ -468,61 +460,6 @@ TEST(DotProd32fc, CombinesItsTwoTotalsOnceAtTheEnd) {
     Vrx32fc r;
     ASSERT_EQ(vrxsDotProd_32fc(a, b, 2, &r), vrxOk);
     EXPECT_EQ(r.re, 16777213.0f);
-}
-
-// -------------------------------------------------- statuses and order
-using Call = std::function<int(const void*, const void*, int, void*)>;
-struct Entry { const char* name; Call f; bool two; };
-#define N1(fn, S, D, ...) {#fn, [](const void* s, const void*, int n, void* d) { return fn((const S*)s, n, (D*)d __VA_OPT__(,) __VA_ARGS__); }, false}
-#define N2(fn, S1, S2, D, ...) {#fn, [](const void* s, const void* t, int n, void* d) { return fn((const S1*)s, (const S2*)t, n, (D*)d __VA_OPT__(,) __VA_ARGS__); }, true}
-
-const Entry kEntries[] = {
-    N1(vrxsNorm_Inf_32f, Vrx32f, Vrx32f), N1(vrxsNorm_Inf_64f, Vrx64f, Vrx64f), N1(vrxsNorm_Inf_16s32f, Vrx16s, Vrx32f),
-    N1(vrxsNorm_Inf_16s32s_Sfs, Vrx16s, Vrx32s, 0), N1(vrxsNorm_Inf_32fc32f, Vrx32fc, Vrx32f),
-    N1(vrxsNorm_Inf_64fc64f, Vrx64fc, Vrx64f), N1(vrxsNorm_L1_32f, Vrx32f, Vrx32f), N1(vrxsNorm_L1_64f, Vrx64f, Vrx64f),
-    N1(vrxsNorm_L1_16s32f, Vrx16s, Vrx32f), N1(vrxsNorm_L1_16s32s_Sfs, Vrx16s, Vrx32s, 0),
-    N1(vrxsNorm_L1_16s64s_Sfs, Vrx16s, Vrx64s, 0), N1(vrxsNorm_L1_32fc64f, Vrx32fc, Vrx64f),
-    N1(vrxsNorm_L1_64fc64f, Vrx64fc, Vrx64f), N1(vrxsNorm_L2_32f, Vrx32f, Vrx32f), N1(vrxsNorm_L2_64f, Vrx64f, Vrx64f),
-    N1(vrxsNorm_L2_16s32f, Vrx16s, Vrx32f), N1(vrxsNorm_L2_16s32s_Sfs, Vrx16s, Vrx32s, 0),
-    N1(vrxsNorm_L2_32fc64f, Vrx32fc, Vrx64f), N1(vrxsNorm_L2_64fc64f, Vrx64fc, Vrx64f),
-    N1(vrxsNorm_L2Sqr_16s64s_Sfs, Vrx16s, Vrx64s, 0),
-    N2(vrxsNormDiff_Inf_32f, Vrx32f, Vrx32f, Vrx32f), N2(vrxsNormDiff_Inf_64f, Vrx64f, Vrx64f, Vrx64f),
-    N2(vrxsNormDiff_Inf_16s32f, Vrx16s, Vrx16s, Vrx32f), N2(vrxsNormDiff_Inf_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0),
-    N2(vrxsNormDiff_Inf_32fc32f, Vrx32fc, Vrx32fc, Vrx32f), N2(vrxsNormDiff_Inf_64fc64f, Vrx64fc, Vrx64fc, Vrx64f),
-    N2(vrxsNormDiff_L1_32f, Vrx32f, Vrx32f, Vrx32f), N2(vrxsNormDiff_L1_64f, Vrx64f, Vrx64f, Vrx64f),
-    N2(vrxsNormDiff_L1_16s32f, Vrx16s, Vrx16s, Vrx32f), N2(vrxsNormDiff_L1_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0),
-    N2(vrxsNormDiff_L1_16s64s_Sfs, Vrx16s, Vrx16s, Vrx64s, 0), N2(vrxsNormDiff_L1_32fc64f, Vrx32fc, Vrx32fc, Vrx64f),
-    N2(vrxsNormDiff_L1_64fc64f, Vrx64fc, Vrx64fc, Vrx64f), N2(vrxsNormDiff_L2_32f, Vrx32f, Vrx32f, Vrx32f),
-    N2(vrxsNormDiff_L2_64f, Vrx64f, Vrx64f, Vrx64f), N2(vrxsNormDiff_L2_16s32f, Vrx16s, Vrx16s, Vrx32f),
-    N2(vrxsNormDiff_L2_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0), N2(vrxsNormDiff_L2_32fc64f, Vrx32fc, Vrx32fc, Vrx64f),
-    N2(vrxsNormDiff_L2_64fc64f, Vrx64fc, Vrx64fc, Vrx64f), N2(vrxsNormDiff_L2Sqr_16s64s_Sfs, Vrx16s, Vrx16s, Vrx64s, 0),
-    N2(vrxsDotProd_32f, Vrx32f, Vrx32f, Vrx32f), N2(vrxsDotProd_32fc, Vrx32fc, Vrx32fc, Vrx32fc),
-    N2(vrxsDotProd_32f32fc, Vrx32f, Vrx32fc, Vrx32fc), N2(vrxsDotProd_32f64f, Vrx32f, Vrx32f, Vrx64f),
-    N2(vrxsDotProd_32fc64fc, Vrx32fc, Vrx32fc, Vrx64fc), N2(vrxsDotProd_32f32fc64fc, Vrx32f, Vrx32fc, Vrx64fc),
-    N2(vrxsDotProd_64f, Vrx64f, Vrx64f, Vrx64f), N2(vrxsDotProd_64fc, Vrx64fc, Vrx64fc, Vrx64fc),
-    N2(vrxsDotProd_64f64fc, Vrx64f, Vrx64fc, Vrx64fc), N2(vrxsDotProd_16s64s, Vrx16s, Vrx16s, Vrx64s),
-    N2(vrxsDotProd_16s32f, Vrx16s, Vrx16s, Vrx32f), N2(vrxsDotProd_16sc64sc, Vrx16sc, Vrx16sc, Vrx64sc),
-    N2(vrxsDotProd_16s16sc64sc, Vrx16s, Vrx16sc, Vrx64sc), N2(vrxsDotProd_16s32s_Sfs, Vrx16s, Vrx16s, Vrx32s, 0),
-    N2(vrxsDotProd_16s32s32s_Sfs, Vrx16s, Vrx32s, Vrx32s, 0), N2(vrxsDotProd_32s_Sfs, Vrx32s, Vrx32s, Vrx32s, 0),
-};
-
-TEST(NormStatuses, NullBeforeLengthAndNothingWritten) {
-    EXPECT_EQ(sizeof(kEntries) / sizeof(kEntries[0]), 56u);
-    alignas(64) uint8_t src[256] = {};
-    for (const Entry& e : kEntries) {
-        uint8_t out[16];
-        memset(out, 0x5A, 16);
-        EXPECT_EQ(e.f(nullptr, src, 4, out), vrxErrNullPtr) << e.name;
-        if (e.two) {
-            EXPECT_EQ(e.f(src, nullptr, 4, out), vrxErrNullPtr) << e.name;
-        }
-        EXPECT_EQ(e.f(src, src, 4, nullptr), vrxErrNullPtr) << e.name;
-        EXPECT_EQ(e.f(nullptr, src, 0, out), vrxErrNullPtr) << e.name;
-        EXPECT_EQ(e.f(src, src, 0, out), vrxErrBadLength) << e.name;
-        EXPECT_EQ(e.f(src, src, -1, out), vrxErrBadLength) << e.name;
-        for (uint8_t x : out) EXPECT_EQ(x, 0x5A) << e.name;
-        EXPECT_EQ(e.f(src, src, 1, out), vrxOk) << e.name;
-    }
 }
 
 }  // namespace
