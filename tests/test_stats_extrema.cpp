@@ -1,14 +1,13 @@
 // Extremes and their positions: every value and Indx form against a scalar
 // reference over lengths 1..300 with duplicated extremes, the 16-bit forms
 // across 4096-element blocks, the single-precision Indx paths (33/34 and
-// misaligned sources), saturated magnitudes, NaN rules of the element-wise
-// forms, and the failure statuses of the whole family with nothing written.
+// misaligned sources), saturated magnitudes and the NaN rules of the
+// element-wise forms.
 #include <float.h>
 #include <math.h>
 
 #include <functional>
 #include <limits>
-#include <string>
 
 #include "vrx_test.h"
 
@@ -271,85 +270,6 @@ TEST(Extrema, EveryForms) {
     checkEvery<Vrx32s>("MaxEvery_32s", true, nullptr, vrxsMaxEvery_32s_I);
     checkEvery<Vrx32f>("MaxEvery_32f", true, vrxsMaxEvery_32f, vrxsMaxEvery_32f_I);
     checkEvery<Vrx64f>("MaxEvery_64f", true, vrxsMaxEvery_64f, vrxsMaxEvery_64f_I);
-}
-
-// ------------------------------------------------- failures of the family
-// Each entry is called with each required pointer null (-8) and with
-// lengths 0 and -1 (-6); every output byte must stay as it was.
-struct Call {
-    std::string name;
-    int pointers;                                                   // required pointers
-    std::function<VrxStatus(int nullAt, int len, uint8_t* out)> f; // nullAt -1: none
-};
-
-template <class T> const T* in(int nullAt, int k, const T* p) { return nullAt == k ? nullptr : p; }
-template <class T> T* out(int nullAt, int k, uint8_t* o, int slot) { return nullAt == k ? nullptr : reinterpret_cast<T*>(o + 64 * slot); }
-
-alignas(64) const uint8_t kData[512] = {1, 2, 3};
-
-template <class T> const T* src() { return reinterpret_cast<const T*>(kData); }
-
-#define SRC_RES(F, T, R) {#F, 2, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<R>(z, 1, o, 0)); }}
-#define SRC_RES_IDX(F, T) {#F, 2, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<T>(z, 1, o, 0), out<int>(-1, 9, o, 1)); }}
-#define SRC_2RES(F, T) {#F, 3, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<T>(z, 1, o, 0), out<T>(z, 2, o, 1)); }}
-#define SRC_4RES(F, T) {#F, 5, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), n, out<T>(z, 1, o, 0), out<int>(z, 2, o, 1), out<T>(z, 3, o, 2), out<int>(z, 4, o, 3)); }}
-#define EVERY(F, T) {#F, 3, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), in(z, 1, src<T>() + 8), out<T>(z, 2, o, 0), n); }}
-#define EVERY_I(F, T) {#F, 2, [](int z, int n, uint8_t* o) { return F(in(z, 0, src<T>()), out<T>(z, 1, o, 0), n); }}
-
-std::vector<Call> calls() {
-    return {
-        SRC_RES(vrxsMin_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMin_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMin_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMin_64f, Vrx64f, Vrx64f),
-        SRC_RES(vrxsMax_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMax_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMax_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMax_64f, Vrx64f, Vrx64f),
-        SRC_RES(vrxsMinAbs_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMinAbs_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMinAbs_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMinAbs_64f, Vrx64f, Vrx64f),
-        SRC_RES(vrxsMaxAbs_16s, Vrx16s, Vrx16s), SRC_RES(vrxsMaxAbs_32s, Vrx32s, Vrx32s), SRC_RES(vrxsMaxAbs_32f, Vrx32f, Vrx32f), SRC_RES(vrxsMaxAbs_64f, Vrx64f, Vrx64f),
-        SRC_RES_IDX(vrxsMinIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMinIndx_32s, Vrx32s), SRC_RES_IDX(vrxsMinIndx_32f, Vrx32f), SRC_RES_IDX(vrxsMinIndx_64f, Vrx64f),
-        SRC_RES_IDX(vrxsMaxIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMaxIndx_32s, Vrx32s), SRC_RES_IDX(vrxsMaxIndx_32f, Vrx32f), SRC_RES_IDX(vrxsMaxIndx_64f, Vrx64f),
-        SRC_RES_IDX(vrxsMinAbsIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMinAbsIndx_32s, Vrx32s), SRC_RES_IDX(vrxsMaxAbsIndx_16s, Vrx16s), SRC_RES_IDX(vrxsMaxAbsIndx_32s, Vrx32s),
-        SRC_2RES(vrxsMinMax_8u, Vrx8u), SRC_2RES(vrxsMinMax_16u, Vrx16u), SRC_2RES(vrxsMinMax_16s, Vrx16s), SRC_2RES(vrxsMinMax_32u, Vrx32u),
-        SRC_2RES(vrxsMinMax_32s, Vrx32s), SRC_2RES(vrxsMinMax_32f, Vrx32f), SRC_2RES(vrxsMinMax_64f, Vrx64f),
-        SRC_4RES(vrxsMinMaxIndx_8u, Vrx8u), SRC_4RES(vrxsMinMaxIndx_16u, Vrx16u), SRC_4RES(vrxsMinMaxIndx_16s, Vrx16s), SRC_4RES(vrxsMinMaxIndx_32u, Vrx32u),
-        SRC_4RES(vrxsMinMaxIndx_32s, Vrx32s), SRC_4RES(vrxsMinMaxIndx_32f, Vrx32f), SRC_4RES(vrxsMinMaxIndx_64f, Vrx64f),
-        EVERY(vrxsMinEvery_8u, Vrx8u), EVERY(vrxsMinEvery_16u, Vrx16u), EVERY(vrxsMinEvery_32f, Vrx32f), EVERY(vrxsMinEvery_64f, Vrx64f),
-        EVERY(vrxsMaxEvery_8u, Vrx8u), EVERY(vrxsMaxEvery_16u, Vrx16u), EVERY(vrxsMaxEvery_32f, Vrx32f), EVERY(vrxsMaxEvery_64f, Vrx64f),
-        EVERY_I(vrxsMinEvery_8u_I, Vrx8u), EVERY_I(vrxsMinEvery_16u_I, Vrx16u), EVERY_I(vrxsMinEvery_16s_I, Vrx16s),
-        EVERY_I(vrxsMinEvery_32s_I, Vrx32s), EVERY_I(vrxsMinEvery_32f_I, Vrx32f), EVERY_I(vrxsMinEvery_64f_I, Vrx64f),
-        EVERY_I(vrxsMaxEvery_8u_I, Vrx8u), EVERY_I(vrxsMaxEvery_16u_I, Vrx16u), EVERY_I(vrxsMaxEvery_16s_I, Vrx16s),
-        EVERY_I(vrxsMaxEvery_32s_I, Vrx32s), EVERY_I(vrxsMaxEvery_32f_I, Vrx32f), EVERY_I(vrxsMaxEvery_64f_I, Vrx64f),
-        {"vrxsCountInRange_32s", 2, [](int z, int n, uint8_t* o) { return vrxsCountInRange_32s(in(z, 0, src<Vrx32s>()), n, out<int>(z, 1, o, 0), 0, 5); }},
-        {"vrxsSumWindow_8u32f", 2, [](int z, int n, uint8_t* o) { return vrxsSumWindow_8u32f(in(z, 0, src<Vrx8u>()), out<Vrx32f>(z, 1, o, 0), n, 2); }},
-        {"vrxsSumWindow_16s32f", 2, [](int z, int n, uint8_t* o) { return vrxsSumWindow_16s32f(in(z, 0, src<Vrx16s>()), out<Vrx32f>(z, 1, o, 0), n, 2); }},
-        {"vrxsFindNearest_16u", 4, [](int z, int n, uint8_t* o) {
-             return vrxsFindNearest_16u(in(z, 0, src<Vrx16u>()), out<Vrx16u>(z, 1, o, 0), out<int>(z, 2, o, 1), n, in(z, 3, src<Vrx16u>()), 4); }},
-        {"vrxsFindNearestOne_16u", 3, [](int z, int n, uint8_t* o) {
-             return vrxsFindNearestOne_16u(7, out<Vrx16u>(z, 0, o, 0), out<int>(z, 1, o, 1), in(z, 2, src<Vrx16u>()), n); }},
-    };
-}
-
-TEST(ExtremaStatus, NullThenLengthNothingWritten) {
-    auto table = calls();
-    for (auto& c : table) {
-        for (int z = -1; z < c.pointers; ++z) {
-            for (int n : {1, 0, -1}) {
-                if (z == -1 && n == 1) continue;
-                std::vector<uint8_t> o(4 * 64, 0x5A);
-                const VrxStatus want = z >= 0 ? vrxErrNullPtr : vrxErrBadLength;
-                EXPECT_EQ(c.f(z, n, o.data()), want) << c.name << " null " << z << " len " << n;
-                for (uint8_t b : o) ASSERT_EQ(b, 0x5A) << c.name << " wrote on failure";
-            }
-        }
-    }
-    EXPECT_EQ(table.size(), 67u);  // MaxOrder and ZeroCrossing: test_stats_search.cpp
-}
-
-// The optional index pointer: null is no error for the single-extreme forms,
-// but each of MinMaxIndx's four results is required (checked above).
-TEST(ExtremaStatus, OptionalIndexPointer) {
-    const Vrx32s x[] = {4, 9, 9, 1};
-    Vrx32s v;
-    EXPECT_EQ(vrxsMaxIndx_32s(x, 4, &v, nullptr), vrxOk);
-    EXPECT_EQ(v, 9);
-    EXPECT_EQ(vrxsMaxIndx_32s(x, 0, &v, nullptr), vrxErrBadLength);
-    EXPECT_EQ(vrxsMaxIndx_32s(nullptr, 0, nullptr, nullptr), vrxErrNullPtr);
 }
 
 }  // namespace
