@@ -1,6 +1,6 @@
 // Random numbers: the generator words and every output bit for bit against
 // a model written here, split calls against one long call, state sizes,
-// states at any alignment, check order and untouched state on failure.
+// states at any alignment, the identity check and untouched state on failure.
 #include "vrx_test.h"
 
 #include <math.h>
@@ -98,38 +98,22 @@ std::vector<T> modelGauss(uint32_t seed, T mean, T sd, const std::vector<int>& c
 
 // ------------------------------------------------------- per-type access
 template <class T> struct Api;
-template <> struct Api<uint8_t> {
-    static int uSize() { int s = 0; vrxsRandUniformGetSize_8u(&s); return s; }
-    static int gSize() { int s = 0; vrxsRandGaussGetSize_8u(&s); return s; }
-    static VrxStatus uInit(void* p, uint8_t l, uint8_t h, uint32_t s) { return vrxsRandUniformInit_8u(static_cast<VrxsRandUniformState*>(p), l, h, s); }
-    static VrxStatus u(uint8_t* d, int n, void* p) { return vrxsRandUniform_8u(d, n, static_cast<VrxsRandUniformState*>(p)); }
-    static VrxStatus gInit(void* p, uint8_t m, uint8_t s, uint32_t seed) { return vrxsRandGaussInit_8u(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
-    static VrxStatus g(uint8_t* d, int n, void* p) { return vrxsRandGauss_8u(d, n, static_cast<VrxsRandGaussState*>(p)); }
-};
-template <> struct Api<int16_t> {
-    static int uSize() { int s = 0; vrxsRandUniformGetSize_16s(&s); return s; }
-    static int gSize() { int s = 0; vrxsRandGaussGetSize_16s(&s); return s; }
-    static VrxStatus uInit(void* p, int16_t l, int16_t h, uint32_t s) { return vrxsRandUniformInit_16s(static_cast<VrxsRandUniformState*>(p), l, h, s); }
-    static VrxStatus u(int16_t* d, int n, void* p) { return vrxsRandUniform_16s(d, n, static_cast<VrxsRandUniformState*>(p)); }
-    static VrxStatus gInit(void* p, int16_t m, int16_t s, uint32_t seed) { return vrxsRandGaussInit_16s(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
-    static VrxStatus g(int16_t* d, int n, void* p) { return vrxsRandGauss_16s(d, n, static_cast<VrxsRandGaussState*>(p)); }
-};
-template <> struct Api<float> {
-    static int uSize() { int s = 0; vrxsRandUniformGetSize_32f(&s); return s; }
-    static int gSize() { int s = 0; vrxsRandGaussGetSize_32f(&s); return s; }
-    static VrxStatus uInit(void* p, float l, float h, uint32_t s) { return vrxsRandUniformInit_32f(static_cast<VrxsRandUniformState*>(p), l, h, s); }
-    static VrxStatus u(float* d, int n, void* p) { return vrxsRandUniform_32f(d, n, static_cast<VrxsRandUniformState*>(p)); }
-    static VrxStatus gInit(void* p, float m, float s, uint32_t seed) { return vrxsRandGaussInit_32f(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
-    static VrxStatus g(float* d, int n, void* p) { return vrxsRandGauss_32f(d, n, static_cast<VrxsRandGaussState*>(p)); }
-};
-template <> struct Api<double> {
-    static int uSize() { int s = 0; vrxsRandUniformGetSize_64f(&s); return s; }
-    static int gSize() { int s = 0; vrxsRandGaussGetSize_64f(&s); return s; }
-    static VrxStatus uInit(void* p, double l, double h, uint32_t s) { return vrxsRandUniformInit_64f(static_cast<VrxsRandUniformState*>(p), l, h, s); }
-    static VrxStatus u(double* d, int n, void* p) { return vrxsRandUniform_64f(d, n, static_cast<VrxsRandUniformState*>(p)); }
-    static VrxStatus gInit(void* p, double m, double s, uint32_t seed) { return vrxsRandGaussInit_64f(static_cast<VrxsRandGaussState*>(p), m, s, seed); }
-    static VrxStatus g(double* d, int n, void* p) { return vrxsRandGauss_64f(d, n, static_cast<VrxsRandGaussState*>(p)); }
-};
+#define RAND_API(T, t)                                                                                  \
+    template <> struct Api<T> {                                                                         \
+        static int uSize() { int s = 0; vrxsRandUniformGetSize_##t(&s); return s; }                     \
+        static int gSize() { int s = 0; vrxsRandGaussGetSize_##t(&s); return s; }                       \
+        static VrxStatus uInit(void* p, T l, T h, uint32_t s) {                                         \
+            return vrxsRandUniformInit_##t(static_cast<VrxsRandUniformState*>(p), l, h, s); }           \
+        static VrxStatus u(T* d, int n, void* p) { return vrxsRandUniform_##t(d, n, static_cast<VrxsRandUniformState*>(p)); } \
+        static VrxStatus gInit(void* p, T m, T s, uint32_t seed) {                                      \
+            return vrxsRandGaussInit_##t(static_cast<VrxsRandGaussState*>(p), m, s, seed); }            \
+        static VrxStatus g(T* d, int n, void* p) { return vrxsRandGauss_##t(d, n, static_cast<VrxsRandGaussState*>(p)); } \
+    };
+RAND_API(uint8_t, 8u)
+RAND_API(int16_t, 16s)
+RAND_API(float, 32f)
+RAND_API(double, 64f)
+#undef RAND_API
 
 // Calls of these lengths, 1000 elements in all: odd splits cross the
 // vector groups and the held deviate.
@@ -157,7 +141,7 @@ void expectSame(const std::vector<T>& got, const std::vector<T>& want, const cha
 }  // namespace
 
 // ------------------------------------------------------------------ sizes
-TEST(RandSize, FiguresAndNull) {
+TEST(RandSize, Figures) {
     EXPECT_EQ(Api<uint8_t>::uSize(), 56);
     EXPECT_EQ(Api<int16_t>::uSize(), 56);
     EXPECT_EQ(Api<float>::uSize(), 56);
@@ -166,10 +150,6 @@ TEST(RandSize, FiguresAndNull) {
     EXPECT_EQ(Api<int16_t>::gSize(), 64);
     EXPECT_EQ(Api<float>::gSize(), 72);
     EXPECT_EQ(Api<double>::gSize(), 80);
-    VrxStatus (*const fns[])(int*) = {vrxsRandUniformGetSize_8u, vrxsRandUniformGetSize_16s, vrxsRandUniformGetSize_32f,
-                                      vrxsRandUniformGetSize_64f, vrxsRandGaussGetSize_8u, vrxsRandGaussGetSize_16s,
-                                      vrxsRandGaussGetSize_32f, vrxsRandGaussGetSize_64f};
-    for (auto f : fns) EXPECT_EQ(f(nullptr), vrxErrNullPtr);
 }
 
 // ------------------------------------------------------- generator words
@@ -210,25 +190,7 @@ TEST(RandUniform, EveryTypeBitExact) {
     uniformCase<float>(3.25f, 1e6f);
     uniformCase<double>(-1.0, 1.0);
     uniformCase<double>(-3e300, 1e-3);
-}
-
-TEST(RandUniform, LowEqualHighAndRangeHalfOpen) {
-    vt::Buffer st(56);
-    ASSERT_EQ(vrxsRandUniformInit_32f(st.as<VrxsRandUniformState>(), 2.5f, 2.5f, 7), vrxOk);
-    std::vector<float> d(300);
-    ASSERT_EQ(vrxsRandUniform_32f(d.data(), 300, st.as<VrxsRandUniformState>()), vrxOk);
-    for (float v : d) ASSERT_EQ(v, 2.5f);
-    vt::Buffer s2(64);
-    ASSERT_EQ(vrxsRandUniformInit_64f(s2.as<VrxsRandUniformState>(), 10.0, 20.0, 99), vrxOk);
-    std::vector<double> e(100000);
-    ASSERT_EQ(vrxsRandUniform_64f(e.data(), 100000, s2.as<VrxsRandUniformState>()), vrxOk);
-    double mean = 0;
-    for (double v : e) {
-        ASSERT_GE(v, 10.0);
-        ASSERT_LT(v, 20.0);
-        mean += v;
-    }
-    EXPECT_NEAR(mean / 1e5, 15.0, 0.05);
+    uniformCase<float>(2.5f, 2.5f);  // scale 0: the middle every time
 }
 
 // Integer outputs follow the caller's rounding mode, which survives the call.
@@ -282,29 +244,9 @@ TEST(RandGauss, EveryTypeBitExactAndSplits) {
     gaussCase<int16_t>(-100, 3000);
     gaussCase<float>(0.5f, 2.0f);
     gaussCase<double>(-1.0, 0.25);
-}
-
-TEST(RandGauss, IntegerClampsBeforeConversion) {
-    vt::Buffer st(64);
-    ASSERT_EQ(vrxsRandGaussInit_8u(st.as<VrxsRandGaussState>(), 128, 250, 3), vrxOk);
-    std::vector<uint8_t> d(2000);
-    ASSERT_EQ(vrxsRandGauss_8u(d.data(), 2000, st.as<VrxsRandGaussState>()), vrxOk);
-    int lo = 0, hi = 0;
-    for (uint8_t v : d) {
-        lo += v == 0;
-        hi += v == 255;
-    }
-    EXPECT_GT(lo, 200);
-    EXPECT_GT(hi, 200);
-    expectSame(d, modelGauss<uint8_t>(3, 128, 250, {2000}), "8u clamp", 3);
-    vt::Buffer s16(64);
-    ASSERT_EQ(vrxsRandGaussInit_16s(s16.as<VrxsRandGaussState>(), 30000, 20000, 3), vrxOk);
-    std::vector<int16_t> e(2000);
-    ASSERT_EQ(vrxsRandGauss_16s(e.data(), 2000, s16.as<VrxsRandGaussState>()), vrxOk);
-    expectSame(e, modelGauss<int16_t>(3, 30000, 20000, {2000}), "16s clamp", 3);
-    int top = 0;
-    for (int16_t v : e) top += v == 32767;
-    EXPECT_GT(top, 500);
+    // wide enough that many values clamp to the ends before conversion
+    gaussCase<uint8_t>(128, 250);
+    gaussCase<int16_t>(30000, 20000);
 }
 
 TEST(RandGauss, Moments) {
@@ -350,9 +292,9 @@ TEST(RandState, AnyAlignmentAndReinit) {
     }
 }
 
-// Pointers, then length, then the identity word; nothing is written and
-// the state is unchanged on any failure.
-TEST(RandChecks, OrderAndNothingWritten) {
+// The length before the identity word; a state of the other kind or type
+// is refused; nothing is written and the state is unchanged on failure.
+TEST(RandChecks, IdentityAfterLengthNothingWritten) {
     vt::Buffer u(64), g(80);
     ASSERT_EQ(vrxsRandUniformInit_64f(u.as<VrxsRandUniformState>(), 0.0, 1.0, 1), vrxOk);
     ASSERT_EQ(vrxsRandGaussInit_64f(g.as<VrxsRandGaussState>(), 0.0, 1.0, 1), vrxOk);
@@ -363,40 +305,19 @@ TEST(RandChecks, OrderAndNothingWritten) {
     auto* U = u.as<VrxsRandUniformState>();
     auto* G = g.as<VrxsRandGaussState>();
     vt::Buffer dst(64 * 8);
-    auto untouched = [&] {
-        for (int i = 0; i < 64 * 8; ++i)
-            if (dst.data()[i] != vt::Buffer::kFill) return false;
-        return memcmp(us.data(), u.data(), 64) == 0 && memcmp(gs.data(), g.data(), 80) == 0;
+    const VrxStatus got[] = {
+        vrxsRandUniform_64f(dst.as<double>(), 0, reinterpret_cast<VrxsRandUniformState*>(G)),
+        vrxsRandUniform_32f(dst.as<float>(), 8, U), vrxsRandUniform_16s(dst.as<int16_t>(), 8, U),
+        vrxsRandUniform_8u(dst.as<uint8_t>(), 8, U),
+        vrxsRandUniform_64f(dst.as<double>(), 8, reinterpret_cast<VrxsRandUniformState*>(G)),
+        vrxsRandGauss_32f(dst.as<float>(), 8, G), vrxsRandGauss_16s(dst.as<int16_t>(), 8, G),
+        vrxsRandGauss_8u(dst.as<uint8_t>(), 8, G),
+        vrxsRandGauss_64f(dst.as<double>(), 8, reinterpret_cast<VrxsRandGaussState*>(U)),
     };
-    struct Case { VrxStatus got, want; };
-    const Case cases[] = {
-        {vrxsRandUniform_64f(nullptr, 8, U), vrxErrNullPtr},
-        {vrxsRandUniform_64f(dst.as<double>(), 8, nullptr), vrxErrNullPtr},
-        {vrxsRandUniform_64f(nullptr, 0, U), vrxErrNullPtr},
-        {vrxsRandUniform_64f(dst.as<double>(), 0, U), vrxErrBadLength},
-        {vrxsRandUniform_64f(dst.as<double>(), -1, U), vrxErrBadLength},
-        {vrxsRandUniform_64f(dst.as<double>(), 0, reinterpret_cast<VrxsRandUniformState*>(G)), vrxErrBadLength},
-        {vrxsRandUniform_32f(dst.as<float>(), 8, U), vrxErrBadSpec},
-        {vrxsRandUniform_16s(dst.as<int16_t>(), 8, U), vrxErrBadSpec},
-        {vrxsRandUniform_8u(dst.as<uint8_t>(), 8, U), vrxErrBadSpec},
-        {vrxsRandUniform_64f(dst.as<double>(), 8, reinterpret_cast<VrxsRandUniformState*>(G)), vrxErrBadSpec},
-        {vrxsRandGauss_64f(nullptr, 8, G), vrxErrNullPtr},
-        {vrxsRandGauss_64f(dst.as<double>(), 8, nullptr), vrxErrNullPtr},
-        {vrxsRandGauss_64f(dst.as<double>(), -5, G), vrxErrBadLength},
-        {vrxsRandGauss_32f(dst.as<float>(), 8, G), vrxErrBadSpec},
-        {vrxsRandGauss_16s(dst.as<int16_t>(), 8, G), vrxErrBadSpec},
-        {vrxsRandGauss_8u(dst.as<uint8_t>(), 8, G), vrxErrBadSpec},
-        {vrxsRandGauss_64f(dst.as<double>(), 8, reinterpret_cast<VrxsRandGaussState*>(U)), vrxErrBadSpec},
-        {vrxsRandUniformInit_8u(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandUniformInit_16s(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandUniformInit_32f(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandUniformInit_64f(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandGaussInit_8u(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandGaussInit_16s(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandGaussInit_32f(nullptr, 0, 1, 0), vrxErrNullPtr},
-        {vrxsRandGaussInit_64f(nullptr, 0, 1, 0), vrxErrNullPtr},
-    };
-    for (size_t i = 0; i < sizeof cases / sizeof cases[0]; ++i) EXPECT_EQ(cases[i].got, cases[i].want) << "case " << i;
-    EXPECT_TRUE(untouched());
+    EXPECT_EQ(got[0], vrxErrBadLength);
+    for (size_t i = 1; i < sizeof got / sizeof got[0]; ++i) EXPECT_EQ(got[i], vrxErrBadSpec) << "case " << i;
+    for (int i = 0; i < 64 * 8; ++i) ASSERT_EQ(dst.data()[i], vt::Buffer::kFill);
+    EXPECT_EQ(memcmp(us.data(), u.data(), 64), 0);
+    EXPECT_EQ(memcmp(gs.data(), g.data(), 80), 0);
     EXPECT_TRUE(dst.guardsIntact());
 }
