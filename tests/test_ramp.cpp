@@ -3,52 +3,15 @@
 #include "vrx_test.h"
 
 #include <cmath>
-#include <functional>
 #include <limits>
-#include <string>
 
 namespace {
 
 using ld = long double;
 
-struct RampFn {
-    std::string name;
-    size_t elem;
-    std::function<VrxStatus(void*, int)> call;   // with a valid magnitude/ramp
-};
-
-std::vector<RampFn> allRamps() {
-    return {
-        {"Jaehne_8u", 1, [](void* d, int n) { return vrxsVectorJaehne_8u((Vrx8u*)d, n, 200); }},
-        {"Jaehne_16u", 2, [](void* d, int n) { return vrxsVectorJaehne_16u((Vrx16u*)d, n, 60000); }},
-        {"Jaehne_16s", 2, [](void* d, int n) { return vrxsVectorJaehne_16s((Vrx16s*)d, n, 30000); }},
-        {"Jaehne_32s", 4, [](void* d, int n) { return vrxsVectorJaehne_32s((Vrx32s*)d, n, 2000000000); }},
-        {"Jaehne_32f", 4, [](void* d, int n) { return vrxsVectorJaehne_32f((Vrx32f*)d, n, 3.0f); }},
-        {"Jaehne_64f", 8, [](void* d, int n) { return vrxsVectorJaehne_64f((Vrx64f*)d, n, 3.0); }},
-        {"Slope_8u", 1, [](void* d, int n) { return vrxsVectorSlope_8u((Vrx8u*)d, n, 1.0, 0.5); }},
-        {"Slope_16u", 2, [](void* d, int n) { return vrxsVectorSlope_16u((Vrx16u*)d, n, 1.0, 0.5); }},
-        {"Slope_16s", 2, [](void* d, int n) { return vrxsVectorSlope_16s((Vrx16s*)d, n, 1.0, 0.5); }},
-        {"Slope_32u", 4, [](void* d, int n) { return vrxsVectorSlope_32u((Vrx32u*)d, n, 1.0, 0.5); }},
-        {"Slope_32s", 4, [](void* d, int n) { return vrxsVectorSlope_32s((Vrx32s*)d, n, 1.0, 0.5); }},
-        {"Slope_32f", 4, [](void* d, int n) { return vrxsVectorSlope_32f((Vrx32f*)d, n, 1.0, 0.5); }},
-        {"Slope_64f", 8, [](void* d, int n) { return vrxsVectorSlope_64f((Vrx64f*)d, n, 1.0, 0.5); }},
-    };
-}
-
-TEST(Ramp, CheckOrderNothingWritten) {
-    for (const RampFn& r : allRamps()) {
-        SCOPED_TRACE(r.name);
-        vt::Buffer b(32 * r.elem);
-        std::vector<uint8_t> before(b.data(), b.data() + b.size());
-        EXPECT_EQ(r.call(nullptr, 32), vrxErrNullPtr);
-        EXPECT_EQ(r.call(nullptr, 0), vrxErrNullPtr);
-        EXPECT_EQ(r.call(b.data(), 0), vrxErrBadLength);
-        EXPECT_EQ(r.call(b.data(), -3), vrxErrBadLength);
-        EXPECT_EQ(memcmp(before.data(), b.data(), b.size()), 0);
-        EXPECT_EQ(r.call(b.data(), 32), vrxOk);
-        EXPECT_TRUE(b.guardsIntact());
-    }
-    // a negative magnitude is -38, after the pointer and length checks
+// A negative magnitude is its own status, after the pointer and length
+// checks; nothing written. Magnitude 0 gives zeros.
+TEST(Ramp, JaehneMagnitudeCheck) {
     std::vector<double> d(8, 5.0);
     EXPECT_EQ(vrxsVectorJaehne_64f(d.data(), 8, -1.0), vrxErrJaehneMagn);
     EXPECT_EQ(vrxsVectorJaehne_64f(d.data(), 0, -1.0), vrxErrBadLength);
@@ -57,9 +20,7 @@ TEST(Ramp, CheckOrderNothingWritten) {
     int16_t s[4] = {1, 2, 3, 4};
     EXPECT_EQ(vrxsVectorJaehne_16s(s, 4, -1), vrxErrJaehneMagn);
     EXPECT_EQ(vrxsVectorJaehne_32s(nullptr, 4, -1), vrxErrNullPtr);
-    EXPECT_EQ(vrxsVectorJaehne_32f(nullptr, 4, -1.0f), vrxErrNullPtr);
     EXPECT_EQ(s[0], 1);
-    // magnitude 0: all zeros
     EXPECT_EQ(vrxsVectorJaehne_64f(d.data(), 8, 0.0), vrxOk);
     for (double v : d) EXPECT_EQ(v, 0.0);
 }
