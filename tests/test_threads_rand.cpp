@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstring>
 #include <latch>
-#include <string>
 #include <thread>
 #include <vector>
 
@@ -32,31 +31,15 @@ struct Kind {
 template <class S, class T, VrxStatus (*F)(T*, int, S*)>
 VrxStatus drawAs(void* st, uint8_t* d, int n) { return F(reinterpret_cast<T*>(d), n, static_cast<S*>(st)); }
 
+#define RAND_KIND(K, t, T, a, b)                                                                        \
+    Kind{#K " " #t, sizeof(T), vrxsRand##K##GetSize_##t,                                                \
+         [](void* s, Vrx32u seed) { return vrxsRand##K##Init_##t(static_cast<VrxsRand##K##State*>(s), a, b, seed); }, \
+         drawAs<VrxsRand##K##State, T, vrxsRand##K##_##t>}
 const Kind kKinds[] = {
-    {"uniform 8u", 1, vrxsRandUniformGetSize_8u,
-     [](void* s, Vrx32u seed) { return vrxsRandUniformInit_8u(static_cast<VrxsRandUniformState*>(s), 10, 200, seed); },
-     drawAs<VrxsRandUniformState, Vrx8u, vrxsRandUniform_8u>},
-    {"uniform 16s", 2, vrxsRandUniformGetSize_16s,
-     [](void* s, Vrx32u seed) { return vrxsRandUniformInit_16s(static_cast<VrxsRandUniformState*>(s), -3000, 3000, seed); },
-     drawAs<VrxsRandUniformState, Vrx16s, vrxsRandUniform_16s>},
-    {"uniform 32f", 4, vrxsRandUniformGetSize_32f,
-     [](void* s, Vrx32u seed) { return vrxsRandUniformInit_32f(static_cast<VrxsRandUniformState*>(s), -1.0f, 2.5f, seed); },
-     drawAs<VrxsRandUniformState, Vrx32f, vrxsRandUniform_32f>},
-    {"uniform 64f", 8, vrxsRandUniformGetSize_64f,
-     [](void* s, Vrx32u seed) { return vrxsRandUniformInit_64f(static_cast<VrxsRandUniformState*>(s), 0.0, 1.0, seed); },
-     drawAs<VrxsRandUniformState, Vrx64f, vrxsRandUniform_64f>},
-    {"gauss 8u", 1, vrxsRandGaussGetSize_8u,
-     [](void* s, Vrx32u seed) { return vrxsRandGaussInit_8u(static_cast<VrxsRandGaussState*>(s), 128, 30, seed); },
-     drawAs<VrxsRandGaussState, Vrx8u, vrxsRandGauss_8u>},
-    {"gauss 16s", 2, vrxsRandGaussGetSize_16s,
-     [](void* s, Vrx32u seed) { return vrxsRandGaussInit_16s(static_cast<VrxsRandGaussState*>(s), 0, 1000, seed); },
-     drawAs<VrxsRandGaussState, Vrx16s, vrxsRandGauss_16s>},
-    {"gauss 32f", 4, vrxsRandGaussGetSize_32f,
-     [](void* s, Vrx32u seed) { return vrxsRandGaussInit_32f(static_cast<VrxsRandGaussState*>(s), 1.0f, 0.5f, seed); },
-     drawAs<VrxsRandGaussState, Vrx32f, vrxsRandGauss_32f>},
-    {"gauss 64f", 8, vrxsRandGaussGetSize_64f,
-     [](void* s, Vrx32u seed) { return vrxsRandGaussInit_64f(static_cast<VrxsRandGaussState*>(s), -2.0, 3.0, seed); },
-     drawAs<VrxsRandGaussState, Vrx64f, vrxsRandGauss_64f>},
+    RAND_KIND(Uniform, 8u, Vrx8u, 10, 200),      RAND_KIND(Uniform, 16s, Vrx16s, -3000, 3000),
+    RAND_KIND(Uniform, 32f, Vrx32f, -1.0f, 2.5f), RAND_KIND(Uniform, 64f, Vrx64f, 0.0, 1.0),
+    RAND_KIND(Gauss, 8u, Vrx8u, 128, 30),        RAND_KIND(Gauss, 16s, Vrx16s, 0, 1000),
+    RAND_KIND(Gauss, 32f, Vrx32f, 1.0f, 0.5f),   RAND_KIND(Gauss, 64f, Vrx64f, -2.0, 3.0),
 };
 
 // The whole sequence a state of this seed gives over the chunk pattern; the

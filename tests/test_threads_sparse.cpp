@@ -8,6 +8,30 @@
 
 namespace {
 
+// The four kinds behind one call shape; the FIR kinds take no feedback count.
+struct Kind {
+    int c;  // floats per element
+    VrxStatus (*size)(int n1, int n2, int o1, int o2, int* sz);
+    VrxStatus (*init)(void** s, const float* taps, const int* pos, int n1, int n2, uint8_t* buf);
+    VrxStatus (*run)(const float* src, float* dst, int n, void* s);
+    VrxStatus (*line)(void* s, float* l);
+};
+#define N2_FIR
+#define N2_IIR n2,
+#define SPARSE_KIND(K, t, E, S, ...)                                                                       \
+    Kind{int(sizeof(E) / 4), [](int n1, int n2, int o1, int o2, int* z) { return vrxs##K##SparseGetStateSize_##t(__VA_ARGS__, z); }, \
+         [](void** s, const float* tp, const int* p, int n1, int n2, uint8_t* b) {                        \
+             return vrxs##K##SparseInit_##t(reinterpret_cast<S**>(s), reinterpret_cast<const E*>(tp), p, n1, N2_##K nullptr, b); }, \
+         [](const float* x, float* y, int n, void* s) {                                                    \
+             return vrxs##K##Sparse_##t(reinterpret_cast<const E*>(x), reinterpret_cast<E*>(y), n, static_cast<S*>(s)); }, \
+         [](void* s, float* l) { return vrxs##K##SparseGetDlyLine_##t(static_cast<S*>(s), reinterpret_cast<E*>(l)); }}
+const Kind kKinds[] = {
+    SPARSE_KIND(FIR, 32f, Vrx32f, VrxsFirSparseState_32f, n1, o1),
+    SPARSE_KIND(FIR, 32fc, Vrx32fc, VrxsFirSparseState_32fc, n1, o1),
+    SPARSE_KIND(IIR, 32f, Vrx32f, VrxsIirSparseState_32f, n1, n2, o1, o2),
+    SPARSE_KIND(IIR, 32fc, Vrx32fc, VrxsIirSparseState_32fc, n1, n2, o1, o2),
+};
+
 struct Job {
     int kind;  // 0 FIR 32f, 1 FIR 32fc, 2 IIR 32f, 3 IIR 32fc
     std::vector<float> taps;
@@ -22,45 +46,20 @@ struct Result {
 };
 
 Result filter(const Job& j, const std::vector<int>& pieces) {
-    const bool cplx = j.kind & 1;
-    const int c = cplx ? 2 : 1, o1 = j.pos[size_t(j.n1 - 1)], o2 = j.n2 ? j.pos.back() : 0;
+    const Kind& k = kKinds[j.kind];
+    const int o1 = j.pos[size_t(j.n1 - 1)], o2 = j.n2 ? j.pos.back() : 0;
     int sz = 0;
-    VrxStatus st = j.kind < 2 ? (cplx ? vrxsFIRSparseGetStateSize_32fc(j.n1, o1, &sz) : vrxsFIRSparseGetStateSize_32f(j.n1, o1, &sz))
-                              : (cplx ? vrxsIIRSparseGetStateSize_32fc(j.n1, j.n2, o1, o2, &sz)
-                                      : vrxsIIRSparseGetStateSize_32f(j.n1, j.n2, o1, o2, &sz));
-    if (st != vrxOk) return {};
+    if (k.size(j.n1, j.n2, o1, o2, &sz) != vrxOk) return {};
     std::vector<uint8_t> mem(static_cast<size_t>(sz));
-    auto cf = [](const float* p) { return reinterpret_cast<const Vrx32fc*>(p); };
-    auto wf = [](float* p) { return reinterpret_cast<Vrx32fc*>(p); };
     void* s = nullptr;
-    switch (j.kind) {
-        case 0: st = vrxsFIRSparseInit_32f(reinterpret_cast<VrxsFirSparseState_32f**>(&s), j.taps.data(), j.pos.data(), j.n1, nullptr, mem.data()); break;
-        case 1: st = vrxsFIRSparseInit_32fc(reinterpret_cast<VrxsFirSparseState_32fc**>(&s), cf(j.taps.data()), j.pos.data(), j.n1, nullptr, mem.data()); break;
-        case 2: st = vrxsIIRSparseInit_32f(reinterpret_cast<VrxsIirSparseState_32f**>(&s), j.taps.data(), j.pos.data(), j.n1, j.n2, nullptr, mem.data()); break;
-        default: st = vrxsIIRSparseInit_32fc(reinterpret_cast<VrxsIirSparseState_32fc**>(&s), cf(j.taps.data()), j.pos.data(), j.n1, j.n2, nullptr, mem.data()); break;
-    }
-    if (st != vrxOk) return {};
-    Result r{std::vector<float>(j.x.size()), std::vector<float>(size_t(c) * j.lineLen)};
+    if (k.init(&s, j.taps.data(), j.pos.data(), j.n1, j.n2, mem.data()) != vrxOk) return {};
+    Result r{std::vector<float>(j.x.size()), std::vector<float>(size_t(k.c) * j.lineLen)};
     size_t at = 0;
     for (int p : pieces) {
-        const float* src = j.x.data() + at;
-        float* dst = r.y.data() + at;
-        switch (j.kind) {
-            case 0: st = vrxsFIRSparse_32f(src, dst, p, static_cast<VrxsFirSparseState_32f*>(s)); break;
-            case 1: st = vrxsFIRSparse_32fc(cf(src), wf(dst), p, static_cast<VrxsFirSparseState_32fc*>(s)); break;
-            case 2: st = vrxsIIRSparse_32f(src, dst, p, static_cast<VrxsIirSparseState_32f*>(s)); break;
-            default: st = vrxsIIRSparse_32fc(cf(src), wf(dst), p, static_cast<VrxsIirSparseState_32fc*>(s)); break;
-        }
-        if (st != vrxOk) return {};
-        at += size_t(c) * p;
+        if (k.run(j.x.data() + at, r.y.data() + at, p, s) != vrxOk) return {};
+        at += size_t(k.c) * p;
     }
-    switch (j.kind) {
-        case 0: st = vrxsFIRSparseGetDlyLine_32f(static_cast<VrxsFirSparseState_32f*>(s), r.line.data()); break;
-        case 1: st = vrxsFIRSparseGetDlyLine_32fc(static_cast<VrxsFirSparseState_32fc*>(s), wf(r.line.data())); break;
-        case 2: st = vrxsIIRSparseGetDlyLine_32f(static_cast<VrxsIirSparseState_32f*>(s), r.line.data()); break;
-        default: st = vrxsIIRSparseGetDlyLine_32fc(static_cast<VrxsIirSparseState_32fc*>(s), wf(r.line.data())); break;
-    }
-    return st == vrxOk ? r : Result{};
+    return k.line(s, r.line.data()) == vrxOk ? r : Result{};
 }
 
 TEST(SparseThreads, PerThreadStatesAreIndependent) {
