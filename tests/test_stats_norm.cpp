@@ -5,6 +5,8 @@
 #include "vrx_test.h"
 
 #include <cmath>
+#include <complex>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -280,171 +282,131 @@ TEST(DotProdRules, RuleFUnderEveryCallerRoundingMode) {
 }
 
 // --------------------------------------------------- floating point
-void fill(Rng& r, float* p, size_t n) { for (size_t i = 0; i < n; ++i) p[i] = float((r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6)))); }
-void fill(Rng& r, double* p, size_t n) { for (size_t i = 0; i < n; ++i) p[i] = (r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6))); }
+using LC = std::complex<long double>;
+
+// Operands of every floating form: single and double, read as real or as
+// complex vectors of half the count.
+struct FloatData {
+    std::vector<float> a, b;
+    std::vector<double> c, d;
+    FloatData(Rng& r, size_t n) : a(2 * n), b(2 * n), c(2 * n), d(2 * n) {
+        auto value = [&] { return (r.uniform() - 0.45) * std::ldexp(1.0, int(r.range(-6, 6))); };
+        for (size_t i = 0; i < 2 * n; ++i) { a[i] = float(value()); b[i] = float(value()); c[i] = value(); d[i] = value(); }
+    }
+    const void* x(bool dbl) const { return dbl ? (const void*)c.data() : a.data(); }
+    const void* y(bool dbl) const { return dbl ? (const void*)d.data() : b.data(); }
+};
+
+// Element i of a real or complex vector of T.
+template <class T> LC elem(const void* p, bool cplx, size_t i) {
+    const T* v = static_cast<const T*>(p);
+    return cplx ? LC(v[2 * i], v[2 * i + 1]) : LC(v[i], 0);
+}
+
+// A norm form: its operand type, which norm, Norm or NormDiff; the result
+// widened to long double.
+struct NormFn {
+    const char* name;
+    bool dbl, cplx;
+    int norm;  // 0 Inf, 1 L1, 2 L2
+    std::function<long double(const void*, const void*, int)> f;
+};
+#define NRM(fn, S, R, dbl, cplx, norm) \
+    {#fn, dbl, cplx, norm, [](const void* a, const void*, int n) { R r; fn((const S*)a, n, &r); return (long double)r; }}
+#define NDF(fn, S, R, dbl, cplx, norm) \
+    {#fn, dbl, cplx, norm, [](const void* a, const void* b, int n) { R r; fn((const S*)a, (const S*)b, n, &r); return (long double)r; }}
+#define NORM_ROWS(M, N)                                                                                          \
+    M(vrxs##N##_Inf_32f, Vrx32f, Vrx32f, false, false, 0), M(vrxs##N##_L1_32f, Vrx32f, Vrx32f, false, false, 1),   \
+    M(vrxs##N##_L2_32f, Vrx32f, Vrx32f, false, false, 2), M(vrxs##N##_Inf_64f, Vrx64f, Vrx64f, true, false, 0),    \
+    M(vrxs##N##_L1_64f, Vrx64f, Vrx64f, true, false, 1), M(vrxs##N##_L2_64f, Vrx64f, Vrx64f, true, false, 2),      \
+    M(vrxs##N##_Inf_32fc32f, Vrx32fc, Vrx32f, false, true, 0), M(vrxs##N##_L1_32fc64f, Vrx32fc, Vrx64f, false, true, 1), \
+    M(vrxs##N##_L2_32fc64f, Vrx32fc, Vrx64f, false, true, 2), M(vrxs##N##_Inf_64fc64f, Vrx64fc, Vrx64f, true, true, 0), \
+    M(vrxs##N##_L1_64fc64f, Vrx64fc, Vrx64f, true, true, 1), M(vrxs##N##_L2_64fc64f, Vrx64fc, Vrx64f, true, true, 2)
+const NormFn kNormFns[] = {NORM_ROWS(NRM, Norm), NORM_ROWS(NDF, NormDiff)};
+
+// Inf exactly: the largest |x| (complex: the largest re^2 + im^2 in the
+// operand's precision, then its root). L1 and L2 against long double: n
+// terms accumulated in single (also for the double results of the complex
+// single forms) or double precision.
+template <class T> long double normRef(const NormFn& f, const void* a, const void* b, size_t n, long double* tol) {
+    T big = 0;
+    long double l1 = 0, l2 = 0;
+    for (size_t i = 0; i < n; ++i) {
+        T re = T(elem<T>(a, f.cplx, i).real()), im = T(elem<T>(a, f.cplx, i).imag());
+        if (b != a) { re = re - T(elem<T>(b, f.cplx, i).real()); im = im - T(elem<T>(b, f.cplx, i).imag()); }
+        big = std::max(big, f.cplx ? re * re + im * im : std::fabs(re));
+        l1 += sqrtl((long double)re * re + (long double)im * im);
+        l2 += (long double)re * re + (long double)im * im;
+    }
+    const long double eps = f.dbl ? 0x1p-52L : 0x1p-23L;
+    if (f.norm == 0) { *tol = 0; return f.cplx ? std::sqrt(big) : big; }
+    if (f.norm == 1) { *tol = (n + 3) * eps * l1; return l1; }
+    *tol = sqrtl(l2) * (n + 1) * eps;
+    return sqrtl(l2);
+}
 
 TEST(NormFloat, InfIsExactAndSumsStayInsideTheirAccumulatorBounds) {
     Rng rng(14);
     for (size_t n : {1, 3, 16, 17, 100, 4099}) {
-        std::vector<float> a(2 * n), b(2 * n);
-        std::vector<double> c(2 * n), d(2 * n);
-        fill(rng, a.data(), 2 * n);
-        fill(rng, b.data(), 2 * n);
-        fill(rng, c.data(), 2 * n);
-        fill(rng, d.data(), 2 * n);
-        for (int diff = 0; diff < 2; ++diff) {
-            // real forms
-            float mf = 0, inf32;
-            double md = 0, inf64;
-            long double l1f = 0, l2f = 0, l1d = 0, l2d = 0;
-            for (size_t i = 0; i < n; ++i) {
-                float x = diff ? a[i] - b[i] : a[i];
-                double y = diff ? c[i] - d[i] : c[i];
-                mf = std::max(mf, std::fabs(x));
-                md = std::max(md, std::fabs(y));
-                l1f += fabsl(x); l2f += (long double)x * x;
-                l1d += fabsl(y); l2d += (long double)y * y;
-            }
-            float l1, l2;
-            double l1_64, l2_64;
-            if (diff) {
-                vrxsNormDiff_Inf_32f(a.data(), b.data(), int(n), &inf32);
-                vrxsNormDiff_Inf_64f(c.data(), d.data(), int(n), &inf64);
-                vrxsNormDiff_L1_32f(a.data(), b.data(), int(n), &l1);
-                vrxsNormDiff_L2_32f(a.data(), b.data(), int(n), &l2);
-                vrxsNormDiff_L1_64f(c.data(), d.data(), int(n), &l1_64);
-                vrxsNormDiff_L2_64f(c.data(), d.data(), int(n), &l2_64);
-            } else {
-                vrxsNorm_Inf_32f(a.data(), int(n), &inf32);
-                vrxsNorm_Inf_64f(c.data(), int(n), &inf64);
-                vrxsNorm_L1_32f(a.data(), int(n), &l1);
-                vrxsNorm_L2_32f(a.data(), int(n), &l2);
-                vrxsNorm_L1_64f(c.data(), int(n), &l1_64);
-                vrxsNorm_L2_64f(c.data(), int(n), &l2_64);
-            }
-            EXPECT_EQ(inf32, mf);
-            EXPECT_EQ(inf64, md);
-            EXPECT_LE(fabsl(l1 - l1f), n * 0x1p-23L * l1f + l1f * 0x1p-24L);
-            EXPECT_LE(fabsl(l2 - sqrtl(l2f)), sqrtl(l2f) * (n * 0x1p-24L + 0x1p-23L));
-            EXPECT_LE(fabsl(l1_64 - l1d), n * 0x1p-52L * l1d);
-            EXPECT_LE(fabsl(l2_64 - sqrtl(l2d)), sqrtl(l2d) * (n * 0x1p-53L + 0x1p-52L));
-            // complex forms
-            float mc = 0;
-            double mz = 0;
-            long double c1 = 0, c2 = 0, z1 = 0, z2 = 0;
-            for (size_t i = 0; i < n; ++i) {
-                float re = diff ? a[2 * i] - b[2 * i] : a[2 * i], im = diff ? a[2 * i + 1] - b[2 * i + 1] : a[2 * i + 1];
-                double zr = diff ? c[2 * i] - d[2 * i] : c[2 * i], zi = diff ? c[2 * i + 1] - d[2 * i + 1] : c[2 * i + 1];
-                mc = std::max(mc, re * re + im * im);
-                mz = std::max(mz, zr * zr + zi * zi);
-                c1 += sqrtl((long double)re * re + (long double)im * im);
-                c2 += (long double)re * re + (long double)im * im;
-                z1 += sqrtl((long double)zr * zr + (long double)zi * zi);
-                z2 += (long double)zr * zr + (long double)zi * zi;
-            }
-            float ci;
-            double zi, cl1, cl2, zl1, zl2;
-            auto* ac = reinterpret_cast<Vrx32fc*>(a.data());
-            auto* bc = reinterpret_cast<Vrx32fc*>(b.data());
-            auto* cc = reinterpret_cast<Vrx64fc*>(c.data());
-            auto* dc = reinterpret_cast<Vrx64fc*>(d.data());
-            if (diff) {
-                vrxsNormDiff_Inf_32fc32f(ac, bc, int(n), &ci);
-                vrxsNormDiff_Inf_64fc64f(cc, dc, int(n), &zi);
-                vrxsNormDiff_L1_32fc64f(ac, bc, int(n), &cl1);
-                vrxsNormDiff_L2_32fc64f(ac, bc, int(n), &cl2);
-                vrxsNormDiff_L1_64fc64f(cc, dc, int(n), &zl1);
-                vrxsNormDiff_L2_64fc64f(cc, dc, int(n), &zl2);
-            } else {
-                vrxsNorm_Inf_32fc32f(ac, int(n), &ci);
-                vrxsNorm_Inf_64fc64f(cc, int(n), &zi);
-                vrxsNorm_L1_32fc64f(ac, int(n), &cl1);
-                vrxsNorm_L2_32fc64f(ac, int(n), &cl2);
-                vrxsNorm_L1_64fc64f(cc, int(n), &zl1);
-                vrxsNorm_L2_64fc64f(cc, int(n), &zl2);
-            }
-            EXPECT_EQ(ci, std::sqrt(mc));
-            EXPECT_EQ(zi, std::sqrt(mz));
-            // single accumulation: the double result carries single-precision error
-            EXPECT_LE(fabsl(cl1 - c1), (n + 3) * 0x1p-23L * c1);
-            EXPECT_LE(fabsl(cl2 - sqrtl(c2)), sqrtl(c2) * (2 * n + 2) * 0x1p-24L);
-            EXPECT_LE(fabsl(zl1 - z1), (n + 3) * 0x1p-52L * z1);
-            EXPECT_LE(fabsl(zl2 - sqrtl(z2)), sqrtl(z2) * (2 * n + 2) * 0x1p-53L);
+        const FloatData v(rng, n);
+        for (const NormFn& f : kNormFns) {
+            const bool diff = strstr(f.name, "Diff") != nullptr;
+            const void *a = v.x(f.dbl), *b = diff ? v.y(f.dbl) : a;
+            long double tol;
+            const long double want = f.dbl ? normRef<double>(f, a, b, n, &tol) : normRef<float>(f, a, b, n, &tol);
+            EXPECT_LE(fabsl(f.f(a, b, int(n)) - want), tol) << f.name << " n " << n;
         }
     }
 }
 
+// A dot product form: operand types (real or complex, single or double),
+// the accumulation precision, the result widened.
+struct DotFn {
+    const char* name;
+    bool dbl, xc, yc, wide;
+    std::function<LC(const void*, const void*, int)> f;
+};
+template <class R> LC widen(const R& r) {
+    if constexpr (std::is_arithmetic_v<R>) return LC(r, 0);
+    else return LC(r.re, r.im);
+}
+#define DOT(fn, X, Y, R, dbl, xc, yc, wide) \
+    {#fn, dbl, xc, yc, wide, [](const void* a, const void* b, int n) { R r; fn((const X*)a, (const Y*)b, n, &r); return widen(r); }}
+const DotFn kDotFns[] = {
+    DOT(vrxsDotProd_32f, Vrx32f, Vrx32f, Vrx32f, false, false, false, false),
+    DOT(vrxsDotProd_32f64f, Vrx32f, Vrx32f, Vrx64f, false, false, false, true),
+    DOT(vrxsDotProd_32fc, Vrx32fc, Vrx32fc, Vrx32fc, false, true, true, false),
+    DOT(vrxsDotProd_32fc64fc, Vrx32fc, Vrx32fc, Vrx64fc, false, true, true, true),
+    DOT(vrxsDotProd_32f32fc, Vrx32f, Vrx32fc, Vrx32fc, false, false, true, false),
+    DOT(vrxsDotProd_32f32fc64fc, Vrx32f, Vrx32fc, Vrx64fc, false, false, true, true),
+    DOT(vrxsDotProd_64f, Vrx64f, Vrx64f, Vrx64f, true, false, false, true),
+    DOT(vrxsDotProd_64fc, Vrx64fc, Vrx64fc, Vrx64fc, true, true, true, true),
+    DOT(vrxsDotProd_64f64fc, Vrx64f, Vrx64fc, Vrx64fc, true, false, true, true),
+};
+
+// Against long double, x times y with neither conjugated; each part within
+// (n + 2) eps of the sum of the magnitudes of the partial products.
 TEST(DotProdFloat, AgainstLongDoubleWithNoConjugation) {
     Rng rng(15);
     for (size_t n : {1, 2, 15, 16, 17, 333, 10000}) {
-        std::vector<float> a(2 * n), b(2 * n);
-        std::vector<double> c(2 * n), d(2 * n);
-        fill(rng, a.data(), 2 * n);
-        fill(rng, b.data(), 2 * n);
-        fill(rng, c.data(), 2 * n);
-        fill(rng, d.data(), 2 * n);
-        long double rs = 0, ra = 0, rd = 0, rda = 0, cre = 0, cim = 0, cab = 0, rcre = 0, rcim = 0, rcab = 0;
-        long double zre = 0, zim = 0, zab = 0, drre = 0, drim = 0, drab = 0;
-        for (size_t i = 0; i < n; ++i) {
-            rs += (long double)a[i] * b[i]; ra += fabsl((long double)a[i] * b[i]);
-            rd += (long double)c[i] * d[i]; rda += fabsl((long double)c[i] * d[i]);
-            long double ar = a[2 * i], ai = a[2 * i + 1], br = b[2 * i], bi = b[2 * i + 1];
-            cre += ar * br - ai * bi; cim += ar * bi + ai * br;
-            cab += fabsl(ar * br) + fabsl(ai * bi) + fabsl(ar * bi) + fabsl(ai * br);
-            rcre += (long double)a[i] * br; rcim += (long double)a[i] * bi; rcab += fabsl(a[i] * br) + fabsl(a[i] * bi);
-            long double xr = c[2 * i], xi = c[2 * i + 1], yr = d[2 * i], yi = d[2 * i + 1];
-            zre += xr * yr - xi * yi; zim += xr * yi + xi * yr;
-            zab += fabsl(xr * yr) + fabsl(xi * yi) + fabsl(xr * yi) + fabsl(xi * yr);
-            drre += c[i] * yr; drim += c[i] * yi; drab += fabsl(c[i] * yr) + fabsl(c[i] * yi);
+        const FloatData v(rng, n);
+        for (const DotFn& f : kDotFns) {
+            const void *x = v.x(f.dbl), *y = v.y(f.dbl);
+            LC want = 0;
+            long double mag = 0;
+            for (size_t i = 0; i < n; ++i) {
+                const LC p = f.dbl ? elem<double>(x, f.xc, i) : elem<float>(x, f.xc, i);
+                const LC q = f.dbl ? elem<double>(y, f.yc, i) : elem<float>(y, f.yc, i);
+                want += p * q;
+                mag += fabsl(p.real() * q.real()) + fabsl(p.imag() * q.imag()) + fabsl(p.real() * q.imag()) + fabsl(p.imag() * q.real());
+            }
+            const LC got = f.f(x, y, int(n));
+            const long double tol = (n + 2) * (f.wide ? 0x1p-52L : 0x1p-23L) * mag;
+            EXPECT_LE(fabsl(got.real() - want.real()), tol) << f.name << " n " << n;
+            EXPECT_LE(fabsl(got.imag() - want.imag()), tol) << f.name << " n " << n;
         }
-        const long double ef = (n + 2) * 0x1p-23L, ed = (n + 2) * 0x1p-52L;
-        float f;
-        double g;
-        Vrx32fc fc;
-        Vrx64fc gc;
-        ASSERT_EQ(vrxsDotProd_32f(a.data(), b.data(), int(n), &f), vrxOk);
-        EXPECT_LE(fabsl(f - rs), ef * ra);
-        ASSERT_EQ(vrxsDotProd_32f64f(a.data(), b.data(), int(n), &g), vrxOk);
-        EXPECT_LE(fabsl(g - rs), ed * ra);
-        ASSERT_EQ(vrxsDotProd_64f(c.data(), d.data(), int(n), &g), vrxOk);
-        EXPECT_LE(fabsl(g - rd), ed * rda);
-        auto* ac = reinterpret_cast<Vrx32fc*>(a.data());
-        auto* bc = reinterpret_cast<Vrx32fc*>(b.data());
-        ASSERT_EQ(vrxsDotProd_32fc(ac, bc, int(n), &fc), vrxOk);
-        EXPECT_LE(fabsl(fc.re - cre), ef * cab);
-        EXPECT_LE(fabsl(fc.im - cim), ef * cab);
-        ASSERT_EQ(vrxsDotProd_32fc64fc(ac, bc, int(n), &gc), vrxOk);
-        EXPECT_LE(fabsl(gc.re - cre), ed * cab);
-        EXPECT_LE(fabsl(gc.im - cim), ed * cab);
-        ASSERT_EQ(vrxsDotProd_32f32fc(a.data(), bc, int(n), &fc), vrxOk);
-        EXPECT_LE(fabsl(fc.re - rcre), ef * rcab);
-        EXPECT_LE(fabsl(fc.im - rcim), ef * rcab);
-        ASSERT_EQ(vrxsDotProd_32f32fc64fc(a.data(), bc, int(n), &gc), vrxOk);
-        EXPECT_LE(fabsl(gc.re - rcre), ed * rcab);
-        EXPECT_LE(fabsl(gc.im - rcim), ed * rcab);
-        auto* cc = reinterpret_cast<Vrx64fc*>(c.data());
-        auto* dc = reinterpret_cast<Vrx64fc*>(d.data());
-        ASSERT_EQ(vrxsDotProd_64fc(cc, dc, int(n), &gc), vrxOk);
-        EXPECT_LE(fabsl(gc.re - zre), ed * zab);
-        EXPECT_LE(fabsl(gc.im - zim), ed * zab);
-        ASSERT_EQ(vrxsDotProd_64f64fc(c.data(), dc, int(n), &gc), vrxOk);
-        EXPECT_LE(fabsl(gc.re - drre), ed * drab);
-        EXPECT_LE(fabsl(gc.im - drim), ed * drab);
     }
     // (1 + i)(1 + i) = 2i: neither operand is conjugated
-    const Vrx32fc u{1, 1};
-    const Vrx64fc w{1, 1};
-    Vrx32fc r;
-    Vrx64fc s;
-    vrxsDotProd_32fc(&u, &u, 1, &r);
-    EXPECT_EQ(r.re, 0.0f);
-    EXPECT_EQ(r.im, 2.0f);
-    vrxsDotProd_64fc(&w, &w, 1, &s);
-    EXPECT_EQ(s.re, 0.0);
-    EXPECT_EQ(s.im, 2.0);
-    vrxsDotProd_32fc64fc(&u, &u, 1, &s);
-    EXPECT_EQ(s.re, 0.0);
-    EXPECT_EQ(s.im, 2.0);
     const Vrx16sc h{1, 1};
     Vrx64sc t;
     vrxsDotProd_16sc64sc(&h, &h, 1, &t);
