@@ -177,11 +177,6 @@ TEST(ZeroCrossing, SelectorAfterLength) {
 // ------------------------------------------------------------- FindNearest
 TEST(FindNearest, AgainstBruteForce) {
     Vrx16u v; int k;
-    const Vrx16u t2[] = {10, 20};
-    ASSERT_EQ(vrxsFindNearestOne_16u(15, &v, &k, t2, 2), vrxOk);
-    EXPECT_EQ(v, 10); EXPECT_EQ(k, 0);
-    ASSERT_EQ(vrxsFindNearestOne_16u(16, &v, &k, t2, 2), vrxOk);
-    EXPECT_EQ(v, 20); EXPECT_EQ(k, 1);
     vt::Rng rng(29);
     std::vector<int> sizes;
     for (int n = 1; n <= 40; ++n) sizes.push_back(n);
