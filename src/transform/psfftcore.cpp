@@ -179,19 +179,6 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
         }
 }
 
-template <class T, bool Inv, bool Scale>
-void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
-    switch (m) {
-        case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
-        case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
-        case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
-        case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
-        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
-        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
-        default: smallVec<T, sizeof(T) == 4 ? 8 : 4, sizeof(T) == 4 ? 8 : 16, Inv, Scale>(src, dst, scale); break;
-    }
-}
-
 template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
     CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
     o[0] = t0 + t2;
@@ -506,6 +493,214 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     bfly8Group<float, Inv, O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
 }
 
+// ------------------------------------------------------------ whole transforms in registers
+
+// Times -i (forward) or +i (inverse), in the group form: no arithmetic.
+template <class T, bool Inv> VRX_INLINE GVec<T> rotG(GVec<T> a) {
+    using W = simd::V<T>;
+    if constexpr (!Inv) return {a.im, W::neg(a.re)};
+    else return {W::neg(a.im), a.re};
+}
+
+// Times W_L^j (forward sign; conjugated for the inverse), a constant factor.
+template <class T, bool Inv> VRX_INLINE GVec<T> mulFix(GVec<T> a, int j, int L) {
+    using G = GVec<T>;
+    j %= L;
+    if (j == 0) return a;
+    if (4 * j == L) return rotG<T, Inv>(a);
+    if (8 * j == L) return GOps<T>::template w8<Inv>(a, sqrtHalf<T>());
+    if (8 * j == 3 * L) return rotG<T, Inv>(GOps<T>::template w8<Inv>(a, sqrtHalf<T>()));
+    const Cx<T> w = fixW<T>(j, L);
+    return GOps<T>::template mulG<Inv>(a, G{G::splat(w.re), G::splat(w.im)});
+}
+
+// Transform of length R down the registers a[0..R-1] (every lane its own
+// transform), natural order in and out: radix 4 over R/4 sub-transforms.
+template <class T, int R, bool Inv> VRX_INLINE void sdft(GVec<T>* a) {
+    using P = GOps<T>;
+    using G = GVec<T>;
+    if constexpr (R == 2) {
+        const G t = P::add(a[0], a[1]);
+        a[1] = P::sub(a[0], a[1]);
+        a[0] = t;
+    } else if constexpr (R == 4) {
+        const G t0 = P::add(a[0], a[2]), t1 = P::sub(a[0], a[2]), t2 = P::add(a[1], a[3]), t3 = P::sub(a[1], a[3]);
+        a[0] = P::add(t0, t2);
+        a[1] = P::template addRot<Inv>(t1, t3);
+        a[2] = P::sub(t0, t2);
+        a[3] = P::template subRot<Inv>(t1, t3);
+    } else if constexpr (R == 8) {
+        G e[4] = {a[0], a[2], a[4], a[6]}, d[4] = {a[1], a[3], a[5], a[7]};
+        sdft<T, 4, Inv>(e);
+        sdft<T, 4, Inv>(d);
+#pragma GCC unroll 4
+        for (int q = 1; q < 4; ++q) d[q] = mulFix<T, Inv>(d[q], q, 8);
+#pragma GCC unroll 4
+        for (int q = 0; q < 4; ++q) {
+            a[q] = P::add(e[q], d[q]);
+            a[q + 4] = P::sub(e[q], d[q]);
+        }
+    } else {
+        constexpr int Q = R / 4;
+        G y[4][Q];
+#pragma GCC unroll 64
+        for (int n2 = 0; n2 < Q; ++n2) {
+            G b[4] = {a[n2], a[Q + n2], a[2 * Q + n2], a[3 * Q + n2]};
+            sdft<T, 4, Inv>(b);
+            y[0][n2] = b[0];
+#pragma GCC unroll 4
+            for (int k1 = 1; k1 < 4; ++k1) y[k1][n2] = mulFix<T, Inv>(b[k1], n2 * k1, R);
+        }
+#pragma GCC unroll 4
+        for (int k1 = 0; k1 < 4; ++k1) {
+            sdft<T, Q, Inv>(y[k1]);
+#pragma GCC unroll 64
+            for (int k2 = 0; k2 < Q; ++k2) a[k1 + 4 * k2] = y[k1][k2];
+        }
+    }
+}
+
+// Factors W_N^(k1*n2) of the in-register transforms: row k1 holds the V
+// real parts then the V imaginary parts of the lanes n2.
+// The lane order of the in-lane shuffles: pairLoad leaves column
+// pairLane(p) of its V values in lane p, and pairStore writes lane p to
+// position pairLane(p).
+template <class T> constexpr int pairLane(int p) {
+    if constexpr (sizeof(T) == 4) return (p & 1) + 2 * (p >> 2) + ((p & 2) ? 8 : 0);
+    else return (p >> 1) + ((p & 1) ? 4 : 0);
+}
+// Factors W_N^(k1*n2) of the in-register transforms: row k1 holds the V
+// real parts then the V imaginary parts, lane p for column n2 = pairLane(p)
+// (Perm) or p.
+template <class T, int M, bool Perm> struct LaneTwGroup {
+    static constexpr int V = GVec<T>::V, N = 1 << M;
+    T f[2 * N];
+    constexpr LaneTwGroup() : f{} {
+        for (int k1 = 0; k1 < N / V; ++k1)
+            for (int p = 0; p < V; ++p) {
+                const Cx<T> w = fixW<T>(k1 * (Perm ? pairLane<T>(p) : p), N);
+                f[2 * V * k1 + p] = w.re;
+                f[2 * V * k1 + V + p] = w.im;
+            }
+    }
+};
+template <class T, int M, bool Perm> inline constexpr LaneTwGroup<T, M, Perm> kLaneTwGroup{};
+
+// Transpose of V x V reals (o[e] lane q = r[q] lane e).
+VRX_INLINE void transposeV(const __m512* r, __m512* o) { groupTranspose16f(r, o); }
+VRX_INLINE void transposeV(const __m512d* r, __m512d* o) { groupTranspose8d(r, o); }
+
+// V interleaved values to real and imaginary parts by in-lane shuffles, the
+// lanes in the order laneCol, and back by in-lane unpacks, lane p written
+// to position laneOut(p) (raw, as the transposes).
+VRX_INLINE void pairLoad(const float* p, __m512& re, __m512& im) {
+    const __m512 lo = simd::V<float>::load(p), hi = simd::V<float>::load(p + 16);
+    re = _mm512_shuffle_ps(lo, hi, 0x88);
+    im = _mm512_shuffle_ps(lo, hi, 0xDD);
+}
+VRX_INLINE void pairLoad(const double* p, __m512d& re, __m512d& im) {
+    const __m512d lo = simd::V<double>::load(p), hi = simd::V<double>::load(p + 8);
+    re = _mm512_unpacklo_pd(lo, hi);
+    im = _mm512_unpackhi_pd(lo, hi);
+}
+VRX_INLINE void pairStore(float* p, __m512 re, __m512 im) {
+    simd::V<float>::store(p, _mm512_unpacklo_ps(re, im));
+    simd::V<float>::store(p + 16, _mm512_unpackhi_ps(re, im));
+}
+VRX_INLINE void pairStore(double* p, __m512d re, __m512d im) {
+    simd::V<double>::store(p, _mm512_unpacklo_pd(re, im));
+    simd::V<double>::store(p + 8, _mm512_unpackhi_pd(re, im));
+}
+
+// A transform of N = R*V points (R >= V) without passes over memory: x[V*n1
+// + n2] is lane n2 of row n1; transforms of length R down the rows, the
+// factors W_N^(k1*n2), then per V x V block a transpose and transforms of
+// length V, whose rows are V consecutive outputs X[k1 + R*k2].
+template <class T, int M, bool Inv, bool SplitIn, Out O, bool Scale = false>
+VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale = T(0)) {
+    using G = GVec<T>;
+    using W = simd::V<T>;
+    using P = GOps<T>;
+    constexpr int V = G::V, N = 1 << M, R = N / V;
+    static_assert(R >= V, "at least one square block");
+    // one square block stays in registers; more go through the stack
+    constexpr bool Direct = R == V;
+    alignas(64) T y[Direct ? 1 : 2 * N];
+    G a[R];
+#pragma GCC unroll 64
+    for (int r = 0; r < R; ++r) {
+        if constexpr (SplitIn) a[r] = {W::load(src.re + V * r), W::load(src.im + V * r)};
+        else pairLoad(reinterpret_cast<const T*>(src.cx + V * r), a[r].re, a[r].im);
+    }
+    sdft<T, R, Inv>(a);
+#pragma GCC unroll 64
+    for (int k1 = 1; k1 < R; ++k1) a[k1] = P::template mul<Inv>(a[k1], kLaneTwGroup<T, M, !SplitIn>.f + 2 * V * k1);
+    if constexpr (!Direct)
+#pragma GCC unroll 64
+        for (int k1 = 0; k1 < R; ++k1) a[k1].store(y + 2 * V * k1);
+#pragma GCC unroll 1
+    for (int b = 0; b < R / V; ++b) {
+        typename W::R rr[V], ri[V], tr[V], ti[V];
+#pragma GCC unroll 16
+        for (int j = 0; j < V; ++j) {
+            const int k1 = V * b + (O == Out::Cx ? pairLane<T>(j) : j);
+            if constexpr (Direct) {
+                rr[j] = a[k1].re;
+                ri[j] = a[k1].im;
+            } else {
+                rr[j] = W::load(y + 2 * V * k1);
+                ri[j] = W::load(y + 2 * V * k1 + V);
+            }
+        }
+        transposeV(rr, tr);
+        transposeV(ri, ti);
+        G c[V];
+#pragma GCC unroll 16
+        for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<T>(p)] = {tr[p], ti[p]};
+        sdft<T, V, Inv>(c);
+#pragma GCC unroll 16
+        for (int k2 = 0; k2 < V; ++k2) {
+            G v = c[k2];
+            if constexpr (Scale) v = {W::mul(v.re, W::set1(scale)), W::mul(v.im, W::set1(scale))};
+            if constexpr (O == Out::Cx) pairStore(out + 2 * (V * b + R * k2), v.re, v.im);
+            else P::template put<O>(v, out, re, im, V * b + R * k2);
+        }
+    }
+}
+
+// The orders that run in registers; false for the others.
+template <class T, bool Inv, Out O, bool Split>
+bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
+    T* o = reinterpret_cast<T*>(out);
+    if constexpr (sizeof(T) == 4) {
+        switch (m) {
+            case 8: inRegisters<T, 8, Inv, Split, O>(src, o, re, im); return true;
+            default: return false;
+        }
+    } else {
+        switch (m) {
+            case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
+            default: return false;
+        }
+    }
+}
+
+template <class T, bool Inv, bool Scale>
+void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    switch (m) {
+        case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
+        case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
+        case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
+        case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
+        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
+        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
+        default:
+            if constexpr (sizeof(T) == 4) smallVec<T, 8, 8, Inv, Scale>(src, dst, scale);
+            else inRegisters<T, 6, Inv, false, Out::Cx, Scale>(SrcRef<T>{src, nullptr, nullptr}, reinterpret_cast<T*>(dst), nullptr, nullptr, scale);
+            break;
+    }
+}
+
 // The radix engine for order m >= 7: the first pass into W, the passes whose
 // blocks fit a chunk chunk by chunk, the rest over the whole array; the last
 // pass writes the destination in the form O (out, or re and im).
@@ -516,6 +711,9 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
             radix7f<Inv, O, O == Out::Split>(src, out, re, im, tw);
             return;
         }
+    }
+    if constexpr (!Seq && O != Out::Group) {
+        if (runInRegisters<T, Inv, O, O == Out::Split>(m, src, out, re, im)) return;
     }
     const Schedule& sc = kSchedules<T>.s[m];
     const int np = sc.np;
