@@ -569,22 +569,23 @@ template <class T> constexpr int pairLane(int p) {
     if constexpr (sizeof(T) == 4) return (p & 1) + 2 * (p >> 2) + ((p & 2) ? 8 : 0);
     else return (p >> 1) + ((p & 1) ? 4 : 0);
 }
-// Factors W_N^(k1*n2) of the in-register transforms: row k1 holds the V
-// real parts then the V imaginary parts, lane p for column n2 = pairLane(p)
-// (Perm) or p.
-template <class T, int M, bool Perm> struct LaneTwGroup {
+// Factors W_N^(k1*n2) of the in-register transforms of C columns: row k1
+// holds, per V columns, the V real parts then the V imaginary parts, lane p
+// for column n2 = pairLane(p) (Perm) or p of those V.
+template <class T, int M, bool Perm, int C> struct LaneTwGroup {
     static constexpr int V = GVec<T>::V, N = 1 << M;
     T f[2 * N];
     constexpr LaneTwGroup() : f{} {
-        for (int k1 = 0; k1 < N / V; ++k1)
-            for (int p = 0; p < V; ++p) {
-                const Cx<T> w = fixW<T>(k1 * (Perm ? pairLane<T>(p) : p), N);
-                f[2 * V * k1 + p] = w.re;
-                f[2 * V * k1 + V + p] = w.im;
-            }
+        for (int k1 = 0; k1 < N / C; ++k1)
+            for (int h = 0; h < C / V; ++h)
+                for (int p = 0; p < V; ++p) {
+                    const Cx<T> w = fixW<T>(k1 * (V * h + (Perm ? pairLane<T>(p) : p)), N);
+                    f[2 * (C * k1 + V * h) + p] = w.re;
+                    f[2 * (C * k1 + V * h) + V + p] = w.im;
+                }
     }
 };
-template <class T, int M, bool Perm> inline constexpr LaneTwGroup<T, M, Perm> kLaneTwGroup{};
+template <class T, int M, bool Perm, int C> inline constexpr LaneTwGroup<T, M, Perm, C> kLaneTwGroup{};
 
 // Transpose of V x V reals (o[e] lane q = r[q] lane e).
 VRX_INLINE void transposeV(const __m512* r, __m512* o) { groupTranspose16f(r, o); }
@@ -612,54 +613,63 @@ VRX_INLINE void pairStore(double* p, __m512d re, __m512d im) {
     simd::V<double>::store(p + 8, _mm512_unpackhi_pd(re, im));
 }
 
-// A transform of N = R*V points (R >= V) without passes over memory: x[V*n1
-// + n2] is lane n2 of row n1; transforms of length R down the rows, the
-// factors W_N^(k1*n2), then per V x V block a transpose and transforms of
-// length V, whose rows are V consecutive outputs X[k1 + R*k2].
-template <class T, int M, bool Inv, bool SplitIn, Out O, bool Scale = false>
+// A transform of N = R*C points (C = V or 2V columns, R >= V rows) with one
+// pass over memory: x[C*n1 + n2] is column n2 of row n1, a row held V
+// columns per register; transforms of length R down the rows, the factors
+// W_N^(k1*n2), then per V rows a transpose of each V x V block and
+// transforms of length C, whose rows are V consecutive outputs X[k1 + R*k2].
+template <class T, int M, bool Inv, bool SplitIn, Out O, bool Scale = false, int C = GVec<T>::V>
 VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale = T(0)) {
     using G = GVec<T>;
     using W = simd::V<T>;
     using P = GOps<T>;
-    constexpr int V = G::V, N = 1 << M, R = N / V;
-    static_assert(R >= V, "at least one square block");
+    constexpr int V = G::V, N = 1 << M, R = N / C, H = C / V;
+    static_assert(R >= V && C % V == 0, "whole square blocks");
     // one square block stays in registers; more go through the stack
-    constexpr bool Direct = R == V;
+    constexpr bool Direct = R == V && H == 1;
     alignas(64) T y[Direct ? 1 : 2 * N];
     G a[R];
+#pragma GCC unroll 1
+    for (int h = 0; h < H; ++h) {
 #pragma GCC unroll 64
-    for (int r = 0; r < R; ++r) {
-        if constexpr (SplitIn) a[r] = {W::load(src.re + V * r), W::load(src.im + V * r)};
-        else pairLoad(reinterpret_cast<const T*>(src.cx + V * r), a[r].re, a[r].im);
+        for (int r = 0; r < R; ++r) {
+            const int64_t e = C * r + V * h;
+            if constexpr (SplitIn) a[r] = {W::load(src.re + e), W::load(src.im + e)};
+            else pairLoad(reinterpret_cast<const T*>(src.cx + e), a[r].re, a[r].im);
+        }
+        sdft<T, R, Inv>(a);
+#pragma GCC unroll 64
+        for (int k1 = 1; k1 < R; ++k1)
+            a[k1] = P::template mul<Inv>(a[k1], kLaneTwGroup<T, M, !SplitIn, C>.f + 2 * (C * k1 + V * h));
+        if constexpr (!Direct)
+#pragma GCC unroll 64
+            for (int k1 = 0; k1 < R; ++k1) a[k1].store(y + 2 * (C * k1 + V * h));
     }
-    sdft<T, R, Inv>(a);
-#pragma GCC unroll 64
-    for (int k1 = 1; k1 < R; ++k1) a[k1] = P::template mul<Inv>(a[k1], kLaneTwGroup<T, M, !SplitIn>.f + 2 * V * k1);
-    if constexpr (!Direct)
-#pragma GCC unroll 64
-        for (int k1 = 0; k1 < R; ++k1) a[k1].store(y + 2 * V * k1);
 #pragma GCC unroll 1
     for (int b = 0; b < R / V; ++b) {
-        typename W::R rr[V], ri[V], tr[V], ti[V];
+        G c[C];
+#pragma GCC unroll 2
+        for (int h = 0; h < H; ++h) {
+            typename W::R rr[V], ri[V], tr[V], ti[V];
 #pragma GCC unroll 16
-        for (int j = 0; j < V; ++j) {
-            const int k1 = V * b + (O == Out::Cx ? pairLane<T>(j) : j);
-            if constexpr (Direct) {
-                rr[j] = a[k1].re;
-                ri[j] = a[k1].im;
-            } else {
-                rr[j] = W::load(y + 2 * V * k1);
-                ri[j] = W::load(y + 2 * V * k1 + V);
+            for (int j = 0; j < V; ++j) {
+                const int k1 = V * b + (O == Out::Cx ? pairLane<T>(j) : j);
+                if constexpr (Direct) {
+                    rr[j] = a[k1].re;
+                    ri[j] = a[k1].im;
+                } else {
+                    rr[j] = W::load(y + 2 * (C * k1 + V * h));
+                    ri[j] = W::load(y + 2 * (C * k1 + V * h) + V);
+                }
             }
+            transposeV(rr, tr);
+            transposeV(ri, ti);
+#pragma GCC unroll 16
+            for (int p = 0; p < V; ++p) c[V * h + (SplitIn ? p : pairLane<T>(p))] = {tr[p], ti[p]};
         }
-        transposeV(rr, tr);
-        transposeV(ri, ti);
-        G c[V];
-#pragma GCC unroll 16
-        for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<T>(p)] = {tr[p], ti[p]};
-        sdft<T, V, Inv>(c);
-#pragma GCC unroll 16
-        for (int k2 = 0; k2 < V; ++k2) {
+        sdft<T, C, Inv>(c);
+#pragma GCC unroll 32
+        for (int k2 = 0; k2 < C; ++k2) {
             G v = c[k2];
             if constexpr (Scale) v = {W::mul(v.re, W::set1(scale)), W::mul(v.im, W::set1(scale))};
             if constexpr (O == Out::Cx) pairStore(out + 2 * (V * b + R * k2), v.re, v.im);
@@ -680,6 +690,7 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     } else {
         switch (m) {
             case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
+            case 8: inRegisters<T, 8, Inv, Split, O, false, 16>(src, o, re, im); return true;
             default: return false;
         }
     }
