@@ -1,5 +1,6 @@
-// The complex FFT engine: straight-line kernels up to length 64 and the
-// radix-4/8 pass engine with the input permuted in its first pass (the
+// The complex FFT engine: straight-line kernels up to length 64, whole
+// transforms in registers at a few middle orders, and the radix-4/8 pass
+// engine with the input permuted in its first pass (the
 // blocked large path is in psfftlarge.cpp). Also the builders of the tables
 // that the engine reads, so that the layout lives in one place.
 #include "vrx_fft.h"
@@ -132,29 +133,13 @@ template <> VRX_INLINE void transposeV<CVec<double, 4>>(CVec<double, 4>* a) {
 template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
 template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o);
 
-// Vertical transform of R = 4, 8 or 16 registers, natural order in and out.
+// Vertical transform of R = 4 or 8 registers, natural order in and out.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
-    if constexpr (R == 4) {
-        CV o[4];
-        vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
-        for (int i = 0; i < 4; ++i) a[i] = o[i];
-    } else if constexpr (R == 8) {
-        CV o[8];
-        vbfly8<T, CV, Inv>(a, o);
-        for (int i = 0; i < 8; ++i) a[i] = o[i];
-    } else {
-        CV y[4][4];
-        for (int n2 = 0; n2 < 4; ++n2) {
-            vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
-            for (int k1 = 1; k1 < 4; ++k1)
-                if (n2 != 0) y[n2][k1] = CV::template mulc<Inv>(y[n2][k1], fixW<T>(n2 * k1, 16));
-        }
-        for (int k1 = 0; k1 < 4; ++k1) {
-            CV o[4];
-            vbfly4<CV, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
-            for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
-        }
-    }
+    static_assert(R == 4 || R == 8, "radix 4 or 8");
+    CV o[R];
+    if constexpr (R == 4) vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
+    else vbfly8<T, CV, Inv>(a, o);
+    for (int i = 0; i < R; ++i) a[i] = o[i];
 }
 
 // In-register kernel of N = R*V: columns of the R x V matrix, lane factors,
@@ -495,7 +480,7 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
 
 // ------------------------------------------------------------ whole transforms in registers
 
-// Times -i (forward) or +i (inverse), in the group form: no arithmetic.
+// Times -i (forward) or +i (inverse), in the group form: a swap and a sign.
 template <class T, bool Inv> VRX_INLINE GVec<T> rotG(GVec<T> a) {
     using W = simd::V<T>;
     if constexpr (!Inv) return {a.im, W::neg(a.re)};
@@ -519,11 +504,7 @@ template <class T, bool Inv> VRX_INLINE GVec<T> mulFix(GVec<T> a, int j, int L) 
 template <class T, int R, bool Inv> VRX_INLINE void sdft(GVec<T>* a) {
     using P = GOps<T>;
     using G = GVec<T>;
-    if constexpr (R == 2) {
-        const G t = P::add(a[0], a[1]);
-        a[1] = P::sub(a[0], a[1]);
-        a[0] = t;
-    } else if constexpr (R == 4) {
+    if constexpr (R == 4) {
         const G t0 = P::add(a[0], a[2]), t1 = P::sub(a[0], a[2]), t2 = P::add(a[1], a[3]), t3 = P::sub(a[1], a[3]);
         a[0] = P::add(t0, t2);
         a[1] = P::template addRot<Inv>(t1, t3);
@@ -560,8 +541,6 @@ template <class T, int R, bool Inv> VRX_INLINE void sdft(GVec<T>* a) {
     }
 }
 
-// Factors W_N^(k1*n2) of the in-register transforms: row k1 holds the V
-// real parts then the V imaginary parts of the lanes n2.
 // The lane order of the in-lane shuffles: pairLoad leaves column
 // pairLane(p) of its V values in lane p, and pairStore writes lane p to
 // position pairLane(p).
@@ -588,12 +567,12 @@ template <class T, int M, bool Perm, int C> struct LaneTwGroup {
 template <class T, int M, bool Perm, int C> inline constexpr LaneTwGroup<T, M, Perm, C> kLaneTwGroup{};
 
 // Transpose of V x V reals (o[e] lane q = r[q] lane e).
-VRX_INLINE void transposeV(const __m512* r, __m512* o) { groupTranspose16f(r, o); }
-VRX_INLINE void transposeV(const __m512d* r, __m512d* o) { groupTranspose8d(r, o); }
+VRX_INLINE void transposeReals(const __m512* r, __m512* o) { groupTranspose16f(r, o); }
+VRX_INLINE void transposeReals(const __m512d* r, __m512d* o) { groupTranspose8d(r, o); }
 
 // V interleaved values to real and imaginary parts by in-lane shuffles, the
-// lanes in the order laneCol, and back by in-lane unpacks, lane p written
-// to position laneOut(p) (raw, as the transposes).
+// lanes in the order pairLane, and back by in-lane unpacks, lane p written
+// to position pairLane(p) (raw, as the transposes).
 VRX_INLINE void pairLoad(const float* p, __m512& re, __m512& im) {
     const __m512 lo = simd::V<float>::load(p), hi = simd::V<float>::load(p + 16);
     re = _mm512_shuffle_ps(lo, hi, 0x88);
@@ -662,8 +641,8 @@ VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale 
                     ri[j] = W::load(y + 2 * (C * k1 + V * h) + V);
                 }
             }
-            transposeV(rr, tr);
-            transposeV(ri, ti);
+            transposeReals(rr, tr);
+            transposeReals(ri, ti);
 #pragma GCC unroll 16
             for (int p = 0; p < V; ++p) c[V * h + (SplitIn ? p : pairLane<T>(p))] = {tr[p], ti[p]};
         }
