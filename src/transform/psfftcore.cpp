@@ -1,5 +1,6 @@
-// The complex FFT engine: straight-line kernels up to length 64 and the
-// radix-4/8 pass engine with the input permuted in its first pass (the
+// The complex FFT engine: straight-line kernels up to length 64, whole
+// transforms in registers at a few middle orders, and the radix-4/8 pass
+// engine with the input permuted in its first pass (the
 // blocked large path is in psfftlarge.cpp). Also the builders of the tables
 // that the engine reads, so that the layout lives in one place.
 #include "vrx_fft.h"
@@ -132,29 +133,13 @@ template <> VRX_INLINE void transposeV<CVec<double, 4>>(CVec<double, 4>* a) {
 template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
 template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o);
 
-// Vertical transform of R = 4, 8 or 16 registers, natural order in and out.
+// Vertical transform of R = 4 or 8 registers, natural order in and out.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
-    if constexpr (R == 4) {
-        CV o[4];
-        vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
-        for (int i = 0; i < 4; ++i) a[i] = o[i];
-    } else if constexpr (R == 8) {
-        CV o[8];
-        vbfly8<T, CV, Inv>(a, o);
-        for (int i = 0; i < 8; ++i) a[i] = o[i];
-    } else {
-        CV y[4][4];
-        for (int n2 = 0; n2 < 4; ++n2) {
-            vbfly4<CV, Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
-            for (int k1 = 1; k1 < 4; ++k1)
-                if (n2 != 0) y[n2][k1] = CV::template mulc<Inv>(y[n2][k1], fixW<T>(n2 * k1, 16));
-        }
-        for (int k1 = 0; k1 < 4; ++k1) {
-            CV o[4];
-            vbfly4<CV, Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
-            for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
-        }
-    }
+    static_assert(R == 4 || R == 8, "radix 4 or 8");
+    CV o[R];
+    if constexpr (R == 4) vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
+    else vbfly8<T, CV, Inv>(a, o);
+    for (int i = 0; i < R; ++i) a[i] = o[i];
 }
 
 // In-register kernel of N = R*V: columns of the R x V matrix, lane factors,
@@ -177,19 +162,6 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
             if constexpr (Scale) v = CV::scale(v, scale);
             v.store(dst + R * k2 + b * V);
         }
-}
-
-template <class T, bool Inv, bool Scale>
-void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
-    switch (m) {
-        case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
-        case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
-        case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
-        case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
-        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
-        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
-        default: smallVec<T, sizeof(T) == 4 ? 8 : 4, sizeof(T) == 4 ? 8 : 16, Inv, Scale>(src, dst, scale); break;
-    }
 }
 
 template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
@@ -506,6 +478,219 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     bfly8Group<float, Inv, O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
 }
 
+// ------------------------------------------------------------ whole transforms in registers
+
+// Times -i (forward) or +i (inverse), in the group form: a swap and a sign.
+template <class T, bool Inv> VRX_INLINE GVec<T> rotG(GVec<T> a) {
+    using W = simd::V<T>;
+    if constexpr (!Inv) return {a.im, W::neg(a.re)};
+    else return {W::neg(a.im), a.re};
+}
+
+// Times W_L^j (forward sign; conjugated for the inverse), a constant factor.
+template <class T, bool Inv> VRX_INLINE GVec<T> mulFix(GVec<T> a, int j, int L) {
+    using G = GVec<T>;
+    j %= L;
+    if (j == 0) return a;
+    if (4 * j == L) return rotG<T, Inv>(a);
+    if (8 * j == L) return GOps<T>::template w8<Inv>(a, sqrtHalf<T>());
+    if (8 * j == 3 * L) return rotG<T, Inv>(GOps<T>::template w8<Inv>(a, sqrtHalf<T>()));
+    const Cx<T> w = fixW<T>(j, L);
+    return GOps<T>::template mulG<Inv>(a, G{G::splat(w.re), G::splat(w.im)});
+}
+
+// Transform of length R down the registers a[0..R-1] (every lane its own
+// transform), natural order in and out: radix 4 over R/4 sub-transforms.
+template <class T, int R, bool Inv> VRX_INLINE void sdft(GVec<T>* a) {
+    using P = GOps<T>;
+    using G = GVec<T>;
+    if constexpr (R == 4) {
+        const G t0 = P::add(a[0], a[2]), t1 = P::sub(a[0], a[2]), t2 = P::add(a[1], a[3]), t3 = P::sub(a[1], a[3]);
+        a[0] = P::add(t0, t2);
+        a[1] = P::template addRot<Inv>(t1, t3);
+        a[2] = P::sub(t0, t2);
+        a[3] = P::template subRot<Inv>(t1, t3);
+    } else if constexpr (R == 8) {
+        G e[4] = {a[0], a[2], a[4], a[6]}, d[4] = {a[1], a[3], a[5], a[7]};
+        sdft<T, 4, Inv>(e);
+        sdft<T, 4, Inv>(d);
+#pragma GCC unroll 4
+        for (int q = 1; q < 4; ++q) d[q] = mulFix<T, Inv>(d[q], q, 8);
+#pragma GCC unroll 4
+        for (int q = 0; q < 4; ++q) {
+            a[q] = P::add(e[q], d[q]);
+            a[q + 4] = P::sub(e[q], d[q]);
+        }
+    } else {
+        constexpr int Q = R / 4;
+        G y[4][Q];
+#pragma GCC unroll 64
+        for (int n2 = 0; n2 < Q; ++n2) {
+            G b[4] = {a[n2], a[Q + n2], a[2 * Q + n2], a[3 * Q + n2]};
+            sdft<T, 4, Inv>(b);
+            y[0][n2] = b[0];
+#pragma GCC unroll 4
+            for (int k1 = 1; k1 < 4; ++k1) y[k1][n2] = mulFix<T, Inv>(b[k1], n2 * k1, R);
+        }
+#pragma GCC unroll 4
+        for (int k1 = 0; k1 < 4; ++k1) {
+            sdft<T, Q, Inv>(y[k1]);
+#pragma GCC unroll 64
+            for (int k2 = 0; k2 < Q; ++k2) a[k1 + 4 * k2] = y[k1][k2];
+        }
+    }
+}
+
+// The lane order of the in-lane shuffles: pairLoad leaves column
+// pairLane(p) of its V values in lane p, and pairStore writes lane p to
+// position pairLane(p).
+template <class T> constexpr int pairLane(int p) {
+    if constexpr (sizeof(T) == 4) return (p & 1) + 2 * (p >> 2) + ((p & 2) ? 8 : 0);
+    else return (p >> 1) + ((p & 1) ? 4 : 0);
+}
+// Factors W_N^(k1*n2) of the in-register transforms of C columns: row k1
+// holds, per V columns, the V real parts then the V imaginary parts, lane p
+// for column n2 = pairLane(p) (Perm) or p of those V.
+template <class T, int M, bool Perm, int C> struct LaneTwGroup {
+    static constexpr int V = GVec<T>::V, N = 1 << M;
+    T f[2 * N];
+    constexpr LaneTwGroup() : f{} {
+        for (int k1 = 0; k1 < N / C; ++k1)
+            for (int h = 0; h < C / V; ++h)
+                for (int p = 0; p < V; ++p) {
+                    const Cx<T> w = fixW<T>(k1 * (V * h + (Perm ? pairLane<T>(p) : p)), N);
+                    f[2 * (C * k1 + V * h) + p] = w.re;
+                    f[2 * (C * k1 + V * h) + V + p] = w.im;
+                }
+    }
+};
+template <class T, int M, bool Perm, int C> inline constexpr LaneTwGroup<T, M, Perm, C> kLaneTwGroup{};
+
+// Transpose of V x V reals (o[e] lane q = r[q] lane e).
+VRX_INLINE void transposeReals(const __m512* r, __m512* o) { groupTranspose16f(r, o); }
+VRX_INLINE void transposeReals(const __m512d* r, __m512d* o) { groupTranspose8d(r, o); }
+
+// V interleaved values to real and imaginary parts by in-lane shuffles, the
+// lanes in the order pairLane, and back by in-lane unpacks, lane p written
+// to position pairLane(p) (raw, as the transposes).
+VRX_INLINE void pairLoad(const float* p, __m512& re, __m512& im) {
+    const __m512 lo = simd::V<float>::load(p), hi = simd::V<float>::load(p + 16);
+    re = _mm512_shuffle_ps(lo, hi, 0x88);
+    im = _mm512_shuffle_ps(lo, hi, 0xDD);
+}
+VRX_INLINE void pairLoad(const double* p, __m512d& re, __m512d& im) {
+    const __m512d lo = simd::V<double>::load(p), hi = simd::V<double>::load(p + 8);
+    re = _mm512_unpacklo_pd(lo, hi);
+    im = _mm512_unpackhi_pd(lo, hi);
+}
+VRX_INLINE void pairStore(float* p, __m512 re, __m512 im) {
+    simd::V<float>::store(p, _mm512_unpacklo_ps(re, im));
+    simd::V<float>::store(p + 16, _mm512_unpackhi_ps(re, im));
+}
+VRX_INLINE void pairStore(double* p, __m512d re, __m512d im) {
+    simd::V<double>::store(p, _mm512_unpacklo_pd(re, im));
+    simd::V<double>::store(p + 8, _mm512_unpackhi_pd(re, im));
+}
+
+// A transform of N = R*C points (C = V or 2V columns, R >= V rows) with one
+// pass over memory: x[C*n1 + n2] is column n2 of row n1, a row held V
+// columns per register; transforms of length R down the rows, the factors
+// W_N^(k1*n2), then per V rows a transpose of each V x V block and
+// transforms of length C, whose rows are V consecutive outputs X[k1 + R*k2].
+template <class T, int M, bool Inv, bool SplitIn, Out O, bool Scale = false, int C = GVec<T>::V>
+VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale = T(0)) {
+    using G = GVec<T>;
+    using W = simd::V<T>;
+    using P = GOps<T>;
+    constexpr int V = G::V, N = 1 << M, R = N / C, H = C / V;
+    static_assert(R >= V && C % V == 0, "whole square blocks");
+    // one square block stays in registers; more go through the stack
+    constexpr bool Direct = R == V && H == 1;
+    alignas(64) T y[Direct ? 1 : 2 * N];
+    G a[R];
+#pragma GCC unroll 1
+    for (int h = 0; h < H; ++h) {
+#pragma GCC unroll 64
+        for (int r = 0; r < R; ++r) {
+            const int64_t e = C * r + V * h;
+            if constexpr (SplitIn) a[r] = {W::load(src.re + e), W::load(src.im + e)};
+            else pairLoad(reinterpret_cast<const T*>(src.cx + e), a[r].re, a[r].im);
+        }
+        sdft<T, R, Inv>(a);
+#pragma GCC unroll 64
+        for (int k1 = 1; k1 < R; ++k1)
+            a[k1] = P::template mul<Inv>(a[k1], kLaneTwGroup<T, M, !SplitIn, C>.f + 2 * (C * k1 + V * h));
+        if constexpr (!Direct)
+#pragma GCC unroll 64
+            for (int k1 = 0; k1 < R; ++k1) a[k1].store(y + 2 * (C * k1 + V * h));
+    }
+#pragma GCC unroll 1
+    for (int b = 0; b < R / V; ++b) {
+        G c[C];
+#pragma GCC unroll 2
+        for (int h = 0; h < H; ++h) {
+            typename W::R rr[V], ri[V], tr[V], ti[V];
+#pragma GCC unroll 16
+            for (int j = 0; j < V; ++j) {
+                const int k1 = V * b + (O == Out::Cx ? pairLane<T>(j) : j);
+                if constexpr (Direct) {
+                    rr[j] = a[k1].re;
+                    ri[j] = a[k1].im;
+                } else {
+                    rr[j] = W::load(y + 2 * (C * k1 + V * h));
+                    ri[j] = W::load(y + 2 * (C * k1 + V * h) + V);
+                }
+            }
+            transposeReals(rr, tr);
+            transposeReals(ri, ti);
+#pragma GCC unroll 16
+            for (int p = 0; p < V; ++p) c[V * h + (SplitIn ? p : pairLane<T>(p))] = {tr[p], ti[p]};
+        }
+        sdft<T, C, Inv>(c);
+#pragma GCC unroll 32
+        for (int k2 = 0; k2 < C; ++k2) {
+            G v = c[k2];
+            if constexpr (Scale) v = {W::mul(v.re, W::set1(scale)), W::mul(v.im, W::set1(scale))};
+            if constexpr (O == Out::Cx) pairStore(out + 2 * (V * b + R * k2), v.re, v.im);
+            else P::template put<O>(v, out, re, im, V * b + R * k2);
+        }
+    }
+}
+
+// The orders that run in registers; false for the others.
+template <class T, bool Inv, Out O, bool Split>
+bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
+    T* o = reinterpret_cast<T*>(out);
+    if constexpr (sizeof(T) == 4) {
+        switch (m) {
+            case 8: inRegisters<T, 8, Inv, Split, O>(src, o, re, im); return true;
+            default: return false;
+        }
+    } else {
+        switch (m) {
+            case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
+            case 8: inRegisters<T, 8, Inv, Split, O, false, 16>(src, o, re, im); return true;
+            default: return false;
+        }
+    }
+}
+
+template <class T, bool Inv, bool Scale>
+void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    switch (m) {
+        case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
+        case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
+        case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
+        case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
+        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
+        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
+        default:
+            if constexpr (sizeof(T) == 4) smallVec<T, 8, 8, Inv, Scale>(src, dst, scale);
+            else inRegisters<T, 6, Inv, false, Out::Cx, Scale>(SrcRef<T>{src, nullptr, nullptr}, reinterpret_cast<T*>(dst), nullptr, nullptr, scale);
+            break;
+    }
+}
+
 // The radix engine for order m >= 7: the first pass into W, the passes whose
 // blocks fit a chunk chunk by chunk, the rest over the whole array; the last
 // pass writes the destination in the form O (out, or re and im).
@@ -516,6 +701,9 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
             radix7f<Inv, O, O == Out::Split>(src, out, re, im, tw);
             return;
         }
+    }
+    if constexpr (!Seq && O != Out::Group) {
+        if (runInRegisters<T, Inv, O, O == Out::Split>(m, src, out, re, im)) return;
     }
     const Schedule& sc = kSchedules<T>.s[m];
     const int np = sc.np;
