@@ -219,4 +219,124 @@ void bqBlock(const T* q, const AheadBQ<T>& ahead, T* d, const T* xs, T* ys, T* e
     d[1] = b2 * xl1 - a2 * ys[L - 1];
 }
 
+
+// ------------------------------------------------ AR over one register
+// The look-ahead of an AR kind over one register of outputs (C = 16 in
+// float, 8 in double), for orders up to kMaxAheadOrder: rows[r][j] weighs
+// y[n-1-r] in y[n+j]; gz holds C zeros, then g, the response of 1/A
+// (g[0] = 1), so that the weights of e[n+i] in y[n..n+C-1] are one load at
+// gz + C - i. Columns follow from the one before by moving the window one
+// output on: rows[r][j] = rows[0][j-1]*c[r+1] + rows[r+1][j-1] (the row
+// below N being 0), and g[j] = rows[0][j-1]: N*C steps in all.
+// Higher orders run per sample: past about 20 the float block scheme's
+// rounding (large table entries and tail corrections that cancel) grows well
+// past the recursion's.
+constexpr int kMaxAheadOrder = 20;
+
+template <class T>
+struct AheadAR {
+    static constexpr int C = simd::V<T>::N;
+    T gz[2 * C];
+    T rows[kMaxAheadOrder][C];
+};
+template <class T>
+void aheadAR(const T* a, int N, AheadAR<T>* t) {
+    constexpr int C = AheadAR<T>::C;
+    for (int r = 0; r < N; ++r) t->rows[r][0] = -a[r];
+    for (int j = 1; j < C; ++j) {
+        const T h = t->rows[0][j - 1];
+        for (int r = 0; r + 1 < N; ++r) t->rows[r][j] = h * -a[r] + t->rows[r + 1][j - 1];
+        t->rows[N - 1][j] = h * -a[N - 1];
+    }
+    for (int j = 0; j < C; ++j) t->gz[j] = 0;
+    t->gz[C] = 1;
+    for (int j = 1; j < C; ++j) t->gz[C + j] = t->rows[0][j - 1];
+}
+
+// y[n..n+C-1] for n from n0 while C remain. The e terms and the outputs two
+// registers back and older (from memory, written long before) come first;
+// the last two registers of outputs stay in registers and are broadcast lane
+// by lane, the newest over up to four partial sums: the loop-carried chain
+// is one lane broadcast, a few fused steps and two adds per register.
+template <class T>
+VRX_INLINE int yPassAR(const AheadAR<T>& t, int N, const T* e, T* y, int n0, int L) {
+    using W = simd::V<T>;
+    using I = simd::V<std::conditional_t<sizeof(T) == 4, int32_t, int64_t>>;
+    using R = typename W::R;
+    constexpr int C = AheadAR<T>::C;
+    R E[C];
+    for (int j = 0; j < C; ++j) E[j] = W::load(t.gz + C - j);
+    // lane C-1-r of a register: y[n-1-r] of the newest register
+    typename I::R lane[C];
+    for (int r = 0; r < C; ++r) lane[r] = I::set1(C - 1 - r);
+    const int near = N < C ? N : C, mid = N < 2 * C ? N : 2 * C;
+    auto before = [&](int at) {  // y[at..at+C-1], lanes before y[0] read as 0
+        if (at >= 0) return W::load(y + at);
+        T v[C];
+        for (int j = 0; j < C; ++j) v[j] = at + j >= 0 ? y[at + j] : T(0);
+        return W::load(v);
+    };
+    R prev = before(n0 - C), prev2 = before(n0 - 2 * C);
+    int n = n0;
+    for (; n + C <= L; n += C) {
+        R s0 = W::mul(E[0], W::set1(e[n]));
+        R s1 = W::mul(E[1], W::set1(e[n + 1]));
+        for (int j = 2; j < C; j += 2) {
+            s0 = W::fma(E[j], W::set1(e[n + j]), s0);
+            s1 = W::fma(E[j + 1], W::set1(e[n + j + 1]), s1);
+        }
+        for (int r = N - 1; r >= 2 * C; --r) s0 = W::fma(W::load(t.rows[r]), W::set1(y[n - 1 - r]), s0);
+        for (int r = mid - 1; r >= C; --r) s1 = W::fma(W::load(t.rows[r]), W::permute2(prev2, lane[r - C], prev2), s1);
+        R out;
+        if (near <= 3) {
+            out = W::add(s0, s1);
+            for (int r = near - 1; r >= 0; --r) out = W::fma(W::load(t.rows[r]), W::permute2(prev, lane[r], prev), out);
+        } else {
+            R s2 = W::zero(), s3 = W::zero();
+            int r = near - 1;
+            for (; r >= 3; r -= 4) {
+                s0 = W::fma(W::load(t.rows[r]), W::permute2(prev, lane[r], prev), s0);
+                s1 = W::fma(W::load(t.rows[r - 1]), W::permute2(prev, lane[r - 1], prev), s1);
+                s2 = W::fma(W::load(t.rows[r - 2]), W::permute2(prev, lane[r - 2], prev), s2);
+                s3 = W::fma(W::load(t.rows[r - 3]), W::permute2(prev, lane[r - 3], prev), s3);
+            }
+            if (r >= 2) s2 = W::fma(W::load(t.rows[2]), W::permute2(prev, lane[2], prev), s2);
+            if (r >= 1) s1 = W::fma(W::load(t.rows[1]), W::permute2(prev, lane[1], prev), s1);
+            if (r >= 0) s0 = W::fma(W::load(t.rows[0]), W::permute2(prev, lane[0], prev), s0);
+            out = W::add(W::add(s0, s1), W::add(s2, s3));
+        }
+        W::store(y + n, out);
+        prev2 = prev;
+        prev = out;
+    }
+    return n;
+}
+
+// One block of an AR kind, 4N < L, N <= kMaxAheadOrder: as arBlock, with the
+// y pass over one register.
+template <class T>
+void arBlockW(const T* taps, const AheadAR<T>& ahead, T* d, int N, const T* xs, T* ys, T* e, int L) {
+    const T* b = taps;
+    const T* a = taps + N + 1;
+    xPass(b, N + 1, xs, e, N, L);
+    for (int k = 0; k < N; ++k) {
+        const T x = xs[k];
+        const T y = b[0] * x + d[0];
+        for (int i = 0; i < N; ++i) d[i] = b[i + 1] * x - a[i] * y + d[i + 1];
+        ys[k] = y;
+    }
+    for (int i = 0; i < N; ++i) {
+        T v = 0;
+        for (int j = 0; j <= N - 1 - i; ++j) v += b[i + 1 + j] * xs[L - 1 - j];
+        d[i] = v;
+    }
+    const int n = yPassAR(ahead, N, e, ys, N, L);
+    yTail(a, N, e, ys, n, L);
+    for (int i = 0; i < N; ++i) {
+        T v = d[i];
+        for (int j = 0; j <= N - 1 - i; ++j) v -= a[i + j] * ys[L - 1 - j];
+        d[i] = v;
+    }
+}
+
 }  // namespace n0::iir

@@ -601,11 +601,11 @@ template <class A, class S>
 void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     const int N = st->dlyLen;
     if constexpr (!isCx<A>) {
-        if (N <= kMaxBlockOrder) {
+        if (N <= kMaxAheadOrder) {
             constexpr bool same = std::is_same_v<A, S>;
             const A* taps = static_cast<const A*>(st->pTaps);
             A* d = static_cast<A*>(st->pDlyLine);
-            Ahead8<A> ahead;
+            AheadAR<A> ahead;
             bool haveAhead = false;
             for (int start = 0; start < len; start += kBlock) {
                 const int L = len - start < kBlock ? len - start : kBlock;
@@ -616,15 +616,15 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     continue;
                 }
                 if (!haveAhead) {
-                    ahead8(taps + N + 1, N, &ahead);
+                    aheadAR(taps + N + 1, N, &ahead);
                     haveAhead = true;
                 }
                 if constexpr (same) {
-                    arBlock(taps, ahead, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
+                    arBlockW(taps, ahead, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
                 } else {
                     A* wy = static_cast<A*>(st->pWorkY);
                     for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
-                    arBlock(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
+                    arBlockW(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
                     writeBlock(w, db, wy, L);
                 }
             }
