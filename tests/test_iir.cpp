@@ -383,6 +383,30 @@ TEST(Iir, SaturationKeepsTheLineUnsaturated) {
     }
 }
 
+// A NaN line makes NaN outputs, written as the conversion's 0x80000000 (16s:
+// its low half, 0); an infinite one saturates: per sample (3) and by blocks
+// (40).
+TEST(Iir, IntegerWritersOnNaNAndInfinity) {
+    for (const Api& k : kinds()) {
+        if (!k.intSamples || k.form == Form::DF1s) continue;
+        V taps = k.bq() ? V{1, 0, 0, 1, 0, 0} : V{1, 0, 1, 0};
+        for (int len : {3, 40}) {
+            for (long double fill : {NAN, INFINITY}) {
+                StateBox box(k, taps, 1);
+                V line(k.lineLen(1), cld(fill, 0));
+                ASSERT_EQ(k.set(box.st, &line, k.lineLen(1)), vrxOk);
+                V y = runPieces(k, box.st, V(len, cld(5, 0)), {len});
+                const bool inf = !std::isnan(fill);
+                for (int i = 0; i < len; ++i) {
+                    const long double nan = k.sampleMax > 40000 ? -k.sampleMax - 1 : 0;
+                    const long double want = inf ? (i == 0 ? k.sampleMax : nan) : nan;
+                    if (!k.cplxSamples || !inf) ASSERT_EQ(y[i].real(), want) << k.name << " len=" << len << " i=" << i;
+                }
+            }
+        }
+    }
+}
+
 // ---------------------------------------------------------------- sizes
 long double sizeFormula(const Api& k, long long n) {
     auto R16 = [](long long v) { return v & ~15LL; };

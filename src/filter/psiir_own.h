@@ -429,15 +429,50 @@ struct Writer {
     }
 };
 
-// A block of wide outputs through the writer. 32s from double goes eight
-// lanes at a time: clamped to the 32-bit range first (a NaN takes the lower
-// bound, as the scalar conversion gives 0x80000000), then rounded in the
-// run's mode, nearest; the same values as the scalar writer.
+// A block of samples into the arithmetic type, sixteen at a time (exact).
+template <class A, class S>
+VRX_INLINE void readBlock(const S* s, A* ys, int L) {
+    if constexpr (std::is_same_v<A, float> && std::is_same_v<S, Vrx16s>) {
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            simd::V<float>::storem(ys + k, simd::tail<float>(cnt), simd::intToFloat(simd::widen16sPart(s + k, cnt)));
+        }
+    } else if constexpr (std::is_same_v<A, double> && !std::is_same_v<S, double> && !isCx<A>) {
+        using W = simd::V<double>;
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16, c0 = cnt < 8 ? cnt : 8, c1 = cnt - c0;
+            W::R lo, hi;
+            if constexpr (std::is_same_v<S, Vrx32f>) {
+                lo = simd::floatsToDouble(s + k, c0);
+                hi = simd::floatsToDouble(s + k + 8, c1);
+            } else {
+                __m512i v;
+                if constexpr (std::is_same_v<S, Vrx16s>) v = simd::widen16sPart(s + k, cnt);
+                else v = simd::V<int32_t>::loadm(simd::tail<int32_t>(cnt), s + k);
+                lo = simd::lowInt32ToDouble(v);
+                hi = simd::highInt32ToDouble(v);
+            }
+            W::storem(ys + k, simd::tail<double>(c0), lo);
+            W::storem(ys + k + 8, simd::tail<double>(c1), hi);
+        }
+    } else {
+        for (int k = 0; k < L; ++k) ys[k] = load<A>(s[k]);
+    }
+}
+
+// A block of wide outputs through the writer, sixteen at a time, with the
+// values of the scalar writer: the product y*s, clamped, then rounded in the
+// run's mode (nearest). 32s from double: clamped by min/max, where a NaN
+// takes the lower bound (the scalar conversion's 0x80000000). 16s: clamped
+// with a NaN passing through (max(lo, v), min(hi, v) keep their second
+// operand on NaN), converted (NaN: 0x80000000) and stored as the low 16 bits,
+// so that a NaN gives 0 as the scalar writer's narrowing does. 32f from
+// double: rounded in the caller's mode, as the scalar cast.
 template <class S, class A>
 VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
+    using I = simd::V<int32_t>;
     if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
         using W = simd::V<double>;
-        using I = simd::V<int32_t>;
         const W::R s = W::set1(w.s), lo = W::set1(-2147483648.0), hi = W::set1(2147483647.0);
         auto clamp = [&](W::R v) { return W::min(W::max(W::mul(v, s), lo), hi); };
         for (int k = 0; k < L; k += 16) {
@@ -445,6 +480,30 @@ VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
             const W::R a = clamp(W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k));
             const W::R b = clamp(W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8));
             I::storem(reinterpret_cast<int32_t*>(d + k), simd::tail<int32_t>(cnt), simd::joinToInt32Cur(a, b));
+        }
+    } else if constexpr (std::is_same_v<S, Vrx16s>) {
+        using W = simd::V<A>;
+        const typename W::R s = W::set1(w.s), lo = W::set1(A(-32768)), hi = W::set1(A(32767));
+        auto clamp = [&](typename W::R v) { return W::min(hi, W::max(lo, W::mul(v, s))); };
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            __m512i v;
+            if constexpr (std::is_same_v<A, float>) {
+                v = simd::floatToInt(clamp(W::loadm(simd::tail<float>(cnt), ys + k)));
+            } else {
+                const typename W::R a = clamp(W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k));
+                const typename W::R b = clamp(W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8));
+                v = simd::joinToInt32Cur(a, b);
+            }
+            simd::narrowLow16(d + k, simd::tail<int32_t>(cnt), v);
+        }
+    } else if constexpr (std::is_same_v<S, Vrx32f> && std::is_same_v<A, double>) {
+        using W = simd::V<double>;
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            const W::R a = W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k);
+            const W::R b = W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8);
+            simd::V<float>::storem(d + k, simd::tail<float>(cnt), simd::joinToFloatCur(a, b));
         }
     } else {
         for (int k = 0; k < L; ++k) w(d + k, ys[k]);
@@ -549,7 +608,7 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     xs0 = reinterpret_cast<const A*>(sb);
                 } else {
                     ys = static_cast<A*>(st->pWorkY);
-                    for (int k = 0; k < L; ++k) ys[k] = load<A>(sb[k]);
+                    readBlock(sb, ys, L);
                     xs0 = ys;
                 }
                 A* e = static_cast<A*>(st->pWorkE);
@@ -623,7 +682,7 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     arBlockW(taps, ahead, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
                 } else {
                     A* wy = static_cast<A*>(st->pWorkY);
-                    for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
+                    readBlock(sb, wy, L);
                     arBlockW(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
                     writeBlock(w, db, wy, L);
                 }
