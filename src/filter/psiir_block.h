@@ -140,23 +140,24 @@ void arBlock(const T* taps, const Ahead8<T>& ahead, T* d, int N, const T* xs, T*
 }
 
 // The look-ahead of a biquad section over one register of outputs (16 in
-// float, 8 in double): rows[r][j] weighs y[n-1-r] in y[n+j], as in Ahead8;
-// gz holds C zeros, then the response of 1/A (g[0] = 1), so that the weights
-// of e[n+i] in y[n..n+C-1] (g[j-i], 0 for j < i) are one load at gz + C - i.
-// With two taps every column follows t[j] = c1*t[j-1] + c2*t[j-2] from the
-// third on.
+// float, 8 in double), straight from the input: rows[r][j] weighs y[n-1-r]
+// in y[n+j], as in Ahead8; hz holds C zeros, then h, the section's response
+// (b0, b1, b2 over A), so that the weights of x[n+i] in y[n..n+C-1] (h[j-i],
+// 0 for j < i) are one load at hz + C - i; w1, w2 weigh x[n-1], x[n-2]
+// (b1*g[j] + b2*g[j-1] and b2*g[j], g the response of 1/A). With two taps
+// every column follows t[j] = c1*t[j-1] + c2*t[j-2] from the third on.
 template <class T>
 struct AheadBQ {
     static constexpr int C = simd::V<T>::N;
     T rows[2][C];
-    T gz[2 * C];
+    T hz[2 * C];
+    T w1[C], w2[C];
 };
 template <class T>
-void aheadBQ(const T* a, AheadBQ<T>* t) {
+void aheadBQ(const T* q, AheadBQ<T>* t) {
     constexpr int C = AheadBQ<T>::C;
-    const T c1 = -a[0], c2 = -a[1];
-    T* g = t->gz + C;
-    for (int j = 0; j < C; ++j) t->gz[j] = 0;
+    const T b0 = q[0], b1 = q[1], b2 = q[2], c1 = -q[3], c2 = -q[4];
+    T g[C];
     t->rows[0][0] = c1;
     t->rows[0][1] = c2 + c1 * c1;
     t->rows[1][0] = c2;
@@ -168,57 +169,71 @@ void aheadBQ(const T* a, AheadBQ<T>* t) {
         t->rows[1][j] = c1 * t->rows[1][j - 1] + c2 * t->rows[1][j - 2];
         g[j] = c1 * g[j - 1] + c2 * g[j - 2];
     }
+    for (int j = 0; j < C; ++j) {
+        const T g1 = j >= 1 ? g[j - 1] : T(0), g2 = j >= 2 ? g[j - 2] : T(0);
+        t->hz[j] = 0;
+        t->hz[C + j] = b0 * g[j] + b1 * g1 + b2 * g2;
+        t->w1[j] = b1 * g[j] + b2 * g1;
+        t->w2[j] = b2 * g[j];
+    }
 }
 
-// The y pass of a biquad section: y[n..n+C-1] for n from n0 while C remain.
-// The e terms come first; the two newest outputs, broadcast from the
-// register just made rather than read back from memory, are added last, so
-// that the loop-carried chain is one lane broadcast and two fused steps.
+// The y pass of a biquad section: y[n0..L-1] straight from the input x
+// (which may be y itself), xm2, xm1 being x[n0-2], x[n0-1]. The input terms
+// come first; the two newest outputs, broadcast from the register just made
+// rather than read back from memory, are added last, so that the
+// loop-carried chain is one lane broadcast and two fused steps. The last
+// register is partial, with masked lanes.
 template <class T>
-VRX_INLINE int yPassBQ(const AheadBQ<T>& t, const T* e, T* y, int n0, int L) {
+VRX_INLINE void yPassBQ(const AheadBQ<T>& t, const T* x, T xm2, T xm1, T* y, int n0, int L) {
     using W = simd::V<T>;
     using I = simd::V<std::conditional_t<sizeof(T) == 4, int32_t, int64_t>>;
+    using R = typename W::R;
     constexpr int C = AheadBQ<T>::C;
-    typename W::R E[C];
-    for (int j = 0; j < C; ++j) E[j] = W::load(t.gz + C - j);
-    const typename W::R r0 = W::load(t.rows[0]), r1 = W::load(t.rows[1]);
+    R E[C];
+    for (int j = 0; j < C; ++j) E[j] = W::load(t.hz + C - j);
+    const R r0 = W::load(t.rows[0]), r1 = W::load(t.rows[1]), w1 = W::load(t.w1), w2 = W::load(t.w2);
     const auto last = I::set1(C - 1), before = I::set1(C - 2);
-    typename W::R y1 = W::set1(y[n0 - 1]), y2 = W::set1(y[n0 - 2]);
+    R y1 = W::set1(y[n0 - 1]), y2 = W::set1(y[n0 - 2]);
     int n = n0;
     for (; n + C <= L; n += C) {
-        typename W::R s0 = W::mul(E[0], W::set1(e[n]));
-        typename W::R s1 = W::mul(E[1], W::set1(e[n + 1]));
+        R s0 = W::fma(w2, W::set1(xm2), W::mul(E[0], W::set1(x[n])));
+        R s1 = W::fma(w1, W::set1(xm1), W::mul(E[1], W::set1(x[n + 1])));
         for (int j = 2; j < C; j += 2) {
-            s0 = W::fma(E[j], W::set1(e[n + j]), s0);
-            s1 = W::fma(E[j + 1], W::set1(e[n + j + 1]), s1);
+            s0 = W::fma(E[j], W::set1(x[n + j]), s0);
+            s1 = W::fma(E[j + 1], W::set1(x[n + j + 1]), s1);
         }
-        const typename W::R out = W::fma(r0, y1, W::fma(r1, y2, W::add(s0, s1)));
+        xm2 = x[n + C - 2];  // read before the store: x may be y
+        xm1 = x[n + C - 1];
+        const R out = W::fma(r0, y1, W::fma(r1, y2, W::add(s0, s1)));
         W::store(y + n, out);
         y1 = W::permute2(out, last, out);
         y2 = W::permute2(out, before, out);
     }
-    return n;
+    if (n < L) {
+        const int cnt = L - n;
+        R s0 = W::fma(w2, W::set1(xm2), W::mul(E[0], W::set1(x[n])));
+        R s1 = W::mul(w1, W::set1(xm1));
+        for (int j = 1; j < cnt; ++j) s1 = W::fma(W::load(t.hz + C - j), W::set1(x[n + j]), s1);
+        W::storem(y + n, simd::tail<T>(cnt), W::fma(r0, y1, W::fma(r1, y2, W::add(s0, s1))));
+    }
 }
 
-// One section of a BQ kind over a block, 2 < L: q = b0, b1, b2, a1, a2; rows
-// = the section's stored rows (y[n-1], y[n-2], e[n]); d = (d0, d1).
+// One section of a BQ kind over a block, 2 < L: q = b0, b1, b2, a1, a2;
+// d = (d0, d1). In place the input tail is read before the y pass.
 template <class T>
-void bqBlock(const T* q, const AheadBQ<T>& ahead, T* d, const T* xs, T* ys, T* e, int L) {
+void bqBlock(const T* q, const AheadBQ<T>& ahead, T* d, const T* xs, T* ys, int L) {
     const T b0 = q[0], b1 = q[1], b2 = q[2], a1 = q[3], a2 = q[4];
-    xPass(q, 3, xs, e, 2, L);
     const T x0 = xs[0], x1 = xs[1];
     const T xl2 = xs[L - 2], xl1 = xs[L - 1];
     const T y0 = b0 * x0 + d[0];
     const T y1 = b0 * x1 + b1 * x0 + d[1] - a1 * y0;
     ys[0] = y0;
     ys[1] = y1;
-    const int n = yPassBQ(ahead, e, ys, 2, L);
-    const T a[2] = {a1, a2};
-    yTail(a, 2, e, ys, n, L);
+    yPassBQ(ahead, xs, x0, x1, ys, 2, L);
     d[0] = b2 * xl2 + b1 * xl1 - a2 * ys[L - 2] - a1 * ys[L - 1];
     d[1] = b2 * xl1 - a2 * ys[L - 1];
 }
-
 
 // ------------------------------------------------ AR over one register
 // The look-ahead of an AR kind over one register of outputs (C = 16 in

@@ -611,17 +611,16 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                     readBlock(sb, ys, L);
                     xs0 = ys;
                 }
-                A* e = static_cast<A*>(st->pWorkE);
                 if (!haveAhead) {
-                    for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s + 3, &ahead[s]);
+                    for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s, &ahead[s]);
                     haveAhead = true;
                 }
                 for (int s = 0; s < m; ++s) {
                     const A* xs = s == 0 ? xs0 : ys;
                     const A xa = xs[L - 2], xb = xs[L - 1];
                     const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
-                    if (s >= kAheadKept) aheadBQ(taps + 5 * s + 3, &ahead[kAheadKept]);
-                    bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, e, L);
+                    if (s >= kAheadKept) aheadBQ(taps + 5 * s, &ahead[kAheadKept]);
+                    bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
                     if constexpr (Df1) {
                         double* r = df + 4 * s;
                         r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
