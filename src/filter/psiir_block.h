@@ -300,7 +300,8 @@ VRX_INLINE int yPassAR(const AheadAR<T>& t, int N, const T* e, T* y, int n0, int
             s0 = W::fma(E[j], W::set1(e[n + j]), s0);
             s1 = W::fma(E[j + 1], W::set1(e[n + j + 1]), s1);
         }
-        for (int r = N - 1; r >= 2 * C; --r) s0 = W::fma(W::load(t.rows[r]), W::set1(y[n - 1 - r]), s0);
+        if constexpr (kMaxAheadOrder > 2 * C)
+            for (int r = N - 1; r >= 2 * C; --r) s0 = W::fma(W::load(t.rows[r]), W::set1(y[n - 1 - r]), s0);
         for (int r = mid - 1; r >= C; --r) s1 = W::fma(W::load(t.rows[r]), W::permute2(prev2, lane[r - C], prev2), s1);
         R out;
         if (near <= 3) {

@@ -9,7 +9,8 @@
 // special case at its end. A biquad section is the same with N = 2.
 // Direct form I (0x49493239) runs per section over the whole vector with the
 // fused multiply-adds b1*x[n-1] first, then b0, b2, a1, a2. The block
-// scheme of the real kinds (x pass, look-ahead y pass) is psiir_block.h.
+// scheme (x pass, look-ahead y pass) is psiir_block.h for the real kinds,
+// psiir_cblock.h for the complex ones.
 #pragma once
 
 #include "vrx_base.h"
@@ -72,6 +73,12 @@ template <class A> constexpr A zero() { if constexpr (isCx<A>) return A{0, 0}; e
 template <class A> VRX_INLINE bool isZero(A a) {
     if constexpr (isCx<A>) return a.re == 0 && a.im == 0; else return a == 0;
 }
+
+}  // namespace n0::iir
+
+#include "psiir_cblock.h"
+
+namespace n0::iir {
 
 // lanes over which a tap is repeated in the x-pass arrangement
 template <class A> constexpr int xLanes() { return isCx<A> ? 2 : (sizeof(A) == 4 ? 4 : 2); }
@@ -406,6 +413,11 @@ template <> struct IsIntSample<Vrx32s> { static constexpr bool value = true; };
 template <> struct IsIntSample<Vrx16sc> { static constexpr bool value = true; };
 template <> struct IsIntSample<Vrx32sc> { static constexpr bool value = true; };
 
+// Samples that are the arithmetic type itself (complex ones alike): the
+// block scheme runs in the destination, with no work copy.
+template <class A, class S>
+constexpr bool sameRep = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
+
 // The writer of output samples of type S from arithmetic A.
 template <class S, class A>
 struct Writer {
@@ -432,7 +444,10 @@ struct Writer {
 // A block of samples into the arithmetic type, sixteen at a time (exact).
 template <class A, class S>
 VRX_INLINE void readBlock(const S* s, A* ys, int L) {
-    if constexpr (std::is_same_v<A, float> && std::is_same_v<S, Vrx16s>) {
+    if constexpr (isCx<A>) {  // part by part
+        using F = decltype(S{}.re);
+        readBlock(reinterpret_cast<const F*>(s), reinterpret_cast<Scalar<A>*>(ys), 2 * L);
+    } else if constexpr (std::is_same_v<A, float> && std::is_same_v<S, Vrx16s>) {
         for (int k = 0; k < L; k += 16) {
             const int cnt = L - k < 16 ? L - k : 16;
             simd::V<float>::storem(ys + k, simd::tail<float>(cnt), simd::intToFloat(simd::widen16sPart(s + k, cnt)));
@@ -471,7 +486,11 @@ VRX_INLINE void readBlock(const S* s, A* ys, int L) {
 template <class S, class A>
 VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
     using I = simd::V<int32_t>;
-    if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
+    if constexpr (isCx<A>) {  // part by part, as the complex writer
+        using F = decltype(S{}.re);
+        const Writer<F, Scalar<A>> wp{w.s};
+        writeBlock(wp, reinterpret_cast<F*>(d), reinterpret_cast<const Scalar<A>*>(ys), 2 * L);
+    } else if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
         using W = simd::V<double>;
         const W::R s = W::set1(w.s), lo = W::set1(-2147483648.0), hi = W::set1(2147483647.0);
         auto clamp = [&](W::R v) { return W::min(W::max(W::mul(v, s), lo), hi); };
@@ -590,45 +609,49 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     }
     // samples of the arithmetic type (complex ones alike) carry the values
     // between sections in the destination
-    constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
+    constexpr bool same = sameRep<A, S>;
     // the block scheme's tables: those of the first sections made once a
     // call, the others per block in the last slot (a few dozen operations)
-    AheadBQ<Scalar<A>> ahead[kAheadKept + 1];
+    using Ahead = std::conditional_t<isCx<A>, AheadBQc<Scalar<A>>, AheadBQ<A>>;
+    Ahead ahead[kAheadKept + 1];
+    auto make = [&](int s, Ahead* t) {
+        if constexpr (isCx<A>) aheadBQc(taps + 5 * s, t);
+        else aheadBQ(taps + 5 * s, t);
+    };
     bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
         S* db = dst + start;
-        if constexpr (!isCx<A>) {
-            if (4 * m < L) {  // the block scheme, section by section
-                A* ys;
-                const A* xs0;
-                if constexpr (same) {
-                    ys = reinterpret_cast<A*>(db);
-                    xs0 = reinterpret_cast<const A*>(sb);
-                } else {
-                    ys = static_cast<A*>(st->pWorkY);
-                    readBlock(sb, ys, L);
-                    xs0 = ys;
-                }
-                if (!haveAhead) {
-                    for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s, &ahead[s]);
-                    haveAhead = true;
-                }
-                for (int s = 0; s < m; ++s) {
-                    const A* xs = s == 0 ? xs0 : ys;
-                    const A xa = xs[L - 2], xb = xs[L - 1];
-                    const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
-                    if (s >= kAheadKept) aheadBQ(taps + 5 * s, &ahead[kAheadKept]);
-                    bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
-                    if constexpr (Df1) {
-                        double* r = df + 4 * s;
-                        r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
-                    }
-                }
-                if constexpr (!same) writeBlock(w, db, ys, L);
-                continue;
+        if (4 * m < L) {  // the block scheme, section by section
+            A* ys;
+            const A* xs0;
+            if constexpr (same) {
+                ys = reinterpret_cast<A*>(db);
+                xs0 = reinterpret_cast<const A*>(sb);
+            } else {
+                ys = static_cast<A*>(st->pWorkY);
+                readBlock(sb, ys, L);
+                xs0 = ys;
             }
+            if (!haveAhead) {
+                for (int s = 0; s < m && s < kAheadKept; ++s) make(s, &ahead[s]);
+                haveAhead = true;
+            }
+            for (int s = 0; s < m; ++s) {
+                const A* xs = s == 0 ? xs0 : ys;
+                const A xa = xs[L - 2], xb = xs[L - 1];
+                const Ahead* t = &ahead[s < kAheadKept ? s : kAheadKept];
+                if (s >= kAheadKept) make(s, &ahead[kAheadKept]);
+                if constexpr (isCx<A>) bqBlockC(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
+                else bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
+                if constexpr (Df1) {
+                    double* r = df + 4 * s;
+                    r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
+                }
+            }
+            if constexpr (!same) writeBlock(w, db, ys, L);
+            continue;
         }
         A* wide;
         if constexpr (same) wide = reinterpret_cast<A*>(db);
@@ -658,36 +681,39 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
 template <class A, class S>
 void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     const int N = st->dlyLen;
-    if constexpr (!isCx<A>) {
-        if (N <= kMaxAheadOrder) {
-            constexpr bool same = std::is_same_v<A, S>;
-            const A* taps = static_cast<const A*>(st->pTaps);
-            A* d = static_cast<A*>(st->pDlyLine);
-            AheadAR<A> ahead;
-            bool haveAhead = false;
-            for (int start = 0; start < len; start += kBlock) {
-                const int L = len - start < kBlock ? len - start : kBlock;
-                const S* sb = src + start;
-                S* db = dst + start;
-                if (4 * N >= L) {
-                    arRun<A>(taps, d, N, L, [&](int k) { return load<A>(sb[k]); }, [&](int k, A y) { w(db + k, y); });
-                    continue;
-                }
-                if (!haveAhead) {
-                    aheadAR(taps + N + 1, N, &ahead);
-                    haveAhead = true;
-                }
-                if constexpr (same) {
-                    arBlockW(taps, ahead, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
-                } else {
-                    A* wy = static_cast<A*>(st->pWorkY);
-                    readBlock(sb, wy, L);
-                    arBlockW(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
-                    writeBlock(w, db, wy, L);
-                }
+    if (N <= kMaxAheadOrder) {
+        const A* taps = static_cast<const A*>(st->pTaps);
+        A* d = static_cast<A*>(st->pDlyLine);
+        A* e = static_cast<A*>(st->pWorkE);
+        std::conditional_t<isCx<A>, AheadARc<Scalar<A>>, AheadAR<A>> ahead;
+        bool haveAhead = false;
+        for (int start = 0; start < len; start += kBlock) {
+            const int L = len - start < kBlock ? len - start : kBlock;
+            const S* sb = src + start;
+            S* db = dst + start;
+            if (4 * N >= L) {
+                arRun<A>(taps, d, N, L, [&](int k) { return load<A>(sb[k]); }, [&](int k, A y) { w(db + k, y); });
+                continue;
             }
-            return;
+            if (!haveAhead) {
+                if constexpr (isCx<A>) aheadARc(taps + N + 1, N, &ahead);
+                else aheadAR(taps + N + 1, N, &ahead);
+                haveAhead = true;
+            }
+            auto block = [&](const A* xs, A* ys) {
+                if constexpr (isCx<A>) arBlockC(taps, ahead, d, N, xs, ys, e, L);
+                else arBlockW(taps, ahead, d, N, xs, ys, e, L);
+            };
+            if constexpr (sameRep<A, S>) {
+                block(reinterpret_cast<const A*>(sb), reinterpret_cast<A*>(db));
+            } else {
+                A* wy = static_cast<A*>(st->pWorkY);
+                readBlock(sb, wy, L);
+                block(wy, wy);
+                writeBlock(w, db, wy, L);
+            }
         }
+        return;
     }
     arRun<A>(static_cast<const A*>(st->pTaps), static_cast<A*>(st->pDlyLine), st->dlyLen, len,
              [&](int k) { return load<A>(src[k]); }, [&](int k, A y) { w(dst + k, y); });
