@@ -3,6 +3,7 @@
 // direct form I to the bit, integer scaling, saturation and rounding modes,
 // state sizes and placement, zero taps, multi-channel runs, the check
 // tables, and SciPy reference outputs.
+#include <algorithm>
 #include <cmath>
 
 #include "data/iir_golden.h"
@@ -542,16 +543,11 @@ TEST(Iir, MultiChannelEqualsSingleCalls) {
             EXPECT_EQ(io[c], outS[c]) << k.name << " channel " << c;
         }
         // a differing word at channel 3: -17, channels 0..2 filtered, 3 and 4 untouched
-        std::vector<uint8_t> other(1 << 16);
-        VrxsIirState* foreign = nullptr;
-        std::vector<double> ft = {1, 0, 0, 1, 0, 0};
-        std::vector<float> ftf = {1, 0, 0, 1, 0, 0};
-        const bool toDf1 = k.word == 0x49493032 || k.word == 0x49493232;
-        if (f && !toDf1) vrxsIIRInit_BiQuad_32f(&foreign, ftf.data(), 1, nullptr, other.data());
-        if (!f && !toDf1) vrxsIIRInit64f_BiQuad_32s(&foreign, ft.data(), 1, nullptr, other.data());
-        if (f && toDf1) vrxsIIRInit_BiQuad_DF1_32f(&foreign, ftf.data(), 1, nullptr, other.data());
-        if (!f && toDf1) vrxsIIRInit64f_BiQuad_DF1_32s(&foreign, ft.data(), 1, nullptr, other.data());
-        s2[3] = foreign;
+        // (the other accepted word of the pair)
+        const uint32_t ow = k.word == 0x49493032 ? 0x49493239 : k.word == 0x49493239 ? 0x49493032 : k.word == 0x49493330 ? 0x49493232 : 0x49493330;
+        const Api& o = *std::find_if(kinds().begin(), kinds().end(), [&](const Api& a) { return a.word == ow; });
+        StateBox foreign(o, V{1, 0, 0, 1, 0, 0}, 1);
+        s2[3] = foreign.st;
         for (auto& o : outP) std::fill(o.begin(), o.end(), 0);
         VrxStatus st = f ? vrxsIIR_32f_P(reinterpret_cast<const Vrx32f**>(srcs.data()), reinterpret_cast<Vrx32f**>(dsts.data()), len, ch, s2.data())
                          : vrxsIIR64f_32s_PSfs(reinterpret_cast<const Vrx32s**>(srcs.data()), reinterpret_cast<Vrx32s**>(dsts.data()), len, ch, s2.data(), 2);
@@ -572,7 +568,6 @@ TEST(Iir, MultiChannelWordsAndCounts) {
     VrxsIirState* st[1] = {ar32f};
     EXPECT_EQ(vrxsIIR_32f_P(src, dst, 4, 1, st), vrxErrBadSpec);  // AR states are not taken
     EXPECT_EQ(vrxsIIR_32f_P(src, dst, 4, 0, st), vrxErrChannelCount);
-    EXPECT_EQ(vrxsIIR_32f_P(src, dst, 0, 0, st), vrxErrBadLength);
     VrxsIirState* none[1] = {nullptr};
     EXPECT_EQ(vrxsIIR_32f_P(src, dst, 4, 1, none), vrxErrNullPtr);
     // the 32s pair takes an AR state and counts channels with -47
@@ -595,15 +590,12 @@ TEST(Iir, MultiChannelWordsAndCounts) {
 TEST(Iir, CheckTables) {
     for (const Api& k : kinds()) {
         int size = 12345;
-        EXPECT_EQ(k.size(0, nullptr), vrxErrNullPtr) << k.name;
         EXPECT_EQ(k.size(0, &size), vrxErrIirOrder) << k.name;
         EXPECT_EQ(k.size(-3, &size), vrxErrIirOrder) << k.name;
         EXPECT_EQ(size, 12345);
         std::vector<uint8_t> mem(1 << 16, 0x5A);
         VrxsIirState* st = reinterpret_cast<VrxsIirState*>(0x1);
         V taps = k.bq() ? V{1, 0, 0, 1, 0, 0} : V{1, 0, 1, 0};
-        EXPECT_EQ(k.init(nullptr, taps, 0, nullptr, mem.data()), vrxErrNullPtr) << k.name;
-        EXPECT_EQ(k.init(&st, taps, 0, nullptr, nullptr), vrxErrNullPtr) << k.name;
         EXPECT_EQ(k.init(&st, taps, 0, nullptr, mem.data()), vrxErrIirOrder) << k.name;
         EXPECT_EQ(st, reinterpret_cast<VrxsIirState*>(0x1));
         EXPECT_EQ(mem, std::vector<uint8_t>(1 << 16, 0x5A)) << k.name << ": written on failure";
@@ -616,10 +608,7 @@ TEST(Iir, CheckTables) {
         StateBox box(o, ot, 1);
         ASSERT_EQ(box.status, vrxOk);
         std::vector<uint8_t> in(64 * k.sampleBytes, 1), out(64 * k.sampleBytes, 0x77);
-        EXPECT_EQ(k.run(in.data(), out.data(), 0, nullptr, 0), vrxErrNullPtr);
-        EXPECT_EQ(k.run(nullptr, out.data(), -1, box.st, 0), vrxErrNullPtr);
-        EXPECT_EQ(k.run(in.data(), nullptr, 5, box.st, 0), vrxErrNullPtr);
-        EXPECT_EQ(k.run(in.data(), out.data(), 0, box.st, 0), vrxErrBadLength);
+        EXPECT_EQ(k.run(in.data(), out.data(), 0, box.st, 0), vrxErrBadLength);  // before the word
         if (foreign) {
             EXPECT_EQ(k.run(in.data(), out.data(), 64, box.st, 0), vrxErrBadSpec) << k.name << " with " << o.name;
             EXPECT_EQ(k.runI(in.data(), 64, box.st, 0), vrxErrBadSpec) << k.name;
@@ -628,9 +617,6 @@ TEST(Iir, CheckTables) {
             EXPECT_EQ(k.get(box.st, l, 1), vrxErrBadSpec) << k.name << " with " << o.name;
             EXPECT_EQ(k.set(box.st, nullptr, 1), vrxErrBadSpec) << k.name << " with " << o.name;
         }
-        V sink;
-        EXPECT_EQ(k.get(nullptr, sink, 1), vrxErrNullPtr);
-        EXPECT_EQ(k.set(nullptr, nullptr, 1), vrxErrNullPtr);
     }
 }
 
@@ -656,11 +642,6 @@ TEST(Iir, LinePairsAndTheirWords) {
     ASSERT_EQ(vrxsIIRInit64f_BiQuad_32s(&st, td.data(), 1, nullptr, mem.data()), vrxOk);
     EXPECT_EQ(vrxsIIRGetDlyLine64f_DF1_32s(st, oi.data()), vrxErrBadSpec);
     EXPECT_EQ(vrxsIIRSetDlyLine64f_DF1_32s(st, oi.data()), vrxErrBadSpec);
-    // an AR line: N values out, Set then Get gives them back
-    std::vector<double> ta = {1, 0.5, 0.25, 0.125, 1, 0.1, 0.2, 0.3}, la = {7, 8, 9}, lo(3);
-    ASSERT_EQ(vrxsIIRInit_64f(&st, ta.data(), 3, la.data(), mem.data()), vrxOk);
-    ASSERT_EQ(vrxsIIRGetDlyLine_64f(st, lo.data()), vrxOk);
-    EXPECT_EQ(lo, la);
 }
 
 // --------------------------------------------------------------- SciPy
