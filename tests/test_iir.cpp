@@ -398,11 +398,10 @@ TEST(Iir, IntegerWritersOnNaNAndInfinity) {
                 ASSERT_EQ(k.set(box.st, &line, k.lineLen(1)), vrxOk);
                 V y = runPieces(k, box.st, V(len, cld(5, 0)), {len});
                 const bool inf = !std::isnan(fill);
-                for (int i = 0; i < len; ++i) {
-                    const long double nan = k.sampleMax > 40000 ? -k.sampleMax - 1 : 0;
-                    const long double want = inf ? (i == 0 ? k.sampleMax : nan) : nan;
-                    if (!k.cplxSamples || !inf) ASSERT_EQ(y[i].real(), want) << k.name << " len=" << len << " i=" << i;
-                }
+                if (k.cplxSamples && inf) continue;  // complex products of infinities are NaN in part
+                const long double nan = k.sampleMax > 40000 ? -k.sampleMax - 1 : 0;
+                for (int i = 0; i < len; ++i)
+                    ASSERT_EQ(y[i].real(), inf && i == 0 ? k.sampleMax : nan) << k.name << " len=" << len << " i=" << i;
             }
         }
     }
