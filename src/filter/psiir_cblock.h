@@ -4,8 +4,9 @@
 // z.re*R + swap(z.im*R), swap(v) = (-v.im, v.re) per pair: sums of such
 // products keep the two parts in two accumulators and swap the second once,
 // so that the inner loops are plain broadcast fused multiply-adds.
-// The scalar parts (first outputs, delay line from the tails, the tail of
-// the y pass) are those of the real kinds in complex arithmetic.
+// The tables, the scalar parts (first outputs, delay line from the tails,
+// the tail of the y pass) and the block drivers are those of the real kinds
+// (psiir_block.h) in complex arithmetic; here are the vector passes.
 #pragma once
 
 #include "psiir_block.h"
@@ -31,7 +32,7 @@ struct CxV {
 
 // e[n] = sum over k of b[k]*x[n-k], n from n0 to L-1.
 template <class T>
-VRX_INLINE void xPassC(const Cx<T>* b, int nb, const Cx<T>* x, Cx<T>* e, int n0, int L) {
+VRX_INLINE void xPass(const Cx<T>* b, int nb, const Cx<T>* x, Cx<T>* e, int n0, int L) {
     using X = CxV<T>;
     using W = typename X::W;
     for (int n = n0; n < L; n += X::C2) {
@@ -47,30 +48,10 @@ VRX_INLINE void xPassC(const Cx<T>* b, int nb, const Cx<T>* x, Cx<T>* e, int n0,
     }
 }
 
-// The AR look-ahead over one register (as AheadAR), complex.
+// The complex AR y pass: y[n..n+C-1] for n from n0 while C remain; as the
+// real one, with the newest outputs over two pairs of accumulators.
 template <class T>
-struct AheadARc {
-    static constexpr int C = CxV<T>::C2;
-    Cx<T> gz[2 * C];
-    Cx<T> rows[kMaxAheadOrder][C];
-};
-template <class T>
-void aheadARc(const Cx<T>* a, int N, AheadARc<T>* t) {
-    constexpr int C = AheadARc<T>::C;
-    for (int r = 0; r < N; ++r) t->rows[r][0] = -a[r];
-    for (int j = 1; j < C; ++j) {
-        const Cx<T> h = t->rows[0][j - 1];
-        for (int r = 0; r + 1 < N; ++r) t->rows[r][j] = h * -a[r] + t->rows[r + 1][j - 1];
-        t->rows[N - 1][j] = h * -a[N - 1];
-    }
-    for (int j = 0; j < C; ++j) t->gz[j] = zero<Cx<T>>();
-    t->gz[C] = one<Cx<T>>();
-    for (int j = 1; j < C; ++j) t->gz[C + j] = t->rows[0][j - 1];
-}
-
-// y[n..n+C-1] for n from n0 while C remain; as yPassAR.
-template <class T>
-VRX_INLINE int yPassARc(const AheadARc<T>& t, int N, const Cx<T>* e, Cx<T>* y, int n0, int L) {
+VRX_INLINE int yPass(const AheadAR<Cx<T>>& t, int N, const Cx<T>* e, Cx<T>* y, int n0, int L) {
     using X = CxV<T>;
     using W = typename X::W;
     using R = typename W::R;
@@ -123,77 +104,10 @@ VRX_INLINE int yPassARc(const AheadARc<T>& t, int N, const Cx<T>* e, Cx<T>* y, i
     return n;
 }
 
-// One block of a complex AR kind, 4N < L, N <= kMaxAheadOrder.
-template <class T>
-void arBlockC(const Cx<T>* taps, const AheadARc<T>& ahead, Cx<T>* d, int N, const Cx<T>* xs, Cx<T>* ys, Cx<T>* e, int L) {
-    using Z = Cx<T>;
-    const Z* b = taps;
-    const Z* a = taps + N + 1;
-    xPassC(b, N + 1, xs, e, N, L);
-    for (int k = 0; k < N; ++k) {
-        const Z x = xs[k];
-        const Z y = b[0] * x + d[0];
-        for (int i = 0; i < N; ++i) d[i] = b[i + 1] * x - a[i] * y + d[i + 1];
-        ys[k] = y;
-    }
-    for (int i = 0; i < N; ++i) {
-        Z v = zero<Z>();
-        for (int j = 0; j <= N - 1 - i; ++j) v = v + b[i + 1 + j] * xs[L - 1 - j];
-        d[i] = v;
-    }
-    int n = yPassARc(ahead, N, e, ys, N, L);
-    for (; n < L; ++n) {
-        Z v = e[n];
-        for (int k = 1; k <= N; ++k) v = v - a[k - 1] * ys[n - k];
-        ys[n] = v;
-    }
-    for (int i = 0; i < N; ++i) {
-        Z v = d[i];
-        for (int j = 0; j <= N - 1 - i; ++j) v = v - a[i + j] * ys[L - 1 - j];
-        d[i] = v;
-    }
-}
-
-// A complex biquad section's look-ahead straight from the input (as
-// AheadBQ): rows of y[n-1], y[n-2], hz = C zeros then the response h, and
-// the columns w1, w2 of x[n-1], x[n-2].
-template <class T>
-struct AheadBQc {
-    static constexpr int C = CxV<T>::C2;
-    Cx<T> rows[2][C];
-    Cx<T> hz[2 * C];
-    Cx<T> w1[C], w2[C];
-};
-template <class T>
-void aheadBQc(const Cx<T>* q, AheadBQc<T>* t) {
-    using Z = Cx<T>;
-    constexpr int C = AheadBQc<T>::C;
-    const Z b0 = q[0], b1 = q[1], b2 = q[2], c1 = -q[3], c2 = -q[4];
-    Z g[C];
-    t->rows[0][0] = c1;
-    t->rows[0][1] = c2 + c1 * c1;
-    t->rows[1][0] = c2;
-    t->rows[1][1] = c1 * c2;
-    g[0] = one<Z>();
-    g[1] = c1;
-    for (int j = 2; j < C; ++j) {
-        t->rows[0][j] = c1 * t->rows[0][j - 1] + c2 * t->rows[0][j - 2];
-        t->rows[1][j] = c1 * t->rows[1][j - 1] + c2 * t->rows[1][j - 2];
-        g[j] = c1 * g[j - 1] + c2 * g[j - 2];
-    }
-    for (int j = 0; j < C; ++j) {
-        const Z g1 = j >= 1 ? g[j - 1] : zero<Z>(), g2 = j >= 2 ? g[j - 2] : zero<Z>();
-        t->hz[j] = zero<Z>();
-        t->hz[C + j] = b0 * g[j] + b1 * g1 + b2 * g2;
-        t->w1[j] = b1 * g[j] + b2 * g1;
-        t->w2[j] = b2 * g[j];
-    }
-}
-
 // The y pass of a complex biquad section, y[n0..L-1] from x (which may be
 // y), xm2, xm1 = x[n0-2], x[n0-1]; the last register partial.
 template <class T>
-VRX_INLINE void yPassBQc(const AheadBQc<T>& t, const Cx<T>* x, Cx<T> xm2, Cx<T> xm1, Cx<T>* y, int n0, int L) {
+VRX_INLINE void yPassBQ(const AheadBQ<Cx<T>>& t, const Cx<T>* x, Cx<T> xm2, Cx<T> xm1, Cx<T>* y, int n0, int L) {
     using X = CxV<T>;
     using W = typename X::W;
     using R = typename W::R;
@@ -240,22 +154,6 @@ VRX_INLINE void yPassBQc(const AheadBQc<T>& t, const Cx<T>* x, Cx<T> xm2, Cx<T> 
         X::store(y + n, prev);
     }
     if (n < L) X::storem(y + n, L - n, step(n, L - n));
-}
-
-// One section of a complex BQ kind over a block, 2 < L.
-template <class T>
-void bqBlockC(const Cx<T>* q, const AheadBQc<T>& ahead, Cx<T>* d, const Cx<T>* xs, Cx<T>* ys, int L) {
-    using Z = Cx<T>;
-    const Z b0 = q[0], b1 = q[1], b2 = q[2], a1 = q[3], a2 = q[4];
-    const Z x0 = xs[0], x1 = xs[1];
-    const Z xl2 = xs[L - 2], xl1 = xs[L - 1];
-    const Z y0 = b0 * x0 + d[0];
-    const Z y1 = b0 * x1 + b1 * x0 + d[1] - a1 * y0;
-    ys[0] = y0;
-    ys[1] = y1;
-    yPassBQc(ahead, xs, x0, x1, ys, 2, L);
-    d[0] = b2 * xl2 + b1 * xl1 - a2 * ys[L - 2] - a1 * ys[L - 1];
-    d[1] = b2 * xl1 - a2 * ys[L - 1];
 }
 
 }  // namespace n0::iir

@@ -16,7 +16,7 @@
 #include "vrx_base.h"
 #include "vrx_fpu.h"
 #include "vrx_layout.h"
-#include "psiir_block.h"
+#include "psiir_cblock.h"
 #include "simd/simd.h"
 
 #include <string.h>
@@ -50,35 +50,6 @@ constexpr int kBlock = 1024;
 // Look-ahead tables of this many sections are kept over a call; those of
 // later sections are made again for each block.
 constexpr int kAheadKept = 16;
-
-template <class T>
-struct Cx {
-    T re, im;
-};
-
-template <class A> struct ScalarOf { using type = A; };
-template <class T> struct ScalarOf<Cx<T>> { using type = T; };
-template <class A> using Scalar = typename ScalarOf<A>::type;
-template <class A> constexpr bool isCx = !std::is_same_v<A, Scalar<A>>;
-
-// arithmetic on the tap type: real or complex, no fused operations
-template <class T> VRX_INLINE Cx<T> operator+(Cx<T> a, Cx<T> b) { return {a.re + b.re, a.im + b.im}; }
-template <class T> VRX_INLINE Cx<T> operator-(Cx<T> a, Cx<T> b) { return {a.re - b.re, a.im - b.im}; }
-template <class T> VRX_INLINE Cx<T> operator*(Cx<T> a, Cx<T> b) {
-    return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
-}
-template <class T> VRX_INLINE Cx<T> operator-(Cx<T> a) { return {-a.re, -a.im}; }
-template <class A> constexpr A one() { if constexpr (isCx<A>) return A{1, 0}; else return A(1); }
-template <class A> constexpr A zero() { if constexpr (isCx<A>) return A{0, 0}; else return A(0); }
-template <class A> VRX_INLINE bool isZero(A a) {
-    if constexpr (isCx<A>) return a.re == 0 && a.im == 0; else return a == 0;
-}
-
-}  // namespace n0::iir
-
-#include "psiir_cblock.h"
-
-namespace n0::iir {
 
 // lanes over which a tap is repeated in the x-pass arrangement
 template <class A> constexpr int xLanes() { return isCx<A> ? 2 : (sizeof(A) == 4 ? 4 : 2); }
@@ -612,12 +583,7 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     constexpr bool same = sameRep<A, S>;
     // the block scheme's tables: those of the first sections made once a
     // call, the others per block in the last slot (a few dozen operations)
-    using Ahead = std::conditional_t<isCx<A>, AheadBQc<Scalar<A>>, AheadBQ<A>>;
-    Ahead ahead[kAheadKept + 1];
-    auto make = [&](int s, Ahead* t) {
-        if constexpr (isCx<A>) aheadBQc(taps + 5 * s, t);
-        else aheadBQ(taps + 5 * s, t);
-    };
+    AheadBQ<A> ahead[kAheadKept + 1];
     bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
@@ -635,16 +601,15 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                 xs0 = ys;
             }
             if (!haveAhead) {
-                for (int s = 0; s < m && s < kAheadKept; ++s) make(s, &ahead[s]);
+                for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s, &ahead[s]);
                 haveAhead = true;
             }
             for (int s = 0; s < m; ++s) {
                 const A* xs = s == 0 ? xs0 : ys;
                 const A xa = xs[L - 2], xb = xs[L - 1];
-                const Ahead* t = &ahead[s < kAheadKept ? s : kAheadKept];
-                if (s >= kAheadKept) make(s, &ahead[kAheadKept]);
-                if constexpr (isCx<A>) bqBlockC(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
-                else bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
+                const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
+                if (s >= kAheadKept) aheadBQ(taps + 5 * s, &ahead[kAheadKept]);
+                bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
                 if constexpr (Df1) {
                     double* r = df + 4 * s;
                     r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
@@ -685,7 +650,7 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
         const A* taps = static_cast<const A*>(st->pTaps);
         A* d = static_cast<A*>(st->pDlyLine);
         A* e = static_cast<A*>(st->pWorkE);
-        std::conditional_t<isCx<A>, AheadARc<Scalar<A>>, AheadAR<A>> ahead;
+        AheadAR<A> ahead;
         bool haveAhead = false;
         for (int start = 0; start < len; start += kBlock) {
             const int L = len - start < kBlock ? len - start : kBlock;
@@ -696,20 +661,15 @@ void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
                 continue;
             }
             if (!haveAhead) {
-                if constexpr (isCx<A>) aheadARc(taps + N + 1, N, &ahead);
-                else aheadAR(taps + N + 1, N, &ahead);
+                aheadAR(taps + N + 1, N, &ahead);
                 haveAhead = true;
             }
-            auto block = [&](const A* xs, A* ys) {
-                if constexpr (isCx<A>) arBlockC(taps, ahead, d, N, xs, ys, e, L);
-                else arBlockW(taps, ahead, d, N, xs, ys, e, L);
-            };
             if constexpr (sameRep<A, S>) {
-                block(reinterpret_cast<const A*>(sb), reinterpret_cast<A*>(db));
+                arBlock(taps, ahead, d, N, reinterpret_cast<const A*>(sb), reinterpret_cast<A*>(db), e, L);
             } else {
                 A* wy = static_cast<A*>(st->pWorkY);
                 readBlock(sb, wy, L);
-                block(wy, wy);
+                arBlock(taps, ahead, d, N, wy, wy, e, L);
                 writeBlock(w, db, wy, L);
             }
         }
