@@ -25,6 +25,8 @@ struct Api {
     long double eps;      // of the arithmetic type
     int sampleBytes;      // of one (complex) sample
     long double sampleMax;  // integer samples: the type's upper bound
+    const void* runFn;   // the exported run and line pair: kinds that share them take each other's states
+    const void* lineFn;
     VrxStatus (*size)(int, int*);
     VrxStatus (*init)(VrxsIirState**, const V& taps, int n, const V* line, Vrx8u* buf);
     VrxStatus (*run)(const void* src, void* dst, int len, VrxsIirState*, int sf);
@@ -67,6 +69,8 @@ Api make(const char* name, uint32_t word, Form form) {
     a.sampleBytes = sizeof(S);
     a.sampleMax = std::is_integral_v<RS> ? static_cast<long double>(std::numeric_limits<RS>::max()) : 0;
     a.size = SizeF;
+    a.runFn = reinterpret_cast<const void*>(RunF);
+    a.lineFn = reinterpret_cast<const void*>(GetF);
     // the line's type: 32s for the direct form I line of 0x49493330, else the taps'
     using L = std::conditional_t<std::is_same_v<decltype(GetF), VrxStatus (*)(const VrxsIirState*, Vrx32s*)>, Vrx32s, Tap>;
     a.init = [](VrxsIirState** pp, const V& taps, int n, const V* line, Vrx8u* buf) {
