@@ -25,12 +25,16 @@ struct Api {
     long double eps;      // of the arithmetic type
     int sampleBytes;      // of one (complex) sample
     long double sampleMax;  // integer samples: the type's upper bound
+    const void* runFn;   // the exported run and line pair: kinds that share them take each other's states
+    const void* lineFn;
     VrxStatus (*size)(int, int*);
     VrxStatus (*init)(VrxsIirState**, const V& taps, int n, const V* line, Vrx8u* buf);
     VrxStatus (*run)(const void* src, void* dst, int len, VrxsIirState*, int sf);
     VrxStatus (*runI)(void* srcDst, int len, VrxsIirState*, int sf);
     VrxStatus (*get)(const VrxsIirState*, V& out, int count);
     VrxStatus (*set)(VrxsIirState*, const V* in, int count);
+    std::vector<uint8_t> (*pack)(const V& x);                     // samples of the kind's type
+    V (*unpack)(const std::vector<uint8_t>& b, size_t n);
     bool bq() const { return form != Form::AR; }
     int lineLen(int n) const { return form == Form::AR ? n : (form == Form::BQ ? 2 * n : 4 * n); }
 };
@@ -65,18 +69,16 @@ Api make(const char* name, uint32_t word, Form form) {
     a.sampleBytes = sizeof(S);
     a.sampleMax = std::is_integral_v<RS> ? static_cast<long double>(std::numeric_limits<RS>::max()) : 0;
     a.size = SizeF;
+    a.runFn = reinterpret_cast<const void*>(RunF);
+    a.lineFn = reinterpret_cast<const void*>(GetF);
+    // the line's type: 32s for the direct form I line of 0x49493330, else the taps'
+    using L = std::conditional_t<std::is_same_v<decltype(GetF), VrxStatus (*)(const VrxsIirState*, Vrx32s*)>, Vrx32s, Tap>;
     a.init = [](VrxsIirState** pp, const V& taps, int n, const V* line, Vrx8u* buf) {
         std::vector<Tap> t(taps.size());
         for (size_t i = 0; i < t.size(); ++i) t[i] = fromC<Tap>(taps[i]);
-        if constexpr (std::is_same_v<decltype(InitF), VrxStatus (*)(VrxsIirState**, const Vrx64f*, int, const Vrx32s*, Vrx8u*)>) {
-            std::vector<Vrx32s> l(line ? line->size() : 0);
-            for (size_t i = 0; i < l.size(); ++i) l[i] = static_cast<Vrx32s>(line->at(i).real());
-            return InitF(pp, t.data(), n, line ? l.data() : nullptr, buf);
-        } else {
-            std::vector<Tap> l(line ? line->size() : 0);
-            for (size_t i = 0; i < l.size(); ++i) l[i] = fromC<Tap>(line->at(i));
-            return InitF(pp, t.data(), n, line ? l.data() : nullptr, buf);
-        }
+        std::vector<L> l(line ? line->size() : 0);
+        for (size_t i = 0; i < l.size(); ++i) l[i] = fromC<L>(line->at(i));
+        return InitF(pp, t.data(), n, line ? l.data() : nullptr, buf);
     };
     a.run = [](const void* s, void* d, int len, VrxsIirState* st, int sf) {
         if constexpr (std::is_integral_v<RS>) return RunF(static_cast<const S*>(s), static_cast<S*>(d), len, st, sf);
@@ -87,30 +89,33 @@ Api make(const char* name, uint32_t word, Form form) {
         else return RunIF(static_cast<S*>(sd), len, st);
     };
     a.get = [](const VrxsIirState* st, V& out, int count) {
-        if constexpr (std::is_same_v<decltype(GetF), VrxStatus (*)(const VrxsIirState*, Vrx32s*)>) {
-            std::vector<Vrx32s> l(count);
-            VrxStatus r = GetF(st, l.data());
-            out.assign(count, 0);
-            for (int i = 0; i < count; ++i) out[i] = cld(l[i], 0);
-            return r;
-        } else {
-            std::vector<Tap> l(count);
-            VrxStatus r = GetF(st, l.data());
-            out.assign(count, 0);
-            for (int i = 0; i < count; ++i) out[i] = toC(l[i]);
-            return r;
-        }
+        std::vector<L> l(count);
+        VrxStatus r = GetF(st, l.data());
+        out.assign(count, 0);
+        for (int i = 0; i < count; ++i) out[i] = toC(l[i]);
+        return r;
     };
     a.set = [](VrxsIirState* st, const V* in, int count) {
-        if constexpr (std::is_same_v<decltype(SetF), VrxStatus (*)(VrxsIirState*, const Vrx32s*)>) {
-            std::vector<Vrx32s> l(count);
-            for (int i = 0; i < count && in; ++i) l[i] = static_cast<Vrx32s>(in->at(i).real());
-            return SetF(st, in ? l.data() : nullptr);
-        } else {
-            std::vector<Tap> l(count);
-            for (int i = 0; i < count && in; ++i) l[i] = fromC<Tap>(in->at(i));
-            return SetF(st, in ? l.data() : nullptr);
+        std::vector<L> l(count);
+        for (int i = 0; i < count && in; ++i) l[i] = fromC<L>(in->at(i));
+        return SetF(st, in ? l.data() : nullptr);
+    };
+    a.pack = [](const V& x) {
+        std::vector<uint8_t> out(x.size() * sizeof(S));
+        for (size_t i = 0; i < x.size(); ++i) {
+            const S v = fromC<S>(x[i]);
+            memcpy(&out[i * sizeof(S)], &v, sizeof(S));
         }
+        return out;
+    };
+    a.unpack = [](const std::vector<uint8_t>& b, size_t n) {
+        V x(n);
+        for (size_t i = 0; i < n; ++i) {
+            S v;
+            memcpy(&v, &b[i * sizeof(S)], sizeof(S));
+            x[i] = toC(v);
+        }
+        return x;
     };
     return a;
 }
@@ -228,62 +233,22 @@ struct Model {
         }
         return x;
     }
-    // L1 norm of the first 4000 samples of the impulse response of section s
-    // (all of them: s = -1), from a zero line.
+    // L1 norm of the first 4000 samples of the impulse response of sections
+    // s0..s1-1, from a zero line.
     long double l1(int s0, int s1) const {
         Model m = *this;
+        m.b.assign(b.begin() + s0, b.begin() + s1);
+        m.a.assign(a.begin() + s0, a.begin() + s1);
+        m.d.assign(d.begin() + s0, d.begin() + s1);
         for (V& l : m.d) for (cld& v : l) v = 0;
         long double sum = 0;
-        for (int i = 0; i < 4000; ++i) {
-            cld x = i == 0 ? cld(1) : cld(0);
-            for (int s = s0; s < s1; ++s) {
-                const size_t n = m.b[s].size() - 1;
-                V& l = m.d[s];
-                cld y = m.b[s][0] * x + l[0];
-                for (size_t k = 0; k < n; ++k) l[k] = m.b[s][k + 1] * x - m.a[s][k + 1] * y + l[k + 1];
-                x = y;
-            }
-            sum += std::abs(x);
-        }
+        for (int i = 0; i < 4000; ++i) sum += std::abs(m.step(i == 0 ? cld(1) : cld(0)));
         return sum;
     }
 };
 
-// samples of the kind's type from complex long double values and back
-inline std::vector<uint8_t> pack(const Api& k, const V& x) {
-    std::vector<uint8_t> out(x.size() * k.sampleBytes);
-    for (size_t i = 0; i < x.size(); ++i) {
-        uint8_t* p = &out[i * k.sampleBytes];
-        const int part = k.cplxSamples ? k.sampleBytes / 2 : k.sampleBytes;
-        for (int c = 0; c < (k.cplxSamples ? 2 : 1); ++c) {
-            long double v = c ? x[i].imag() : x[i].real();
-            uint8_t* q = p + c * part;
-            if (!k.intSamples) {
-                if (part == 4) { float f = static_cast<float>(v); memcpy(q, &f, 4); }
-                else { double f = static_cast<double>(v); memcpy(q, &f, 8); }
-            } else if (part == 2) { int16_t f = static_cast<int16_t>(v); memcpy(q, &f, 2); }
-            else { int32_t f = static_cast<int32_t>(v); memcpy(q, &f, 4); }
-        }
-    }
-    return out;
-}
-inline V unpack(const Api& k, const std::vector<uint8_t>& b, size_t n) {
-    V x(n);
-    const int part = k.cplxSamples ? k.sampleBytes / 2 : k.sampleBytes;
-    for (size_t i = 0; i < n; ++i) {
-        long double v[2] = {0, 0};
-        for (int c = 0; c < (k.cplxSamples ? 2 : 1); ++c) {
-            const uint8_t* q = &b[i * k.sampleBytes + c * part];
-            if (!k.intSamples) {
-                if (part == 4) { float f; memcpy(&f, q, 4); v[c] = f; }
-                else { double f; memcpy(&f, q, 8); v[c] = f; }
-            } else if (part == 2) { int16_t f; memcpy(&f, q, 2); v[c] = f; }
-            else { int32_t f; memcpy(&f, q, 4); v[c] = f; }
-        }
-        x[i] = cld(v[0], v[1]);
-    }
-    return x;
-}
+inline std::vector<uint8_t> pack(const Api& k, const V& x) { return k.pack(x); }
+inline V unpack(const Api& k, const std::vector<uint8_t>& b, size_t n) { return k.unpack(b, n); }
 
 // Random samples that the sample type holds exactly.
 inline V randomSamples(const Api& k, vt::Rng& g, int n, long double amp) {

@@ -9,13 +9,14 @@
 // special case at its end. A biquad section is the same with N = 2.
 // Direct form I (0x49493239) runs per section over the whole vector with the
 // fused multiply-adds b1*x[n-1] first, then b0, b2, a1, a2. The block
-// scheme of the real kinds (x pass, look-ahead y pass) is psiir_block.h.
+// scheme (x pass, look-ahead y pass) is psiir_block.h for the real kinds,
+// psiir_cblock.h for the complex ones.
 #pragma once
 
 #include "vrx_base.h"
 #include "vrx_fpu.h"
 #include "vrx_layout.h"
-#include "psiir_block.h"
+#include "psiir_cblock.h"
 #include "simd/simd.h"
 
 #include <string.h>
@@ -49,29 +50,6 @@ constexpr int kBlock = 1024;
 // Look-ahead tables of this many sections are kept over a call; those of
 // later sections are made again for each block.
 constexpr int kAheadKept = 16;
-
-template <class T>
-struct Cx {
-    T re, im;
-};
-
-template <class A> struct ScalarOf { using type = A; };
-template <class T> struct ScalarOf<Cx<T>> { using type = T; };
-template <class A> using Scalar = typename ScalarOf<A>::type;
-template <class A> constexpr bool isCx = !std::is_same_v<A, Scalar<A>>;
-
-// arithmetic on the tap type: real or complex, no fused operations
-template <class T> VRX_INLINE Cx<T> operator+(Cx<T> a, Cx<T> b) { return {a.re + b.re, a.im + b.im}; }
-template <class T> VRX_INLINE Cx<T> operator-(Cx<T> a, Cx<T> b) { return {a.re - b.re, a.im - b.im}; }
-template <class T> VRX_INLINE Cx<T> operator*(Cx<T> a, Cx<T> b) {
-    return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
-}
-template <class T> VRX_INLINE Cx<T> operator-(Cx<T> a) { return {-a.re, -a.im}; }
-template <class A> constexpr A one() { if constexpr (isCx<A>) return A{1, 0}; else return A(1); }
-template <class A> constexpr A zero() { if constexpr (isCx<A>) return A{0, 0}; else return A(0); }
-template <class A> VRX_INLINE bool isZero(A a) {
-    if constexpr (isCx<A>) return a.re == 0 && a.im == 0; else return a == 0;
-}
 
 // lanes over which a tap is repeated in the x-pass arrangement
 template <class A> constexpr int xLanes() { return isCx<A> ? 2 : (sizeof(A) == 4 ? 4 : 2); }
@@ -406,6 +384,11 @@ template <> struct IsIntSample<Vrx32s> { static constexpr bool value = true; };
 template <> struct IsIntSample<Vrx16sc> { static constexpr bool value = true; };
 template <> struct IsIntSample<Vrx32sc> { static constexpr bool value = true; };
 
+// Samples that are the arithmetic type itself (complex ones alike): the
+// block scheme runs in the destination, with no work copy.
+template <class A, class S>
+constexpr bool sameRep = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
+
 // The writer of output samples of type S from arithmetic A.
 template <class S, class A>
 struct Writer {
@@ -429,15 +412,57 @@ struct Writer {
     }
 };
 
-// A block of wide outputs through the writer. 32s from double goes eight
-// lanes at a time: clamped to the 32-bit range first (a NaN takes the lower
-// bound, as the scalar conversion gives 0x80000000), then rounded in the
-// run's mode, nearest; the same values as the scalar writer.
+// A block of samples into the arithmetic type, sixteen at a time (exact).
+template <class A, class S>
+VRX_INLINE void readBlock(const S* s, A* ys, int L) {
+    if constexpr (isCx<A>) {  // part by part
+        using F = decltype(S{}.re);
+        readBlock(reinterpret_cast<const F*>(s), reinterpret_cast<Scalar<A>*>(ys), 2 * L);
+    } else if constexpr (std::is_same_v<A, float> && std::is_same_v<S, Vrx16s>) {
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            simd::V<float>::storem(ys + k, simd::tail<float>(cnt), simd::intToFloat(simd::widen16sPart(s + k, cnt)));
+        }
+    } else if constexpr (std::is_same_v<A, double> && !std::is_same_v<S, double> && !isCx<A>) {
+        using W = simd::V<double>;
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16, c0 = cnt < 8 ? cnt : 8, c1 = cnt - c0;
+            W::R lo, hi;
+            if constexpr (std::is_same_v<S, Vrx32f>) {
+                lo = simd::floatsToDouble(s + k, c0);
+                hi = simd::floatsToDouble(s + k + 8, c1);
+            } else {
+                __m512i v;
+                if constexpr (std::is_same_v<S, Vrx16s>) v = simd::widen16sPart(s + k, cnt);
+                else v = simd::V<int32_t>::loadm(simd::tail<int32_t>(cnt), s + k);
+                lo = simd::lowInt32ToDouble(v);
+                hi = simd::highInt32ToDouble(v);
+            }
+            W::storem(ys + k, simd::tail<double>(c0), lo);
+            W::storem(ys + k + 8, simd::tail<double>(c1), hi);
+        }
+    } else {
+        for (int k = 0; k < L; ++k) ys[k] = load<A>(s[k]);
+    }
+}
+
+// A block of wide outputs through the writer, sixteen at a time, with the
+// values of the scalar writer: the product y*s, clamped, then rounded in the
+// run's mode (nearest). 32s from double: clamped by min/max, where a NaN
+// takes the lower bound (the scalar conversion's 0x80000000). 16s: clamped
+// with a NaN passing through (max(lo, v), min(hi, v) keep their second
+// operand on NaN), converted (NaN: 0x80000000) and stored as the low 16 bits,
+// so that a NaN gives 0 as the scalar writer's narrowing does. 32f from
+// double: rounded in the caller's mode, as the scalar cast.
 template <class S, class A>
 VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
-    if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
+    using I = simd::V<int32_t>;
+    if constexpr (isCx<A>) {  // part by part, as the complex writer
+        using F = decltype(S{}.re);
+        const Writer<F, Scalar<A>> wp{w.s};
+        writeBlock(wp, reinterpret_cast<F*>(d), reinterpret_cast<const Scalar<A>*>(ys), 2 * L);
+    } else if constexpr (std::is_same_v<S, Vrx32s> && std::is_same_v<A, double>) {
         using W = simd::V<double>;
-        using I = simd::V<int32_t>;
         const W::R s = W::set1(w.s), lo = W::set1(-2147483648.0), hi = W::set1(2147483647.0);
         auto clamp = [&](W::R v) { return W::min(W::max(W::mul(v, s), lo), hi); };
         for (int k = 0; k < L; k += 16) {
@@ -445,6 +470,30 @@ VRX_INLINE void writeBlock(const Writer<S, A>& w, S* d, const A* ys, int L) {
             const W::R a = clamp(W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k));
             const W::R b = clamp(W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8));
             I::storem(reinterpret_cast<int32_t*>(d + k), simd::tail<int32_t>(cnt), simd::joinToInt32Cur(a, b));
+        }
+    } else if constexpr (std::is_same_v<S, Vrx16s>) {
+        using W = simd::V<A>;
+        const typename W::R s = W::set1(w.s), lo = W::set1(A(-32768)), hi = W::set1(A(32767));
+        auto clamp = [&](typename W::R v) { return W::min(hi, W::max(lo, W::mul(v, s))); };
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            __m512i v;
+            if constexpr (std::is_same_v<A, float>) {
+                v = simd::floatToInt(clamp(W::loadm(simd::tail<float>(cnt), ys + k)));
+            } else {
+                const typename W::R a = clamp(W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k));
+                const typename W::R b = clamp(W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8));
+                v = simd::joinToInt32Cur(a, b);
+            }
+            simd::narrowLow16(d + k, simd::tail<int32_t>(cnt), v);
+        }
+    } else if constexpr (std::is_same_v<S, Vrx32f> && std::is_same_v<A, double>) {
+        using W = simd::V<double>;
+        for (int k = 0; k < L; k += 16) {
+            const int cnt = L - k < 16 ? L - k : 16;
+            const W::R a = W::loadm(simd::tail<double>(cnt < 8 ? cnt : 8), ys + k);
+            const W::R b = W::loadm(simd::tail<double>(cnt > 8 ? cnt - 8 : 0), ys + k + 8);
+            simd::V<float>::storem(d + k, simd::tail<float>(cnt), simd::joinToFloatCur(a, b));
         }
     } else {
         for (int k = 0; k < L; ++k) w(d + k, ys[k]);
@@ -531,46 +580,43 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     }
     // samples of the arithmetic type (complex ones alike) carry the values
     // between sections in the destination
-    constexpr bool same = std::is_same_v<A, S> || (isCx<A> && sizeof(A) == sizeof(S) && !IsIntSample<S>::value);
+    constexpr bool same = sameRep<A, S>;
     // the block scheme's tables: those of the first sections made once a
     // call, the others per block in the last slot (a few dozen operations)
-    AheadBQ<Scalar<A>> ahead[kAheadKept + 1];
+    AheadBQ<A> ahead[kAheadKept + 1];
     bool haveAhead = false;
     for (int start = 0; start < len; start += kBlock) {
         const int L = len - start < kBlock ? len - start : kBlock;
         const S* sb = src + start;
         S* db = dst + start;
-        if constexpr (!isCx<A>) {
-            if (4 * m < L) {  // the block scheme, section by section
-                A* ys;
-                const A* xs0;
-                if constexpr (same) {
-                    ys = reinterpret_cast<A*>(db);
-                    xs0 = reinterpret_cast<const A*>(sb);
-                } else {
-                    ys = static_cast<A*>(st->pWorkY);
-                    for (int k = 0; k < L; ++k) ys[k] = load<A>(sb[k]);
-                    xs0 = ys;
-                }
-                A* e = static_cast<A*>(st->pWorkE);
-                if (!haveAhead) {
-                    for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s + 3, &ahead[s]);
-                    haveAhead = true;
-                }
-                for (int s = 0; s < m; ++s) {
-                    const A* xs = s == 0 ? xs0 : ys;
-                    const A xa = xs[L - 2], xb = xs[L - 1];
-                    const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
-                    if (s >= kAheadKept) aheadBQ(taps + 5 * s + 3, &ahead[kAheadKept]);
-                    bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, e, L);
-                    if constexpr (Df1) {
-                        double* r = df + 4 * s;
-                        r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
-                    }
-                }
-                if constexpr (!same) writeBlock(w, db, ys, L);
-                continue;
+        if (4 * m < L) {  // the block scheme, section by section
+            A* ys;
+            const A* xs0;
+            if constexpr (same) {
+                ys = reinterpret_cast<A*>(db);
+                xs0 = reinterpret_cast<const A*>(sb);
+            } else {
+                ys = static_cast<A*>(st->pWorkY);
+                readBlock(sb, ys, L);
+                xs0 = ys;
             }
+            if (!haveAhead) {
+                for (int s = 0; s < m && s < kAheadKept; ++s) aheadBQ(taps + 5 * s, &ahead[s]);
+                haveAhead = true;
+            }
+            for (int s = 0; s < m; ++s) {
+                const A* xs = s == 0 ? xs0 : ys;
+                const A xa = xs[L - 2], xb = xs[L - 1];
+                const AheadBQ<A>* t = &ahead[s < kAheadKept ? s : kAheadKept];
+                if (s >= kAheadKept) aheadBQ(taps + 5 * s, &ahead[kAheadKept]);
+                bqBlock(taps + 5 * s, *t, line + 2 * s, xs, ys, L);
+                if constexpr (Df1) {
+                    double* r = df + 4 * s;
+                    r[0] = xa; r[1] = xb; r[2] = ys[L - 2]; r[3] = ys[L - 1];
+                }
+            }
+            if constexpr (!same) writeBlock(w, db, ys, L);
+            continue;
         }
         A* wide;
         if constexpr (same) wide = reinterpret_cast<A*>(db);
@@ -600,36 +646,34 @@ void runBQ(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
 template <class A, class S>
 void runAR(State* st, const S* src, S* dst, int len, const Writer<S, A>& w) {
     const int N = st->dlyLen;
-    if constexpr (!isCx<A>) {
-        if (N <= kMaxBlockOrder) {
-            constexpr bool same = std::is_same_v<A, S>;
-            const A* taps = static_cast<const A*>(st->pTaps);
-            A* d = static_cast<A*>(st->pDlyLine);
-            Ahead8<A> ahead;
-            bool haveAhead = false;
-            for (int start = 0; start < len; start += kBlock) {
-                const int L = len - start < kBlock ? len - start : kBlock;
-                const S* sb = src + start;
-                S* db = dst + start;
-                if (4 * N >= L) {
-                    arRun<A>(taps, d, N, L, [&](int k) { return load<A>(sb[k]); }, [&](int k, A y) { w(db + k, y); });
-                    continue;
-                }
-                if (!haveAhead) {
-                    ahead8(taps + N + 1, N, &ahead);
-                    haveAhead = true;
-                }
-                if constexpr (same) {
-                    arBlock(taps, ahead, d, N, sb, db, static_cast<A*>(st->pWorkE), L);
-                } else {
-                    A* wy = static_cast<A*>(st->pWorkY);
-                    for (int k = 0; k < L; ++k) wy[k] = load<A>(sb[k]);
-                    arBlock(taps, ahead, d, N, wy, wy, static_cast<A*>(st->pWorkE), L);
-                    writeBlock(w, db, wy, L);
-                }
+    if (N <= kMaxAheadOrder) {
+        const A* taps = static_cast<const A*>(st->pTaps);
+        A* d = static_cast<A*>(st->pDlyLine);
+        A* e = static_cast<A*>(st->pWorkE);
+        AheadAR<A> ahead;
+        bool haveAhead = false;
+        for (int start = 0; start < len; start += kBlock) {
+            const int L = len - start < kBlock ? len - start : kBlock;
+            const S* sb = src + start;
+            S* db = dst + start;
+            if (4 * N >= L) {
+                arRun<A>(taps, d, N, L, [&](int k) { return load<A>(sb[k]); }, [&](int k, A y) { w(db + k, y); });
+                continue;
             }
-            return;
+            if (!haveAhead) {
+                aheadAR(taps + N + 1, N, &ahead);
+                haveAhead = true;
+            }
+            if constexpr (sameRep<A, S>) {
+                arBlock(taps, ahead, d, N, reinterpret_cast<const A*>(sb), reinterpret_cast<A*>(db), e, L);
+            } else {
+                A* wy = static_cast<A*>(st->pWorkY);
+                readBlock(sb, wy, L);
+                arBlock(taps, ahead, d, N, wy, wy, e, L);
+                writeBlock(w, db, wy, L);
+            }
         }
+        return;
     }
     arRun<A>(static_cast<const A*>(st->pTaps), static_cast<A*>(st->pDlyLine), st->dlyLen, len,
              [&](int k) { return load<A>(src[k]); }, [&](int k, A y) { w(dst + k, y); });
