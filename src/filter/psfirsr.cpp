@@ -181,12 +181,12 @@ VRX_INLINE void kernel(const Head* hd, const E* in, E* out, int n) {
     const int N = hd->tapsLen;
     const S* t = static_cast<const S*>(hd->pTaps);
     if constexpr (Elem<E>::kCplx) {
-        dotRunCplx<S, sizeof(S) == 8>(t + 8 * int64_t(N - 1), -8, N, reinterpret_cast<const S*>(in),
+        dotRunCplx<S, sizeof(S) == 8, -8>(t + 8 * int64_t(N - 1), N, reinterpret_cast<const S*>(in),
                                       reinterpret_cast<S*>(out), n);
     } else {
         constexpr int row = sizeof(S) == 4 ? 8 : 4;
-        if (hd->word16) dotRunReal<S>(t, sizeof(S) == 4 ? 8 : 1, N, in, out, n);
-        else dotRunReal<S>(t + row * int64_t(N - 1), -row, N, in, out, n);
+        if (hd->word16) dotRunReal<S, sizeof(S) == 4 ? 8 : 1>(t, N, in, out, n);
+        else dotRunReal<S, -row, false>(t + row * int64_t(N - 1), N, in, out, n);  // fewer than 32 or 9 taps
     }
 }
 
