@@ -106,8 +106,9 @@ struct RealTaps {
     using R = typename W::R;
     static constexpr int L = W::N;  // outputs per register
     const S* g;
+    static constexpr int kScalars = 1;  // scalars per element
     struct X { R v; };
-    VRX_INLINE X at(const S* in, int p) const { return {W::load(in + p)}; }
+    VRX_INLINE X at(const S* p) const { return {W::load(p)}; }
     VRX_INLINE R step(R acc, const X& x, int j) const { return W::fma(W::set1(g[j * Stride]), x.v, acc); }
 };
 template <class S, bool PlusFirst, ptrdiff_t Stride>
@@ -116,9 +117,10 @@ struct CplxTaps {
     using R = typename W::R;
     static constexpr int L = W::N / 2;
     const S* rows;
+    static constexpr int kScalars = 2;
     struct X { R v, s; };
-    VRX_INLINE X at(const S* in, int p) const {
-        const R v = W::load(in + 2 * p);
+    VRX_INLINE X at(const S* p) const {
+        const R v = W::load(p);
         return {v, W::swapPair(v)};
     }
     VRX_INLINE R step(R acc, const X& x, int j) const {
@@ -129,12 +131,24 @@ struct CplxTaps {
     }
 };
 
+// The input of a window run in two parts: element P at a[P] below sw and at
+// b[P - sw] from sw on (a joined copy of history and first samples, then
+// the caller's vector, which continues it). One vector is sw = 0.
+template <class S> struct Input {
+    const S* a;
+    const S* b;
+    int sw;
+    template <class K> VRX_INLINE const S* at(int P) const {
+        return P < sw ? a + ptrdiff_t(K::kScalars) * P : b + ptrdiff_t(K::kScalars) * (P - sw);
+    }
+};
+
 // One pass of A slots over the taps j0 .. j0+w-1 (L*(A-1) < w <= L*A) for
 // the blocks 0..K-1 of out; a pass after the first carries on from the sums
 // the previous one left in out. Slots that hold no block at the two ends
 // compute on and are dropped; the input they read is the live slots' input.
 template <int A, class K, class S>
-void rotPass(const K& k, int j0, int w, const S* in, S* out, int K_, bool fresh) {
+void rotPass(const K& k, int j0, int w, Input<S> in, S* out, int K_, bool fresh) {
     using W = simd::V<S>;
     using R = typename W::R;
     constexpr int L = K::L;
@@ -147,15 +161,15 @@ void rotPass(const K& k, int j0, int w, const S* in, S* out, int K_, bool fresh)
     for (int m = 0; m <= mEnd; ++m) {
         // in the last chunk only the last slot holds a block, for rr taps
         const int tEnd = m == mEnd ? rr : L;
-        const int p0 = L * m;
+        const int p0 = j0 + L * m;
         int t = 0;
         for (; t < rr; ++t) {
-            const auto x = k.at(in, p0 + t);
+            const auto x = k.at(in.template at<K>(p0 + t));
 #pragma GCC unroll 32
             for (int a = 0; a < A; ++a) acc[a] = k.step(acc[a], x, j0 + L * a + t);
         }
         for (; t < tEnd; ++t) {
-            const auto x = k.at(in, p0 + t);
+            const auto x = k.at(in.template at<K>(p0 + t));
 #pragma GCC unroll 32
             for (int a = 0; a < A - 1; ++a) acc[a] = k.step(acc[a], x, j0 + L * a + t);
         }
@@ -171,7 +185,7 @@ void rotPass(const K& k, int j0, int w, const S* in, S* out, int K_, bool fresh)
 // than four registers of taps leave the multiply-add latency open, and the
 // two ends of a pass, A-1 chunks each, must be paid for by the blocks).
 template <class K, class S>
-int rotRun(const K& k, int N, const S* in, S* out, int n) {
+int rotRun(const K& k, int N, Input<S> x, S* out, int n) {
     constexpr int L = K::L, kMax = 16;
     const int blocks = n / L, slots = (N + L - 1) / L;
     const int passes = (slots + kMax - 1) / kMax;
@@ -180,7 +194,6 @@ int rotRun(const K& k, int N, const S* in, S* out, int n) {
     for (int s = 0, j0 = 0; s < passes; ++s) {
         const int A = per + (s < extra);
         const int w = s + 1 < passes ? L * A : N - j0;
-        const S* x = in + (K::L == simd::V<S>::N ? 1 : 2) * ptrdiff_t(j0);
         switch (A) {
             case 4: rotPass<4>(k, j0, w, x, out, blocks, s == 0); break;
             case 5: rotPass<5>(k, j0, w, x, out, blocks, s == 0); break;
@@ -211,7 +224,7 @@ void dotRunReal(const S* taps, int N, const S* in, S* out, int n) {
     using R = typename W::R;
     constexpr int L = W::N;
     int i = 0;
-    if constexpr (Long) i = rotRun(RealTaps<S, Stride>{taps}, N, in, out, n);
+    if constexpr (Long) i = rotRun(RealTaps<S, Stride>{taps}, N, Input<S>{in, in, 0}, out, n);
     for (; i + 8 * L <= n; i += 8 * L) {
         R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
         R a4 = W::zero(), a5 = W::zero(), a6 = W::zero(), a7 = W::zero();
@@ -270,7 +283,7 @@ void dotRunCplx(const S* rows, int N, const S* in, S* out, int n) {
         if constexpr (PlusFirst) return W::fnma(hs, W::swapPair(x), acc);
         else return W::fma(hs, W::swapPair(x), acc);
     };
-    int i = rotRun(CplxTaps<S, PlusFirst, Stride>{rows}, N, in, out, n);
+    int i = rotRun(CplxTaps<S, PlusFirst, Stride>{rows}, N, Input<S>{in, in, 0}, out, n);
     for (; i + 4 * C <= n; i += 4 * C) {
         R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
         const S* x = in + 2 * i;
