@@ -267,10 +267,10 @@ void dotRunReal(const S* taps, int N, const S* in, S* out, int n) {
     }
 }
 
-// Complex taps in rows of 8 scalars: row[0] the real part, row[4], row[5]
-// the imaginary part with signs (-im, +im) when PlusFirst is false and
-// (+im, -im) when it is true; g[j] is the row at rows + j * stride. in and
-// out are interleaved, n counts complex elements.
+// Complex taps in rows of 8 scalars: row[0] the real part, row[4..7] the
+// imaginary part with signs (-im, +im, -im, +im) when PlusFirst is false and
+// (+im, -im, +im, -im) when it is true; g[j] is the row at rows + j * stride.
+// in and out are interleaved, n counts complex elements.
 template <class S, bool PlusFirst, ptrdiff_t Stride>
 void dotRunCplx(const S* rows, int N, const S* in, S* out, int n) {
     constexpr ptrdiff_t stride = Stride;
@@ -284,13 +284,28 @@ void dotRunCplx(const S* rows, int N, const S* in, S* out, int n) {
         else return W::fma(hs, W::swapPair(x), acc);
     };
     int i = rotRun(CplxTaps<S, PlusFirst, Stride>{rows}, N, Input<S>{in, in, 0}, out, n);
+    for (; i + 8 * C <= n; i += 8 * C) {
+        R a[8];
+#pragma GCC unroll 8
+        for (int q = 0; q < 8; ++q) a[q] = W::zero();
+        const S* x = in + 2 * i;
+        const S* t = rows;
+        for (int j = 0; j < N; ++j, x += 2, t += stride) {
+            const R hr = W::set1(t[0]);
+            const R hs = W::repeat4(t + 4);
+#pragma GCC unroll 8
+            for (int q = 0; q < 8; ++q) a[q] = step(a[q], hr, hs, W::load(x + q * L));
+        }
+#pragma GCC unroll 8
+        for (int q = 0; q < 8; ++q) W::store(out + 2 * i + q * L, a[q]);
+    }
     for (; i + 4 * C <= n; i += 4 * C) {
         R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
         const S* x = in + 2 * i;
         const S* t = rows;
         for (int j = 0; j < N; ++j, x += 2, t += stride) {
             const R hr = W::set1(t[0]);
-            const R hs = W::set2(t[4], t[5]);
+            const R hs = W::repeat4(t + 4);
             a0 = step(a0, hr, hs, W::load(x));
             a1 = step(a1, hr, hs, W::load(x + L));
             a2 = step(a2, hr, hs, W::load(x + 2 * L));
@@ -305,7 +320,7 @@ void dotRunCplx(const S* rows, int N, const S* in, S* out, int n) {
         const S* x = in + 2 * i;
         const S* t = rows;
         for (int j = 0; j < N; ++j, x += 2, t += stride)
-            a = step(a, W::set1(t[0]), W::set2(t[4], t[5]), W::loadm(m, x));
+            a = step(a, W::set1(t[0]), W::repeat4(t + 4), W::loadm(m, x));
         W::storem(out + 2 * i, m, a);
     }
 }
