@@ -8,8 +8,8 @@
 // firfilt_cccf and volk_32fc_x2_dot_prod_32fc; 64f against the loop and
 // FFTW double. Multi-rate against firdecim_rrrf, firinterp_rrrf (factors 2,
 // 4, 8 with 16 x factor taps) and rresamp_rrrf (3/2, 2/3). SampleUp and
-// SampleDown at factors 2, 3, 8 against a scalar loop (1 Ki) and memcpy
-// (4 Mi).
+// SampleDown at factors 2, 3, 8 against a scalar loop (1 Ki) and memcpy of
+// the bytes each writes (4 Mi).
 #include <benchmark/benchmark.h>
 #include <string.h>
 
@@ -388,9 +388,10 @@ void BM_Loop_SampleDown_32f(benchmark::State& st) {
     }
     items(st, n);
 }
-// memcpy of the bytes that SampleUp writes (factor range(0)) or reads.
-void BM_Memcpy_32f(benchmark::State& st) {
-    const size_t n = size_t(st.range(1)) * size_t(st.range(0));
+// memcpy of the bytes that SampleUp writes (factor range(0) times the
+// source), and of the bytes that SampleDown writes (the source over the
+// factor, rounded up).
+void memcpyBytes(benchmark::State& st, size_t n) {
     const auto x = noise<float>(n, 3);
     std::vector<float> y(n);
     for (auto _ : st) {
@@ -399,6 +400,8 @@ void BM_Memcpy_32f(benchmark::State& st) {
     }
     items(st, st.range(1));
 }
+void BM_Memcpy_Up_32f(benchmark::State& st) { memcpyBytes(st, size_t(st.range(1)) * size_t(st.range(0))); }
+void BM_Memcpy_Down_32f(benchmark::State& st) { memcpyBytes(st, size_t(st.range(1) + st.range(0) - 1) / size_t(st.range(0))); }
 void sampleArgs(benchmark::internal::Benchmark* b) {
     for (int n : {1024, 4 << 20})
         for (int f : {2, 3, 8}) b->Args({f, n});
@@ -407,7 +410,8 @@ BENCHMARK(BM_SampleUp_32f)->Apply(sampleArgs);
 BENCHMARK(BM_Loop_SampleUp_32f)->Apply(sampleArgs);
 BENCHMARK(BM_SampleDown_32f)->Apply(sampleArgs);
 BENCHMARK(BM_Loop_SampleDown_32f)->Apply(sampleArgs);
-BENCHMARK(BM_Memcpy_32f)->Apply(sampleArgs);
+BENCHMARK(BM_Memcpy_Up_32f)->Apply(sampleArgs);
+BENCHMARK(BM_Memcpy_Down_32f)->Apply(sampleArgs);
 
 }  // namespace
 

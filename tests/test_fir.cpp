@@ -16,32 +16,28 @@ template <class E> struct Form;
 template <> struct Form<Vrx32f> {
     using S = float; using State = VrxsFirState_32f;
     static constexpr int kSel = vrx32f, kMinTaps = 52, kMinIters = 256;
-    static VrxStatus init(const Vrx32f* t, int n, int a, State* s) { return vrxsFIRSRInit_32f(t, n, a, s); }
-    static VrxStatus run(const Vrx32f* s, Vrx32f* d, int n, const State* st, const Vrx32f* di, Vrx32f* dd, Vrx8u* b) { return vrxsFIRSR_32f(s, d, n, st, di, dd, b); }
+    static constexpr auto init = vrxsFIRSRInit_32f, run = vrxsFIRSR_32f;
     static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_R_32f(o, 2, 0, P, T, W); }
     static int64_t region(int64_t N) { return std::max<int64_t>((32 * N + 63) / 64 * 64, 32 * ((N + 16) & ~7)); }
 };
 template <> struct Form<Vrx64f> {
     using S = double; using State = VrxsFirState_64f;
     static constexpr int kSel = vrx64f, kMinTaps = 34, kMinIters = 512;
-    static VrxStatus init(const Vrx64f* t, int n, int a, State* s) { return vrxsFIRSRInit_64f(t, n, a, s); }
-    static VrxStatus run(const Vrx64f* s, Vrx64f* d, int n, const State* st, const Vrx64f* di, Vrx64f* dd, Vrx8u* b) { return vrxsFIRSR_64f(s, d, n, st, di, dd, b); }
+    static constexpr auto init = vrxsFIRSRInit_64f, run = vrxsFIRSR_64f;
     static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_R_64f(o, 2, 0, P, T, W); }
     static int64_t region(int64_t N) { return std::max<int64_t>((32 * N + 63) / 64 * 64, (16 * ((N + 2) & ~1) + 63) / 64 * 64); }
 };
 template <> struct Form<Vrx32fc> {
     using S = float; using State = VrxsFirState_32fc;
     static constexpr int kSel = vrx32fc, kMinTaps = 18, kMinIters = 128;
-    static VrxStatus init(const Vrx32fc* t, int n, int a, State* s) { return vrxsFIRSRInit_32fc(t, n, a, s); }
-    static VrxStatus run(const Vrx32fc* s, Vrx32fc* d, int n, const State* st, const Vrx32fc* di, Vrx32fc* dd, Vrx8u* b) { return vrxsFIRSR_32fc(s, d, n, st, di, dd, b); }
+    static constexpr auto init = vrxsFIRSRInit_32fc, run = vrxsFIRSR_32fc;
     static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_C_32fc(o, 2, 0, P, T, W); }
     static int64_t region(int64_t N) { return (32 * N + 63) / 64 * 64; }
 };
 template <> struct Form<Vrx64fc> {
     using S = double; using State = VrxsFirState_64fc;
     static constexpr int kSel = vrx64fc, kMinTaps = 21, kMinIters = 256;
-    static VrxStatus init(const Vrx64fc* t, int n, int a, State* s) { return vrxsFIRSRInit_64fc(t, n, a, s); }
-    static VrxStatus run(const Vrx64fc* s, Vrx64fc* d, int n, const State* st, const Vrx64fc* di, Vrx64fc* dd, Vrx8u* b) { return vrxsFIRSR_64fc(s, d, n, st, di, dd, b); }
+    static constexpr auto init = vrxsFIRSRInit_64fc, run = vrxsFIRSR_64fc;
     static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_C_64fc(o, 2, 0, P, T, W); }
     static int64_t region(int64_t N) { return std::max<int64_t>((16 * N + 63) / 64 * 64, 64 * N); }
 };
@@ -158,7 +154,9 @@ TYPED_TEST_SUITE(FirForms, Types);
 TYPED_TEST(FirForms, DirectPathMatchesTheModelToTheBit) {
     using E = TypeParam;
     vt::Rng r(11);
-    const int taps[] = {1, 2, 3, 7, 8, 9, 15, 16, 17, 31, 32, 33, 52, 64, 100, 257};
+    // from 64 taps (32f) the taps drive the loop, in passes of up to 256 (32f),
+    // 128 (64f, 32fc) or 64 (64fc) taps
+    const int taps[] = {1, 2, 3, 7, 8, 9, 15, 16, 17, 31, 32, 33, 52, 64, 100, 257, 600};
     const int iters[] = {1, 2, 5, 15, 16, 17, 63, 64, 65, 127, 128, 129, 300, 1000};
     for (int N : taps)
         for (int n : iters) {
@@ -371,22 +369,9 @@ TYPED_TEST(FirForms, ChecksInOrderAndNothingWrittenOnFailure) {
     auto* st = reinterpret_cast<typename F::State*>(spec.data());
     EXPECT_EQ(F::init(nullptr, 0, 7, nullptr), vrxErrBadLength);
     EXPECT_EQ(F::init(nullptr, 4, 7, st), vrxErrNullPtr);
-    EXPECT_EQ(F::init(h.data(), 4, 7, nullptr), vrxErrNullPtr);
     for (int bad : {-1, 3, 0x100, 0x102})
         EXPECT_EQ(F::init(h.data(), 4, bad, st), vrxErrAlgType) << bad;
-    EXPECT_EQ(spec, ref);
-    ASSERT_EQ(F::init(h.data(), 4, vrxAlgDirect, st), vrxOk);
-    std::vector<E> x(8, E{}), d(8);
-    std::vector<uint8_t> buf(8192);
-    memset(d.data(), 0x5A, sizeof(E) * d.size());
-    const std::vector<E> d0(d);
-    EXPECT_EQ(F::run(x.data(), d.data(), 0, nullptr, nullptr, nullptr, buf.data()), vrxErrNullPtr);
-    EXPECT_EQ(F::run(nullptr, d.data(), 0, st, nullptr, nullptr, buf.data()), vrxErrNullPtr);
-    EXPECT_EQ(F::run(x.data(), nullptr, 0, st, nullptr, nullptr, buf.data()), vrxErrNullPtr);
-    EXPECT_EQ(F::run(x.data(), d.data(), 0, st, nullptr, nullptr, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(F::run(x.data(), d.data(), 0, st, nullptr, nullptr, buf.data()), vrxErrBadLength);
-    EXPECT_EQ(F::run(x.data(), d.data(), -5, st, nullptr, nullptr, buf.data()), vrxErrBadLength);
-    EXPECT_EQ(memcmp(d.data(), d0.data(), sizeof(E) * d.size()), 0);
+    EXPECT_EQ(spec, ref);  // the run's checks are the contract test's
 }
 
 TYPED_TEST(FirForms, ControlWordUntouched) {

@@ -9,30 +9,12 @@
 namespace {
 
 template <class E> struct Fn;
-template <> struct Fn<Vrx16s> {
-    static VrxStatus up(const Vrx16s* s, int n, Vrx16s* d, int* dl, int f, int* p) { return vrxsSampleUp_16s(s, n, d, dl, f, p); }
-    static VrxStatus down(const Vrx16s* s, int n, Vrx16s* d, int* dl, int f, int* p) { return vrxsSampleDown_16s(s, n, d, dl, f, p); }
-};
-template <> struct Fn<Vrx16sc> {
-    static VrxStatus up(const Vrx16sc* s, int n, Vrx16sc* d, int* dl, int f, int* p) { return vrxsSampleUp_16sc(s, n, d, dl, f, p); }
-    static VrxStatus down(const Vrx16sc* s, int n, Vrx16sc* d, int* dl, int f, int* p) { return vrxsSampleDown_16sc(s, n, d, dl, f, p); }
-};
-template <> struct Fn<Vrx32f> {
-    static VrxStatus up(const Vrx32f* s, int n, Vrx32f* d, int* dl, int f, int* p) { return vrxsSampleUp_32f(s, n, d, dl, f, p); }
-    static VrxStatus down(const Vrx32f* s, int n, Vrx32f* d, int* dl, int f, int* p) { return vrxsSampleDown_32f(s, n, d, dl, f, p); }
-};
-template <> struct Fn<Vrx32fc> {
-    static VrxStatus up(const Vrx32fc* s, int n, Vrx32fc* d, int* dl, int f, int* p) { return vrxsSampleUp_32fc(s, n, d, dl, f, p); }
-    static VrxStatus down(const Vrx32fc* s, int n, Vrx32fc* d, int* dl, int f, int* p) { return vrxsSampleDown_32fc(s, n, d, dl, f, p); }
-};
-template <> struct Fn<Vrx64f> {
-    static VrxStatus up(const Vrx64f* s, int n, Vrx64f* d, int* dl, int f, int* p) { return vrxsSampleUp_64f(s, n, d, dl, f, p); }
-    static VrxStatus down(const Vrx64f* s, int n, Vrx64f* d, int* dl, int f, int* p) { return vrxsSampleDown_64f(s, n, d, dl, f, p); }
-};
-template <> struct Fn<Vrx64fc> {
-    static VrxStatus up(const Vrx64fc* s, int n, Vrx64fc* d, int* dl, int f, int* p) { return vrxsSampleUp_64fc(s, n, d, dl, f, p); }
-    static VrxStatus down(const Vrx64fc* s, int n, Vrx64fc* d, int* dl, int f, int* p) { return vrxsSampleDown_64fc(s, n, d, dl, f, p); }
-};
+template <> struct Fn<Vrx16s> { static constexpr auto up = vrxsSampleUp_16s, down = vrxsSampleDown_16s; };
+template <> struct Fn<Vrx16sc> { static constexpr auto up = vrxsSampleUp_16sc, down = vrxsSampleDown_16sc; };
+template <> struct Fn<Vrx32f> { static constexpr auto up = vrxsSampleUp_32f, down = vrxsSampleDown_32f; };
+template <> struct Fn<Vrx32fc> { static constexpr auto up = vrxsSampleUp_32fc, down = vrxsSampleDown_32fc; };
+template <> struct Fn<Vrx64f> { static constexpr auto up = vrxsSampleUp_64f, down = vrxsSampleDown_64f; };
+template <> struct Fn<Vrx64fc> { static constexpr auto up = vrxsSampleUp_64fc, down = vrxsSampleDown_64fc; };
 
 template <class E> class Sample : public ::testing::Test {};
 using Types = ::testing::Types<Vrx16s, Vrx16sc, Vrx32f, Vrx32fc, Vrx64f, Vrx64fc>;
@@ -71,7 +53,7 @@ TYPED_TEST(Sample, DownMatchesTheReference) {
     using E = TypeParam;
     vt::Rng r(42);
     for (int n : kLens)
-        for (int f = 1; f <= 9; ++f)
+        for (int f : {1, 2, 3, 4, 5, 6, 7, 8, 9, 15, 16, 17})  // the permute kernels serve 3..16 lanes
             for (int ph = 0; ph < f; ++ph) {
                 const auto x = rnds<E>(r, static_cast<size_t>(n));
                 const int count = ph >= n ? 0 : (n + f - ph - 1) / f;
@@ -119,12 +101,8 @@ TYPED_TEST(Sample, ChecksInOrderNothingWritten) {
     std::vector<E> x(8), d(64);
     memset(static_cast<void*>(d.data()), 0x5A, d.size() * sizeof(E));
     const std::vector<E> d0(d);
-    for (auto fn : {&Fn<E>::up, &Fn<E>::down}) {
-        int len = 77, p = 0;
-        EXPECT_EQ(fn(nullptr, 0, d.data(), &len, 0, &p), vrxErrNullPtr);
-        EXPECT_EQ(fn(x.data(), 0, nullptr, &len, 0, &p), vrxErrNullPtr);
-        EXPECT_EQ(fn(x.data(), 0, d.data(), nullptr, 0, &p), vrxErrNullPtr);
-        EXPECT_EQ(fn(x.data(), 0, d.data(), &len, 0, nullptr), vrxErrNullPtr);
+    for (auto fn : {Fn<E>::up, Fn<E>::down}) {
+        int len = 77, p = 0;  // null pointers and lengths: the contract test
         EXPECT_EQ(fn(x.data(), 0, d.data(), &len, 0, &p), vrxErrBadLength);
         EXPECT_EQ(fn(x.data(), 8, d.data(), &len, 0, &p), vrxErrSampleFactor);
         p = 3;

@@ -181,24 +181,47 @@ VRX_INLINE void kernel(const Head* hd, const E* in, E* out, int n) {
     const int N = hd->tapsLen;
     const S* t = static_cast<const S*>(hd->pTaps);
     if constexpr (Elem<E>::kCplx) {
-        dotRunCplx<S, sizeof(S) == 8>(t + 8 * int64_t(N - 1), -8, N, reinterpret_cast<const S*>(in),
+        dotRunCplx<S, sizeof(S) == 8, -8>(t + 8 * int64_t(N - 1), N, reinterpret_cast<const S*>(in),
                                       reinterpret_cast<S*>(out), n);
     } else {
         constexpr int row = sizeof(S) == 4 ? 8 : 4;
-        if (hd->word16) dotRunReal<S>(t, sizeof(S) == 4 ? 8 : 1, N, in, out, n);
-        else dotRunReal<S>(t + row * int64_t(N - 1), -row, N, in, out, n);
+        if (hd->word16) dotRunReal<S, sizeof(S) == 4 ? 8 : 1>(t, N, in, out, n);
+        else dotRunReal<S, -row, false>(t + row * int64_t(N - 1), N, in, out, n);  // fewer than 32 or 9 taps
     }
 }
 
+// The long-filter passes over the joined run and src as one input: the
+// windows start in run below N-1 and in src from there on. Returns the
+// outputs done (whole registers), 0 when the short kernels take the call.
+template <class E>
+VRX_INLINE int longKernel(const Head* hd, const E* run, const E* src, E* out, int n) {
+    using S = typename Elem<E>::S;
+    const int N = hd->tapsLen;
+    const S* t = static_cast<const S*>(hd->pTaps);
+    const Input<S> in{reinterpret_cast<const S*>(run), reinterpret_cast<const S*>(src), N - 1};
+    S* o = reinterpret_cast<S*>(out);
+    if constexpr (Elem<E>::kCplx) return rotRun(CplxTaps<S, sizeof(S) == 8, -8>{t + 8 * int64_t(N - 1)}, N, in, o, n);
+    else if (hd->word16) return rotRun(RealTaps<S, sizeof(S) == 4 ? 8 : 1>{t}, N, in, o, n);
+    else return 0;
+}
+
 // Direct block: the first min(N-1, n) outputs from a joined run in run, the
-// rest straight from src.
+// rest straight from src. Long filters take both in one set of passes when
+// the outputs left past the last whole register all start in src.
 template <class E>
 void directBlock(const Head* hd, const E* src, int n, const E* dlyIn, E* dlyOut, E* out, E* run) {
+    constexpr int lanes = simd::V<typename Elem<E>::S>::N / (Elem<E>::kCplx ? 2 : 1);
     const int L = hd->tapsLen - 1;
     const int M = L < n ? L : n;
     lineOut(src, n, L, dlyIn, dlyOut);
     if (M) {
         joinRun(dlyIn, L, src, M, run);
+        if (n - lanes >= L) {
+            if (const int done = longKernel(hd, run, src, out, n)) {
+                kernel(hd, src + (done - L), out + done, n - done);
+                return;
+            }
+        }
         kernel(hd, run, out, M);
     }
     if (n - M > 0) kernel(hd, src, out + M, n - M);

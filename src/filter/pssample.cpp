@@ -4,6 +4,8 @@
 // its own kernels.
 #include <string.h>
 
+#include <type_traits>
+
 #include "simd/simd.h"
 #include "vrx_base.h"
 
@@ -119,6 +121,46 @@ VRX_INLINE void downAny(const T* s, T* d, int count, int f, int ph) {
     for (int k = 0; k < count; ++k, p += f) d[k] = *p;
 }
 
+// Down by 3 <= f <= lanes for 4- and 8-byte elements: a register of N
+// outputs from the f registers of input behind it. Register r holds the
+// outputs i with f*i in [N*r, N*r + N); a chain of two-register permutes
+// puts them in place: the first takes registers 0 and 1, each further one
+// keeps the lanes placed so far and takes those of register r. The loads
+// stay inside the source; the rest goes element by element.
+template <class F, class T>
+VRX_INLINE void downPerm(const T* s, T* d, int count, int f, int ph, int len) {
+    static_assert(sizeof(F) == sizeof(T));
+    using W = simd::V<F>;
+    using I = simd::V<std::conditional_t<sizeof(F) == 4, int32_t, int64_t>>;
+    constexpr int N = W::N;
+    int k = 0;
+    if (f <= N) {
+        using I32 = simd::V<int32_t>;
+        const I32::R iota32 = simd::iota32(), pos32 = I32::mullo(iota32, I32::set1(f));
+        typename I::R iota, pos, idx[N];
+        if constexpr (N == 16) iota = iota32, pos = pos32;
+        else iota = simd::lowTo64s(iota32), pos = simd::lowTo64s(pos32);
+        idx[1] = pos;  // lanes past register 1 are replaced later
+        for (int r = 2; r < f; ++r)
+            idx[r] = I::blend(I::eq(I::template shr<N == 16 ? 4 : 3>(pos), I::set1(r)), iota,
+                              I::add(I::andb(pos, I::set1(N - 1)), I::set1(N)));
+        const F* p = reinterpret_cast<const F*>(s) + ph;
+        F* o = reinterpret_cast<F*>(d);
+        const int64_t span = int64_t(N) * f;
+        for (; k + N <= count && ph + int64_t(k) * f + span <= len; k += N) {
+            const F* x = p + int64_t(k) * f;
+            typename W::R acc = W::permute2(W::load(x), idx[1], W::load(x + N));
+            for (int r = 2; r < f; ++r) acc = W::permute2(acc, idx[r], W::load(x + N * r));
+            W::store(o + k, acc);
+        }
+    }
+    downAny(s + int64_t(k) * f, d + k, count - k, f, ph);
+}
+VRX_INLINE void downMany(const uint32_t* s, uint32_t* d, int count, int f, int ph, int len) { downPerm<float>(s, d, count, f, ph, len); }
+VRX_INLINE void downMany(const uint64_t* s, uint64_t* d, int count, int f, int ph, int len) { downPerm<double>(s, d, count, f, ph, len); }
+VRX_INLINE void downMany(const uint16_t* s, uint16_t* d, int count, int f, int ph, int len) { (void)len; downAny(s, d, count, f, ph); }
+VRX_INLINE void downMany(const U128* s, U128* d, int count, int f, int ph, int len) { (void)len; downAny(s, d, count, f, ph); }
+
 // --------------------------------------------------------------- entries
 VRX_INLINE VrxStatus checks(const void* s, int len, const void* d, const int* dl, int f, const int* ph) {
     if (anyNull(s, d, dl, ph)) return vrxErrNullPtr;
@@ -169,7 +211,7 @@ VrxStatus sampleDown(const E* pSrc, int srcLen, E* pDst, int* pDstLen, int facto
     }
     const int count = static_cast<int>((int64_t(srcLen) + factor - ph - 1) / factor);
     if (factor == 2) down2(s, d, count, ph, srcLen);
-    else downAny(s, d, count, factor, ph);
+    else downMany(s, d, count, factor, ph, srcLen);
     *pDstLen = count;
     *pPhase = static_cast<int>(int64_t(ph) + int64_t(count) * factor - srcLen);
     return vrxOk;

@@ -85,14 +85,146 @@ VRX_INLINE void joinRun(const E* dlyIn, int L, const E* src, int m, E* run) {
     copyN(src, run + L, m);
 }
 
+// ------------------------------------------------------ long filters
+// For filters of many taps the taps drive the loop instead of the outputs.
+// A block is one register of L outputs. While the input position p runs,
+// every block in flight takes its next tap from the one input register
+// x[p .. p+L-1]: at p = L*m + t the block m-a (slot a) takes tap L*a + t.
+// After a chunk of L positions the block in the last slot has all its taps
+// and is stored, the others move up a slot and a new block enters slot 0.
+// Each output still sums its taps j rising from +0, one fused multiply-add
+// each, so the bits are those of the kernels above; per position there is
+// one input load and one broadcast multiply-add per slot, where the kernels
+// above load one shifted input register per tap and output register.
+//
+// The tap rows, by kind: real taps g[j] = taps[j * Stride]; complex rows as
+// in dotRunCplx (re at [0], the signed imaginary parts at [4..7]). The
+// stride is a constant, so that the slots' taps are fixed offsets.
+template <class S, ptrdiff_t Stride>
+struct RealTaps {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    static constexpr int L = W::N;  // outputs per register
+    const S* g;
+    static constexpr int kScalars = 1;  // scalars per element
+    struct X { R v; };
+    VRX_INLINE X at(const S* p) const { return {W::load(p)}; }
+    VRX_INLINE R step(R acc, const X& x, int j) const { return W::fma(W::set1(g[j * Stride]), x.v, acc); }
+};
+template <class S, bool PlusFirst, ptrdiff_t Stride>
+struct CplxTaps {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    static constexpr int L = W::N / 2;
+    const S* rows;
+    static constexpr int kScalars = 2;
+    struct X { R v, s; };
+    VRX_INLINE X at(const S* p) const {
+        const R v = W::load(p);
+        return {v, W::swapPair(v)};
+    }
+    VRX_INLINE R step(R acc, const X& x, int j) const {
+        const S* t = rows + j * Stride;
+        acc = W::fma(W::set1(t[0]), x.v, acc);
+        if constexpr (PlusFirst) return W::fnma(W::repeat4(t + 4), x.s, acc);
+        else return W::fma(W::repeat4(t + 4), x.s, acc);
+    }
+};
+
+// The input of a window run in two parts: element P at a[P] below sw and at
+// b[P - sw] from sw on (a joined copy of history and first samples, then
+// the caller's vector, which continues it). One vector is sw = 0.
+template <class S> struct Input {
+    const S* a;
+    const S* b;
+    int sw;
+    template <class K> VRX_INLINE const S* at(int P) const {
+        return P < sw ? a + ptrdiff_t(K::kScalars) * P : b + ptrdiff_t(K::kScalars) * (P - sw);
+    }
+};
+
+// One pass of A slots over the taps j0 .. j0+w-1 (L*(A-1) < w <= L*A) for
+// the blocks 0..K-1 of out; a pass after the first carries on from the sums
+// the previous one left in out. Slots that hold no block at the two ends
+// compute on and are dropped; the input they read is the live slots' input.
+template <int A, class K, class S>
+void rotPass(const K& k, int j0, int w, Input<S> in, S* out, int K_, bool fresh) {
+    using W = simd::V<S>;
+    using R = typename W::R;
+    constexpr int L = K::L;
+    const int rr = w - L * (A - 1);  // taps of the last slot, 1..L
+    R acc[A];
+#pragma GCC unroll 32
+    for (int a = 0; a < A; ++a) acc[a] = W::zero();
+    if (!fresh) acc[0] = W::load(out);
+    const int mEnd = K_ + A - 2;
+    for (int m = 0; m <= mEnd; ++m) {
+        // in the last chunk only the last slot holds a block, for rr taps
+        const int tEnd = m == mEnd ? rr : L;
+        const int p0 = j0 + L * m;
+        int t = 0;
+        for (; t < rr; ++t) {
+            const auto x = k.at(in.template at<K>(p0 + t));
+#pragma GCC unroll 32
+            for (int a = 0; a < A; ++a) acc[a] = k.step(acc[a], x, j0 + L * a + t);
+        }
+        for (; t < tEnd; ++t) {
+            const auto x = k.at(in.template at<K>(p0 + t));
+#pragma GCC unroll 32
+            for (int a = 0; a < A - 1; ++a) acc[a] = k.step(acc[a], x, j0 + L * a + t);
+        }
+        if (m >= A - 1) W::store(out + W::N * (m - (A - 1)), acc[A - 1]);
+#pragma GCC unroll 32
+        for (int a = A - 1; a > 0; --a) acc[a] = acc[a - 1];
+        acc[0] = (!fresh && m + 1 < K_) ? W::load(out + W::N * (m + 1)) : W::zero();
+    }
+}
+
+// The full blocks of n outputs of an N-tap filter by passes of at most 16
+// slots; returns the outputs done (0 when the short kernels do better: fewer
+// than four registers of taps leave the multiply-add latency open, and the
+// two ends of a pass, A-1 chunks each, must be paid for by the blocks).
+template <class K, class S>
+int rotRun(const K& k, int N, Input<S> x, S* out, int n) {
+    constexpr int L = K::L, kMax = 16;
+    const int blocks = n / L, slots = (N + L - 1) / L;
+    const int passes = (slots + kMax - 1) / kMax;
+    const int per = slots / passes, extra = slots % passes;
+    if (N < 4 * L || 3 * blocks < 4 * (per + (extra > 0) - 1)) return 0;
+    for (int s = 0, j0 = 0; s < passes; ++s) {
+        const int A = per + (s < extra);
+        const int w = s + 1 < passes ? L * A : N - j0;
+        switch (A) {
+            case 4: rotPass<4>(k, j0, w, x, out, blocks, s == 0); break;
+            case 5: rotPass<5>(k, j0, w, x, out, blocks, s == 0); break;
+            case 6: rotPass<6>(k, j0, w, x, out, blocks, s == 0); break;
+            case 7: rotPass<7>(k, j0, w, x, out, blocks, s == 0); break;
+            case 8: rotPass<8>(k, j0, w, x, out, blocks, s == 0); break;
+            case 9: rotPass<9>(k, j0, w, x, out, blocks, s == 0); break;
+            case 10: rotPass<10>(k, j0, w, x, out, blocks, s == 0); break;
+            case 11: rotPass<11>(k, j0, w, x, out, blocks, s == 0); break;
+            case 12: rotPass<12>(k, j0, w, x, out, blocks, s == 0); break;
+            case 13: rotPass<13>(k, j0, w, x, out, blocks, s == 0); break;
+            case 14: rotPass<14>(k, j0, w, x, out, blocks, s == 0); break;
+            case 15: rotPass<15>(k, j0, w, x, out, blocks, s == 0); break;
+            default: rotPass<16>(k, j0, w, x, out, blocks, s == 0); break;
+        }
+        j0 += w;
+    }
+    return blocks * L;
+}
+
 // ------------------------------------------------------------- kernels
-// Real taps: g[j] = taps[j * stride].
-template <class S>
-void dotRunReal(const S* taps, ptrdiff_t stride, int N, const S* in, S* out, int n) {
+// Real taps: g[j] = taps[j * Stride]. Long: the long-filter passes take the
+// full blocks first where they pay (off for layouts of short filters only).
+template <class S, ptrdiff_t Stride, bool Long = true>
+void dotRunReal(const S* taps, int N, const S* in, S* out, int n) {
+    constexpr ptrdiff_t stride = Stride;
     using W = simd::V<S>;
     using R = typename W::R;
     constexpr int L = W::N;
     int i = 0;
+    if constexpr (Long) i = rotRun(RealTaps<S, Stride>{taps}, N, Input<S>{in, in, 0}, out, n);
     for (; i + 8 * L <= n; i += 8 * L) {
         R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
         R a4 = W::zero(), a5 = W::zero(), a6 = W::zero(), a7 = W::zero();
@@ -135,12 +267,13 @@ void dotRunReal(const S* taps, ptrdiff_t stride, int N, const S* in, S* out, int
     }
 }
 
-// Complex taps in rows of 8 scalars: row[0] the real part, row[4], row[5]
-// the imaginary part with signs (-im, +im) when PlusFirst is false and
-// (+im, -im) when it is true; g[j] is the row at rows + j * stride. in and
-// out are interleaved, n counts complex elements.
-template <class S, bool PlusFirst>
-void dotRunCplx(const S* rows, ptrdiff_t stride, int N, const S* in, S* out, int n) {
+// Complex taps in rows of 8 scalars: row[0] the real part, row[4..7] the
+// imaginary part with signs (-im, +im, -im, +im) when PlusFirst is false and
+// (+im, -im, +im, -im) when it is true; g[j] is the row at rows + j * stride.
+// in and out are interleaved, n counts complex elements.
+template <class S, bool PlusFirst, ptrdiff_t Stride>
+void dotRunCplx(const S* rows, int N, const S* in, S* out, int n) {
+    constexpr ptrdiff_t stride = Stride;
     using W = simd::V<S>;
     using R = typename W::R;
     constexpr int L = W::N;       // scalars per register
@@ -150,14 +283,29 @@ void dotRunCplx(const S* rows, ptrdiff_t stride, int N, const S* in, S* out, int
         if constexpr (PlusFirst) return W::fnma(hs, W::swapPair(x), acc);
         else return W::fma(hs, W::swapPair(x), acc);
     };
-    int i = 0;
+    int i = rotRun(CplxTaps<S, PlusFirst, Stride>{rows}, N, Input<S>{in, in, 0}, out, n);
+    for (; i + 8 * C <= n; i += 8 * C) {
+        R a[8];
+#pragma GCC unroll 8
+        for (int q = 0; q < 8; ++q) a[q] = W::zero();
+        const S* x = in + 2 * i;
+        const S* t = rows;
+        for (int j = 0; j < N; ++j, x += 2, t += stride) {
+            const R hr = W::set1(t[0]);
+            const R hs = W::repeat4(t + 4);
+#pragma GCC unroll 8
+            for (int q = 0; q < 8; ++q) a[q] = step(a[q], hr, hs, W::load(x + q * L));
+        }
+#pragma GCC unroll 8
+        for (int q = 0; q < 8; ++q) W::store(out + 2 * i + q * L, a[q]);
+    }
     for (; i + 4 * C <= n; i += 4 * C) {
         R a0 = W::zero(), a1 = W::zero(), a2 = W::zero(), a3 = W::zero();
         const S* x = in + 2 * i;
         const S* t = rows;
         for (int j = 0; j < N; ++j, x += 2, t += stride) {
             const R hr = W::set1(t[0]);
-            const R hs = W::set2(t[4], t[5]);
+            const R hs = W::repeat4(t + 4);
             a0 = step(a0, hr, hs, W::load(x));
             a1 = step(a1, hr, hs, W::load(x + L));
             a2 = step(a2, hr, hs, W::load(x + 2 * L));
@@ -172,7 +320,7 @@ void dotRunCplx(const S* rows, ptrdiff_t stride, int N, const S* in, S* out, int
         const S* x = in + 2 * i;
         const S* t = rows;
         for (int j = 0; j < N; ++j, x += 2, t += stride)
-            a = step(a, W::set1(t[0]), W::set2(t[4], t[5]), W::loadm(m, x));
+            a = step(a, W::set1(t[0]), W::repeat4(t + 4), W::loadm(m, x));
         W::storem(out + 2 * i, m, a);
     }
 }

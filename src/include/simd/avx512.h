@@ -124,6 +124,8 @@ template <> struct V<float> {
     template <int K> static VRX_INLINE R alignr(R hi, R lo) {
         return _mm512_castsi512_ps(_mm512_alignr_epi32(_mm512_castps_si512(hi), _mm512_castps_si512(lo), K));
     }
+    // the four values p[0..3] repeated over the register (one 128-bit broadcast load)
+    static VRX_INLINE R repeat4(const T* p) { return _mm512_broadcast_f32x4(_mm_loadu_ps(p)); }
 };
 
 // ----------------------------------------------------------------- double
@@ -204,6 +206,8 @@ template <> struct V<double> {
     template <int K> static VRX_INLINE R alignr(R hi, R lo) {
         return _mm512_castsi512_pd(_mm512_alignr_epi64(_mm512_castpd_si512(hi), _mm512_castpd_si512(lo), K));
     }
+    // the four values p[0..3] repeated over the register (one 256-bit broadcast load)
+    static VRX_INLINE R repeat4(const T* p) { return _mm512_broadcast_f64x4(_mm256_loadu_pd(p)); }
 };
 
 // ------------------------------------------------------ 32- and 64-bit integers
