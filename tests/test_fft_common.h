@@ -5,7 +5,9 @@
 #include <math.h>
 
 #include <complex>
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "vrx_test.h"
@@ -184,6 +186,74 @@ inline LD flagScale(int flag, bool inverse, int order) {
     if (flag == vrxFftScaleSqrt) return 1.0L / sqrtl(n);
     if ((flag == vrxFftScaleFwd && !inverse) || (flag == vrxFftScaleInv && inverse)) return 1.0L / n;
     return 1.0L;
+}
+
+// ------------------------------------------------------------ real forms
+
+enum Form { kCCS, kPack, kPerm };
+
+// Reals of a packed spectrum of N points (N a power of two).
+inline size_t packedLen(Form f, size_t n) { return f == kCCS ? (n == 1 ? 2 : n + 2) : n; }
+
+// One real transform in a form; s null means the in-place form on d.
+template <class T>
+VrxStatus realCall(bool inverse, Form f, const T* s, T* d, const typename Api<T>::PR* p, Vrx8u* w) {
+    using A = Api<T>;
+    if (!s) {
+        if (inverse) return f == kCCS ? A::invCCSI(d, p, w) : f == kPack ? A::invPackI(d, p, w) : A::invPermI(d, p, w);
+        return f == kCCS ? A::fwdCCSI(d, p, w) : f == kPack ? A::fwdPackI(d, p, w) : A::fwdPermI(d, p, w);
+    }
+    if (inverse) return f == kCCS ? A::invCCS(s, d, p, w) : f == kPack ? A::invPack(s, d, p, w) : A::invPerm(s, d, p, w);
+    return f == kCCS ? A::fwdCCS(s, d, p, w) : f == kPack ? A::fwdPack(s, d, p, w) : A::fwdPerm(s, d, p, w);
+}
+
+// ------------------------------------------------------------ every entry
+
+// Every transform entry of one width through one signature: a plan, source
+// bytes, destination bytes and the work buffer. Split data hold the real
+// parts and then the imaginary parts, n values each. An in-place entry
+// transforms the destination and ignores the source. kind: 0 interleaved,
+// 1 split, 2 real; the sizes are those of order.
+struct Entry {
+    std::string name;
+    int kind;
+    bool inPlace, inverse;
+    Form form;
+    size_t inBytes, outBytes;
+    std::function<VrxStatus(const void* plan, const uint8_t* src, uint8_t* dst, Vrx8u* work)> run;
+};
+
+template <class T> std::vector<Entry> entriesOf(int order) {
+    using A = Api<T>;
+    using C = typename A::C;
+    const size_t n = size_t(1) << order, cb = n * sizeof(C);
+    auto re = [](auto* p) { return reinterpret_cast<T*>(const_cast<uint8_t*>(p)); };
+    auto im = [n, re](auto* p) { return p ? re(p) + n : nullptr; };
+    auto cx = [](auto* p) { return reinterpret_cast<C*>(const_cast<uint8_t*>(p)); };
+    std::vector<Entry> v;
+    const std::string w = sizeof(T) == 4 ? "32" : "64";
+    for (bool inv : {false, true})
+        for (bool ip : {false, true}) {
+            const std::string tag = std::string(inv ? "Inv" : "Fwd") + w + (ip ? "_I" : "");
+            v.push_back({tag + " interleaved", 0, ip, inv, kCCS, cb, cb, [=](const void* pl, const uint8_t* s, uint8_t* d, Vrx8u* b) {
+                auto* p = static_cast<const typename A::PC*>(pl);
+                if (ip) return inv ? A::invCI(cx(d), p, b) : A::fwdCI(cx(d), p, b);
+                return inv ? A::invC(cx(s), cx(d), p, b) : A::fwdC(cx(s), cx(d), p, b);
+            }});
+            v.push_back({tag + " split", 1, ip, inv, kCCS, cb, cb, [=](const void* pl, const uint8_t* s, uint8_t* d, Vrx8u* b) {
+                auto* p = static_cast<const typename A::PS*>(pl);
+                if (ip) return inv ? A::invSI(re(d), im(d), p, b) : A::fwdSI(re(d), im(d), p, b);
+                return inv ? A::invS(re(s), im(s), re(d), im(d), p, b) : A::fwdS(re(s), im(s), re(d), im(d), p, b);
+            }});
+            for (Form f : {kCCS, kPack, kPerm}) {
+                const size_t rb = n * sizeof(T), pb = packedLen(f, n) * sizeof(T);
+                v.push_back({tag + " real form " + std::to_string(f), 2, ip, inv, f, inv ? pb : rb, ip || !inv ? pb : rb,
+                             [=](const void* pl, const uint8_t* s, uint8_t* d, Vrx8u* b) {
+                                 return realCall<T>(inv, f, ip ? nullptr : re(s), re(d), static_cast<const typename A::PR*>(pl), b);
+                             }});
+            }
+        }
+    return v;
 }
 
 inline std::vector<CLD> randomSignal(size_t n, uint64_t seed) {
