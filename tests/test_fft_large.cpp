@@ -1,7 +1,7 @@
 // FFT at large orders: the blocked large path and the two-level
 // recombination against a long-double reference FFT; the same bits for every
 // placement and alignment, and scaling exact to the bit.
-#include "test_fft_large_common.h"
+#include "test_fft_common.h"
 
 using namespace ft;
 

@@ -1,6 +1,6 @@
 // The three-property self-test (linearity, impulse, time shift) at the
 // first orders of 256-row blocks, too large for the long-double reference.
-#include "test_fft_large_common.h"
+#include "test_fft_common.h"
 
 using namespace ft;
 
