@@ -248,42 +248,38 @@ TEST(ThresholdComplex, Clip16scAndLevelZero) {
     EXPECT_EQ(zo[1].im, 0.0);
 }
 
-TEST(ThresholdComplex, ReplacementForms) {
+// LTVal/GTVal: an element whose squared magnitude, computed in W, is below
+// (above) the squared level becomes the value; the in-place forms agree.
+template <class C, class W, class R = decltype(C::re)>
+void checkReplace(VrxStatus (*const fn[2])(const C*, C*, int, R, C), VrxStatus (*const fnI[2])(C*, int, R, C), R level, double range) {
     vt::Rng rng(23);
+    const C v{9, -9};
     for (int len = 1; len <= 40; ++len) {
-        std::vector<Vrx32fc> x(len), d(len);
-        std::vector<Vrx64fc> y(len), e(len);
-        std::vector<Vrx16sc> w(len), v(len);
-        for (int i = 0; i < len; ++i) {
-            x[i] = {static_cast<float>(rng.uniform() * 4 - 2), static_cast<float>(rng.uniform() * 4 - 2)};
-            y[i] = {x[i].re, x[i].im};
-            w[i] = {static_cast<Vrx16s>(rng.range(-300, 300)), static_cast<Vrx16s>(rng.range(-300, 300))};
-        }
-        const Vrx32fc cv{9, -9};
-        const Vrx64fc dv{9, -9};
-        const Vrx16sc sv{9, -9};
+        std::vector<C> x(len), d(len);
+        for (auto& z : x) z = {R(rng.uniform() * 2 * range - range), R(rng.uniform() * 2 * range - range)};
         for (int gt = 0; gt < 2; ++gt) {
-            ASSERT_EQ((gt ? vrxsThreshold_GTVal_32fc : vrxsThreshold_LTVal_32fc)(x.data(), d.data(), len, 1.5f, cv), vrxOk);
-            ASSERT_EQ((gt ? vrxsThreshold_GTVal_64fc : vrxsThreshold_LTVal_64fc)(y.data(), e.data(), len, 1.5, dv), vrxOk);
-            ASSERT_EQ((gt ? vrxsThreshold_GTVal_16sc : vrxsThreshold_LTVal_16sc)(w.data(), v.data(), len, 200, sv), vrxOk);
+            ASSERT_EQ(fn[gt](x.data(), d.data(), len, level, v), vrxOk);
             for (int i = 0; i < len; ++i) {
-                float m = x[i].re * x[i].re + x[i].im * x[i].im;
-                bool s = gt ? m > 2.25f : m < 2.25f;
-                EXPECT_EQ(d[i].re, s ? cv.re : x[i].re);
-                EXPECT_EQ(d[i].im, s ? cv.im : x[i].im);
-                double md = y[i].re * y[i].re + y[i].im * y[i].im;
-                bool sd = gt ? md > 2.25 : md < 2.25;
-                EXPECT_EQ(e[i].re, sd ? dv.re : y[i].re);
-                int mw = w[i].re * w[i].re + w[i].im * w[i].im;
-                bool sw = gt ? mw > 40000 : mw < 40000;
-                EXPECT_EQ(v[i].re, sw ? sv.re : w[i].re);
-                EXPECT_EQ(v[i].im, sw ? sv.im : w[i].im);
+                const W m = W(x[i].re) * x[i].re + W(x[i].im) * x[i].im, l = W(level) * level;
+                EXPECT_EQ(memcmp(&d[i], (gt ? m > l : m < l) ? &v : &x[i], sizeof(C)), 0) << len << " " << i;
             }
-            std::vector<Vrx32fc> inplace = x;
-            ASSERT_EQ((gt ? vrxsThreshold_GTVal_32fc_I : vrxsThreshold_LTVal_32fc_I)(inplace.data(), len, 1.5f, cv), vrxOk);
-            EXPECT_EQ(memcmp(inplace.data(), d.data(), len * sizeof(Vrx32fc)), 0);
+            std::vector<C> io = x;
+            ASSERT_EQ(fnI[gt](io.data(), len, level, v), vrxOk);
+            EXPECT_EQ(memcmp(io.data(), d.data(), len * sizeof(C)), 0);
         }
     }
+}
+
+TEST(ThresholdComplex, ReplacementForms) {
+    const decltype(&vrxsThreshold_LTVal_32fc) f32[] = {vrxsThreshold_LTVal_32fc, vrxsThreshold_GTVal_32fc};
+    const decltype(&vrxsThreshold_LTVal_32fc_I) f32I[] = {vrxsThreshold_LTVal_32fc_I, vrxsThreshold_GTVal_32fc_I};
+    const decltype(&vrxsThreshold_LTVal_64fc) f64[] = {vrxsThreshold_LTVal_64fc, vrxsThreshold_GTVal_64fc};
+    const decltype(&vrxsThreshold_LTVal_64fc_I) f64I[] = {vrxsThreshold_LTVal_64fc_I, vrxsThreshold_GTVal_64fc_I};
+    const decltype(&vrxsThreshold_LTVal_16sc) f16[] = {vrxsThreshold_LTVal_16sc, vrxsThreshold_GTVal_16sc};
+    const decltype(&vrxsThreshold_LTVal_16sc_I) f16I[] = {vrxsThreshold_LTVal_16sc_I, vrxsThreshold_GTVal_16sc_I};
+    checkReplace<Vrx32fc, float>(f32, f32I, 1.5f, 2);
+    checkReplace<Vrx64fc, double>(f64, f64I, 1.5, 2);
+    checkReplace<Vrx16sc, int>(f16, f16I, Vrx16s(200), 300);
 }
 
 // ------------------------------------------------------------- inversion
