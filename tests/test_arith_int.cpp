@@ -82,8 +82,22 @@ struct ConstCase {
     int zeroFrom, boundTo;
 };
 
+// Every constant of vals at every scale factor from sfLo to sfHi.
+template <class T, class V>
+void checkConst(const ConstCase<T>& c, const std::vector<T>& a, const V& vals, int sfLo, int sfHi) {
+    const int n = static_cast<int>(a.size());
+    std::vector<T> d(n);
+    for (T v : vals)
+        for (int sf = sfLo; sf <= sfHi; ++sf) {
+            ASSERT_EQ(vrxOk, c.fn(a.data(), v, d.data(), n, sf));
+            for (int i = 0; i < n; ++i)
+                ASSERT_EQ(model<T>(exact(c.op, a[i], v), sf, c.zeroFrom, c.boundTo), d[i])
+                    << c.name << " v " << +v << " sf " << sf << " e " << +a[i];
+        }
+}
+
 TEST(ArithInt, Exhaustive8uConstants) {
-    std::vector<Vrx8u> a(256), d(256);
+    std::vector<Vrx8u> a(256);
     for (int i = 0; i < 256; ++i) a[i] = static_cast<Vrx8u>(i);
     const ConstCase<Vrx8u> cases[] = {
         {"AddC_8u", vrxsAddC_8u_Sfs, kAdd, 9, -8},
@@ -91,14 +105,7 @@ TEST(ArithInt, Exhaustive8uConstants) {
         {"SubCRev_8u", vrxsSubCRev_8u_Sfs, kSub, 9, -8},
         {"MulC_8u", vrxsMulC_8u_Sfs, kMul, 17, -8},
     };
-    for (const auto& c : cases)
-        for (int v = 0; v < 256; ++v)
-            for (int sf = -20; sf <= 20; ++sf) {
-                ASSERT_EQ(vrxOk, c.fn(a.data(), static_cast<Vrx8u>(v), d.data(), 256, sf));
-                for (int i = 0; i < 256; ++i)
-                    ASSERT_EQ(model<Vrx8u>(exact(c.op, a[i], v), sf, c.zeroFrom, c.boundTo), d[i])
-                        << c.name << " v " << v << " sf " << sf << " e " << i;
-            }
+    for (const auto& c : cases) checkConst(c, a, a, -20, 20);
 }
 
 TEST(ArithInt, Random16And32BitVectors) {
@@ -140,17 +147,6 @@ TEST(ArithInt, RandomConstants) {
     auto a16 = randomWithExtremes<Vrx16s>(r, n);
     auto a16u = randomWithExtremes<Vrx16u>(r, n);
     auto a32 = randomWithExtremes<Vrx32s>(r, n);
-    auto check = [&](auto c, const auto& a, const auto& vals, int sfLo, int sfHi) {
-        using T = std::decay_t<decltype(a[0])>;
-        std::vector<T> d(n);
-        for (T v : vals)
-            for (int sf = sfLo; sf <= sfHi; ++sf) {
-                ASSERT_EQ(vrxOk, c.fn(a.data(), v, d.data(), n, sf));
-                for (int i = 0; i < n; ++i)
-                    ASSERT_EQ(model<T>(exact(c.op, a[i], v), sf, c.zeroFrom, c.boundTo), d[i])
-                        << c.name << " v " << +v << " sf " << sf << " e " << +a[i];
-            }
-    };
     const Vrx16s v16[] = {0, 1, -1, 7, -32768, 32767, 12345};
     const Vrx16u v16u[] = {0, 1, 3, 65535, 40000};
     const Vrx32s v32[] = {0, 1, -1, 3, INT32_MIN, INT32_MAX, 123456789};
@@ -158,17 +154,17 @@ TEST(ArithInt, RandomConstants) {
                    ConstCase<Vrx16s>{"SubC_16s", vrxsSubC_16s_Sfs, kSubRev, 17, -16},
                    ConstCase<Vrx16s>{"SubCRev_16s", vrxsSubCRev_16s_Sfs, kSub, 17, -16},
                    ConstCase<Vrx16s>{"MulC_16s", vrxsMulC_16s_Sfs, kMul, 31, -16}})
-        check(c, a16, v16, -20, 33);
+        checkConst(c, a16, v16, -20, 33);
     for (auto c : {ConstCase<Vrx16u>{"AddC_16u", vrxsAddC_16u_Sfs, kAdd, 18, -16},
                    ConstCase<Vrx16u>{"SubC_16u", vrxsSubC_16u_Sfs, kSubRev, 17, kNone},
                    ConstCase<Vrx16u>{"SubCRev_16u", vrxsSubCRev_16u_Sfs, kSub, 17, -16},
                    ConstCase<Vrx16u>{"MulC_16u", vrxsMulC_16u_Sfs, kMul, 33, kNone}})
-        check(c, a16u, v16u, -40, 35);
+        checkConst(c, a16u, v16u, -40, 35);
     for (auto c : {ConstCase<Vrx32s>{"AddC_32s", vrxsAddC_32s_Sfs, kAdd, 33, -31},
                    ConstCase<Vrx32s>{"SubC_32s", vrxsSubC_32s_Sfs, kSubRev, 33, -31},
                    ConstCase<Vrx32s>{"SubCRev_32s", vrxsSubCRev_32s_Sfs, kSub, 33, -31},
                    ConstCase<Vrx32s>{"MulC_32s", vrxsMulC_32s_Sfs, kMul, 63, -32}})
-        check(c, a32, v32, -34, 65);
+        checkConst(c, a32, v32, -34, 65);
 }
 
 // Complex constants act on each component with the real rule; complex
