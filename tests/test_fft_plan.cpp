@@ -7,8 +7,6 @@ using namespace ft;
 
 namespace {
 
-constexpr int kFlags[] = {vrxFftScaleFwd, vrxFftScaleInv, vrxFftScaleSqrt, vrxFftScaleNone};
-
 // ------------------------------------------------------------ size figures
 
 int64_t a64(int64_t x) { return (x + 63) & ~int64_t(63); }
@@ -149,30 +147,6 @@ TEST(FftPlan, WorkBufferFromOrderSeven) {
     std::vector<Vrx32fc> z(128, Vrx32fc{7.0f, 7.0f});
     EXPECT_EQ(vrxsFFTFwd_CToC_32fc(x.data(), z.data(), p7, nullptr), vrxErrNullPtr);
     for (auto& v : z) EXPECT_TRUE(v.re == 7.0f && v.im == 7.0f);
-}
-
-TEST(FftPlan, OrderZeroAndScaleFlags) {
-    for (int flag : kFlags) {
-        PlanMem m;
-        auto* p = makePlan(kC64fc, 0, flag, m);
-        ASSERT_NE(p, nullptr);
-        Vrx64fc x{3.5, -1.25}, y{0, 0};
-        ASSERT_EQ(vrxsFFTFwd_CToC_64fc(&x, &y, p, nullptr), vrxOk);
-        EXPECT_EQ(y.re, 3.5); EXPECT_EQ(y.im, -1.25);   // scale 1 at N = 1
-        ASSERT_EQ(vrxsFFTInv_CToC_64fc(&x, &y, p, nullptr), vrxOk);
-        EXPECT_EQ(y.re, 3.5); EXPECT_EQ(y.im, -1.25);
-    }
-    // order 3, flag Fwd: forward scaled by 1/8, inverse unscaled
-    PlanMem m;
-    auto* p = makePlan(kC32fc, 3, vrxFftScaleFwd, m);
-    ASSERT_NE(p, nullptr);
-    Vrx32fc x[8], y[8], z[8];
-    for (int i = 0; i < 8; ++i) x[i] = {1.0f, 0.0f};
-    ASSERT_EQ(vrxsFFTFwd_CToC_32fc(x, y, p, nullptr), vrxOk);
-    EXPECT_EQ(y[0].re, 1.0f);
-    for (int i = 1; i < 8; ++i) EXPECT_EQ(std::fabs(y[i].re) + std::fabs(y[i].im), 0.0f);
-    ASSERT_EQ(vrxsFFTInv_CToC_32fc(y, z, p, nullptr), vrxOk);
-    for (int i = 0; i < 8; ++i) EXPECT_NEAR(z[i].re, 1.0f, 1e-6f);
 }
 
 // The flag 4 scale is 1/sqrt(N) rounded once from double.
