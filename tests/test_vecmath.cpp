@@ -360,60 +360,50 @@ TEST(VecmathAccuracy, ComplexFormsSampled) {
     EXPECT_LE(e[1], 8.0);
     EXPECT_LE(e[2], 8.0);
     EXPECT_LE(e[3], 8.0);
-
-    // polar to Cartesian and back
-    std::vector<double> mag(n), ph(n), re(n), im(n);
-    for (int i = 0; i < n; ++i) {
-        mag[i] = 1 + 9 * rng.uniform();
-        ph[i] = -100 + 200 * rng.uniform();
-    }
-    ASSERT_EQ(vrxOk, vrxsPolarToCart_64f(mag.data(), ph.data(), re.data(), im.data(), n));
-    std::vector<Vrx64fc> c(n);
-    ASSERT_EQ(vrxOk, vrxsPolarToCart_64fc(mag.data(), ph.data(), c.data(), n));
-    for (int i = 0; i < n; ++i) {
-        EXPECT_NEAR((double)(mag[i] * cosl(ph[i])), re[i], 1e-14 * mag[i]);
-        EXPECT_NEAR((double)(mag[i] * sinl(ph[i])), im[i], 1e-14 * mag[i]);
-        ASSERT_EQ(bitsOf(re[i]), bitsOf(c[i].re));
-        ASSERT_EQ(bitsOf(im[i]), bitsOf(c[i].im));
-    }
 }
 
-TEST(VecmathAccuracy, PolarToCartSingleAndHugePhases) {
+// PolarToCart: each part within tol units of 2^-digits of the magnitude
+// from the long-double product, large phases too (single) and the special
+// ones; the complex form gives the same bits, so does the call in place on
+// the magnitude and the phase.
+template <class T, class C>
+void checkPolar(VrxStatus (*split)(const T*, const T*, T*, T*, int), VrxStatus (*cplx)(const T*, const T*, C*, int),
+                double maxPhase, double tol) {
     Rng rng(21);
     const int n = 2053;
-    std::vector<float> mag(n), ph(n), re(n), im(n);
+    std::vector<T> mag(n), ph(n), re(n), im(n);
     for (int i = 0; i < n; ++i) {
-        mag[i] = (float)(1 + 3 * rng.uniform());
+        mag[i] = (T)(1 + 3 * rng.uniform());
         double u = rng.uniform();
-        ph[i] = (float)(i % 3 == 0 ? exp(log(1e5) + u * (log(3e38) - log(1e5))) : -50 + 100 * u);  // large phases too
+        ph[i] = (T)(i % 3 == 0 ? exp(log(1e5) + u * (log(maxPhase) - log(1e5))) : -50 + 100 * u);
     }
     ph[0] = INFINITY;
     ph[1] = NAN;
-    ph[2] = -0.0f;
-    ASSERT_EQ(vrxOk, vrxsPolarToCart_32f(mag.data(), ph.data(), re.data(), im.data(), n));
-    EXPECT_TRUE(isnan(re[0]) && isnan(im[0]));
-    EXPECT_TRUE(isnan(re[1]) && isnan(im[1]));
+    ph[2] = -0.0;
+    ASSERT_EQ(vrxOk, split(mag.data(), ph.data(), re.data(), im.data(), n));
+    EXPECT_TRUE(isnan(re[0]) && isnan(im[0]) && isnan(re[1]) && isnan(im[1]));
     EXPECT_EQ(mag[2], re[2]);
-    EXPECT_EQ(0x80000000u, bitsOf(im[2]));
+    EXPECT_EQ(bitsOf(T(-0.0)), bitsOf(im[2]));
     double worst = 0;
+    const long double unit = ldexpl(1.0L, -std::numeric_limits<T>::digits);
     for (int i = 3; i < n; ++i) {
-        long double c = cosl(ph[i]), s = sinl(ph[i]);
-        // the sine and cosine within 8 ulp, then one rounding of the product
-        worst = std::max(worst, (double)(fabsl(re[i] - mag[i] * c) / (mag[i] * ldexpl(1.0L, -24))));
-        worst = std::max(worst, (double)(fabsl(im[i] - mag[i] * s) / (mag[i] * ldexpl(1.0L, -24))));
+        worst = std::max(worst, (double)(fabsl(re[i] - mag[i] * cosl(ph[i])) / (mag[i] * unit)));
+        worst = std::max(worst, (double)(fabsl(im[i] - mag[i] * sinl(ph[i])) / (mag[i] * unit)));
     }
-    EXPECT_LE(worst, 8.0);
-    std::vector<Vrx32fc> c(n);
-    ASSERT_EQ(vrxOk, vrxsPolarToCart_32fc(mag.data(), ph.data(), c.data(), n));
-    for (int i = 0; i < n; ++i) {
-        ASSERT_EQ(bitsOf(re[i]), bitsOf(c[i].re));
-        ASSERT_EQ(bitsOf(im[i]), bitsOf(c[i].im));
-    }
-    // in place on the magnitude and the phase
-    std::vector<float> a = mag, b = ph;
-    ASSERT_EQ(vrxOk, vrxsPolarToCart_32f(a.data(), b.data(), a.data(), b.data(), n));
-    ASSERT_EQ(0, memcmp(a.data(), re.data(), n * 4));
-    ASSERT_EQ(0, memcmp(b.data(), im.data(), n * 4));
+    EXPECT_LE(worst, tol);
+    std::vector<C> c(n);
+    ASSERT_EQ(vrxOk, cplx(mag.data(), ph.data(), c.data(), n));
+    for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::sameBits(re[i], c[i].re) && vt::sameBits(im[i], c[i].im)) << i;
+    std::vector<T> a = mag, b = ph;
+    ASSERT_EQ(vrxOk, split(a.data(), b.data(), a.data(), b.data(), n));
+    ASSERT_EQ(0, memcmp(a.data(), re.data(), n * sizeof(T)));
+    ASSERT_EQ(0, memcmp(b.data(), im.data(), n * sizeof(T)));
+}
+
+TEST(VecmathAccuracy, PolarToCart) {
+    // the sine and cosine within 8 ulp, then one rounding of the product
+    checkPolar<float, Vrx32fc>(vrxsPolarToCart_32f, vrxsPolarToCart_32fc, 3e38, 8.0);
+    checkPolar<double, Vrx64fc>(vrxsPolarToCart_64f, vrxsPolarToCart_64fc, 1e300, 90.0);
 }
 
 // ----------------------------------------------------- integer forms
