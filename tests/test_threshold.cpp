@@ -248,8 +248,9 @@ TEST(ThresholdComplex, Clip16scAndLevelZero) {
     EXPECT_EQ(zo[1].im, 0.0);
 }
 
-// LTVal/GTVal: an element whose squared magnitude, computed in W, is below
-// (above) the squared level becomes the value; the in-place forms agree.
+// LTVal/GTVal: an element whose squared magnitude, computed in W (the
+// element's precision), is below (above) the squared level becomes the
+// value; the in-place forms agree.
 template <class C, class W, class R = decltype(C::re)>
 void checkReplace(VrxStatus (*const fn[2])(const C*, C*, int, R, C), VrxStatus (*const fnI[2])(C*, int, R, C), R level, double range) {
     vt::Rng rng(23);
@@ -257,6 +258,7 @@ void checkReplace(VrxStatus (*const fn[2])(const C*, C*, int, R, C), VrxStatus (
     for (int len = 1; len <= 40; ++len) {
         std::vector<C> x(len), d(len);
         for (auto& z : x) z = {R(rng.uniform() * 2 * range - range), R(rng.uniform() * 2 * range - range)};
+        x[0] = {level, R(level / 10000)};  // just above the level, but not in float
         for (int gt = 0; gt < 2; ++gt) {
             ASSERT_EQ(fn[gt](x.data(), d.data(), len, level, v), vrxOk);
             for (int i = 0; i < len; ++i) {
