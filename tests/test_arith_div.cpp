@@ -14,6 +14,7 @@ namespace {
 using vt::i128;
 using vt::Rng;
 using vt::sameBits;
+using vt::vec;
 
 // round(num / den) in mode 0 (toward zero), 1 (nearest even), 2 (half away).
 i128 refDiv(i128 num, i128 den, int mode) {
@@ -108,25 +109,21 @@ TEST(ArithDiv, RoundingModes16) {
     EXPECT_EQ(vrxErrRounding, vrxsDiv_Round_16s_ISfs(&one, &o, 1, -1, 0));
 }
 
+// Hand-checked values: a zero divisor gives the bound of the dividend's sign
+// (0 for 0) with the warning, the rest of the vector is written; 3.5
+// rounds to even; large scale factors give zeros.
 TEST(ArithDiv, ZeroDivisorWarnsAndWritesEverything) {
     Vrx16s a[4] = {0, 2, 0, 0}, b[4] = {5, 7, -5, 0}, d[4] = {99, 99, 99, 99};
     ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16s_Sfs(a, b, d, 4, 0));
-    EXPECT_EQ(32767, d[0]);
-    EXPECT_EQ(4, d[1]);  // 3.5 rounds to even
-    EXPECT_EQ(-32768, d[2]);
-    EXPECT_EQ(0, d[3]);
+    EXPECT_EQ(vec(d, 4), (std::vector<Vrx16s>{32767, 4, -32768, 0}));
     ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16s_Sfs(a, b, d, 4, 100));
-    EXPECT_EQ(32767, d[0]);
-    EXPECT_EQ(0, d[1]);
+    EXPECT_EQ(vec(d, 4), (std::vector<Vrx16s>{32767, 0, -32768, 0}));
     Vrx16s nz[2] = {3, -7}, x[2] = {32767, -32768};
     ASSERT_EQ(vrxOk, vrxsDiv_16s_Sfs(nz, x, d, 2, 100));
-    EXPECT_EQ(0, d[0]);
-    EXPECT_EQ(0, d[1]);
-    // in place
+    EXPECT_EQ(vec(d, 2), (std::vector<Vrx16s>{0, 0}));
     Vrx16s y[2] = {10, 10};
     ASSERT_EQ(vrxOk, vrxsDiv_16s_ISfs(nz, y, 2, -1));
-    EXPECT_EQ(7, y[0]);   // 20/3
-    EXPECT_EQ(-3, y[1]);  // -20/7 = -2.86
+    EXPECT_EQ(vec(y, 2), (std::vector<Vrx16s>{7, -3}));  // 20/3, -20/7 = -2.86
 }
 
 TEST(ArithDiv, ConstantDivisors) {
@@ -216,18 +213,11 @@ TEST(ArithDiv, ComplexIntegers) {
 TEST(ArithDiv, DivCRev16u) {
     Vrx16u s[5] = {0, 3, 7, 65535, 2}, d[5];
     ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_16u(s, 10, d, 5));
-    EXPECT_EQ(65535, d[0]);
-    EXPECT_EQ(3, d[1]);   // 3.33
-    EXPECT_EQ(1, d[2]);   // 1.43
-    EXPECT_EQ(0, d[3]);
-    EXPECT_EQ(5, d[4]);
+    EXPECT_EQ(vec(d, 5), (std::vector<Vrx16u>{65535, 3, 1, 0, 5}));  // 3.33, 1.43
     ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_16u(s, 0, d, 5));
-    for (auto v : d) EXPECT_EQ(0, v);
+    EXPECT_EQ(vec(d, 5), std::vector<Vrx16u>(5, 0));
     ASSERT_EQ(vrxOk, vrxsDivCRev_16u_I(9, s + 1, 4));
-    EXPECT_EQ(3, s[1]);
-    EXPECT_EQ(1, s[2]);
-    EXPECT_EQ(0, s[3]);
-    EXPECT_EQ(4, s[4]);  // 4.5 to even
+    EXPECT_EQ(vec(s + 1, 4), (std::vector<Vrx16u>{3, 1, 0, 4}));  // 4.5 to even
 }
 
 template <class T> T zeroDivRef(T b) {

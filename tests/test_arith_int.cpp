@@ -12,6 +12,7 @@ namespace {
 using vt::i128;
 using vt::Buffer;
 using vt::Rng;
+using vt::vec;
 
 enum Ref { kAdd, kSub, kSubRev, kMul };  // kSub: b - a; kSubRev: a - b
 constexpr int kNone = -100000;
@@ -136,7 +137,7 @@ TEST(ArithInt, Mul16uAtScaleFactor32) {
     Vrx16u a[4] = {65535, 46341, 46340, 32769}, b[4] = {65535, 46341, 46340, 65535}, d[4];
     ASSERT_EQ(vrxOk, vrxsMul_16u_Sfs(a, b, d, 4, 32));
     // products 4294836225, 2147488281, 2147395600, 2147516415 against 2^31
-    EXPECT_EQ(1, d[0]); EXPECT_EQ(1, d[1]); EXPECT_EQ(0, d[2]); EXPECT_EQ(1, d[3]);
+    EXPECT_EQ(vec(d, 4), (std::vector<Vrx16u>{1, 1, 0, 1}));
     ASSERT_EQ(vrxOk, vrxsMul_16u_Sfs(a, b, d, 1, 33));
     EXPECT_EQ(0, d[0]);
 }
@@ -380,29 +381,27 @@ TEST(ArithInt, AddC64WithRounding) {
     // an unknown rounding with a nonzero scale factor leaves the destination
     Vrx64u s[2] = {7, 9}, d[2] = {1, 2};
     EXPECT_EQ(vrxOk, vrxsAddC_64u_Sfs(s, 3, d, 2, 2, 3));
-    EXPECT_EQ(1u, d[0]);
-    EXPECT_EQ(2u, d[1]);
+    EXPECT_EQ(vec(d, 2), (std::vector<Vrx64u>{1, 2}));
     EXPECT_EQ(vrxOk, vrxsAddC_64u_Sfs(s, 3, d, 2, 0, 3));
     EXPECT_EQ(10u, d[0]);
     // signed: outside the high-part quirks the modes round exactly
     Vrx64s x[4] = {10, -10, 13, -13}, y[4];
     EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, y, 4, 1, vrxRndNear));   // 5.5 -4.5 7 -6
-    EXPECT_EQ(6, y[0]); EXPECT_EQ(-4, y[1]); EXPECT_EQ(7, y[2]); EXPECT_EQ(-6, y[3]);
+    EXPECT_EQ(vec(y, 4), (std::vector<Vrx64s>{6, -4, 7, -6}));
     EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, y, 4, 1, vrxRndFinancial));
-    EXPECT_EQ(6, y[0]); EXPECT_EQ(-5, y[1]); EXPECT_EQ(7, y[2]); EXPECT_EQ(-6, y[3]);
+    EXPECT_EQ(vec(y, 4), (std::vector<Vrx64s>{6, -5, 7, -6}));
     Vrx64s z[4];
     EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, z, 4, 1, 3));  // acts as financial
     EXPECT_EQ(0, memcmp(y, z, sizeof y));
     // truncation adds one for a negative high part with any low bits, even
     // when they carry a whole unit: -12 / 2 reads -7 + 1 + 1
     EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(x, 1, y, 4, 1, vrxRndZero));
-    EXPECT_EQ(5, y[0]); EXPECT_EQ(-4, y[1]); EXPECT_EQ(7, y[2]); EXPECT_EQ(-5, y[3]);
+    EXPECT_EQ(vec(y, 4), (std::vector<Vrx64s>{5, -4, 7, -5}));
     // a high part of 0 or -1 gives 0: -1 at sf 2 (h = -1) truncates to 0 as it should,
     // and -4 at sf 2 is exactly -1 but reads h = -1
     Vrx64s m[2] = {-4, 3}, o[2];
     EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(m, 0, o, 2, 2, vrxRndZero));
-    EXPECT_EQ(0, o[0]);
-    EXPECT_EQ(0, o[1]);
+    EXPECT_EQ(vec(o, 2), (std::vector<Vrx64s>{0, 0}));
     // saturation at sf 0
     Vrx64s big = INT64_MAX;
     EXPECT_EQ(vrxOk, vrxsAddC_64s_Sfs(&big, 5, o, 1, 0, vrxRndNear));
@@ -425,26 +424,23 @@ TEST(ArithInt, RoundingExamples) {
 TEST(ArithInt, ShortcutsForwardAndReturnTheirStatus) {
     Vrx16s a[5] = {1, -2, 3, -4, 5}, d[5];
     ASSERT_EQ(vrxOk, vrxsMulC_16s_Sfs(a, 0, d, 5, -100));
-    for (auto v : d) EXPECT_EQ(0, v);
+    EXPECT_EQ(vec(d, 5), std::vector<Vrx16s>(5, 0));
     ASSERT_EQ(vrxOk, vrxsMulC_16s_Sfs(a, 1, d, 5, 0));
-    EXPECT_EQ(0, memcmp(a, d, sizeof a));
+    EXPECT_EQ(vec(d, 5), vec(a, 5));
     ASSERT_EQ(vrxOk, vrxsAddC_16s_Sfs(a, 0, d, 5, 0));
-    EXPECT_EQ(0, memcmp(a, d, sizeof a));
+    EXPECT_EQ(vec(d, 5), vec(a, 5));
     Vrx8u z[3] = {0, 0, 9}, o[3];
     ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(z, 1, o, 3, -9));
-    for (auto v : o) EXPECT_EQ(255, v);
+    EXPECT_EQ(vec(o, 3), (std::vector<Vrx8u>{255, 255, 255}));
     ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(z, 0, o, 3, -9));
-    EXPECT_EQ(0, o[0]);
-    EXPECT_EQ(255, o[2]);
+    EXPECT_EQ(vec(o, 3), (std::vector<Vrx8u>{0, 0, 255}));
     ASSERT_EQ(vrxOk, vrxsSubC_8u_Sfs(z, 4, o, 3, -8));
-    EXPECT_EQ(0, o[0]);
-    EXPECT_EQ(255, o[2]);
+    EXPECT_EQ(vec(o, 3), (std::vector<Vrx8u>{0, 0, 255}));
     Vrx16u u[2] = {0, 1}, uo[2];
     ASSERT_EQ(vrxOk, vrxsAddC_16u_Sfs(u, 2, uo, 2, -16));
-    EXPECT_EQ(65535, uo[0]);
+    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{65535, 65535}));
     ASSERT_EQ(vrxOk, vrxsAddC_16u_Sfs(u, 0, uo, 2, -1000));
-    EXPECT_EQ(0, uo[0]);
-    EXPECT_EQ(65535, uo[1]);
+    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
     // scale factors of any size are never an error
     Vrx32s w32[2] = {5, -6}, o32[2];
     Vrx64s w64[1] = {7};
@@ -454,14 +450,12 @@ TEST(ArithInt, ShortcutsForwardAndReturnTheirStatus) {
         EXPECT_EQ(vrxOk, vrxsMulC_64s_ISfs(3, w64, 1, sf));
     }
     // without a bound limit every negative scale factor runs the kernel
-    Vrx16u w[2] = {0, 1}, wo[2];
-    ASSERT_EQ(vrxOk, vrxsAdd_16u_Sfs(w, w, wo, 2, INT32_MIN));
-    EXPECT_EQ(0, wo[0]);
-    EXPECT_EQ(65535, wo[1]);
-    ASSERT_EQ(vrxOk, vrxsMulC_16u_Sfs(w, 7, wo, 2, INT32_MIN));
-    EXPECT_EQ(65535, wo[1]);
-    ASSERT_EQ(vrxOk, vrxsSubC_16u_Sfs(w, 0, wo, 2, INT32_MIN + 1));
-    EXPECT_EQ(65535, wo[1]);
+    ASSERT_EQ(vrxOk, vrxsAdd_16u_Sfs(u, u, uo, 2, INT32_MIN));
+    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
+    ASSERT_EQ(vrxOk, vrxsMulC_16u_Sfs(u, 7, uo, 2, INT32_MIN));
+    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
+    ASSERT_EQ(vrxOk, vrxsSubC_16u_Sfs(u, 0, uo, 2, INT32_MIN + 1));
+    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
 }
 
 TEST(ArithInt, AllLengthsUnalignedAndInPlace) {
@@ -501,28 +495,22 @@ TEST(ArithInt, WideningAndSaturatingForms) {
     Vrx8u a[3] = {255, 0, 17}, b[3] = {255, 9, 3};
     Vrx16u d[3];
     ASSERT_EQ(vrxOk, vrxsAdd_8u16u(a, b, d, 3));
-    EXPECT_EQ(510, d[0]);
+    EXPECT_EQ(vec(d, 3), (std::vector<Vrx16u>{510, 9, 20}));
     ASSERT_EQ(vrxOk, vrxsMul_8u16u(a, b, d, 3));
-    EXPECT_EQ(65025, d[0]);
-    EXPECT_EQ(51, d[2]);
+    EXPECT_EQ(vec(d, 3), (std::vector<Vrx16u>{65025, 0, 51}));
     Vrx16u u[2] = {65535, 3}, v[2] = {2, 4};
     ASSERT_EQ(vrxOk, vrxsAdd_16u(u, v, d, 2));
-    EXPECT_EQ(65535, d[0]);
-    EXPECT_EQ(7, d[1]);
+    EXPECT_EQ(vec(d, 2), (std::vector<Vrx16u>{65535, 7}));
     Vrx32u w[2] = {0xFFFFFFF0u, 5}, x[2] = {0x20, 6}, y[2];
     ASSERT_EQ(vrxOk, vrxsAdd_32u(w, x, y, 2));
-    EXPECT_EQ(0xFFFFFFFFu, y[0]);
-    EXPECT_EQ(11u, y[1]);
+    EXPECT_EQ(vec(y, 2), (std::vector<Vrx32u>{0xFFFFFFFFu, 11u}));
     Vrx16s s[3] = {-32768, 32767, -5};
     Vrx32s t[3] = {INT32_MIN, INT32_MAX, 10};
     ASSERT_EQ(vrxOk, vrxsAdd_16s32s_I(s, t, 3));
-    EXPECT_EQ(INT32_MIN, t[0]);
-    EXPECT_EQ(INT32_MAX, t[1]);
-    EXPECT_EQ(5, t[2]);
+    EXPECT_EQ(vec(t, 3), (std::vector<Vrx32s>{INT32_MIN, INT32_MAX, 5}));
     Vrx16s p[2] = {300, -300}, q[2] = {300, 300}, o[2];
     ASSERT_EQ(vrxOk, vrxsMul_16s(p, q, o, 2));
-    EXPECT_EQ(32767, o[0]);
-    EXPECT_EQ(-32768, o[1]);
+    EXPECT_EQ(vec(o, 2), (std::vector<Vrx16s>{32767, -32768}));
 }
 
 }  // namespace

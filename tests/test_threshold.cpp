@@ -227,17 +227,14 @@ TEST(ThresholdComplex, ClipKeepsPhase) {
 
 TEST(ThresholdComplex, Clip16scAndLevelZero) {
     Vrx16sc x[5] = {{3, 4}, {30, 40}, {-300, 400}, {0, 0}, {0, -7}}, d[5];
+    auto parts = [&](int from, int to) { return std::vector<Vrx16s>(&d[from].re, &d[to].re); };
     ASSERT_EQ(vrxsThreshold_GT_16sc(x, d, 5, 10), vrxOk);
-    EXPECT_EQ(d[0].re, 3); EXPECT_EQ(d[0].im, 4);
-    EXPECT_EQ(d[1].re, 6); EXPECT_EQ(d[1].im, 8);
-    EXPECT_EQ(d[2].re, -6); EXPECT_EQ(d[2].im, 8);
-    EXPECT_EQ(d[4].re, 0); EXPECT_EQ(d[4].im, -7);
+    EXPECT_EQ(parts(0, 5), (std::vector<Vrx16s>{3, 4, 6, 8, -6, 8, 0, 0, 0, -7}));
     ASSERT_EQ(vrxsThreshold_LT_16sc(x, d, 5, 10), vrxOk);
-    EXPECT_EQ(d[0].re, 6); EXPECT_EQ(d[0].im, 8);
-    EXPECT_EQ(d[1].re, 30);
-    EXPECT_EQ(d[4].re, 0); EXPECT_EQ(d[4].im, -10);
+    EXPECT_EQ(parts(0, 3), (std::vector<Vrx16s>{6, 8, 30, 40, -300, 400}));
+    EXPECT_EQ(parts(4, 5), (std::vector<Vrx16s>{0, -10}));
     ASSERT_EQ(vrxsThreshold_GT_16sc(x, d, 5, 0), vrxOk);
-    for (auto& z : d) { EXPECT_EQ(z.re, 0); EXPECT_EQ(z.im, 0); }
+    EXPECT_EQ(parts(0, 5), std::vector<Vrx16s>(10, 0));
     Vrx32fc c[3] = {{1, -2}, {-3, 4}, {0.5f, 0}}, co[3];
     ASSERT_EQ(vrxsThreshold_GT_32fc(c, co, 3, 0.0f), vrxOk);
     for (auto& z : co) { EXPECT_EQ(z.re, 0.0f); EXPECT_EQ(z.im, 0.0f); }
