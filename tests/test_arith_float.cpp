@@ -171,27 +171,18 @@ TEST(ArithFloat, MulC32f16s) {
     float src[4] = {3.0e9f, -3.0e9f, 2.5f, 3.5f};
     Vrx16s d[4];
     ASSERT_EQ(vrxOk, vrxsMulC_Low_32f16s(src, 1.0f, d, 4));
-    EXPECT_EQ(-32768, d[0]);  // the integer-indefinite answer, then the pack
-    EXPECT_EQ(-32768, d[1]);
-    EXPECT_EQ(2, d[2]);
-    EXPECT_EQ(4, d[3]);
+    EXPECT_EQ(vt::vec(d, 4), (std::vector<Vrx16s>{-32768, -32768, 2, 4}));  // the integer-indefinite answer, then the pack
     ASSERT_EQ(vrxOk, vrxsMulC_32f16s_Sfs(src, 1.0f, d, 4, 0));
-    EXPECT_EQ(32767, d[0]);
-    EXPECT_EQ(-32768, d[1]);
-    EXPECT_EQ(2, d[2]);
-    EXPECT_EQ(4, d[3]);
+    EXPECT_EQ(vt::vec(d, 4), (std::vector<Vrx16s>{32767, -32768, 2, 4}));
     // the caller's rounding rules Low, never the Sfs form; both restore MXCSR
     _mm_setcsr((_mm_getcsr() & ~0x6000u) | vt::kRoundZero);
     const unsigned before = _mm_getcsr() & ~0x3Fu;
     ASSERT_EQ(vrxOk, vrxsMulC_Low_32f16s(src + 2, 1.0f, d, 2));
-    EXPECT_EQ(2, d[0]);
-    EXPECT_EQ(3, d[1]);
+    EXPECT_EQ(vt::vec(d, 2), (std::vector<Vrx16s>{2, 3}));
     ASSERT_EQ(vrxOk, vrxsMulC_32f16s_Sfs(src + 2, 4.0f, d, 2, 1));  // 2.5*2 = 5, 3.5*2 = 7
-    EXPECT_EQ(5, d[0]);
-    EXPECT_EQ(7, d[1]);
+    EXPECT_EQ(vt::vec(d, 2), (std::vector<Vrx16s>{5, 7}));
     ASSERT_EQ(vrxOk, vrxsMulC_32f16s_Sfs(src + 2, 1.0f, d, 2, 0));
-    EXPECT_EQ(2, d[0]);
-    EXPECT_EQ(4, d[1]);
+    EXPECT_EQ(vt::vec(d, 2), (std::vector<Vrx16s>{2, 4}));
     EXPECT_EQ(before, _mm_getcsr() & ~0x3Fu);
     // all lengths against the clamped, nearest-rounded reference
     _mm_setcsr(_mm_getcsr() & ~0x6000u);
