@@ -5,6 +5,7 @@
 #include "vrx_test.h"
 
 #include <cmath>
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -13,6 +14,7 @@ namespace {
 using vt::i128;
 using vt::Rng;
 using vt::sameBits;
+using vt::vec;
 
 // round(num / den) in mode 0 (toward zero), 1 (nearest even), 2 (half away).
 i128 refDiv(i128 num, i128 den, int mode) {
@@ -48,38 +50,42 @@ template <class T> std::vector<T> values(Rng& r, size_t n) {
     return v;
 }
 
-template <class TA, class TB = TA, class TD = TB>
-void checkDiv(const char* name, VrxStatus (*fn)(const TA*, const TB*, TD*, int, int), int sfLo, int sfHi, size_t n, uint64_t seed) {
-    Rng r(seed);
-    auto a = values<TA>(r, n);
-    auto b = values<TB>(r, n);
-    std::vector<TD> d(n);
-    bool anyZero = false;
-    for (auto v : a) anyZero |= v == 0;
-    ASSERT_TRUE(anyZero);
-    for (int sf = sfLo; sf <= sfHi; ++sf) {
-        ASSERT_EQ(vrxWarnDivByZero, fn(a.data(), b.data(), d.data(), static_cast<int>(n), sf)) << name;
-        for (size_t i = 0; i < n; ++i)
-            ASSERT_EQ(refScaled<TD>(b[i], a[i], sf, 1), d[i]) << name << " sf " << sf << " " << +b[i] << "/" << +a[i];
-    }
+// b * 2^-sf / a for every pair, scale factor and rounding mode against the
+// reference; a holds a zero divisor, so every call warns.
+// fn(a, b, d, len, sf, mode).
+template <class TD, class TA, class TB, class F>
+void checkDiv(const char* name, F fn, const std::vector<TA>& a, const std::vector<TB>& b, int sfLo, int sfHi,
+              std::initializer_list<int> modes = {1}) {
+    std::vector<TD> d(a.size());
+    ASSERT_NE(std::find(a.begin(), a.end(), TA(0)), a.end());
+    for (int mode : modes)
+        for (int sf = sfLo; sf <= sfHi; ++sf) {
+            ASSERT_EQ(vrxWarnDivByZero, fn(a.data(), b.data(), d.data(), static_cast<int>(a.size()), sf, mode)) << name;
+            for (size_t i = 0; i < a.size(); ++i)
+                ASSERT_EQ(refScaled<TD>(b[i], a[i], sf, mode), d[i]) << name << " sf " << sf << " mode " << mode << " " << +b[i] << "/" << +a[i];
+        }
+}
+
+// A scaled division without a mode as fn of checkDiv.
+template <class TA, class TB, class TD>
+auto noMode(VrxStatus (*f)(const TA*, const TB*, TD*, int, int)) {
+    return [f](const TA* a, const TB* b, TD* d, int n, int sf, int) { return f(a, b, d, n, sf); };
 }
 
 TEST(ArithDiv, IntegerVectorsExact) {
-    checkDiv<Vrx8u>("Div_8u", vrxsDiv_8u_Sfs, -20, 12, 2000, 1);
-    checkDiv<Vrx16u>("Div_16u", vrxsDiv_16u_Sfs, -35, 20, 2000, 2);
-    checkDiv<Vrx16s>("Div_16s", vrxsDiv_16s_Sfs, -35, 20, 2000, 3);
-    checkDiv<Vrx32s>("Div_32s", vrxsDiv_32s_Sfs, -66, 36, 2000, 4);
-    checkDiv<Vrx32s, Vrx16s>("Div_32s16s", vrxsDiv_32s16s_Sfs, -50, 20, 2000, 5);
+    Rng r(1);
+    checkDiv<Vrx8u>("Div_8u", noMode(vrxsDiv_8u_Sfs), values<Vrx8u>(r, 2000), values<Vrx8u>(r, 2000), -20, 12);
+    checkDiv<Vrx16u>("Div_16u", noMode(vrxsDiv_16u_Sfs), values<Vrx16u>(r, 2000), values<Vrx16u>(r, 2000), -35, 20);
+    checkDiv<Vrx16s>("Div_16s", noMode(vrxsDiv_16s_Sfs), values<Vrx16s>(r, 2000), values<Vrx16s>(r, 2000), -35, 20);
+    checkDiv<Vrx32s>("Div_32s", noMode(vrxsDiv_32s_Sfs), values<Vrx32s>(r, 2000), values<Vrx32s>(r, 2000), -66, 36);
+    checkDiv<Vrx16s>("Div_32s16s", noMode(vrxsDiv_32s16s_Sfs), values<Vrx32s>(r, 2000), values<Vrx16s>(r, 2000), -50, 20);
 }
 
 TEST(ArithDiv, Exhaustive8u) {
     std::vector<Vrx8u> a(65536), b(65536), d(65536);
     for (int i = 0; i < 65536; ++i) { a[i] = static_cast<Vrx8u>(i & 255); b[i] = static_cast<Vrx8u>(i >> 8); }
-    for (int mode = 0; mode < 3; ++mode)
-        for (int sf = -20; sf <= 20; ++sf) {
-            ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_Round_8u_Sfs(a.data(), b.data(), d.data(), 65536, mode, sf));
-            for (int i = 0; i < 65536; ++i) ASSERT_EQ(refScaled<Vrx8u>(b[i], a[i], sf, mode), d[i]) << sf << " " << mode;
-        }
+    checkDiv<Vrx8u>("Div_Round_8u", [](const Vrx8u* x, const Vrx8u* y, Vrx8u* o, int n, int sf, int mode) {
+        return vrxsDiv_Round_8u_Sfs(x, y, o, n, mode, sf); }, a, b, -20, 20, {0, 1, 2});
     for (int v = 1; v < 256; ++v)
         for (int sf = -20; sf <= 20; ++sf) {
             ASSERT_EQ(vrxOk, vrxsDivC_8u_Sfs(b.data(), static_cast<Vrx8u>(v), d.data(), 256 * 256, sf));
@@ -89,18 +95,10 @@ TEST(ArithDiv, Exhaustive8u) {
 
 TEST(ArithDiv, RoundingModes16) {
     Rng r(9);
-    const int n = 1500;
-    auto a = values<Vrx16s>(r, n), b = values<Vrx16s>(r, n);
-    auto au = values<Vrx16u>(r, n), bu = values<Vrx16u>(r, n);
-    std::vector<Vrx16s> d(n);
-    std::vector<Vrx16u> du(n);
-    for (int mode = 0; mode < 3; ++mode)
-        for (int sf = -33; sf <= 20; ++sf) {
-            ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_Round_16s_Sfs(a.data(), b.data(), d.data(), n, mode, sf));
-            for (int i = 0; i < n; ++i) ASSERT_EQ(refScaled<Vrx16s>(b[i], a[i], sf, mode), d[i]) << mode << " sf " << sf;
-            ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_Round_16u_Sfs(au.data(), bu.data(), du.data(), n, mode, sf));
-            for (int i = 0; i < n; ++i) ASSERT_EQ(refScaled<Vrx16u>(bu[i], au[i], sf, mode), du[i]) << mode << " sf " << sf;
-        }
+    checkDiv<Vrx16s>("Div_Round_16s", [](const Vrx16s* x, const Vrx16s* y, Vrx16s* o, int n, int sf, int mode) {
+        return vrxsDiv_Round_16s_Sfs(x, y, o, n, mode, sf); }, values<Vrx16s>(r, 1500), values<Vrx16s>(r, 1500), -33, 20, {0, 1, 2});
+    checkDiv<Vrx16u>("Div_Round_16u", [](const Vrx16u* x, const Vrx16u* y, Vrx16u* o, int n, int sf, int mode) {
+        return vrxsDiv_Round_16u_Sfs(x, y, o, n, mode, sf); }, values<Vrx16u>(r, 1500), values<Vrx16u>(r, 1500), -33, 20, {0, 1, 2});
     // -32768 / 1 at sf 16 is -0.5: even gives 0, financial -1
     Vrx16s one = 1, m = -32768, o;
     ASSERT_EQ(vrxOk, vrxsDiv_Round_16s_Sfs(&one, &m, &o, 1, vrxRndFinancial, 16));
@@ -109,29 +107,23 @@ TEST(ArithDiv, RoundingModes16) {
     EXPECT_EQ(0, o);
     EXPECT_EQ(vrxErrRounding, vrxsDiv_Round_8u_Sfs(reinterpret_cast<Vrx8u*>(&one), reinterpret_cast<Vrx8u*>(&one), reinterpret_cast<Vrx8u*>(&o), 1, 3, 0));
     EXPECT_EQ(vrxErrRounding, vrxsDiv_Round_16s_ISfs(&one, &o, 1, -1, 0));
-    EXPECT_EQ(vrxErrNullPtr, vrxsDiv_Round_16s_Sfs(&one, nullptr, &o, 1, 7, 0));
-    EXPECT_EQ(vrxErrBadLength, vrxsDiv_Round_16s_Sfs(&one, &m, &o, 0, 7, 0));
 }
 
+// Hand-checked values: a zero divisor gives the bound of the dividend's sign
+// (0 for 0) with the warning, the rest of the vector is written; 3.5
+// rounds to even; large scale factors give zeros.
 TEST(ArithDiv, ZeroDivisorWarnsAndWritesEverything) {
     Vrx16s a[4] = {0, 2, 0, 0}, b[4] = {5, 7, -5, 0}, d[4] = {99, 99, 99, 99};
     ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16s_Sfs(a, b, d, 4, 0));
-    EXPECT_EQ(32767, d[0]);
-    EXPECT_EQ(4, d[1]);  // 3.5 rounds to even
-    EXPECT_EQ(-32768, d[2]);
-    EXPECT_EQ(0, d[3]);
+    EXPECT_EQ(vec(d, 4), (std::vector<Vrx16s>{32767, 4, -32768, 0}));
     ASSERT_EQ(vrxWarnDivByZero, vrxsDiv_16s_Sfs(a, b, d, 4, 100));
-    EXPECT_EQ(32767, d[0]);
-    EXPECT_EQ(0, d[1]);
+    EXPECT_EQ(vec(d, 4), (std::vector<Vrx16s>{32767, 0, -32768, 0}));
     Vrx16s nz[2] = {3, -7}, x[2] = {32767, -32768};
     ASSERT_EQ(vrxOk, vrxsDiv_16s_Sfs(nz, x, d, 2, 100));
-    EXPECT_EQ(0, d[0]);
-    EXPECT_EQ(0, d[1]);
-    // in place
+    EXPECT_EQ(vec(d, 2), (std::vector<Vrx16s>{0, 0}));
     Vrx16s y[2] = {10, 10};
     ASSERT_EQ(vrxOk, vrxsDiv_16s_ISfs(nz, y, 2, -1));
-    EXPECT_EQ(7, y[0]);   // 20/3
-    EXPECT_EQ(-3, y[1]);  // -20/7 = -2.86
+    EXPECT_EQ(vec(y, 2), (std::vector<Vrx16s>{7, -3}));  // 20/3, -20/7 = -2.86
 }
 
 TEST(ArithDiv, ConstantDivisors) {
@@ -221,18 +213,11 @@ TEST(ArithDiv, ComplexIntegers) {
 TEST(ArithDiv, DivCRev16u) {
     Vrx16u s[5] = {0, 3, 7, 65535, 2}, d[5];
     ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_16u(s, 10, d, 5));
-    EXPECT_EQ(65535, d[0]);
-    EXPECT_EQ(3, d[1]);   // 3.33
-    EXPECT_EQ(1, d[2]);   // 1.43
-    EXPECT_EQ(0, d[3]);
-    EXPECT_EQ(5, d[4]);
+    EXPECT_EQ(vec(d, 5), (std::vector<Vrx16u>{65535, 3, 1, 0, 5}));  // 3.33, 1.43
     ASSERT_EQ(vrxWarnDivByZero, vrxsDivCRev_16u(s, 0, d, 5));
-    for (auto v : d) EXPECT_EQ(0, v);
+    EXPECT_EQ(vec(d, 5), std::vector<Vrx16u>(5, 0));
     ASSERT_EQ(vrxOk, vrxsDivCRev_16u_I(9, s + 1, 4));
-    EXPECT_EQ(3, s[1]);
-    EXPECT_EQ(1, s[2]);
-    EXPECT_EQ(0, s[3]);
-    EXPECT_EQ(4, s[4]);  // 4.5 to even
+    EXPECT_EQ(vec(s + 1, 4), (std::vector<Vrx16u>{3, 1, 0, 4}));  // 4.5 to even
 }
 
 template <class T> T zeroDivRef(T b) {
@@ -311,7 +296,6 @@ TEST(ArithDiv, ComplexFloats) {
     ASSERT_EQ(vrxOk, vrxsDivC_32fc(x, Vrx32fc{0, 2}, o, 2));
     EXPECT_EQ(1.0f, o[0].re);
     EXPECT_EQ(-0.5f, o[0].im);
-    EXPECT_EQ(vrxErrBadLength, vrxsDivC_64fc_I(Vrx64fc{2, 0}, reinterpret_cast<Vrx64fc*>(x), 0));
 }
 
 TEST(ArithDiv, FloatConstants) {
@@ -319,7 +303,6 @@ TEST(ArithDiv, FloatConstants) {
     EXPECT_EQ(vrxErrDivByZero, vrxsDivC_32f(s, 0.0f, d, 3));
     EXPECT_EQ(7.0f, d[0]);
     EXPECT_EQ(vrxErrNullPtr, vrxsDivC_32f(s, 0.0f, nullptr, 3));
-    EXPECT_EQ(vrxErrBadLength, vrxsDivC_64f_I(0.0, reinterpret_cast<double*>(d), 0));
     ASSERT_EQ(vrxOk, vrxsDivC_32f(s, 3.0f, d, 3));
     const float r3 = 1.0f / 3.0f;
     EXPECT_EQ(3.0f * r3, d[0]);  // a product with the rounded reciprocal

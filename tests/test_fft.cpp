@@ -27,7 +27,6 @@ template <class T> void complexAccuracy(int maxOrder) {
                     auto ref = inverse ? invRef : fwdRef;
                     for (auto& v : ref) v *= s;
                     LD err = relRms(y, ref);
-                    if (getenv("FFT_SHOW")) printf("%d %d %d %d %d %Le\n", order, (int)(lay == Layout::Split), inverse, inPlace, flag, err);
                     EXPECT_LE(err, bound<T>(order)) << "order " << order << " split " << (lay == Layout::Split)
                                                     << " inv " << inverse << " inplace " << inPlace << " flag " << flag;
                 }
@@ -61,25 +60,19 @@ template <class T> void layoutsAgree(int firstOrder, int lastOrder) {
 TEST(FftComplex, LayoutsGiveTheSameBitsSingle) { layoutsAgree<float>(7, 19); }
 TEST(FftComplex, LayoutsGiveTheSameBitsDouble) { layoutsAgree<double>(7, 18); }
 
-}  // namespace
-
-namespace {
-
 // ------------------------------------------------------------ real accuracy
 
-enum class Packed { CCS, Pack, Perm };
-
 // Packs a reference spectrum X[0..N/2] into a form.
-template <class T> std::vector<T> packRef(const std::vector<CLD>& X, int order, Packed f, LD s) {
+template <class T> std::vector<T> packRef(const std::vector<CLD>& X, int order, Form f, LD s) {
     const size_t n = size_t(1) << order;
-    std::vector<T> p(f == Packed::CCS ? n + 2 : n);
+    std::vector<T> p(f == kCCS ? n + 2 : n);
     auto R = [&](size_t k) { return static_cast<T>(X[k].real() * s); };
     auto I = [&](size_t k) { return static_cast<T>(X[k].imag() * s); };
-    if (n == 1) { p[0] = R(0); if (f == Packed::CCS) p[1] = 0; return p; }
-    if (f == Packed::CCS) {
+    if (n == 1) { p[0] = R(0); if (f == kCCS) p[1] = 0; return p; }
+    if (f == kCCS) {
         for (size_t k = 0; k <= n / 2; ++k) { p[2 * k] = R(k); p[2 * k + 1] = I(k); }
         p[1] = 0; p[n + 1] = 0;
-    } else if (f == Packed::Pack) {
+    } else if (f == kPack) {
         p[0] = R(0);
         for (size_t k = 1; k < n / 2; ++k) { p[2 * k - 1] = R(k); p[2 * k] = I(k); }
         p[n - 1] = R(n / 2);
@@ -109,34 +102,26 @@ template <class T> void realAccuracy(int minOrder, int maxOrder) {
         for (auto& v : x) v = CLD(static_cast<T>(rng.uniform() * 2 - 1), 0);
         auto X = refDft(x, false);
         int combo = 0;
-        for (Packed f : {Packed::CCS, Packed::Pack, Packed::Perm})
+        for (Form f : {kCCS, kPack, kPerm})
             for (bool inPlace : {false, true}) {
                 int flag = kFlags[(order + combo++) % 4];
                 PlanMem mem;
                 auto* plan = makePlan(A::kr(), order, flag, mem, (combo & 1) * 8);
                 ASSERT_NE(plan, nullptr);
-                const size_t len = (f == Packed::CCS) ? n + 2 : n;
+                const size_t len = f == kCCS ? n + 2 : n;
                 vt::Buffer src(len * sizeof(T), 4), dst(len * sizeof(T), (combo & 2) ? 0 : 12);
                 for (size_t i = 0; i < n; ++i) src.as<T>()[i] = static_cast<T>(x[i].real());
                 T* s = src.as<T>();
                 T* d = inPlace ? s : dst.as<T>();
                 Vrx8u* w = mem.workPtr();
-                VrxStatus st;
-                if (f == Packed::CCS) st = inPlace ? A::fwdCCSI(s, plan, w) : A::fwdCCS(s, d, plan, w);
-                else if (f == Packed::Pack) st = inPlace ? A::fwdPackI(s, plan, w) : A::fwdPack(s, d, plan, w);
-                else st = inPlace ? A::fwdPermI(s, plan, w) : A::fwdPerm(s, d, plan, w);
-                ASSERT_EQ(st, vrxOk);
+                ASSERT_EQ(realCall<T>(false, f, inPlace ? nullptr : s, d, plan, w), vrxOk);
                 auto ref = packRef<T>(X, order, f, flagScale(flag, false, order));
                 LD err = relRmsReal(d, ref);
-                if (getenv("FFT_SHOW")) printf("R %d %d %d %d %Le\n", order, (int)f, inPlace, flag, err);
                 EXPECT_LE(err, bound<T>(order)) << "order " << order << " form " << int(f) << " inplace " << inPlace;
                 // back again: the round trip restores the input times the flags' product
                 vt::Buffer back(n * sizeof(T), 20);
                 T* b = inPlace ? d : back.as<T>();
-                if (f == Packed::CCS) st = inPlace ? A::invCCSI(d, plan, w) : A::invCCS(d, b, plan, w);
-                else if (f == Packed::Pack) st = inPlace ? A::invPackI(d, plan, w) : A::invPack(d, b, plan, w);
-                else st = inPlace ? A::invPermI(d, plan, w) : A::invPerm(d, b, plan, w);
-                ASSERT_EQ(st, vrxOk);
+                ASSERT_EQ(realCall<T>(true, f, inPlace ? nullptr : d, b, plan, w), vrxOk);
                 LD s2 = flagScale(flag, false, order) * flagScale(flag, true, order);
                 std::vector<T> xr(n);
                 for (size_t i = 0; i < n; ++i) xr[i] = static_cast<T>(x[i].real() * s2 * static_cast<LD>(n));

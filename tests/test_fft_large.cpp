@@ -1,7 +1,7 @@
 // FFT at large orders: the blocked large path and the two-level
 // recombination against a long-double reference FFT; the same bits for every
 // placement and alignment, and scaling exact to the bit.
-#include "test_fft_large_common.h"
+#include "test_fft_common.h"
 
 using namespace ft;
 
@@ -21,7 +21,6 @@ template <class T> void complexAgainstReference(int from, int to) {
                 LD s = flagScale(flag, false, order);
                 for (auto& v : ref) v *= s;
                 LD err = relRms(y, ref);
-                if (getenv("FFT_SHOW")) printf("C %zu %d %d %d %Le\n", sizeof(T), order, (int)(lay == Layout::Split), inPlace, err);
                 EXPECT_LE(err, bound<T>(order)) << "order " << order << " split " << (lay == Layout::Split) << " inplace " << inPlace;
                 // and back: the inverse of the reference spectrum
                 std::vector<CLD> yin(fwd);
@@ -52,7 +51,6 @@ template <class T> void realAgainstReference(int from, int to) {
         std::vector<CLD> y(n / 2 + 1), r(n / 2 + 1);
         for (size_t k = 0; k <= n / 2; ++k) { y[k] = CLD(dst[2 * k], dst[2 * k + 1]); r[k] = X[k]; }
         LD err = relRms(y, r);
-        if (getenv("FFT_SHOW")) printf("R %zu %d %Le\n", sizeof(T), order, err);
         EXPECT_LE(err, bound<T>(order)) << "order " << order;
         ASSERT_EQ(A::invCCSI(dst.data(), plan, mem.workPtr()), vrxOk);
         std::vector<CLD> back(n);

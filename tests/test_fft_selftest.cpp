@@ -2,7 +2,7 @@
 // at every order up to 22: it needs no reference transform at all. The
 // orders above 22 run by hand:
 //   test_fft_selftest --gtest_also_run_disabled_tests --gtest_filter=*Highest*
-#include "test_fft_large_common.h"
+#include "test_fft_common.h"
 
 using namespace ft;
 

@@ -6,7 +6,6 @@
 #include <atomic>
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <latch>
 #include <memory>
 #include <string>
@@ -20,93 +19,33 @@ namespace {
 constexpr int kThreads = 4;
 std::atomic<long> g_calls{0};  // transforms run by the threads, for the log
 
-// One transform of a plan: bytes in, bytes out, the caller's work buffer.
-// An in-place entry transforms a copy of its input in the output buffer.
-struct Op {
-    std::string name;
-    size_t inBytes, outBytes;
-    std::function<VrxStatus(const uint8_t*, uint8_t*, uint8_t*)> run;
-};
-
-// A plan in its own memory, the sizes of its buffers and its transforms.
+// A plan in its own memory and its transforms; at large orders the
+// out-of-place forward and inverse pair only (CCS for real plans).
 struct Shared {
-    std::vector<Op> ops;
+    std::vector<ft::Entry> ops;
+    const void* plan = nullptr;
     std::unique_ptr<ft::PlanMem> mem = std::make_unique<ft::PlanMem>();
     int workSize() const { return mem->workSize; }
 };
 
-template <class T> T* as(uint8_t* p) { return reinterpret_cast<T*>(p); }
-template <class T> const T* as(const uint8_t* p) { return reinterpret_cast<const T*>(p); }
-
-// The transforms of each kind; at large orders the out-of-place pair only.
 template <class T>
-Shared interleaved(int order, int flag, bool all) {
+Shared sharedPlan(int kind, int order, int flag, bool all) {
     using A = ft::Api<T>;
-    using C = typename A::C;
     Shared s;
-    auto* plan = ft::makePlan(A::kc(), order, flag, *s.mem);
-    EXPECT_NE(plan, nullptr);
-    const size_t b = (size_t(1) << order) * sizeof(C);
-    s.ops.push_back({"fwd", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) { return A::fwdC(as<C>(i), as<C>(o), plan, w); }});
-    s.ops.push_back({"inv", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) { return A::invC(as<C>(i), as<C>(o), plan, w); }});
-    if (all) {
-        s.ops.push_back({"fwd_I", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) { memcpy(o, i, b); return A::fwdCI(as<C>(o), plan, w); }});
-        s.ops.push_back({"inv_I", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) { memcpy(o, i, b); return A::invCI(as<C>(o), plan, w); }});
-    }
+    s.plan = kind == 0 ? static_cast<const void*>(ft::makePlan(A::kc(), order, flag, *s.mem))
+           : kind == 1 ? static_cast<const void*>(ft::makePlan(A::ks(), order, flag, *s.mem))
+                       : static_cast<const void*>(ft::makePlan(A::kr(), order, flag, *s.mem));
+    EXPECT_NE(s.plan, nullptr);
+    for (auto& e : ft::entriesOf<T>(order))
+        if (e.kind == kind && (all || (!e.inPlace && e.form == ft::kCCS))) s.ops.push_back(e);
     return s;
 }
 
-template <class T>
-Shared split(int order, int flag, bool all) {
-    using A = ft::Api<T>;
-    Shared s;
-    auto* plan = ft::makePlan(A::ks(), order, flag, *s.mem);
-    EXPECT_NE(plan, nullptr);
-    const size_t n = size_t(1) << order, b = 2 * n * sizeof(T);
-    // real parts in the first half of a buffer, imaginary parts in the second
-    s.ops.push_back({"fwd", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) {
-        return A::fwdS(as<T>(i), as<T>(i) + n, as<T>(o), as<T>(o) + n, plan, w); }});
-    s.ops.push_back({"inv", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) {
-        return A::invS(as<T>(i), as<T>(i) + n, as<T>(o), as<T>(o) + n, plan, w); }});
-    if (all) {
-        s.ops.push_back({"fwd_I", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) {
-            memcpy(o, i, b); return A::fwdSI(as<T>(o), as<T>(o) + n, plan, w); }});
-        s.ops.push_back({"inv_I", b, b, [=](const uint8_t* i, uint8_t* o, uint8_t* w) {
-            memcpy(o, i, b); return A::invSI(as<T>(o), as<T>(o) + n, plan, w); }});
-    }
-    return s;
-}
-
-template <class T>
-Shared real(int order, int flag, bool all) {
-    using A = ft::Api<T>;
-    Shared s;
-    auto* plan = ft::makePlan(A::kr(), order, flag, *s.mem);
-    EXPECT_NE(plan, nullptr);
-    const size_t n = size_t(1) << order, b = n * sizeof(T), ccs = (n + 2) * sizeof(T);
-    using Out = VrxStatus (*)(const T*, T*, const typename A::PR*, Vrx8u*);
-    using InPlace = VrxStatus (*)(T*, const typename A::PR*, Vrx8u*);
-    auto add = [&](const char* name, size_t in, size_t out, Out f) {
-        s.ops.push_back({name, in, out, [=](const uint8_t* i, uint8_t* o, uint8_t* w) { return f(as<T>(i), as<T>(o), plan, w); }});
-    };
-    auto addI = [&](const char* name, size_t in, size_t out, InPlace f) {
-        s.ops.push_back({name, in, out, [=](const uint8_t* i, uint8_t* o, uint8_t* w) { memcpy(o, i, in); return f(as<T>(o), plan, w); }});
-    };
-    add("fwdCCS", b, ccs, A::fwdCCS);
-    add("invCCS", ccs, b, A::invCCS);
-    if (all) {
-        add("fwdPack", b, b, A::fwdPack);
-        add("fwdPerm", b, b, A::fwdPerm);
-        add("invPack", b, b, A::invPack);
-        add("invPerm", b, b, A::invPerm);
-        addI("fwdCCS_I", b, ccs, A::fwdCCSI);
-        addI("fwdPack_I", b, b, A::fwdPackI);
-        addI("fwdPerm_I", b, b, A::fwdPermI);
-        addI("invCCS_I", ccs, ccs, A::invCCSI);
-        addI("invPack_I", b, b, A::invPackI);
-        addI("invPerm_I", b, b, A::invPermI);
-    }
-    return s;
+// One op on the thread's input: an in-place entry transforms a copy of its
+// input in the output buffer.
+VrxStatus runOp(const Shared& s, const ft::Entry& op, const uint8_t* in, uint8_t* out, uint8_t* work) {
+    if (op.inPlace) memcpy(out, in, op.inBytes);
+    return op.run(s.plan, in, out, s.workSize() ? work : nullptr);
 }
 
 // Signal bytes of one thread: values in [-1, 1) of the element type.
@@ -125,7 +64,7 @@ std::vector<uint8_t> signal(size_t bytes, uint64_t seed) {
 // threads together, each running all ops starting at a different one, reps
 // times over.
 template <class T>
-void runShared(Shared s, const char* kind, int order, int reps) {
+void runShared(const Shared& s, const char* kind, int order, int reps) {
     SCOPED_TRACE(std::string(kind) + " order " + std::to_string(order));
     ASSERT_FALSE(s.ops.empty());
     const size_t nOps = s.ops.size();
@@ -133,11 +72,11 @@ void runShared(Shared s, const char* kind, int order, int reps) {
     std::vector<uint8_t> work(static_cast<size_t>(s.workSize()) + 64);
     for (int t = 0; t < kThreads; ++t) {
         for (size_t k = 0; k < nOps; ++k) {
-            const Op& op = s.ops[k];
+            const ft::Entry& op = s.ops[k];
             auto& x = in[t * nOps + k];
             x = signal<T>(op.inBytes, 1000u * order + 10u * t + k);
             want[t * nOps + k].assign(op.outBytes, 0);
-            ASSERT_EQ(op.run(x.data(), want[t * nOps + k].data(), s.workSize() ? work.data() : nullptr), vrxOk) << op.name;
+            ASSERT_EQ(runOp(s, op, x.data(), want[t * nOps + k].data(), work.data()), vrxOk) << op.name;
         }
     }
     const std::vector<uint8_t> planBefore(s.mem->spec->data(), s.mem->spec->data() + s.mem->specSize);
@@ -152,9 +91,9 @@ void runShared(Shared s, const char* kind, int order, int reps) {
             for (int r = 0; r < reps; ++r) {
                 for (size_t j = 0; j < nOps; ++j) {
                     const size_t k = (j + t) % nOps;
-                    const Op& op = s.ops[k];
+                    const ft::Entry& op = s.ops[k];
                     out.assign(op.outBytes, 0xA5);
-                    VrxStatus st = op.run(in[t * nOps + k].data(), out.data(), s.workSize() ? myWork.data() : nullptr);
+                    VrxStatus st = runOp(s, op, in[t * nOps + k].data(), out.data(), myWork.data());
                     g_calls.fetch_add(1, std::memory_order_relaxed);
                     if (st != vrxOk || out != want[t * nOps + k]) {
                         faults[t] = op.name + " differs in thread " + std::to_string(t);
@@ -183,9 +122,9 @@ const OrderCase kOrders[] = {{6, 8, true}, {12, 4, true}, {17, 1, true}, {20, 1,
 template <class T>
 void allKinds(const char* width) {
     for (const auto& c : kOrders) {
-        runShared<T>(interleaved<T>(c.order, vrxFftScaleInv, c.all), (std::string("C interleaved ") + width).c_str(), c.order, c.reps);
-        runShared<T>(split<T>(c.order, vrxFftScaleSqrt, c.all), (std::string("C split ") + width).c_str(), c.order, c.reps);
-        runShared<T>(real<T>(c.order, vrxFftScaleFwd, c.all), (std::string("R ") + width).c_str(), c.order, c.reps);
+        runShared<T>(sharedPlan<T>(0, c.order, vrxFftScaleInv, c.all), (std::string("C interleaved ") + width).c_str(), c.order, c.reps);
+        runShared<T>(sharedPlan<T>(1, c.order, vrxFftScaleSqrt, c.all), (std::string("C split ") + width).c_str(), c.order, c.reps);
+        runShared<T>(sharedPlan<T>(2, c.order, vrxFftScaleFwd, c.all), (std::string("R ") + width).c_str(), c.order, c.reps);
     }
 }
 

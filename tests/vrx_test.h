@@ -90,3 +90,10 @@ constexpr unsigned kFtz = 0x8000, kDaz = 0x0040;
 
 #include "vrx_ref.h"
 #include "vrx_shapes.h"
+
+namespace vt {
+
+// The n values at p, to compare a whole result with one expectation.
+template <class T> std::vector<T> vec(const T* p, size_t n) { return std::vector<T>(p, p + n); }
+
+}  // namespace vt
