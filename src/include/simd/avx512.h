@@ -625,3 +625,12 @@ VRX_INLINE __m512 reduceAdd16(const __m512* a) {
 }
 
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Floats to 32-bit integers rounded to nearest, ties to even, whatever the
+// rounding mode, raising no exception flag; NaN and values beyond the range
+// give the indefinite value 0x80000000 as the plain conversion does.
+VRX_INLINE __m512i floatToIntNearestQuiet(__m512 a) {
+    return _mm512_cvt_roundps_epi32(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+}
+}  // namespace n0::simd
