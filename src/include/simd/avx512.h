@@ -634,3 +634,14 @@ VRX_INLINE __m512i floatToIntNearestQuiet(__m512 a) {
     return _mm512_cvt_roundps_epi32(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Two registers of 32-bit lanes saturated to 16 bits and stored as 32
+// consecutive values from p, a's first; nt: a non-temporal store (p on a
+// 64-byte boundary).
+VRX_INLINE void narrowSat16sJoin(int16_t* p, __m512i a, __m512i b, bool nt) {
+    const __m512i v = _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtsepi32_epi16(a)), _mm512_cvtsepi32_epi16(b), 1);
+    if (nt) _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v);
+    else _mm512_storeu_si512(p, v);
+}
+}  // namespace n0::simd
