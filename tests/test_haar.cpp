@@ -142,19 +142,4 @@ TEST(Haar, Int16AgainstExactRule) {
     EXPECT_EQ(h, 32767);
 }
 
-// Checks: pointers in order (-8), then the length (-6); nothing written.
-TEST(Haar, Statuses) {
-    float x[4] = {1, 2, 3, 4}, l[2] = {9, 9}, h[2] = {9, 9};
-    EXPECT_EQ(vrxsWTHaarFwd_32f(nullptr, 0, l, h), vrxErrNullPtr);
-    EXPECT_EQ(vrxsWTHaarFwd_32f(x, 0, l, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(vrxsWTHaarFwd_32f(x, 0, l, h), vrxErrBadLength);
-    EXPECT_EQ(vrxsWTHaarInv_32f(l, h, x, -3), vrxErrBadLength);
-    int16_t s[2] = {1, 2}, a = 7, b = 7;
-    EXPECT_EQ(vrxsWTHaarFwd_16s_Sfs(s, 0, &a, &b, 100), vrxErrBadLength);
-    EXPECT_EQ(vrxsWTHaarInv_16s_Sfs(&a, nullptr, s, 0, 0), vrxErrNullPtr);
-    EXPECT_EQ(l[0], 9.0f);
-    EXPECT_EQ(a, 7);
-    EXPECT_EQ(s[0], 1);
-}
-
 }  // namespace
