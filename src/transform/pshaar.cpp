@@ -103,31 +103,27 @@ VRX_INLINE int16_t scale1(int32_t r, int e) {
     return scaleSaturate<int16_t>(r, e);
 }
 
-// The same on 16 lanes of 32 bits; the narrowing store saturates. The
-// factor is fixed per call, so the branches are too.
+// The same on 16 lanes of 32 bits; the narrowing store saturates. Between
+// the shortcuts r 2^-e is a float exactly (17 significant bits, |r 2^15| <=
+// 2^31), and the conversion rounds it to nearest, ties to even.
+using F = simd::V<float>;
+VRX_INLINE float pow2Neg(int e) {
+    const uint32_t b = static_cast<uint32_t>(127 - e) << 23;
+    float f;
+    __builtin_memcpy(&f, &b, 4);
+    return f;
+}
 struct Scale16 {
     int e;
-    I::R sh, bias, one;
-    explicit Scale16(int f) : e(f), sh(I::set1(f > 0 ? (f > 16 ? 16 : f) : (f < -15 ? 16 : -f))),
-        bias(I::set1(f > 0 && f <= 16 ? (1 << (f - 1)) - 1 : 0)), one(I::set1(1)) {}
+    F::R mul;
+    explicit Scale16(int f) : e(f), mul(F::set1(f > 16 || f < -15 ? 0.0f : pow2Neg(f))) {}
     VRX_INLINE I::R operator()(I::R r) const {
         if (e > 16) return I::zero();
-        if (e > 0) {  // ties to even: (r + 2^(e-1) - 1 + ((r >> e) & 1)) >> e
-            const I::R q = I::andb(I::shrv(r, sh), one);
-            return I::shrv(I::add(I::add(r, bias), q), sh);
-        }
+        if (e < -15) return I::shl<16>(I::min(I::max(r, I::set1(-1)), I::set1(1)));  // the bound of the sign
         if (e == 0) return r;
-        if (e >= -15) return I::shlv(r, sh);  // |r| << 15 stays inside 32 bits
-        return I::shlv(I::min(I::max(r, I::set1(-1)), one), sh);  // the bound of the sign
+        return simd::floatToIntNearestQuiet(F::mul(simd::intToFloat(r), mul));
     }
 };
-
-// x[2i] and x[2i+1] of 16 pairs at p as 32-bit lanes, sign-extended.
-VRX_INLINE void splitPairs(const int16_t* p, I::R& ev, I::R& od) {
-    const I::R v = I::load(reinterpret_cast<const int32_t*>(p));
-    ev = I::shr<16>(I::shl<16>(v));
-    od = I::shr<16>(v);
-}
 
 // Two lanes of results stored as pairs (a, b), each saturated to 16 bits:
 // 32 values with one store.
@@ -144,11 +140,11 @@ VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
     const Scale16 sc(e);
     const int pairs = len / 2;
     auto block = [&](int i, bool nt) {
-        I::R e0, o0, e1, o1;
-        splitPairs(x + 2 * i, e0, o0);
-        splitPairs(x + 2 * i + 32, e1, o1);
-        simd::narrowSat16sJoin(lo + i, sc(I::add(e0, o0)), sc(I::add(e1, o1)), nt);
-        simd::narrowSat16sJoin(hi + i, sc(I::sub(o0, e0)), sc(I::sub(o1, e1)), nt);
+        I::R s0, d0, s1, d1;
+        simd::pairSumDiff16s(x + 2 * i, s0, d0);
+        simd::pairSumDiff16s(x + 2 * i + 32, s1, d1);
+        simd::narrowSat16sJoin(lo + i, sc(s0), sc(s1), nt);
+        simd::narrowSat16sJoin(hi + i, sc(d0), sc(d1), nt);
     };
     int i = 0, head = 0;
     if (streamFrom(lo, size_t(len) * 2 * sizeof(int16_t), pairs, head) && head == 0 && at64(hi)) {
