@@ -299,8 +299,10 @@ void splitSource(const S* src, int64_t lo, int64_t hi, int64_t base, float* e, f
 // outputs from c needs samples from base = 2c - q - 2B on (q = offset -
 // phase, B = taps / 2), split into e and o (512 floats each): tap k (even) of
 // output j reads e[j - c + B - k/2], tap k + 1 reads o[j - c + B - 1 - k/2].
+// A second filter f2 of the same taps and phase (into dst2) shares the split.
 template <class S>
-void fwdBodySplit(const Filter& f, int q, const S* src, float* dst, int j0, int n, float* buf) {
+void fwdBodySplit(const Filter& f, int q, const S* src, float* dst, int j0, int n, float* buf,
+                  const Filter* f2 = nullptr, float* dst2 = nullptr) {
     const int B = f.taps / 2, chunk = (kConvCount / 2 - B) / 16 * 16;
     float* e = buf;
     float* o = buf + kConvCount / 2;
@@ -310,26 +312,28 @@ void fwdBodySplit(const Filter& f, int q, const S* src, float* dst, int j0, int 
         // the last odd sample is never read
         splitSource(src, base > 0 ? base : 0, base + 2 * int64_t(m + B) - 1, base, e, o);
         convDown2(Split{e + B, o + B - 1}, f.kernel, f.taps, dst + c, m);
+        if (f2) convDown2(Split{e + B, o + B - 1}, f2->kernel, f.taps, dst2 + c, m);
     }
 }
 
 // Taps beyond this leave too short a chunk in the buffer: such a typed
 // state converts 1024 samples at a time and runs the float path on them.
 constexpr int kSplitTapsMax = kConvCount - 2 * 64;
-// A float source is split only from this many taps on: the split costs
-// about what the shuffles of a few taps do (at 8 taps it is 1.2 times
-// faster, at 32 taps 1.5 times, at 4 taps 10% slower).
+// A float source is split for one band only from this many taps on: the
+// split costs about what the shuffles of a few taps do (at 8 taps it is 1.2
+// times faster, at 32 taps 1.5 times, at 4 taps 10% slower). Two bands of
+// one shape share it, and then it pays at every count (4 taps: 1.2 times).
 constexpr int kSplitTapsMin = 6;
 
-// One band over 2n samples of src into n outputs.
+// The head of one band over 2n samples of src: the outputs whose window
+// reaches the history (or the offset line), output m ready once sample
+// 2m + p is in. Returns their count.
 template <class S>
-void fwdBand(const Band& b, const S* src, float* dst, int n, float* buf) {
+int fwdHead(const Band& b, const S* src, float* dst, int n) {
     const Filter& f = *b.filter;
     Ring& r = *f.line;
     Ring* ol = b.offsetLine;
-    const int taps = f.taps, p = f.oddPhase, o = ol ? ol->length : 0;
-    // Outputs whose window reaches the history (or the offset line):
-    // output m is ready once sample 2m + p is in.
+    const int p = f.oddPhase;
     const int head = (b.delayLen - p + 1) / 2 < n ? (b.delayLen - p + 1) / 2 : n;
     if (head > 0) {
         // convDown2Pair_32f, with convDown2BlockByAppend_32f in front when
@@ -338,18 +342,49 @@ void fwdBand(const Band& b, const S* src, float* dst, int n, float* buf) {
         for (int i = 0; i < pushed; ++i) {
             const float x = sample(src, i);
             push(r, ol ? through(*ol, x) : x);
-            if ((i & 1) == p && (i >> 1) < head) dst[i >> 1] = dotNewest(f.kernel, newest(r), taps);
+            if ((i & 1) == p && (i >> 1) < head) dst[i >> 1] = dotNewest(f.kernel, newest(r), f.taps);
         }
     }
-    if (head == n) return;
-    if constexpr (sizeof(S) == 4) {
-        if (!buf) convDown2(Down2{src + 2 * head + p - o}, f.kernel, taps, dst + head, n - head);
-        else fwdBodySplit(f, o - p, src, dst, head, n, buf);
-    } else {
-        fwdBodySplit(f, o - p, src, dst, head, n, buf);
+    return head;
+}
+
+// The tail of a block with a body: its newest samples into the ring and the
+// offset line.
+template <class S>
+void fwdTail(const Band& b, const S* src, int n) {
+    const int o = b.offsetLine ? b.offsetLine->length : 0;
+    saveTail(src + 2 * int64_t(n) - b.filter->taps - o, *b.filter->line);
+    if (b.offsetLine) saveTail(src + 2 * int64_t(n) - o, *b.offsetLine);
+}
+
+VRX_INLINE int qOf(const Band& b) { return (b.offsetLine ? b.offsetLine->length : 0) - b.filter->oddPhase; }
+
+// Both bands over 2n samples of src; buf (or null) the split buffer of each
+// band. Bands of the same taps, offset and phase split the source once.
+template <class S>
+void fwdBands(const Band& L, const Band& H, const S* src, float* lo, float* hi, int n, float* bufL, float* bufH) {
+    const Filter& fl = *L.filter;
+    const Filter& fh = *H.filter;
+    if (bufL && bufH && fl.taps == fh.taps && fl.oddPhase == fh.oddPhase && qOf(L) == qOf(H)) {
+        const int head = fwdHead(L, src, lo, n);
+        fwdHead(H, src, hi, n);
+        if (head == n) return;
+        fwdBodySplit(fl, qOf(L), src, lo, head, n, bufL, &fh, hi);
+        fwdTail(L, src, n);
+        fwdTail(H, src, n);
+        return;
     }
-    saveTail(src + 2 * int64_t(n) - taps - o, r);
-    if (ol) saveTail(src + 2 * int64_t(n) - o, *ol);
+    for (int k = 0; k < 2; ++k) {
+        const Band& b = k ? H : L;
+        float* dst = k ? hi : lo;
+        float* buf = k ? bufH : bufL;
+        const int head = fwdHead(b, src, dst, n);
+        if (head == n) continue;
+        const Filter& f = *b.filter;
+        if (buf) fwdBodySplit(f, qOf(b), src, dst, head, n, buf);
+        else if constexpr (sizeof(S) == 4) convDown2(Down2{src + 2 * head - qOf(b)}, f.kernel, f.taps, dst + head, n - head);
+        fwdTail(b, src, n);
+    }
 }
 
 VRX_INLINE void convertIn(const Vrx8u* s, float* d, int n) { N0(vrxsConvert_8u32f)(s, d, n); }
@@ -366,21 +401,22 @@ VrxStatus fwdRun(const S* src, float* lo, float* hi, int dstLen, void* pState, O
         // the stack holds the split source when the taps leave chunks long
         // enough to pay for it
         alignas(64) float split[kConvCount];
-        const Filter& fl = *st->lowBand->filter;
-        const Filter& fh = *st->highBand->filter;
-        fwdBand(*st->lowBand, src, lo, dstLen, fl.taps >= kSplitTapsMin && fl.taps <= kSplitTapsMax ? split : nullptr);
-        fwdBand(*st->highBand, src, hi, dstLen, fh.taps >= kSplitTapsMin && fh.taps <= kSplitTapsMax ? split : nullptr);
+        const Band& L = *st->lowBand;
+        const Band& H = *st->highBand;
+        const bool same = L.filter->taps == H.filter->taps && L.filter->oddPhase == H.filter->oddPhase && qOf(L) == qOf(H);
+        auto use = [&](const Filter& f) {
+            return f.taps <= kSplitTapsMax && (same || f.taps >= kSplitTapsMin) ? split : nullptr;
+        };
+        fwdBands(L, H, src, lo, hi, dstLen, use(*L.filter), use(*H.filter));
     } else if (st->lowBand->filter->taps <= kSplitTapsMax && st->highBand->filter->taps <= kSplitTapsMax) {
-        fwdBand(*st->lowBand, src, lo, dstLen, st->convBuf);
-        fwdBand(*st->highBand, src, hi, dstLen, st->convBuf);
+        fwdBands(*st->lowBand, *st->highBand, src, lo, hi, dstLen, st->convBuf, st->convBuf);
     } else {
         // 1024 source samples at a time through convBuf; the band results
         // do not depend on the split.
         for (int64_t i = 0; i < dstLen; i += kConvCount / 2) {
             const int m = dstLen - i < kConvCount / 2 ? static_cast<int>(dstLen - i) : kConvCount / 2;
             convertIn(src + 2 * i, st->convBuf, 2 * m);
-            fwdBand(*st->lowBand, st->convBuf, lo + i, m, nullptr);
-            fwdBand(*st->highBand, st->convBuf, hi + i, m, nullptr);
+            fwdBands<float>(*st->lowBand, *st->highBand, st->convBuf, lo + i, hi + i, m, nullptr, nullptr);
         }
     }
     return vrxOk;

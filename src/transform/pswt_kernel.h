@@ -292,27 +292,21 @@ VRX_INLINE void up2Conv(const Up2& b, int j0, int j1, float* out) {
 // Both bands' pairs j0 .. j1 - 1 added in registers (low first) and stored
 // once through the sink: sink.put(i, v) stores 16 outputs from output i on,
 // sink.putn(i, t, n) the n outputs t[0..n) (pair j is output 2 (j - j0)).
+template <int U, class Sink>
+VRX_INLINE void up2BothBlock(const Up2& l, const Up2& h, int j, int i, Sink& sink) {
+    F::R a[U], b[U], c[U], d[U];
+    l.block<U>(j, a, b);
+    h.block<U>(j, c, d);
+    for (int u = 0; u < U; ++u) {
+        sink.put(i + 32 * u, F::add(a[u], c[u]));
+        sink.put(i + 32 * u + 16, F::add(b[u], d[u]));
+    }
+}
 template <class Sink>
 VRX_INLINE void up2Both(const Up2& l, const Up2& h, int j0, int j1, Sink& sink) {
     int j = j0;
-    for (; j + 32 <= j1; j += 32) {
-        F::R a[2], b[2], c[2], d[2];
-        l.block<2>(j, a, b);
-        h.block<2>(j, c, d);
-        const int i = 2 * (j - j0);
-        sink.put(i, F::add(a[0], c[0]));
-        sink.put(i + 16, F::add(b[0], d[0]));
-        sink.put(i + 32, F::add(a[1], c[1]));
-        sink.put(i + 48, F::add(b[1], d[1]));
-    }
-    for (; j + 16 <= j1; j += 16) {
-        F::R a[1], b[1], c[1], d[1];
-        l.block<1>(j, a, b);
-        h.block<1>(j, c, d);
-        const int i = 2 * (j - j0);
-        sink.put(i, F::add(a[0], c[0]));
-        sink.put(i + 16, F::add(b[0], d[0]));
-    }
+    for (; j + 32 <= j1; j += 32) up2BothBlock<2>(l, h, j, 2 * (j - j0), sink);
+    for (; j + 16 <= j1; j += 16) up2BothBlock<1>(l, h, j, 2 * (j - j0), sink);
     if (j < j1) {
         float t[32];
         const int rest = j1 - j;
