@@ -11,10 +11,27 @@
 // -15 gives the bound of the sign: those are the two shortcuts.
 #include "vrx_base.h"
 #include "vrx_scale.h"
-#include "simd/simd.h"
+#include "vrx_map.h"
 
 namespace n0::haar {
 namespace {
+
+// Large calls (see map::streamWorth) store the results with non-temporal
+// stores from lo's 64-byte boundary on; hi streams too when it shares that
+// boundary, else it takes ordinary stores. Only the speed changes.
+template <class T>
+VRX_INLINE bool streamFrom(const T* lo, size_t bytes, int pairs, int& head) {
+    if (!map::streamWorth(bytes) || (reinterpret_cast<uintptr_t>(lo) & (sizeof(T) - 1))) return false;
+    const int h = static_cast<int>(map::headTo64(lo));
+    head = h < pairs ? h : pairs;
+    return true;
+}
+template <class W, class T>
+VRX_INLINE void put(T* p, typename W::R v, bool nt) {
+    if (nt) W::stream(p, v);
+    else W::store(p, v);
+}
+VRX_INLINE bool at64(const void* p) { return (reinterpret_cast<uintptr_t>(p) & 63) == 0; }
 
 template <class T>
 VrxStatus fwd(const T* x, int len, T* lo, T* hi) {
@@ -22,19 +39,27 @@ VrxStatus fwd(const T* x, int len, T* lo, T* hi) {
     using W = simd::V<T>;
     const int pairs = len / 2;
     const typename W::R half = W::set1(T(0.5));
-    int i = 0;
-    for (; i + W::N <= pairs; i += W::N) {
-        typename W::R ev, od;
-        simd::deinterleave(W::load(x + 2 * i), W::load(x + 2 * i + W::N), ev, od);
-        const typename W::R h = W::mul(W::sub(od, ev), half);
-        W::store(hi + i, h);
-        W::store(lo + i, W::add(h, ev));
-    }
-    for (; i < pairs; ++i) {
+    auto one = [&](int i) {
         const T h = (x[2 * i + 1] - x[2 * i]) * T(0.5);
         hi[i] = h;
         lo[i] = h + x[2 * i];
+    };
+    auto block = [&](int i, bool ntLo, bool ntHi) {
+        typename W::R ev, od;
+        simd::deinterleave(W::load(x + 2 * i), W::load(x + 2 * i + W::N), ev, od);
+        const typename W::R h = W::mul(W::sub(od, ev), half);
+        put<W>(hi + i, h, ntHi);
+        put<W>(lo + i, W::add(h, ev), ntLo);
+    };
+    int i = 0, head = 0;
+    if (streamFrom(lo, size_t(len) * 2 * sizeof(T), pairs, head)) {
+        for (; i < head; ++i) one(i);
+        const bool ntHi = at64(hi + i);
+        for (; i + W::N <= pairs; i += W::N) block(i, true, ntHi);
+        simd::streamFence();
     }
+    for (; i + W::N <= pairs; i += W::N) block(i, false, false);
+    for (; i < pairs; ++i) one(i);
     if (len & 1) lo[pairs] = x[len - 1];
     return vrxOk;
 }
@@ -44,18 +69,26 @@ VrxStatus inv(const T* lo, const T* hi, T* x, int len) {
     if (VrxStatus st = checkArgs(len, lo, hi, x)) return st;
     using W = simd::V<T>;
     const int pairs = len / 2;
-    int i = 0;
-    for (; i + W::N <= pairs; i += W::N) {
+    auto one = [&](int i) {
+        x[2 * i] = lo[i] - hi[i];
+        x[2 * i + 1] = lo[i] + hi[i];
+    };
+    auto block = [&](int i, bool nt) {
         const typename W::R l = W::load(lo + i), h = W::load(hi + i);
         typename W::R a, b;
         simd::interleave(W::sub(l, h), W::add(l, h), a, b);
-        W::store(x + 2 * i, a);
-        W::store(x + 2 * i + W::N, b);
+        put<W>(x + 2 * i, a, nt);
+        put<W>(x + 2 * i + W::N, b, nt);
+    };
+    int i = 0, head = 0;
+    // x's boundary falls on a pair when x is aligned to the element
+    if (streamFrom(x, size_t(len) * 2 * sizeof(T), pairs, head) && head % 2 == 0) {
+        for (; i < head / 2; ++i) one(i);
+        for (; i + W::N <= pairs; i += W::N) block(i, true);
+        simd::streamFence();
     }
-    for (; i < pairs; ++i) {
-        x[2 * i] = lo[i] - hi[i];
-        x[2 * i + 1] = lo[i] + hi[i];
-    }
+    for (; i + W::N <= pairs; i += W::N) block(i, false);
+    for (; i < pairs; ++i) one(i);
     if (len & 1) x[len - 1] = lo[pairs];
     return vrxOk;
 }
@@ -70,28 +103,29 @@ VRX_INLINE int16_t scale1(int32_t r, int e) {
     return scaleSaturate<int16_t>(r, e);
 }
 
-// The same on 16 lanes; the caller saturates when narrowing.
-VRX_INLINE I::R scale16(I::R r, int e) {
-    if (e > 16) return I::zero();
-    if (e > 0) {  // q = r >> e; (r + 2^(e-1) - 1 + (q & 1)) >> e
-        const I::R sh = I::set1(e);
-        const I::R q = I::shrv(r, sh);
-        const I::R w = I::add(I::add(r, I::set1((1 << (e - 1)) - 1)), I::andb(q, I::set1(1)));
-        return I::shrv(w, sh);
+// The same on 16 lanes of 32 bits; the narrowing store saturates. Between
+// the shortcuts r 2^-e is a float exactly (17 significant bits, |r 2^15| <=
+// 2^31), and the conversion rounds it to nearest, ties to even.
+using F = simd::V<float>;
+VRX_INLINE float pow2Neg(int e) {
+    const uint32_t b = static_cast<uint32_t>(127 - e) << 23;
+    float f;
+    __builtin_memcpy(&f, &b, 4);
+    return f;
+}
+struct Scale16 {
+    int e;
+    F::R mul;
+    explicit Scale16(int f) : e(f), mul(F::set1(f > 16 || f < -15 ? 0.0f : pow2Neg(f))) {}
+    VRX_INLINE I::R operator()(I::R r) const {
+        if (e > 16) return I::zero();
+        if (e < -15) return I::shl<16>(I::min(I::max(r, I::set1(-1)), I::set1(1)));  // the bound of the sign
+        if (e == 0) return r;
+        return simd::floatToIntNearestQuiet(F::mul(simd::intToFloat(r), mul));
     }
-    if (e == 0) return r;
-    if (e >= -15) return I::shlv(r, I::set1(-e));  // |r| << 15 stays inside 32 bits
-    return I::shlv(I::min(I::max(r, I::set1(-1)), I::set1(1)), I::set1(16));
-}
+};
 
-// 16 pairs as 32-bit lanes: x[2i] in the low half, x[2i+1] in the high
-// half; each half sign-extended by a shift pair.
-VRX_INLINE void splitPairs(I::R v, I::R& ev, I::R& od) {
-    ev = I::shr<16>(I::shl<16>(v));
-    od = I::shr<16>(v);
-}
-
-// Two lanes of results saturated to 16 bits and stored as pairs (a, b):
+// Two lanes of results stored as pairs (a, b), each saturated to 16 bits:
 // 32 values with one store.
 VRX_INLINE void storePairs(int16_t* p, I::R a, I::R b) {
     const I::R lo = I::set1(-32768), hi = I::set1(32767);
@@ -103,20 +137,21 @@ VRX_INLINE void storePairs(int16_t* p, I::R a, I::R b) {
 VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
     if (VrxStatus st = checkArgs(len, x, lo, hi)) return st;
     const int e = sf > INT32_MAX - 1 ? INT32_MAX : sf + 1;
+    const Scale16 sc(e);
     const int pairs = len / 2;
-    int i = 0;
-    for (; i + 32 <= pairs; i += 32) {
-        // pairs 0, 2, .. 30 in A and 1, 3, .. 31 in B, so that A's and B's
-        // results stored as 32-bit pairs land in order
-        __m512 a, b;
-        simd::deinterleave(simd::floatsOf(I::load(reinterpret_cast<const int32_t*>(x + 2 * i))),
-                           simd::floatsOf(I::load(reinterpret_cast<const int32_t*>(x + 2 * i + 32))), a, b);
-        I::R ea, oa, eb, ob;
-        splitPairs(simd::bitsOf(a), ea, oa);
-        splitPairs(simd::bitsOf(b), eb, ob);
-        storePairs(lo + i, scale16(I::add(ea, oa), e), scale16(I::add(eb, ob), e));
-        storePairs(hi + i, scale16(I::sub(oa, ea), e), scale16(I::sub(ob, eb), e));
+    auto block = [&](int i, bool nt) {
+        I::R s0, d0, s1, d1;
+        simd::pairSumDiff16s(x + 2 * i, s0, d0);
+        simd::pairSumDiff16s(x + 2 * i + 32, s1, d1);
+        simd::narrowSat16sJoin(lo + i, sc(s0), sc(s1), nt);
+        simd::narrowSat16sJoin(hi + i, sc(d0), sc(d1), nt);
+    };
+    int i = 0, head = 0;
+    if (streamFrom(lo, size_t(len) * 2 * sizeof(int16_t), pairs, head) && head == 0 && at64(hi)) {
+        for (; i + 32 <= pairs; i += 32) block(i, true);
+        simd::streamFence();
     }
+    for (; i + 32 <= pairs; i += 32) block(i, false);
     for (; i < pairs; ++i) {
         lo[i] = scale1(int32_t(x[2 * i]) + x[2 * i + 1], e);
         hi[i] = scale1(int32_t(x[2 * i + 1]) - x[2 * i], e);
@@ -127,11 +162,12 @@ VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
 
 VrxStatus inv16s(const int16_t* lo, const int16_t* hi, int16_t* x, int len, int sf) {
     if (VrxStatus st = checkArgs(len, lo, hi, x)) return st;
+    const Scale16 sc(sf);
     const int pairs = len / 2;
     int i = 0;
     for (; i + 16 <= pairs; i += 16) {
         const I::R l = simd::widen16s(lo + i), h = simd::widen16s(hi + i);
-        storePairs(x + 2 * i, scale16(I::sub(l, h), sf), scale16(I::add(l, h), sf));
+        storePairs(x + 2 * i, sc(I::sub(l, h)), sc(I::add(l, h)));
     }
     for (; i < pairs; ++i) {
         x[2 * i] = scale1(int32_t(lo[i]) - hi[i], sf);

@@ -629,3 +629,35 @@ VRX_INLINE __m512 reduceAdd16(const __m512* a) {
 }
 
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Floats to 32-bit integers rounded to nearest, ties to even, whatever the
+// rounding mode, raising no exception flag; NaN and values beyond the range
+// give the indefinite value 0x80000000 as the plain conversion does.
+VRX_INLINE __m512i floatToIntNearestQuiet(__m512 a) {
+    return _mm512_cvt_roundps_epi32(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// Two registers of 32-bit lanes saturated to 16 bits and stored as 32
+// consecutive values from p, a's first; nt: a non-temporal store (p on a
+// 64-byte boundary).
+VRX_INLINE void narrowSat16sJoin(int16_t* p, __m512i a, __m512i b, bool nt) {
+    const __m512i v = _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtsepi32_epi16(a)), _mm512_cvtsepi32_epi16(b), 1);
+    if (nt) _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v);
+    else _mm512_storeu_si512(p, v);
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// 16 pairs of 16-bit values at p: s = p[2i] + p[2i+1] and d = p[2i+1] - p[2i]
+// as 32-bit lanes, exact (AVX2 multiply-adds by (1, 1) and (-1, 1)).
+VRX_INLINE void pairSumDiff16s(const int16_t* p, __m512i& s, __m512i& d) {
+    const __m256i a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    const __m256i b = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 16));
+    const __m256i one = _mm256_set1_epi16(1), sgn = _mm256_set1_epi32(0x0001FFFF);
+    s = _mm512_inserti64x4(_mm512_castsi256_si512(_mm256_madd_epi16(a, one)), _mm256_madd_epi16(b, one), 1);
+    d = _mm512_inserti64x4(_mm512_castsi256_si512(_mm256_madd_epi16(a, sgn)), _mm256_madd_epi16(b, sgn), 1);
+}
+}  // namespace n0::simd
