@@ -9,6 +9,8 @@
 
 #include <string.h>
 
+#include <type_traits>
+
 namespace n0::dft {
 
 namespace {
@@ -311,6 +313,25 @@ template <class T> VRX_INLINE void storeIl(T* a, int64_t i, int cnt, CV<T> v) {
     S::storem(a + 2 * i + NL, simd::tail<T>(2 * cnt > NL ? 2 * cnt - NL : 0), hi);
 }
 
+// Index and lane masks of the R x NL transposition of stage 0 (R fixed).
+template <class T, int RC> struct Transpose {
+    static constexpr int NL = simd::V<T>::N, RM = RC ? RC : 1;
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    alignas(64) I idx[RM][NL] = {};
+    typename simd::V<T>::M msk[RM][RM] = {};
+    constexpr Transpose() {
+        for (int v = 0; v < RM; ++v) {
+            for (int r = 0; r < RM; ++r) msk[v][r] = 0;
+            for (int i = 0; i < NL; ++i) {
+                const int e = NL * v + i;
+                idx[v][i] = static_cast<I>(e / RM);
+                msk[v][e % RM] = static_cast<typename simd::V<T>::M>(msk[v][e % RM] | (1u << i));
+            }
+        }
+    }
+};
+template <class T, int RC> inline constexpr Transpose<T, RC> kTranspose{};
+
 // Stage 0 (l = 1) of radix R (RC, or R at run time when RC is 0): the input
 // split or interleaved (Il), its imaginary parts negated for the inverse;
 // the output split.
@@ -321,6 +342,7 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
     const int R = RC ? RC : Rr;
     CV<T> v[RM], y[RM];
     alignas(64) T ore[RM * NL], oim[RM * NL];
+    constexpr const Transpose<T, RC>& tr = kTranspose<T, RC>;
     for (int64_t k = 0; k < m; k += NL) {
         const int cnt = m - k < NL ? static_cast<int>(m - k) : NL;
         const typename S::M mk = simd::tail<T>(cnt);
@@ -339,12 +361,31 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
             S::store(ore + r * NL, (y[r].re * wr - y[r].im * wi).r);
             S::store(oim + r * NL, (y[r].re * wi + y[r].im * wr).r);
         }
-        for (int i = 0; i < cnt; ++i) {
-            T* dr = bRe + (k + i) * R;
-            T* di = bIm + (k + i) * R;
-            for (int r = 0; r < R; ++r) {
-                dr[r] = ore[r * NL + i];
-                di[r] = oim[r * NL + i];
+        if constexpr (RC != 0) {
+            // the R x NL tile to NL x R in registers: output register v lane i
+            // is element e = NL*v + i, from register e mod R at lane e / R
+            const int valid = R * cnt;
+            for (int vo = 0; vo < R && NL * vo < valid; ++vo) {
+                typename S::R orr = S::zero(), oii = S::zero();
+                const __m512i ix = _mm512_load_si512(tr.idx[vo]);
+                for (int r = 0; r < R; ++r) {
+                    const typename S::M mr = tr.msk[vo][r];
+                    orr = simd::permuteMerge(orr, mr, ix, S::load(ore + r * NL));
+                    oii = simd::permuteMerge(oii, mr, ix, S::load(oim + r * NL));
+                }
+                const int left = valid - NL * vo;
+                const typename S::M mo = simd::tail<T>(left < NL ? left : NL);
+                S::storem(bRe + k * R + NL * vo, mo, orr);
+                S::storem(bIm + k * R + NL * vo, mo, oii);
+            }
+        } else {
+            for (int i = 0; i < cnt; ++i) {
+                T* dr = bRe + (k + i) * R;
+                T* di = bIm + (k + i) * R;
+                for (int r = 0; r < R; ++r) {
+                    dr[r] = ore[r * NL + i];
+                    di[r] = oim[r * NL + i];
+                }
             }
         }
     }
