@@ -282,7 +282,9 @@ template <class T, class Tr> struct Dft {
     // complex, N <= 16
     template <bool Inv> static void smallC(int N, CRef<T> s, CRef<T> d, T scale) {
         C x[16], y[16];
-        for (int i = 0; i < N; ++i) x[i] = s.get(i);
+        if (s.s == 2) memcpy(x, s.re, sizeof(C) * N);
+        else
+            for (int i = 0; i < N; ++i) x[i] = s.get(i);
         if (isPow2(N)) {
             fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
         } else {
@@ -290,12 +292,14 @@ template <class T, class Tr> struct Dft {
             if (Inv)
                 for (int i = 0; i < N; ++i) x[i].im = -x[i].im;
             smallDft<T>(N, x, y);
-            for (int i = 0; i < N; ++i) {
-                if (Inv) y[i].im = -y[i].im;
-                if (scale != T(0)) y[i] = {y[i].re * scale, y[i].im * scale};
-            }
+            if (Inv)
+                for (int i = 0; i < N; ++i) y[i].im = -y[i].im;
+            if (scale != T(0))
+                for (int i = 0; i < N; ++i) y[i] = {y[i].re * scale, y[i].im * scale};
         }
-        for (int i = 0; i < N; ++i) d.set(i, y[i]);
+        if (d.s == 2) memcpy(d.re, y, sizeof(C) * N);
+        else
+            for (int i = 0; i < N; ++i) d.set(i, y[i]);
     }
 
     // real, N <= 16, to Perm: the straight-line complex kernel on x + 0i
