@@ -194,14 +194,15 @@ template <class T, class E> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx
     }
 }
 
-// Real input: Y[m] for m = 0 .. (R-1)/2 of R (odd) reals.
-template <class T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const T* v, Cx<T>* y) {
-    T s0 = v[0];
+// Real input: Y[m] for m = 0 .. (R-1)/2 of R (odd) reals; E is T or a
+// register of them (z its zero).
+template <class T, class E = T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const E* v, Cx<E>* y, E z = E()) {
+    E s0 = v[0];
     for (int j = 1; j < R; ++j) s0 += v[j];
-    y[0] = {s0, T(0)};
+    y[0] = {s0, z};
     const int h = (R - 1) / 2;
     for (int m = 1; m <= h; ++m) {
-        T sr = v[0], si = T(0);
+        E sr = v[0], si = z;
         int q = 0;
         for (int j = 1; j <= h; ++j) {
             q += m;
@@ -493,7 +494,27 @@ template <class T> void rdif(const Plan* p, int lvl, T* a) {
     const int R = r.factor, rest = r.rest, h = (R - 1) / 2;
     const Cx<T>* W = rootsOf<T>(R, r.gen);
     const T* tw = static_cast<const T*>(r.tw);
-    for (int k = 0; k < rest; ++k) {
+    int k = 0;
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    if (R <= 16 && rest >= NL) {
+        // L columns at a time in registers
+        VE<T> vv[16];
+        Cx<VE<T>> yy[16];
+        const VE<T> z{S::zero()};
+        for (; k + NL <= rest; k += NL) {
+            for (int j = 0; j < R; ++j) vv[j] = {S::load(a + int64_t(j) * rest + k)};
+            dftRReal<T, VE<T>>(R, W, vv, yy, z);
+            S::store(a + k, yy[0].re.r);
+            for (int m = 1; m <= h; ++m) {
+                const T* t = tw + int64_t(m - 1) * 2 * rest + k;
+                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
+                S::store(a + int64_t(2 * m - 1) * rest + k, (yy[m].re * wr - yy[m].im * wi).r);
+                S::store(a + int64_t(2 * m) * rest + k, (yy[m].re * wi + yy[m].im * wr).r);
+            }
+        }
+    }
+    for (; k < rest; ++k) {
         for (int j = 0; j < R; ++j) v[j] = a[int64_t(j) * rest + k];
         dftRReal<T>(R, W, v, y);
         a[k] = y[0].re;
