@@ -59,18 +59,21 @@ VRX_INLINE void stepOne(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b)
 // cnt samples (a multiple of 4), four at a time.
 template <class A, int K, class Load>
 VRX_INLINE void stepFour(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b) {
+    A ra[K], rb[K];  // in registers: the stores below could alias the samples
+    for (int k = 0; k < K; ++k) { ra[k] = a[k]; rb[k] = b[k]; }
     for (int64_t i = 0; i < cnt; i += 4) {
         for (int k = 0; k < K; ++k) {
             const A x1 = load(i * K + k), x2 = load((i + 1) * K + k);
             const A x3 = load((i + 2) * K + k), x4 = load((i + 3) * K + k);
             const A p3 = (x3 + f.u1 * x2) + f.u2 * x1;
             const A p4 = ((x4 + f.u1 * x3) + f.u2 * x2) + f.u3 * x1;
-            const A nb = (f.u3 * a[k] - f.u2 * b[k]) + p3;
-            const A na = (f.u4 * a[k] - f.u3 * b[k]) + p4;
-            a[k] = na;
-            b[k] = nb;
+            const A nb = (f.u3 * ra[k] - f.u2 * rb[k]) + p3;
+            const A na = (f.u4 * ra[k] - f.u3 * rb[k]) + p4;
+            ra[k] = na;
+            rb[k] = nb;
         }
     }
+    for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
 }
 
 // The sample terms of the four-sample step for every position q of a
@@ -111,8 +114,8 @@ VRX_INLINE void stepTerms(const float* p3, const float* p4, int64_t cnt, const F
 
 // The whole recurrence: len mod 4 single steps, then blocks of four. On
 // return w1 = w[len-1], w2 = w[len-2]. In float, a stretch at a time: the
-// samples (16-bit ones converted), their terms in registers, then the
-// dependent chain alone.
+// samples (16-bit ones converted); for real input their terms sixteen
+// positions at a time, then the dependent chain alone.
 template <class A, int K, class S>
 VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const Factors<A> f(c);
@@ -137,8 +140,12 @@ VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
             } else {
                 x = src + i * K;
             }
-            sampleTerms<K>(x, cnt * K, f, p3, p4);
-            stepTerms<K>(p3, p4, cnt, f, w1, w2);
+            if constexpr (K == 1) {
+                sampleTerms<K>(x, cnt * K, f, p3, p4);
+                stepTerms<K>(p3, p4, cnt, f, w1, w2);
+            } else {
+                stepFour<A, K>([x](int64_t q) { return x[q]; }, cnt, f, w1, w2);
+            }
             i += cnt;
         }
     } else {
