@@ -7,6 +7,10 @@
 #include "vrx_dft.h"
 #include "simd/simd.h"
 
+#include <string.h>
+
+#include <type_traits>
+
 namespace n0::dft {
 
 namespace {
@@ -190,14 +194,15 @@ template <class T, class E> VRX_INLINE void dftR(int R, const Cx<T>* W, const Cx
     }
 }
 
-// Real input: Y[m] for m = 0 .. (R-1)/2 of R (odd) reals.
-template <class T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const T* v, Cx<T>* y) {
-    T s0 = v[0];
+// Real input: Y[m] for m = 0 .. (R-1)/2 of R (odd) reals; E is T or a
+// register of them (z its zero).
+template <class T, class E = T> VRX_INLINE void dftRReal(int R, const Cx<T>* W, const E* v, Cx<E>* y, E z = E()) {
+    E s0 = v[0];
     for (int j = 1; j < R; ++j) s0 += v[j];
-    y[0] = {s0, T(0)};
+    y[0] = {s0, z};
     const int h = (R - 1) / 2;
     for (int m = 1; m <= h; ++m) {
-        T sr = v[0], si = T(0);
+        E sr = v[0], si = z;
         int q = 0;
         for (int j = 1; j <= h; ++j) {
             q += m;
@@ -279,6 +284,186 @@ template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     for (int m = 0; m < R; ++m) cdif<T>(p, lvl + 1, re + int64_t(m) * rest, im + int64_t(m) * rest);
 }
 
+// ------------------------------------------------------------ complex engine, self-sorting
+
+// The complex transform runs the stages of the records out of place, each
+// one a pass over all n values: a stage of radix R with l finished
+// sub-transforms and m = rest reads a[q + l*(j*m + k)] and writes
+// b[q + l*(r + R*k)] = w^(r*k) * sum_j a[..] W_R^(j*r), so the bins come out
+// in natural order after the last stage. Stage 0 (l = 1) runs the registers
+// across k; the others across q. Intermediate passes are split arrays.
+
+template <class T> using CV = Cx<VE<T>>;
+
+// NL complex values (the first cnt) at complex index i of interleaved data.
+template <class T> VRX_INLINE CV<T> loadIl(const T* a, int64_t i, int cnt) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    const typename S::R lo = S::loadm(simd::tail<T>(2 * cnt < NL ? 2 * cnt : NL), a + 2 * i);
+    const typename S::R hi = S::loadm(simd::tail<T>(2 * cnt > NL ? 2 * cnt - NL : 0), a + 2 * i + NL);
+    CV<T> v;
+    simd::deinterleave(lo, hi, v.re.r, v.im.r);
+    return v;
+}
+template <class T> VRX_INLINE void storeIl(T* a, int64_t i, int cnt, CV<T> v) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    typename S::R lo, hi;
+    simd::interleave(v.re.r, v.im.r, lo, hi);
+    S::storem(a + 2 * i, simd::tail<T>(2 * cnt < NL ? 2 * cnt : NL), lo);
+    S::storem(a + 2 * i + NL, simd::tail<T>(2 * cnt > NL ? 2 * cnt - NL : 0), hi);
+}
+
+// Index and lane masks of the R x NL transposition of stage 0 (R fixed).
+template <class T, int RC> struct Transpose {
+    static constexpr int NL = simd::V<T>::N, RM = RC ? RC : 1;
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    alignas(64) I idx[RM][NL] = {};
+    typename simd::V<T>::M msk[RM][RM] = {};
+    constexpr Transpose() {
+        for (int v = 0; v < RM; ++v) {
+            for (int r = 0; r < RM; ++r) msk[v][r] = 0;
+            for (int i = 0; i < NL; ++i) {
+                const int e = NL * v + i;
+                idx[v][i] = static_cast<I>(e / RM);
+                msk[v][e % RM] = static_cast<typename simd::V<T>::M>(msk[v][e % RM] | (1u << i));
+            }
+        }
+    }
+};
+template <class T, int RC> inline constexpr Transpose<T, RC> kTranspose{};
+
+// Stage 0 (l = 1) of radix R (RC, or R at run time when RC is 0): the input
+// split or interleaved (Il), its imaginary parts negated for the inverse;
+// the output split.
+template <class T, int RC, bool Il>
+void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm, bool neg) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N, RM = RC ? RC : kMaxRadix;
+    const int R = RC ? RC : Rr;
+    CV<T> v[RM], y[RM];
+    alignas(64) T ore[RM * NL], oim[RM * NL];
+    constexpr const Transpose<T, RC>& tr = kTranspose<T, RC>;
+    for (int64_t k = 0; k < m; k += NL) {
+        const int cnt = m - k < NL ? static_cast<int>(m - k) : NL;
+        const typename S::M mk = simd::tail<T>(cnt);
+        for (int j = 0; j < R; ++j) {
+            const int64_t i = int64_t(j) * m + k;
+            if constexpr (Il) v[j] = loadIl<T>(aRe, i, cnt);
+            else v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+            if (neg) v[j].im = -v[j].im;
+        }
+        dftR<T, VE<T>>(R, W, v, y);
+        S::store(ore, y[0].re.r);
+        S::store(oim, y[0].im.r);
+        for (int r = 1; r < R; ++r) {
+            const T* t = tw + int64_t(r - 1) * 2 * m + k;
+            const VE<T> wr{S::loadm(mk, t)}, wi{S::loadm(mk, t + m)};
+            S::store(ore + r * NL, (y[r].re * wr - y[r].im * wi).r);
+            S::store(oim + r * NL, (y[r].re * wi + y[r].im * wr).r);
+        }
+        if constexpr (RC != 0) {
+            // the R x NL tile to NL x R in registers: output register v lane i
+            // is element e = NL*v + i, from register e mod R at lane e / R
+            const int valid = R * cnt;
+            for (int vo = 0; vo < R && NL * vo < valid; ++vo) {
+                typename S::R orr = S::zero(), oii = S::zero();
+                const __m512i ix = _mm512_load_si512(tr.idx[vo]);
+                for (int r = 0; r < R; ++r) {
+                    const typename S::M mr = tr.msk[vo][r];
+                    orr = simd::permuteMerge(orr, mr, ix, S::load(ore + r * NL));
+                    oii = simd::permuteMerge(oii, mr, ix, S::load(oim + r * NL));
+                }
+                const int left = valid - NL * vo;
+                const typename S::M mo = simd::tail<T>(left < NL ? left : NL);
+                S::storem(bRe + k * R + NL * vo, mo, orr);
+                S::storem(bIm + k * R + NL * vo, mo, oii);
+            }
+        } else {
+            for (int i = 0; i < cnt; ++i) {
+                T* dr = bRe + (k + i) * R;
+                T* di = bIm + (k + i) * R;
+                for (int r = 0; r < R; ++r) {
+                    dr[r] = ore[r * NL + i];
+                    di[r] = oim[r * NL + i];
+                }
+            }
+        }
+    }
+}
+
+// A later stage (l >= 2), split input; the output split, or interleaved
+// with its imaginary parts negated for the inverse (the last stage, Il).
+template <class T, int RC, bool Il>
+void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm,
+            bool neg) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N, RM = RC ? RC : kMaxRadix;
+    const int R = RC ? RC : Rr;
+    CV<T> v[RM], y[RM];
+    for (int64_t k = 0; k < m; ++k) {
+        for (int64_t q = 0; q < l; q += NL) {
+            const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
+            const typename S::M mk = simd::tail<T>(cnt);
+            for (int j = 0; j < R; ++j) {
+                const int64_t i = q + l * (int64_t(j) * m + k);
+                v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+            }
+            dftR<T, VE<T>>(R, W, v, y);
+            for (int r = 0; r < R; ++r) {
+                CV<T> o = y[r];
+                if (r > 0 && k > 0) {
+                    const T* t = tw + int64_t(r - 1) * 2 * m + k;
+                    const T wr = t[0], wi = t[m];
+                    o = {o.re * wr - o.im * wi, o.re * wi + o.im * wr};
+                }
+                const int64_t i = q + l * (r + int64_t(R) * k);
+                if constexpr (Il) {
+                    if (neg) o.im = -o.im;
+                    storeIl<T>(bRe, i, cnt, o);
+                } else {
+                    S::storem(bRe + i, mk, o.re.r);
+                    S::storem(bIm + i, mk, o.im.r);
+                }
+            }
+        }
+    }
+}
+
+template <class T, bool Il>
+void runStageK(int R, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm, bool neg) {
+    switch (R) {
+        case 2: stageK<T, 2, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 3: stageK<T, 3, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 4: stageK<T, 4, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 5: stageK<T, 5, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 6: stageK<T, 6, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 7: stageK<T, 7, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 8: stageK<T, 8, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 11: stageK<T, 11, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 13: stageK<T, 13, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 16: stageK<T, 16, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        default: stageK<T, 0, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+    }
+}
+template <class T, bool Il>
+void runStageQ(int R, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm,
+               bool neg) {
+    switch (R) {
+        case 2: stageQ<T, 2, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 3: stageQ<T, 3, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 4: stageQ<T, 4, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 5: stageQ<T, 5, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 6: stageQ<T, 6, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 7: stageQ<T, 7, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 8: stageQ<T, 8, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 11: stageQ<T, 11, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 13: stageQ<T, 13, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 16: stageQ<T, 16, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        default: stageQ<T, 0, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+    }
+}
+
 // Position, within a complex sub-block of level lvl, of its bin n.
 int64_t cpos(const Plan* p, int lvl, int64_t n) {
     int64_t pos = 0;
@@ -309,7 +494,27 @@ template <class T> void rdif(const Plan* p, int lvl, T* a) {
     const int R = r.factor, rest = r.rest, h = (R - 1) / 2;
     const Cx<T>* W = rootsOf<T>(R, r.gen);
     const T* tw = static_cast<const T*>(r.tw);
-    for (int k = 0; k < rest; ++k) {
+    int k = 0;
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    if (R <= 16 && rest >= NL) {
+        // L columns at a time in registers
+        VE<T> vv[16];
+        Cx<VE<T>> yy[16];
+        const VE<T> z{S::zero()};
+        for (; k + NL <= rest; k += NL) {
+            for (int j = 0; j < R; ++j) vv[j] = {S::load(a + int64_t(j) * rest + k)};
+            dftRReal<T, VE<T>>(R, W, vv, yy, z);
+            S::store(a + k, yy[0].re.r);
+            for (int m = 1; m <= h; ++m) {
+                const T* t = tw + int64_t(m - 1) * 2 * rest + k;
+                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
+                S::store(a + int64_t(2 * m - 1) * rest + k, (yy[m].re * wr - yy[m].im * wi).r);
+                S::store(a + int64_t(2 * m) * rest + k, (yy[m].re * wi + yy[m].im * wr).r);
+            }
+        }
+    }
+    for (; k < rest; ++k) {
         for (int j = 0; j < R; ++j) v[j] = a[int64_t(j) * rest + k];
         dftRReal<T>(R, W, v, y);
         a[k] = y[0].re;
@@ -618,38 +823,58 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
 template <class T>
 void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work) {
     const int64_t n = p->n;
-    const T sg = inv ? T(-1) : T(1);
-    T* wr = reinterpret_cast<T*>(work);
-    T* wi = wr + n;
-    if (split) {
-        for (int64_t i = 0; i < n; ++i) { wr[i] = sRe[i]; wi[i] = sg * sIm[i]; }
-    } else {
-        const Cx<T>* s = reinterpret_cast<const Cx<T>*>(sRe);
-        for (int64_t i = 0; i < n; ++i) { wr[i] = s[i].re; wi[i] = sg * s[i].im; }
-    }
-    cdif<T>(p, 0, wr, wi);
-    // positions in order; the bin of a position from its digits
-    const int L = p->lastFactor;
-    int digit[kMaxRec + 1] = {};
-    int64_t radix[kMaxRec + 1], weight[kMaxRec + 1];
-    for (int i = 0; i <= L; ++i) { radix[i] = p->rec[i].factor; weight[i] = p->rec[i].prod; }
-    radix[L + 1] = p->rec[L].rest;
-    weight[L + 1] = n / p->rec[L].rest;
-    const int64_t last = radix[L + 1], lw = weight[L + 1];
-    int64_t bin = 0;
-    Cx<T>* d = reinterpret_cast<Cx<T>*>(dRe);
-    for (int64_t pos = 0; pos < n; pos += last) {
-        // one block of the last radix, then the carry into the digits ahead
+    const int L = p->lastFactor, stages = L + 2;
+    T* wRe = reinterpret_cast<T*>(work);
+    T* wIm = wRe + n;
+    // the passes alternate between the work buffer and the destination (as
+    // split arrays) so that the last one writes the destination
+    T* xRe = dRe;
+    T* xIm = split ? dIm : dRe + n;
+    auto target = [&](int st, T*& re, T*& im) {
+        const bool toDst = (stages - 1 - st) % 2 == 0;
+        re = toDst ? xRe : wRe;
+        im = toDst ? xIm : wIm;
+    };
+    T *bRe, *bIm;
+    target(0, bRe, bIm);
+    const T* aRe = sRe;
+    const T* aIm = split ? sIm : nullptr;
+    if (bRe == xRe && (sRe == dRe || (split && (sRe == dIm || sIm == dRe || sIm == dIm)))) {
+        // in place with the first pass into the destination: read a copy
         if (split) {
-            for (int64_t q = 0; q < last; ++q) { dRe[bin + q * lw] = wr[pos + q]; dIm[bin + q * lw] = sg * wi[pos + q]; }
+            memcpy(wRe, sRe, sizeof(T) * n);
+            memcpy(wIm, sIm, sizeof(T) * n);
+            aIm = wIm;
         } else {
-            for (int64_t q = 0; q < last; ++q) d[bin + q * lw] = {wr[pos + q], sg * wi[pos + q]};
+            memcpy(wRe, sRe, sizeof(T) * 2 * n);
         }
-        for (int i = L; i >= 0; --i) {
-            if (++digit[i] < radix[i]) { bin += weight[i]; break; }
-            bin -= weight[i] * (radix[i] - 1);
-            digit[i] = 0;
+        aRe = wRe;
+    }
+    {
+        const Rec& r = p->rec[0];
+        const T* tw = static_cast<const T*>(r.tw);
+        if (split) runStageK<T, false>(r.factor, r.rest, tw, rootsOf<T>(r.factor, r.gen), aRe, aIm, bRe, bIm, inv);
+        else runStageK<T, true>(r.factor, r.rest, tw, rootsOf<T>(r.factor, r.gen), aRe, aIm, bRe, bIm, inv);
+    }
+    int64_t l = p->rec[0].factor;
+    for (int st = 1; st < stages; ++st) {
+        aRe = bRe;
+        aIm = bIm;
+        target(st, bRe, bIm);
+        const bool last = st == stages - 1;
+        const int R = last ? p->rec[L].rest : p->rec[st].factor;
+        const int64_t m = last ? 1 : p->rec[st].rest;
+        const T* tw = last ? nullptr : static_cast<const T*>(p->rec[st].tw);
+        const Cx<T>* W = rootsOf<T>(R, last ? p->lastGen : p->rec[st].gen);
+        if (!last) runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, bRe, bIm, false);
+        else if (split) {
+            runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, dRe, dIm, false);
+            if (inv)
+                for (int64_t i = 0; i < n; ++i) dIm[i] = -dIm[i];
+        } else {
+            runStageQ<T, true>(R, l, m, tw, W, aRe, aIm, dRe, nullptr, inv);
         }
+        l *= R;
     }
 }
 

@@ -59,45 +59,96 @@ VRX_INLINE void stepOne(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b)
 // cnt samples (a multiple of 4), four at a time.
 template <class A, int K, class Load>
 VRX_INLINE void stepFour(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b) {
+    A ra[K], rb[K];  // in registers: the stores below could alias the samples
+    for (int k = 0; k < K; ++k) { ra[k] = a[k]; rb[k] = b[k]; }
     for (int64_t i = 0; i < cnt; i += 4) {
         for (int k = 0; k < K; ++k) {
             const A x1 = load(i * K + k), x2 = load((i + 1) * K + k);
             const A x3 = load((i + 2) * K + k), x4 = load((i + 3) * K + k);
             const A p3 = (x3 + f.u1 * x2) + f.u2 * x1;
             const A p4 = ((x4 + f.u1 * x3) + f.u2 * x2) + f.u3 * x1;
-            const A nb = (f.u3 * a[k] - f.u2 * b[k]) + p3;
-            const A na = (f.u4 * a[k] - f.u3 * b[k]) + p4;
-            a[k] = na;
-            b[k] = nb;
+            const A nb = (f.u3 * ra[k] - f.u2 * rb[k]) + p3;
+            const A na = (f.u4 * ra[k] - f.u3 * rb[k]) + p4;
+            ra[k] = na;
+            rb[k] = nb;
         }
+    }
+    for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
+}
+
+// The sample terms of the four-sample step for every position q of a
+// stretch of total scalars x (K per sample), sixteen positions at a time:
+//   p3[q] = (x[q+2K] + U1 x[q+K]) + U2 x[q]
+//   p4[q] = ((x[q+3K] + U1 x[q+2K]) + U2 x[q+K]) + U3 x[q]
+// (positions past the stretch read as 0; the step uses q = 4iK + k only).
+template <int K>
+VRX_INLINE void sampleTerms(const float* x, int64_t total, const Factors<float>& f, float* p3, float* p4) {
+    using F = n0::simd::V<float>;
+    const F::R u1 = F::set1(f.u1), u2 = F::set1(f.u2), u3 = F::set1(f.u3);
+    for (int64_t q = 0; q < total; q += 16) {
+        auto ld = [&](int64_t off) {
+            const int64_t r = total - (q + off);
+            return F::loadm(n0::simd::tail<float>(static_cast<size_t>(r <= 0 ? 0 : (r < 16 ? r : 16))), x + q + off);
+        };
+        const F::R x1 = ld(0), x2 = ld(K), x3 = ld(2 * K), x4 = ld(3 * K);
+        F::store(p3 + q, F::add(F::add(x3, F::mul(u1, x2)), F::mul(u2, x1)));
+        F::store(p4 + q, F::add(F::add(F::add(x4, F::mul(u1, x3)), F::mul(u2, x2)), F::mul(u3, x1)));
     }
 }
 
+// cnt samples (a multiple of 4) with their sample terms ready.
+template <int K>
+VRX_INLINE void stepTerms(const float* p3, const float* p4, int64_t cnt, const Factors<float>& f, float* a, float* b) {
+    float ra[K], rb[K];  // in registers: the stores below could alias the terms
+    for (int k = 0; k < K; ++k) { ra[k] = a[k]; rb[k] = b[k]; }
+    for (int64_t i = 0; i < cnt; i += 4) {
+        for (int k = 0; k < K; ++k) {
+            const float nb = (f.u3 * ra[k] - f.u2 * rb[k]) + p3[i * K + k];
+            const float na = (f.u4 * ra[k] - f.u3 * rb[k]) + p4[i * K + k];
+            ra[k] = na;
+            rb[k] = nb;
+        }
+    }
+    for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
+}
+
 // The whole recurrence: len mod 4 single steps, then blocks of four. On
-// return w1 = w[len-1], w2 = w[len-2].
+// return w1 = w[len-1], w2 = w[len-2]. In float, a stretch at a time: the
+// samples (16-bit ones converted); for real input their terms sixteen
+// positions at a time, then the dependent chain alone.
 template <class A, int K, class S>
 VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const Factors<A> f(c);
     for (int k = 0; k < K; ++k) w1[k] = w2[k] = A(0);
     const int head = len & 3;
-    if constexpr (sizeof(S) == 2) {
-        // 16-bit samples go to float a stretch at a time
-        stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
+    stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
+    if constexpr (sizeof(A) == 4) {
         constexpr int kChunk = 1024;
         alignas(64) float buf[kChunk];
+        alignas(64) float p3[kChunk], p4[kChunk];
         for (int64_t i = head; i < len;) {
             const int64_t cnt = len - i < kChunk / K ? len - i : kChunk / K;
-            const int16_t* p = src + i * K;
-            for (int64_t j = 0; j < cnt * K; j += 16) {
-                const size_t r = static_cast<size_t>(cnt * K - j);
-                n0::simd::V<float>::storem(buf + j, n0::simd::tail<float>(r < 16 ? r : 16),
-                                           n0::simd::intToFloat(n0::simd::widen16sPart(p + j, r)));
+            const float* x;
+            if constexpr (sizeof(S) == 2) {
+                const int16_t* p = src + i * K;
+                for (int64_t j = 0; j < cnt * K; j += 16) {
+                    const size_t r = static_cast<size_t>(cnt * K - j);
+                    n0::simd::V<float>::storem(buf + j, n0::simd::tail<float>(r < 16 ? r : 16),
+                                               n0::simd::intToFloat(n0::simd::widen16sPart(p + j, r)));
+                }
+                x = buf;
+            } else {
+                x = src + i * K;
             }
-            stepFour<A, K>([&buf](int64_t q) { return buf[q]; }, cnt, f, w1, w2);
+            if constexpr (K == 1) {
+                sampleTerms<K>(x, cnt * K, f, p3, p4);
+                stepTerms<K>(p3, p4, cnt, f, w1, w2);
+            } else {
+                stepFour<A, K>([x](int64_t q) { return x[q]; }, cnt, f, w1, w2);
+            }
             i += cnt;
         }
     } else {
-        stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
         const S* rest = src + int64_t(head) * K;
         stepFour<A, K>([rest](int64_t i) { return static_cast<A>(rest[i]); }, len - head, f, w1, w2);
     }

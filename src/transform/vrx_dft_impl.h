@@ -282,7 +282,9 @@ template <class T, class Tr> struct Dft {
     // complex, N <= 16
     template <bool Inv> static void smallC(int N, CRef<T> s, CRef<T> d, T scale) {
         C x[16], y[16];
-        for (int i = 0; i < N; ++i) x[i] = s.get(i);
+        if (s.s == 2) memcpy(x, s.re, sizeof(C) * N);
+        else
+            for (int i = 0; i < N; ++i) x[i] = s.get(i);
         if (isPow2(N)) {
             fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
         } else {
@@ -290,12 +292,14 @@ template <class T, class Tr> struct Dft {
             if (Inv)
                 for (int i = 0; i < N; ++i) x[i].im = -x[i].im;
             smallDft<T>(N, x, y);
-            for (int i = 0; i < N; ++i) {
-                if (Inv) y[i].im = -y[i].im;
-                if (scale != T(0)) y[i] = {y[i].re * scale, y[i].im * scale};
-            }
+            if (Inv)
+                for (int i = 0; i < N; ++i) y[i].im = -y[i].im;
+            if (scale != T(0))
+                for (int i = 0; i < N; ++i) y[i] = {y[i].re * scale, y[i].im * scale};
         }
-        for (int i = 0; i < N; ++i) d.set(i, y[i]);
+        if (d.s == 2) memcpy(d.re, y, sizeof(C) * N);
+        else
+            for (int i = 0; i < N; ++i) d.set(i, y[i]);
     }
 
     // real, N <= 16, to Perm: the straight-line complex kernel on x + 0i
@@ -356,70 +360,110 @@ template <class T, class Tr> struct Dft {
         VRX_INLINE typename S::R im(const T* w) const { return simd::gatherAt(w + 1, q); }
     };
 
+    // The direct lengths are odd (primes: every even length factors), so
+    // inputs j and n-j pair up: with S = x[j] + x[n-j], D = x[j] - x[n-j]
+    // and w^(jk) = (c, t), bins k and n-k share the sums of S*c and D*t,
+    // half the products of the plain sum. Lanes run k = 1 .. h.
     template <bool Inv> static void dirC(const Plan* p, CRef<T> s, CRef<T> d, C* work) {
-        const int n = p->n;
+        const int n = p->n, h = n / 2;
         const T* W = static_cast<const T*>(p->dirTab);
-        for (int i = 0; i < n; ++i) work[i] = s.get(i);
-        alignas(64) T ore[kL], oim[kL];
-        for (int k0 = 0; k0 < n; k0 += kL) {
-            DirWalk q(k0, n - 1, n);
-            typename S::R sr = S::set1(work[0].re), si = S::set1(work[0].im);
-            for (int j = 1; j < n; ++j) {
-                q.next();
-                const typename S::R wr = q.re(W), wi = Inv ? S::neg(q.im(W)) : q.im(W);
-                const typename S::R xr = S::set1(work[j].re), xi = S::set1(work[j].im);
-                sr = S::add(sr, S::sub(S::mul(xr, wr), S::mul(xi, wi)));
-                si = S::add(si, S::add(S::mul(xr, wi), S::mul(xi, wr)));
-            }
-            S::store(ore, sr);
-            S::store(oim, si);
-            const int m = n - k0 < kL ? n - k0 : kL;
-            for (int i = 0; i < m; ++i) d.set(k0 + i, {ore[i], oim[i]});
+        C* Sv = work;
+        C* Dv = work + h;
+        const C x0 = s.get(0);
+        C sum = x0;
+        for (int j = 1; j <= h; ++j) {
+            const C a = s.get(j), b = s.get(n - j);
+            Sv[j - 1] = {a.re + b.re, a.im + b.im};
+            Dv[j - 1] = {a.re - b.re, a.im - b.im};
         }
+        for (int j = 0; j < h; ++j) sum = {sum.re + Sv[j].re, sum.im + Sv[j].im};
+        alignas(64) T o[4][kL];
+        for (int k0 = 1; k0 <= h; k0 += kL) {
+            DirWalk q(k0, h, n);
+            typename S::R A = S::set1(x0.re), B = S::set1(x0.im), P = S::zero(), Q = S::zero();
+            for (int j = 0; j < h; ++j) {
+                q.next();
+                const typename S::R c = q.re(W), t = q.im(W);
+                A = S::add(A, S::mul(S::set1(Sv[j].re), c));
+                B = S::add(B, S::mul(S::set1(Sv[j].im), c));
+                P = S::add(P, S::mul(S::set1(Dv[j].im), t));
+                Q = S::add(Q, S::mul(S::set1(Dv[j].re), t));
+            }
+            // forward: X[k] = (A - P, B + Q), X[n-k] = (A + P, B - Q); the inverse swaps them
+            S::store(o[0], S::sub(A, P));
+            S::store(o[1], S::add(B, Q));
+            S::store(o[2], S::add(A, P));
+            S::store(o[3], S::sub(B, Q));
+            const int m = h + 1 - k0 < kL ? h + 1 - k0 : kL;
+            for (int i = 0; i < m; ++i) {
+                const int k = k0 + i;
+                d.set(Inv ? n - k : k, {o[0][i], o[1][i]});
+                d.set(Inv ? k : n - k, {o[2][i], o[3][i]});
+            }
+        }
+        d.set(0, sum);
     }
     // real odd length, in place in d: reals to the odd form and back
     static void dirRFwd(const Plan* p, T* d, T* work) {
         const int n = p->n, h = (n - 1) / 2;
         const T* W = static_cast<const T*>(p->dirTab);
-        memcpy(work, d, sizeof(T) * n);
+        T* Sv = work;
+        T* Dv = work + h;
+        const T x0 = d[0];
+        T sum = x0;
+        for (int j = 1; j <= h; ++j) {
+            Sv[j - 1] = d[j] + d[n - j];
+            Dv[j - 1] = d[j] - d[n - j];
+        }
+        for (int j = 0; j < h; ++j) sum += Sv[j];
         alignas(64) T ore[kL], oim[kL];
-        for (int k0 = 0; k0 <= h; k0 += kL) {
+        for (int k0 = 1; k0 <= h; k0 += kL) {
             DirWalk q(k0, h, n);
-            typename S::R sr = S::set1(work[0]), si = S::zero();
-            for (int j = 1; j < n; ++j) {
+            typename S::R sr = S::set1(x0), si = S::zero();
+            for (int j = 0; j < h; ++j) {
                 q.next();
-                const typename S::R x = S::set1(work[j]);
-                sr = S::add(sr, S::mul(x, q.re(W)));
-                si = S::add(si, S::mul(x, q.im(W)));
+                sr = S::add(sr, S::mul(S::set1(Sv[j]), q.re(W)));
+                si = S::add(si, S::mul(S::set1(Dv[j]), q.im(W)));
             }
             S::store(ore, sr);
             S::store(oim, si);
             const int m = h + 1 - k0 < kL ? h + 1 - k0 : kL;
             for (int i = 0; i < m; ++i) {
                 const int k = k0 + i;
-                if (k == 0) d[0] = ore[i];
-                else { d[2 * k - 1] = ore[i]; d[2 * k] = oim[i]; }
+                d[2 * k - 1] = ore[i];
+                d[2 * k] = oim[i];
             }
         }
+        d[0] = sum;
     }
+    // x[j] and x[n-j] share the sums of R(k)*c and I(k)*t
     static void dirRInv(const Plan* p, T* d, T* work) {
-        const int n = p->n;
+        const int n = p->n, h = n / 2;
         const T* W = static_cast<const T*>(p->dirTab);
         memcpy(work, d, sizeof(T) * n);
-        alignas(64) T o[kL];
-        for (int j0 = 0; j0 < n; j0 += kL) {
-            DirWalk q(j0, n - 1, n);
-            typename S::R acc = S::set1(work[0]);
-            for (int k = 1; 2 * k < n; ++k) {
+        T x0 = work[0];
+        for (int k = 1; k <= h; ++k) x0 += work[2 * k - 1] + work[2 * k - 1];
+        alignas(64) T o[2][kL];
+        for (int j0 = 1; j0 <= h; j0 += kL) {
+            DirWalk q(j0, h, n);
+            typename S::R C0 = S::zero(), S0 = S::zero();
+            for (int k = 1; k <= h; ++k) {
                 q.next();
-                const typename S::R t =
-                    S::add(S::mul(S::set1(work[2 * k - 1]), q.re(W)), S::mul(S::set1(work[2 * k]), q.im(W)));
-                acc = S::add(acc, S::add(t, t));
+                C0 = S::add(C0, S::mul(S::set1(work[2 * k - 1]), q.re(W)));
+                S0 = S::add(S0, S::mul(S::set1(work[2 * k]), q.im(W)));
             }
-            S::store(o, acc);
-            const int m = n - j0 < kL ? n - j0 : kL;
-            for (int i = 0; i < m; ++i) d[j0 + i] = o[i];
+            const typename S::R r0 = S::set1(work[0]);
+            C0 = S::add(C0, C0);
+            S0 = S::add(S0, S0);
+            S::store(o[0], S::add(r0, S::add(C0, S0)));
+            S::store(o[1], S::add(r0, S::sub(C0, S0)));
+            const int m = h + 1 - j0 < kL ? h + 1 - j0 : kL;
+            for (int i = 0; i < m; ++i) {
+                d[j0 + i] = o[0][i];
+                d[n - j0 - i] = o[1][i];
+            }
         }
+        d[0] = x0;
     }
 
     // ---------------------------------------------------------- convolution path

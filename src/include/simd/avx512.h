@@ -628,6 +628,11 @@ VRX_INLINE __m512 reduceAdd16(const __m512* a) {
     return _mm512_add_ps(_mm512_permutex2var_ps(d[0], e0, d[1]), _mm512_permutex2var_ps(d[0], e1, d[1]));
 }
 
+// Lanes of a picked by idx where m is set, src elsewhere (16 floats with
+// 32-bit indices, 8 doubles with 64-bit indices).
+VRX_INLINE __m512 permuteMerge(__m512 src, __mmask16 m, __m512i idx, __m512 a) { return _mm512_mask_permutexvar_ps(src, m, idx, a); }
+VRX_INLINE __m512d permuteMerge(__m512d src, __mmask8 m, __m512i idx, __m512d a) { return _mm512_mask_permutexvar_pd(src, m, idx, a); }
+
 }  // namespace n0::simd
 
 namespace n0::simd {
