@@ -171,6 +171,22 @@ constexpr Jump jump16() {
 }
 constexpr Jump kJump16 = jump16();
 
+// Lane i: the congruential generator advanced i + 1 steps (X -> mul X + add).
+struct JumpLanes {
+    uint32_t mul[16], add[16];
+};
+constexpr JumpLanes jumpLanes() {
+    JumpLanes l{};
+    Jump j{1u, 0u};
+    for (int i = 0; i < 16; ++i) {
+        j = Jump{j.mul * kLcgMul, j.add * kLcgMul + kLcgAdd};
+        l.mul[i] = j.mul;
+        l.add[i] = j.add;
+    }
+    return l;
+}
+alignas(64) constexpr JumpLanes kJumpLanes = jumpLanes();
+
 // --------------------------------------------------------------- Uniform
 using VD = simd::V<double>;
 using VF = simd::V<float>;
@@ -282,6 +298,42 @@ VRX_INLINE void putG(Vrx8u* d, double v) {
     *d = static_cast<Vrx8u>(cvtCur(v));
 }
 
+// Accepted pairs of the polar method, in order, into P, Q and R (p, q and
+// r = q q + p p), at most np of them; returns how many. Attempts go in groups
+// of eight, sixteen numbers: the subtractive words buffered, the
+// congruential words formed in lanes from the current one, the pairs formed
+// and tested in vector lanes (the same operations as one at a time), the
+// accepted ones packed. A group holding more pairs than are still wanted is
+// left to the caller's word-by-word loop, which starts where it began.
+int groupedAttempts(Gen& g, int np, double* P, double* Q, double* R) {
+    using VU64 = simd::V<uint64_t>;
+    const VU::R jm = VU::load(kJumpLanes.mul), ja = VU::load(kJumpLanes.add);
+    const VU::R evenOdd = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15);
+    const VD::R scale = VD::set1(kTwoM31), one = VD::set1(1.0), zero = VD::zero();
+    int k = 0;
+    while (np - k >= 8) {
+        const Gen start = g;
+        alignas(64) uint32_t xs[16];
+        g.fill(xs, 16);
+        const VU::R w = VU::add(VU::load(xs), VU::add(VU::mullo(VU::set1(g.lcg), jm), ja));
+        g.lcg = g.lcg * kJump16.mul + kJump16.add;
+        const VU::R e = VU::permute(evenOdd, w);  // numbers 0, 2, .. then 1, 3, ..
+        const VD::R p = VD::mul(simd::lowInt32ToDouble(e), scale);
+        const VD::R q = VD::mul(simd::highInt32ToDouble(e), scale);
+        const VD::R r = VD::fma(q, q, VD::mul(p, p));
+        const VD::M ok = static_cast<VD::M>(VD::lt(r, one) & VD::ne(r, zero));
+        if (k + __builtin_popcount(ok) > np) {
+            g = start;
+            break;
+        }
+        VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, _mm512_castpd_si512(p));
+        VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, _mm512_castpd_si512(q));
+        VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, _mm512_castpd_si512(r));
+        k += __builtin_popcount(ok);
+    }
+    return k;
+}
+
 template <class T>
 VrxStatus gaussRun(T* pDst, int len, VrxsRandGaussState* pState, ObjId id) {
     if (anyNull(pDst, pState)) return vrxErrNullPtr;
@@ -310,7 +362,8 @@ VrxStatus gaussRun(T* pDst, int len, VrxsRandGaussState* pState, ObjId id) {
     while (i < len) {
         const int left = len - i;
         const int np = left / 2 + (left & 1) < kPairs ? left / 2 + (left & 1) : kPairs;
-        for (int k = 0; k < np; ++k) {
+        int k = groupedAttempts(g, np, P, Q, R);
+        for (; k < np; ++k) {
             double p, q, r;
             do {
                 p = static_cast<double>(g.next()) * kTwoM31;

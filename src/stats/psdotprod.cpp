@@ -136,32 +136,50 @@ int64_t dot16s(const int16_t* a, const int16_t* b, size_t n) {
     return lanes64Sum(combine<U>(acc, I64::add)) + static_cast<int64_t>(pairs);
 }
 
-// Exact complex 16-bit products in 64-bit lanes: P = a b lane by lane
-// (re re, im im), X = a times b with its pairs swapped (re im, im re).
+// Exact complex 16-bit products: pair sums of 16-bit products in 32 bits
+// (each lowered by 1, so that two products of -32768 stay in range),
+// widened into 64-bit lanes; re = sum(re re + im im) - 2 sum(im im),
+// im = sum(re im + im re). A last partial group goes through zeroed copies,
+// whose pairs add -1 like every other and get it back with the count.
 void dot16sc(const int16_t* a, const int16_t* b, size_t cnt, int64_t* re, int64_t* im) {
     constexpr int U = 2;
-    I64::R p[U], x[U];
-    unroll<U>([&](auto k) { p[k] = I64::zero(); x[k] = I64::zero(); });
-    sweep<U, 8>(cnt, [&](auto k, size_t i, size_t c) {
-        const I64::R va = simd::widen16sTo64Part(a + i, c), vb = simd::widen16sTo64Part(b + i, c);
-        p[k] = I64::add(p[k], I64::mul32(va, vb));
-        x[k] = I64::add(x[k], I64::mul32(va, I64::swapPair(vb)));
+    I64::R x[U], y[U], z[U];
+    unroll<U>([&](auto k) { x[k] = I64::zero(); y[k] = I64::zero(); z[k] = I64::zero(); });
+    size_t pairs = 0;
+    sweep<U, 16>(cnt, [&](auto k, size_t i, size_t c) {
+        if (c == 16) {
+            simd::cplxDotLess1_16s(a + i, b + i, x[k], y[k], z[k]);
+        } else {
+            alignas(32) int16_t u[16] = {}, v[16] = {};
+            __builtin_memcpy(u, a + i, c * sizeof(int16_t));
+            __builtin_memcpy(v, b + i, c * sizeof(int16_t));
+            simd::cplxDotLess1_16s(u, v, x[k], y[k], z[k]);
+        }
+        pairs += 8;
     });
-    int64_t pe, po;
-    lanes64Sum2(combine<U>(p, I64::add), &pe, &po);
-    *re = pe - po;
-    *im = lanes64Sum(combine<U>(x, I64::add));
+    const int64_t n = static_cast<int64_t>(pairs);
+    *re = lanes64Sum(combine<U>(x, I64::add)) + n - 2 * lanes64Sum(combine<U>(y, I64::add));
+    *im = lanes64Sum(combine<U>(z, I64::add)) + n;
 }
 
-// Real 16-bit a by complex 16-bit b, exact.
+// Real 16-bit a by complex 16-bit b, exact; a last partial group through
+// zeroed copies.
 void dot16s16sc(const int16_t* a, const int16_t* b, size_t cnt, int64_t* re, int64_t* im) {
     constexpr int U = 2;
-    I64::R p[U];
-    unroll<U>([&](auto k) { p[k] = I64::zero(); });
-    sweep<U, 8>(cnt, [&](auto k, size_t i, size_t c) {
-        p[k] = I64::add(p[k], I64::mul32(simd::spreadPairs16sTo64(a + i / 2, c / 2), simd::widen16sTo64Part(b + i, c)));
+    I64::R r[U], q[U];
+    unroll<U>([&](auto k) { r[k] = I64::zero(); q[k] = I64::zero(); });
+    sweep<U, 16>(cnt, [&](auto k, size_t i, size_t c) {
+        if (c == 16) {
+            simd::realCplxDot16s(a + i / 2, b + i, r[k], q[k]);
+        } else {
+            alignas(32) int16_t u[8] = {}, v[16] = {};
+            __builtin_memcpy(u, a + i / 2, c / 2 * sizeof(int16_t));
+            __builtin_memcpy(v, b + i, c * sizeof(int16_t));
+            simd::realCplxDot16s(u, v, r[k], q[k]);
+        }
     });
-    lanes64Sum2(combine<U>(p, I64::add), re, im);
+    *re = lanes64Sum(combine<U>(r, I64::add));
+    *im = lanes64Sum(combine<U>(q, I64::add));
 }
 
 // 16- or 32-bit a by 32-bit b in double: products and sums rounded apart.

@@ -666,3 +666,33 @@ VRX_INLINE void pairSumDiff16s(const int16_t* p, __m512i& s, __m512i& d) {
     d = _mm512_inserti64x4(_mm512_castsi256_si512(_mm256_madd_epi16(a, sgn)), _mm256_madd_epi16(b, sgn), 1);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values at a and b read as eight complex pairs (re, im),
+// exact partial sums of their products in 32-bit pair lanes sign-extended
+// into 64-bit lanes: x = re re + im im - 1, y = im im, z = re im' + im re' - 1
+// (the -1 keeps two products of -32768 in range; the caller adds the pair
+// count back). The real part of the product is x - 2y (+ 1).
+VRX_INLINE void cplxDotLess1_16s(const int16_t* a, const int16_t* b, __m512i& x, __m512i& y, __m512i& z) {
+    const __m256i va = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
+    const __m256i vb = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
+    const __m256i one = _mm256_set1_epi32(1);
+    const __m256i swap = _mm256_setr_epi8(2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13,
+                                          2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13);
+    const __m256i im = _mm256_and_si256(va, _mm256_set1_epi32(static_cast<int>(0xFFFF0000u)));
+    x = _mm512_add_epi64(x, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(va, vb), one)));
+    y = _mm512_add_epi64(y, _mm512_cvtepi32_epi64(_mm256_madd_epi16(im, vb)));
+    z = _mm512_add_epi64(z, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(va, _mm256_shuffle_epi8(vb, swap)), one)));
+}
+
+// Eight 16-bit values at a by eight complex pairs at b, exact: the
+// products a re and a im sign-extended into 64-bit lanes and added to re
+// and im.
+VRX_INLINE void realCplxDot16s(const int16_t* a, const int16_t* b, __m512i& re, __m512i& im) {
+    const __m256i lo = _mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(a)));
+    const __m256i vb = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
+    re = _mm512_add_epi64(re, _mm512_cvtepi32_epi64(_mm256_madd_epi16(lo, vb)));
+    im = _mm512_add_epi64(im, _mm512_cvtepi32_epi64(_mm256_madd_epi16(_mm256_slli_epi32(lo, 16), vb)));
+}
+
+}  // namespace n0::simd
