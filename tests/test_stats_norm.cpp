@@ -228,6 +228,15 @@ TEST(DotProd16s, ExactAtEveryLengthOfMinus32768AndOnRandomData) {
         int64_t e;
         ASSERT_EQ(vrxsDotProd_16s64s(a.data(), a.data(), n, &e), vrxOk);
         EXPECT_EQ(e, int64_t(n) << 30) << n;
+        // (-32768 - 32768i)^2 = 2^31 i: the pair sums sit at the edge of 32 bits
+        auto c = rep(2 * n, -32768);
+        Vrx64sc z;
+        ASSERT_EQ(vrxsDotProd_16sc64sc(reinterpret_cast<Vrx16sc*>(c.data()), reinterpret_cast<Vrx16sc*>(c.data()), n, &z), vrxOk);
+        EXPECT_EQ(z.re, 0) << n;
+        EXPECT_EQ(z.im, int64_t(n) << 31) << n;
+        ASSERT_EQ(vrxsDotProd_16s16sc64sc(a.data(), reinterpret_cast<Vrx16sc*>(c.data()), n, &z), vrxOk);
+        EXPECT_EQ(z.re, int64_t(n) << 30) << n;
+        EXPECT_EQ(z.im, int64_t(n) << 30) << n;
     }
     for (int n : {1, 7, 33, 1000, 65537}) {
         std::vector<int16_t> a(n), b(2 * n), c(2 * n);
