@@ -227,7 +227,10 @@ TEST(ThresholdComplex, ClipKeepsPhase) {
 
 TEST(ThresholdComplex, Clip16scAndLevelZero) {
     Vrx16sc x[5] = {{3, 4}, {30, 40}, {-300, 400}, {0, 0}, {0, -7}}, d[5];
-    auto parts = [&](int from, int to) { return std::vector<Vrx16s>(&d[from].re, &d[to].re); };
+    auto parts = [&](int from, int to) {
+        const Vrx16s* p = reinterpret_cast<const Vrx16s*>(d);
+        return std::vector<Vrx16s>(p + 2 * from, p + 2 * to);
+    };
     ASSERT_EQ(vrxsThreshold_GT_16sc(x, d, 5, 10), vrxOk);
     EXPECT_EQ(parts(0, 5), (std::vector<Vrx16s>{3, 4, 6, 8, -6, 8, 0, 0, 0, -7}));
     ASSERT_EQ(vrxsThreshold_LT_16sc(x, d, 5, 10), vrxOk);
