@@ -308,7 +308,8 @@ VRX_INLINE void putG(Vrx8u* d, double v) {
 int groupedAttempts(Gen& g, int np, double* P, double* Q, double* R) {
     using VU64 = simd::V<uint64_t>;
     const VU::R jm = VU::load(kJumpLanes.mul), ja = VU::load(kJumpLanes.add);
-    const VU::R evenOdd = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15);
+    alignas(64) static constexpr uint32_t kEvenOdd[16] = {0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15};
+    const VU::R evenOdd = VU::load(kEvenOdd);
     const VD::R scale = VD::set1(kTwoM31), one = VD::set1(1.0), zero = VD::zero();
     int k = 0;
     while (np - k >= 8) {
@@ -326,9 +327,9 @@ int groupedAttempts(Gen& g, int np, double* P, double* Q, double* R) {
             g = start;
             break;
         }
-        VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, _mm512_castpd_si512(p));
-        VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, _mm512_castpd_si512(q));
-        VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, _mm512_castpd_si512(r));
+        VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, simd::bitsOf(p));
+        VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, simd::bitsOf(q));
+        VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, simd::bitsOf(r));
         k += __builtin_popcount(ok);
     }
     return k;
