@@ -97,3 +97,28 @@ namespace vt {
 template <class T> std::vector<T> vec(const T* p, size_t n) { return std::vector<T>(p, p + n); }
 
 }  // namespace vt
+
+namespace vt {
+
+// The float sample types as one family: scalar type, complex or not, random
+// elements uniform in [-1, 1) per part, the value in complex long double.
+template <class E> struct Elem { using S = E; static constexpr bool cplx = false; };
+template <> struct Elem<Vrx32fc> { using S = float; static constexpr bool cplx = true; };
+template <> struct Elem<Vrx64fc> { using S = double; static constexpr bool cplx = true; };
+template <class E> std::complex<long double> toLC(const E& v) {
+    if constexpr (Elem<E>::cplx) return {v.re, v.im};
+    else return {(long double)v, 0};
+}
+template <class E> std::vector<E> randElems(Rng& r, size_t n) {
+    using S = typename Elem<E>::S;
+    std::vector<E> v(n);
+    for (auto& x : v) {
+        if constexpr (Elem<E>::cplx) x = E{S(2 * r.uniform() - 1), S(2 * r.uniform() - 1)};
+        else x = E(2 * r.uniform() - 1);
+    }
+    return v;
+}
+// x rounded to nearest, ties to even, and saturated to 16 bits.
+inline int16_t sat16(long double x) { return (int16_t)std::max(-32768.0L, std::min(32767.0L, nearbyintl(x))); }
+
+}  // namespace vt
