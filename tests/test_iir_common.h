@@ -22,19 +22,19 @@ struct Api {
     uint32_t word;
     Form form;
     bool cplxTaps, cplxSamples, intSamples;
-    long double eps;      // of the arithmetic type
-    int sampleBytes;      // of one (complex) sample
+    long double eps;        // of the arithmetic type
+    int sampleBytes;        // of one (complex) sample
     long double sampleMax;  // integer samples: the type's upper bound
-    const void* runFn;   // the exported run and line pair: kinds that share them take each other's states
+    const void* runFn;      // the exported run and line pair: kinds that share them take each other's states
     const void* lineFn;
     VrxStatus (*size)(int, int*);
-    VrxStatus (*init)(VrxsIirState**, const V& taps, int n, const V* line, Vrx8u* buf);
-    VrxStatus (*run)(const void* src, void* dst, int len, VrxsIirState*, int sf);
-    VrxStatus (*runI)(void* srcDst, int len, VrxsIirState*, int sf);
-    VrxStatus (*get)(const VrxsIirState*, V& out, int count);
-    VrxStatus (*set)(VrxsIirState*, const V* in, int count);
-    std::vector<uint8_t> (*pack)(const V& x);                     // samples of the kind's type
-    V (*unpack)(const std::vector<uint8_t>& b, size_t n);
+    VrxStatus (*init)(VrxsIirState**, const V& taps, int n, const V* line, Vrx8u* buf) = nullptr;
+    VrxStatus (*run)(const void* src, void* dst, int len, VrxsIirState*, int sf) = nullptr;
+    VrxStatus (*runI)(void* srcDst, int len, VrxsIirState*, int sf) = nullptr;
+    VrxStatus (*get)(const VrxsIirState*, V& out, int count) = nullptr;
+    VrxStatus (*set)(VrxsIirState*, const V* in, int count) = nullptr;
+    std::vector<uint8_t> (*pack)(const V& x) = nullptr;  // samples of the kind's type
+    V (*unpack)(const std::vector<uint8_t>& b, size_t n) = nullptr;
     bool bq() const { return form != Form::AR; }
     int lineLen(int n) const { return form == Form::AR ? n : (form == Form::BQ ? 2 * n : 4 * n); }
 };
@@ -47,38 +47,31 @@ template <> struct Real<Vrx32sc> { using type = Vrx32s; static constexpr bool cx
 
 template <class T> T fromC(cld v) {
     using R = typename Real<T>::type;
-    if constexpr (Real<T>::cx) { T t; t.re = static_cast<R>(v.real()); t.im = static_cast<R>(v.imag()); return t; }
+    if constexpr (Real<T>::cx) return T{static_cast<R>(v.real()), static_cast<R>(v.imag())};
     else return static_cast<T>(v.real());
 }
 template <class T> cld toC(const T& t) {
     if constexpr (Real<T>::cx) return cld(t.re, t.im);
     else return cld(t, 0);
 }
+template <class T> std::vector<T> fromCs(const V& v) {
+    std::vector<T> t(v.size());
+    for (size_t i = 0; i < t.size(); ++i) t[i] = fromC<T>(v[i]);
+    return t;
+}
 
 template <class Tap, class S, auto SizeF, auto InitF, auto RunF, auto RunIF, auto GetF, auto SetF>
 Api make(const char* name, uint32_t word, Form form) {
-    Api a{};
-    a.name = name;
-    a.word = word;
-    a.form = form;
-    a.cplxTaps = Real<Tap>::cx;
-    a.cplxSamples = Real<S>::cx;
     using RS = typename Real<S>::type;
-    a.intSamples = std::is_integral_v<RS>;
-    a.eps = std::is_same_v<typename Real<Tap>::type, Vrx32f> ? 0x1p-24L : 0x1p-53L;
-    a.sampleBytes = sizeof(S);
-    a.sampleMax = std::is_integral_v<RS> ? static_cast<long double>(std::numeric_limits<RS>::max()) : 0;
-    a.size = SizeF;
-    a.runFn = reinterpret_cast<const void*>(RunF);
-    a.lineFn = reinterpret_cast<const void*>(GetF);
     // the line's type: 32s for the direct form I line of 0x49493330, else the taps'
     using L = std::conditional_t<std::is_same_v<decltype(GetF), VrxStatus (*)(const VrxsIirState*, Vrx32s*)>, Vrx32s, Tap>;
+    Api a{name, word, form, Real<Tap>::cx, Real<S>::cx, std::is_integral_v<RS>,
+          std::is_same_v<typename Real<Tap>::type, Vrx32f> ? 0x1p-24L : 0x1p-53L, int(sizeof(S)), 0,
+          reinterpret_cast<const void*>(RunF), reinterpret_cast<const void*>(GetF), SizeF};
+    if constexpr (std::is_integral_v<RS>) a.sampleMax = static_cast<long double>(std::numeric_limits<RS>::max());
     a.init = [](VrxsIirState** pp, const V& taps, int n, const V* line, Vrx8u* buf) {
-        std::vector<Tap> t(taps.size());
-        for (size_t i = 0; i < t.size(); ++i) t[i] = fromC<Tap>(taps[i]);
-        std::vector<L> l(line ? line->size() : 0);
-        for (size_t i = 0; i < l.size(); ++i) l[i] = fromC<L>(line->at(i));
-        return InitF(pp, t.data(), n, line ? l.data() : nullptr, buf);
+        const std::vector<L> l = line ? fromCs<L>(*line) : std::vector<L>();
+        return InitF(pp, fromCs<Tap>(taps).data(), n, line ? l.data() : nullptr, buf);
     };
     a.run = [](const void* s, void* d, int len, VrxsIirState* st, int sf) {
         if constexpr (std::is_integral_v<RS>) return RunF(static_cast<const S*>(s), static_cast<S*>(d), len, st, sf);
@@ -96,16 +89,13 @@ Api make(const char* name, uint32_t word, Form form) {
         return r;
     };
     a.set = [](VrxsIirState* st, const V* in, int count) {
-        std::vector<L> l(count);
-        for (int i = 0; i < count && in; ++i) l[i] = fromC<L>(in->at(i));
+        std::vector<L> l = in ? fromCs<L>(*in) : std::vector<L>(count);
         return SetF(st, in ? l.data() : nullptr);
     };
     a.pack = [](const V& x) {
         std::vector<uint8_t> out(x.size() * sizeof(S));
-        for (size_t i = 0; i < x.size(); ++i) {
-            const S v = fromC<S>(x[i]);
-            memcpy(&out[i * sizeof(S)], &v, sizeof(S));
-        }
+        const std::vector<S> s = fromCs<S>(x);
+        memcpy(out.data(), s.data(), out.size());
         return out;
     };
     a.unpack = [](const std::vector<uint8_t>& b, size_t n) {
@@ -157,34 +147,25 @@ inline const std::vector<Api>& kinds() {
 }
 
 // ------------------------------------------------------------- filters
-// A polynomial 1 + c1 z^-1 + ... from its roots.
-inline V polyFromRoots(const V& r) {
-    V p{cld(1)};
-    for (cld z : r) {
-        V q(p.size() + 1, cld(0));
-        for (size_t i = 0; i < p.size(); ++i) { q[i] += p[i]; q[i + 1] -= z * p[i]; }
-        p = q;
-    }
-    return p;
-}
-
 // Random stable AR taps b[0..n], a[0..n] (poles inside radius 0.95; real
 // kinds get conjugate pairs), a0 not 1 so that normalising is exercised.
 inline V randomAR(vt::Rng& g, int n, bool cplx) {
-    V poles;
-    while (static_cast<int>(poles.size()) < n) {
+    V a{cld(1)};
+    auto root = [&](cld z) {  // a *= (1 - z x)
+        a.push_back(0);
+        for (size_t i = a.size() - 1; i > 0; --i) a[i] -= z * a[i - 1];
+    };
+    for (int left = n; left > 0;) {
         long double r = 0.95L * g.uniform(), th = 3.14159265358979L * g.uniform();
-        if (cplx) poles.push_back(std::polar(r, 2 * th));
-        else if (n - static_cast<int>(poles.size()) >= 2) { poles.push_back(std::polar(r, th)); poles.push_back(std::polar(r, -th)); }
-        else poles.push_back(cld(g.uniform() < 0.5 ? r : -r));
+        if (cplx) root(std::polar(r, 2 * th)), --left;
+        else if (left >= 2) root(std::polar(r, th)), root(std::polar(r, -th)), left -= 2;
+        else root(cld(g.uniform() < 0.5 ? r : -r)), --left;
     }
-    V a = polyFromRoots(poles);
-    if (!cplx) for (cld& v : a) v = cld(v.real(), 0);
     const long double a0 = 0.5L + g.uniform();
     V t(2 * n + 2);
     for (int i = 0; i <= n; ++i) {
         t[i] = cplx ? cld(g.uniform() - 0.5L, g.uniform() - 0.5L) : cld(g.uniform() - 0.5L);
-        t[n + 1 + i] = a[i] * a0;
+        t[n + 1 + i] = (cplx ? a[i] : cld(a[i].real())) * a0;
     }
     if (t[0] == cld(0)) t[0] = 0.25L;
     return t;
@@ -195,40 +176,42 @@ inline V randomBQ(vt::Rng& g, int m, bool cplx) {
     V t;
     for (int s = 0; s < m; ++s) {
         V ar = randomAR(g, 2, cplx);
-        for (cld v : ar) t.push_back(v);
+        t.insert(t.end(), ar.begin(), ar.end());
     }
     return t;
 }
 
+inline V randomTaps(const Api& k, vt::Rng& g, int n) { return k.bq() ? randomBQ(g, n, k.cplxTaps) : randomAR(g, n, k.cplxTaps); }
+
 // Direct form II transposed in long double over normalised taps; the line
-// of n+1 values (last 0) carries over between calls.
+// of n+1 values (last 0) carries over between calls. step() keeps per
+// section the largest input, output and line value seen.
 struct Model {
-    std::vector<V> b, a;  // per section (AR: one section of order n)
-    std::vector<V> d;
+    std::vector<V> b, a, d;  // per section (AR: one section of order n)
+    std::vector<long double> xin, yout, dmax;
     Model(const Api& k, const V& taps, int n) {
-        if (!k.bq()) {
-            add(V(taps.begin(), taps.begin() + n + 1), V(taps.begin() + n + 1, taps.end()));
-        } else {
-            for (int s = 0; s < n; ++s) {
-                const cld* t = &taps[6 * s];
-                add(V{t[0], t[1], t[2]}, V{t[3], t[4], t[5]});
-            }
-        }
+        if (!k.bq()) add(V(taps.begin(), taps.begin() + n + 1), V(taps.begin() + n + 1, taps.end()));
+        else
+            for (int s = 0; s < n; ++s) add(V(&taps[6 * s], &taps[6 * s + 3]), V(&taps[6 * s + 3], &taps[6 * s + 6]));
     }
     void add(V bb, V aa) {
-        cld a0 = aa[0];
+        const cld a0 = aa[0];
         for (cld& v : bb) v /= a0;
         for (cld& v : aa) v /= a0;
         b.push_back(bb);
         a.push_back(aa);
         d.push_back(V(bb.size(), cld(0)));
+        xin.push_back(0), yout.push_back(0), dmax.push_back(0);
     }
     cld step(cld x) {
         for (size_t s = 0; s < b.size(); ++s) {
             const size_t n = b[s].size() - 1;
             V& l = d[s];
-            cld y = b[s][0] * x + l[0];
+            const cld y = b[s][0] * x + l[0];
             for (size_t i = 0; i < n; ++i) l[i] = b[s][i + 1] * x - a[s][i + 1] * y + l[i + 1];
+            xin[s] = std::max(xin[s], std::abs(x));
+            yout[s] = std::max(yout[s], std::abs(y));
+            for (size_t i = 0; i < n; ++i) dmax[s] = std::max(dmax[s], std::abs(l[i]));
             x = y;
         }
         return x;
@@ -247,18 +230,15 @@ struct Model {
     }
 };
 
-inline std::vector<uint8_t> pack(const Api& k, const V& x) { return k.pack(x); }
-inline V unpack(const Api& k, const std::vector<uint8_t>& b, size_t n) { return k.unpack(b, n); }
-
 // Random samples that the sample type holds exactly.
 inline V randomSamples(const Api& k, vt::Rng& g, int n, long double amp) {
     V x(n);
     for (int i = 0; i < n; ++i) {
         long double re = amp * (2 * g.uniform() - 1), im = k.cplxSamples ? amp * (2 * g.uniform() - 1) : 0;
-        if (k.intSamples) { re = std::nearbyint(re); im = std::nearbyint(im); }
+        if (k.intSamples) re = std::nearbyint(re), im = std::nearbyint(im);
         x[i] = cld(re, im);
     }
-    return unpack(k, pack(k, x), n);  // exactly representable
+    return k.unpack(k.pack(x), n);  // exactly representable
 }
 
 // A state of the kind in an owned block.
