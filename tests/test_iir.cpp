@@ -38,16 +38,6 @@ Reference reference(const Api& k, Model m, const V& x) {
     return r;
 }
 
-// The taps as the kind holds them (rounded to its tap type).
-V asTaps(const Api& k, V t) {
-    for (cld& v : t) {
-        if (k.eps > 0x1p-30L) v = cld(static_cast<float>(v.real()), static_cast<float>(v.imag()));
-        else v = cld(static_cast<double>(v.real()), static_cast<double>(v.imag()));
-        if (!k.cplxTaps) v = cld(v.real(), 0);
-    }
-    return t;
-}
-
 V runPieces(const Api& k, VrxsIirState* st, const V& x, const std::vector<int>& pieces, int sf = 0, bool inPlace = false) {
     std::vector<uint8_t> in = k.pack(x), out(inPlace ? in : std::vector<uint8_t>(in.size(), 0));
     size_t at = 0;
@@ -79,7 +69,7 @@ TEST(Iir, EveryKindFollowsTheModelInAnySplitAndInPlace) {
         if (!k.bq()) orders.insert(orders.end(), {16, 20, 24});
         for (int n : orders) {
             SCOPED_TRACE(::testing::Message() << k.name << " n=" << n);
-            const V taps = asTaps(k, randomTaps(k, g, n));
+            const V taps = randomTaps(k, g, n);
             const Model m(k, taps, n);
             const long double amp = k.intSamples ? std::floor(k.sampleMax / (2 * m.l1(0, int(m.b.size())) + 1)) : 1.0L;
             const int len = 2600;
@@ -319,7 +309,7 @@ TEST(Iir, StateSizesAndPlacement) {
             ASSERT_EQ(k.size(n, &size), vrxOk);
             ASSERT_EQ(size, sizeFormula(k, n)) << k.name << " n=" << n;
             if (n != 1 && n != 2 && n != 3 && n != 7 && n != 12 && n != 33 && n != 64) continue;
-            const V taps = asTaps(k, randomTaps(k, g, n));
+            const V taps = randomTaps(k, g, n);
             for (size_t off = 0; off < 32; off += (n == 2 ? 1 : 5)) {
                 vt::Buffer buf(size, off);
                 VrxsIirState* st = nullptr;
@@ -342,7 +332,7 @@ TEST(Iir, StateSizesAndPlacement) {
 TEST(Iir, ZeroA0AndB0) {
     for (const Api& k : kinds()) {
         const int n = k.bq() ? 3 : 2;
-        const V taps = asTaps(k, k.bq() ? V{1, .5, .25, 1, .1, .2, 1, .5, .25, 2, .1, .2, 1, .5, .25, 1, .1, .2} : V{1, .5, .25, 2, .1, .2});
+        const V taps = k.bq() ? V{1, .5, .25, 1, .1, .2, 1, .5, .25, 2, .1, .2, 1, .5, .25, 1, .1, .2} : V{1, .5, .25, 2, .1, .2};
         V bad = taps;
         bad[k.bq() ? 9 : 3] = 0;
         StateBox a(k, bad, n);
@@ -376,7 +366,7 @@ TEST(Iir, MultiChannelEqualsSingleCalls) {
         std::vector<void*> dsts(ch), ios(ch);
         std::vector<VrxsIirState*> st2(ch), st3(ch);
         for (int c = 0; c < ch; ++c) {
-            const V taps = asTaps(k, randomTaps(k, g, n));
+            const V taps = randomTaps(k, g, n);
             s1.emplace_back(k, taps, n), s2.emplace_back(k, taps, n), s3.emplace_back(k, taps, n);
             st2[c] = s2.back().st, st3[c] = s3.back().st;
             in[c] = k.pack(randomSamples(k, g, len, f ? 1 : 1000));

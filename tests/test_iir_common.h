@@ -181,7 +181,12 @@ inline V randomBQ(vt::Rng& g, int m, bool cplx) {
     return t;
 }
 
-inline V randomTaps(const Api& k, vt::Rng& g, int n) { return k.bq() ? randomBQ(g, n, k.cplxTaps) : randomAR(g, n, k.cplxTaps); }
+// Random taps of the kind, rounded to its tap type as the kind holds them.
+inline V randomTaps(const Api& k, vt::Rng& g, int n) {
+    V t = k.bq() ? randomBQ(g, n, k.cplxTaps) : randomAR(g, n, k.cplxTaps);
+    for (cld& v : t) v = k.eps > 0x1p-30L ? cld(float(v.real()), float(v.imag())) : cld(double(v.real()), double(v.imag()));
+    return t;
+}
 
 // Direct form II transposed in long double over normalised taps; the line
 // of n+1 values (last 0) carries over between calls. step() keeps per
