@@ -194,6 +194,7 @@ inline V randomTaps(const Api& k, vt::Rng& g, int n) {
 struct Model {
     std::vector<V> b, a, d;  // per section (AR: one section of order n)
     std::vector<long double> xin, yout, dmax;
+    bool track = true;
     Model(const Api& k, const V& taps, int n) {
         if (!k.bq()) add(V(taps.begin(), taps.begin() + n + 1), V(taps.begin() + n + 1, taps.end()));
         else
@@ -214,9 +215,11 @@ struct Model {
             V& l = d[s];
             const cld y = b[s][0] * x + l[0];
             for (size_t i = 0; i < n; ++i) l[i] = b[s][i + 1] * x - a[s][i + 1] * y + l[i + 1];
-            xin[s] = std::max(xin[s], std::abs(x));
-            yout[s] = std::max(yout[s], std::abs(y));
-            for (size_t i = 0; i < n; ++i) dmax[s] = std::max(dmax[s], std::abs(l[i]));
+            if (track) {
+                xin[s] = std::max(xin[s], std::abs(x));
+                yout[s] = std::max(yout[s], std::abs(y));
+                for (size_t i = 0; i < n; ++i) dmax[s] = std::max(dmax[s], std::abs(l[i]));
+            }
             x = y;
         }
         return x;
@@ -229,6 +232,7 @@ struct Model {
         m.a.assign(a.begin() + s0, a.begin() + s1);
         m.d.assign(d.begin() + s0, d.begin() + s1);
         for (V& l : m.d) for (cld& v : l) v = 0;
+        m.track = false;
         long double sum = 0;
         for (int i = 0; i < 4000; ++i) sum += std::abs(m.step(i == 0 ? cld(1) : cld(0)));
         return sum;
