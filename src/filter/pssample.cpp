@@ -121,6 +121,77 @@ VRX_INLINE void downAny(const T* s, T* d, int count, int f, int ph) {
     for (int k = 0; k < count; ++k, p += f) d[k] = *p;
 }
 
+// Up by 3 <= f <= 8 for 4- and 8-byte elements: a register of N source
+// elements spreads over f output registers, each one permute of it with a
+// fixed index and zeros outside a fixed mask (the pattern of phase 0). A
+// phase ph is the same words written ph elements later behind ph zeros.
+template <class Ix, int Fc>
+struct UpTables {
+    static constexpr int N = 64 / int(sizeof(Ix));
+    Ix idx[Fc][N];     // lane l of output register r: source element (r*N + l) / f
+    uint32_t mask[Fc];  // the lanes that hold a source element
+    constexpr UpTables() : idx{}, mask{} {
+        for (int r = 0; r < Fc; ++r)
+            for (int l = 0; l < N; ++l)
+                if ((r * N + l) % Fc == 0) {
+                    idx[r][l] = (r * N + l) / Fc;
+                    mask[r] |= 1u << l;
+                }
+    }
+};
+
+template <int Fc, class T>
+VRX_INLINE void upFixed(const T* s, T* d, int n, int ph) {
+    using Ix = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    using I = simd::V<Ix>;
+    using M = typename I::M;
+    using Tb = UpTables<Ix, Fc>;
+    constexpr int N = I::N;
+    alignas(64) static constexpr Tb tb{};
+    typename I::R ix[Fc];
+#pragma GCC unroll 8
+    for (int r = 0; r < Fc; ++r) ix[r] = I::load(tb.idx[r]);
+    const Ix* x = reinterpret_cast<const Ix*>(s);
+    Ix* o = reinterpret_cast<Ix*>(d);
+    I::storem(o, simd::tail<Ix>(size_t(ph)), I::zero());
+    o += ph;
+    const int64_t limit = int64_t(n) * Fc - ph;  // elements written from o
+    auto spread = [&](typename I::R v, int r) __attribute__((always_inline)) {
+        return I::blend(static_cast<M>(tb.mask[r]), I::zero(), I::permute(ix[r], v));
+    };
+    int i = 0;
+    for (; int64_t(i + N) * Fc <= limit; i += N) {
+        const typename I::R v = I::load(x + i);
+        Ix* q = o + int64_t(i) * Fc;
+#pragma GCC unroll 8
+        for (int r = 0; r < Fc; ++r) I::store(q + r * N, spread(v, r));
+    }
+    for (; i < n; i += N) {
+        const typename I::R v = I::loadm(simd::tail<Ix>(size_t(n - i < N ? n - i : N)), x + i);
+        for (int r = 0; r < Fc; ++r) {
+            const int64_t at = int64_t(i) * Fc + r * N, left = limit - at;
+            if (left <= 0) break;
+            I::storem(o + at, simd::tail<Ix>(size_t(left < N ? left : N)), spread(v, r));
+        }
+    }
+}
+
+template <class T>
+VRX_INLINE bool upMany(const T* s, T* d, int n, int f, int ph) {
+    if constexpr (sizeof(T) == 4 || sizeof(T) == 8) {
+        switch (f) {
+            case 3: upFixed<3>(s, d, n, ph); return true;
+            case 4: upFixed<4>(s, d, n, ph); return true;
+            case 5: upFixed<5>(s, d, n, ph); return true;
+            case 6: upFixed<6>(s, d, n, ph); return true;
+            case 7: upFixed<7>(s, d, n, ph); return true;
+            case 8: upFixed<8>(s, d, n, ph); return true;
+            default: break;
+        }
+    }
+    return false;
+}
+
 // Down by 3 <= f <= lanes for 4- and 8-byte elements: a register of N
 // outputs from the f registers of input behind it. Output lane i is input
 // element f*i; the registers are taken in pairs, one two-register permute
@@ -239,7 +310,7 @@ VrxStatus sampleUp(const E* pSrc, int srcLen, E* pDst, int* pDstLen, int factor,
     *pDstLen = static_cast<int>(int64_t(srcLen) * factor);
     if (factor == 1) memmove(static_cast<void*>(d), s, sizeof(T) * size_t(srcLen));
     else if (factor == 2) up2(s, d, srcLen, ph);
-    else {
+    else if (!upMany(s, d, srcLen, factor, ph)) {
         // pieces of 16 KiB of source for the narrow types keep the zeroing
         // and the scatter of a piece in cache
         const int piece = sizeof(T) <= 4 ? 16384 / int(sizeof(T)) : srcLen;
