@@ -8,8 +8,8 @@
 // firfilt_cccf and volk_32fc_x2_dot_prod_32fc; 64f against the loop and
 // FFTW double. Multi-rate against firdecim_rrrf, firinterp_rrrf (factors 2,
 // 4, 8 with 16 x factor taps) and rresamp_rrrf (3/2, 2/3). SampleUp and
-// SampleDown at factors 2, 3, 8 against a scalar loop (1 Ki) and memcpy of
-// the bytes each writes (4 Mi).
+// SampleDown at factors 2, 3, 8 against a scalar loop (1 Ki) and memcpy
+// bandwidth (4 Mi, bytes read plus written, memcpy of the larger side).
 #include <benchmark/benchmark.h>
 #include <string.h>
 
@@ -343,6 +343,11 @@ BENCHMARK(BM_Liquid_rresamp_rrrf)->Args({3, 2})->Args({2, 3});
 BENCHMARK(BM_FIRMR_32f)->Args({1, 2})->Args({1, 4})->Args({1, 8})->Args({2, 1})->Args({4, 1})->Args({8, 1})->Args({3, 2})->Args({2, 3});
 
 // --------------------------------------------------------- Up and Down
+// Bytes per second count what a call reads and writes: the source and the
+// destination. memcpy is compared at the larger side of each (the output of
+// SampleUp, the source of SampleDown), read once and written once.
+int64_t upBytes(int f, int n) { return int64_t(n) * (1 + f) * int64_t(sizeof(float)); }
+int64_t downBytes(int f, int n) { return (int64_t(n) + (int64_t(n) + f - 1) / f) * int64_t(sizeof(float)); }
 void BM_SampleUp_32f(benchmark::State& st) {
     const int f = int(st.range(0)), n = int(st.range(1));
     const auto x = noise<float>(size_t(n), 3);
@@ -353,6 +358,7 @@ void BM_SampleUp_32f(benchmark::State& st) {
         benchmark::DoNotOptimize(y.data());
     }
     items(st, n);
+    st.SetBytesProcessed(st.iterations() * upBytes(f, n));
 }
 void BM_SampleDown_32f(benchmark::State& st) {
     const int f = int(st.range(0)), n = int(st.range(1));
@@ -364,6 +370,7 @@ void BM_SampleDown_32f(benchmark::State& st) {
         benchmark::DoNotOptimize(y.data());
     }
     items(st, n);
+    st.SetBytesProcessed(st.iterations() * downBytes(f, n));
 }
 void BM_Loop_SampleUp_32f(benchmark::State& st) {
     const int f = int(st.range(0)), n = int(st.range(1));
@@ -377,6 +384,7 @@ void BM_Loop_SampleUp_32f(benchmark::State& st) {
         benchmark::DoNotOptimize(y.data());
     }
     items(st, n);
+    st.SetBytesProcessed(st.iterations() * upBytes(f, n));
 }
 void BM_Loop_SampleDown_32f(benchmark::State& st) {
     const int f = int(st.range(0)), n = int(st.range(1));
@@ -387,21 +395,21 @@ void BM_Loop_SampleDown_32f(benchmark::State& st) {
         benchmark::DoNotOptimize(y.data());
     }
     items(st, n);
+    st.SetBytesProcessed(st.iterations() * downBytes(f, n));
 }
-// memcpy of the bytes that SampleUp writes (factor range(0) times the
-// source), and of the bytes that SampleDown writes (the source over the
-// factor, rounded up).
-void memcpyBytes(benchmark::State& st, size_t n) {
-    const auto x = noise<float>(n, 3);
-    std::vector<float> y(n);
+// memcpy of m floats: 2m floats of traffic per call.
+void memcpyFloats(benchmark::State& st, size_t m) {
+    const auto x = noise<float>(m, 3);
+    std::vector<float> y(m);
     for (auto _ : st) {
-        memcpy(y.data(), x.data(), n * sizeof(float));
+        memcpy(y.data(), x.data(), m * sizeof(float));
         benchmark::DoNotOptimize(y.data());
     }
     items(st, st.range(1));
+    st.SetBytesProcessed(st.iterations() * int64_t(2 * m * sizeof(float)));
 }
-void BM_Memcpy_Up_32f(benchmark::State& st) { memcpyBytes(st, size_t(st.range(1)) * size_t(st.range(0))); }
-void BM_Memcpy_Down_32f(benchmark::State& st) { memcpyBytes(st, size_t(st.range(1) + st.range(0) - 1) / size_t(st.range(0))); }
+void BM_Memcpy_Up_32f(benchmark::State& st) { memcpyFloats(st, size_t(st.range(1)) * size_t(st.range(0))); }
+void BM_Memcpy_Down_32f(benchmark::State& st) { memcpyFloats(st, size_t(st.range(1))); }
 void sampleArgs(benchmark::internal::Benchmark* b) {
     for (int n : {1024, 4 << 20})
         for (int f : {2, 3, 8}) b->Args({f, n});

@@ -121,40 +121,170 @@ VRX_INLINE void downAny(const T* s, T* d, int count, int f, int ph) {
     for (int k = 0; k < count; ++k, p += f) d[k] = *p;
 }
 
-// Down by 3 <= f <= lanes for 4- and 8-byte elements: a register of N
-// outputs from the f registers of input behind it. Register r holds the
-// outputs i with f*i in [N*r, N*r + N); a chain of two-register permutes
-// puts them in place: the first takes registers 0 and 1, each further one
-// keeps the lanes placed so far and takes those of register r. The loads
-// stay inside the source; the rest goes element by element.
-template <class F, class T>
-VRX_INLINE void downPerm(const T* s, T* d, int count, int f, int ph, int len) {
-    static_assert(sizeof(F) == sizeof(T));
-    using W = simd::V<F>;
-    using I = simd::V<std::conditional_t<sizeof(F) == 4, int32_t, int64_t>>;
-    constexpr int N = W::N;
-    int k = 0;
-    if (f <= N) {
-        using I32 = simd::V<int32_t>;
-        const I32::R iota32 = simd::iota32(), pos32 = I32::mullo(iota32, I32::set1(f));
-        typename I::R iota, pos, idx[N];
-        if constexpr (N == 16) iota = iota32, pos = pos32;
-        else iota = simd::lowTo64s(iota32), pos = simd::lowTo64s(pos32);
-        idx[1] = pos;  // lanes past register 1 are replaced later
-        for (int r = 2; r < f; ++r)
-            idx[r] = I::blend(I::eq(I::template shr<N == 16 ? 4 : 3>(pos), I::set1(r)), iota,
-                              I::add(I::andb(pos, I::set1(N - 1)), I::set1(N)));
-        const F* p = reinterpret_cast<const F*>(s) + ph;
-        F* o = reinterpret_cast<F*>(d);
-        const int64_t span = int64_t(N) * f;
-        for (; k + N <= count && ph + int64_t(k) * f + span <= len; k += N) {
-            const F* x = p + int64_t(k) * f;
-            typename W::R acc = W::permute2(W::load(x), idx[1], W::load(x + N));
-            for (int r = 2; r < f; ++r) acc = W::permute2(acc, idx[r], W::load(x + N * r));
-            W::store(o + k, acc);
+// Up by 3 <= f <= 8 for 4- and 8-byte elements: a register of N source
+// elements spreads over f output registers, each one permute of it with a
+// fixed index and zeros outside a fixed mask (the pattern of phase 0). A
+// phase ph is the same words written ph elements later behind ph zeros.
+template <class Ix, int Fc>
+struct UpTables {
+    static constexpr int N = 64 / int(sizeof(Ix));
+    Ix idx[Fc][N];     // lane l of output register r: source element (r*N + l) / f
+    uint32_t mask[Fc];  // the lanes that hold a source element
+    constexpr UpTables() : idx{}, mask{} {
+        for (int r = 0; r < Fc; ++r)
+            for (int l = 0; l < N; ++l)
+                if ((r * N + l) % Fc == 0) {
+                    idx[r][l] = (r * N + l) / Fc;
+                    mask[r] |= 1u << l;
+                }
+    }
+};
+
+template <int Fc, class T>
+VRX_INLINE void upFixed(const T* s, T* d, int n, int ph) {
+    using Ix = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    using I = simd::V<Ix>;
+    using M = typename I::M;
+    using Tb = UpTables<Ix, Fc>;
+    constexpr int N = I::N;
+    alignas(64) static constexpr Tb tb{};
+    typename I::R ix[Fc];
+#pragma GCC unroll 8
+    for (int r = 0; r < Fc; ++r) ix[r] = I::load(tb.idx[r]);
+    const Ix* x = reinterpret_cast<const Ix*>(s);
+    Ix* o = reinterpret_cast<Ix*>(d);
+    I::storem(o, simd::tail<Ix>(size_t(ph)), I::zero());
+    o += ph;
+    const int64_t limit = int64_t(n) * Fc - ph;  // elements written from o
+    auto spread = [&](typename I::R v, int r) __attribute__((always_inline)) {
+        return I::blend(static_cast<M>(tb.mask[r]), I::zero(), I::permute(ix[r], v));
+    };
+    int i = 0;
+    for (; int64_t(i + N) * Fc <= limit; i += N) {
+        const typename I::R v = I::load(x + i);
+        Ix* q = o + int64_t(i) * Fc;
+#pragma GCC unroll 8
+        for (int r = 0; r < Fc; ++r) I::store(q + r * N, spread(v, r));
+    }
+    for (; i < n; i += N) {
+        const typename I::R v = I::loadm(simd::tail<Ix>(size_t(n - i < N ? n - i : N)), x + i);
+        for (int r = 0; r < Fc; ++r) {
+            const int64_t at = int64_t(i) * Fc + r * N, left = limit - at;
+            if (left <= 0) break;
+            I::storem(o + at, simd::tail<Ix>(size_t(left < N ? left : N)), spread(v, r));
         }
     }
-    downAny(s + int64_t(k) * f, d + k, count - k, f, ph);
+}
+
+template <class T>
+VRX_INLINE bool upMany(const T* s, T* d, int n, int f, int ph) {
+    if constexpr (sizeof(T) == 4 || sizeof(T) == 8) {
+        switch (f) {
+            case 3: upFixed<3>(s, d, n, ph); return true;
+            case 4: upFixed<4>(s, d, n, ph); return true;
+            case 5: upFixed<5>(s, d, n, ph); return true;
+            case 6: upFixed<6>(s, d, n, ph); return true;
+            case 7: upFixed<7>(s, d, n, ph); return true;
+            case 8: upFixed<8>(s, d, n, ph); return true;
+            default: break;
+        }
+    }
+    return false;
+}
+
+// Down by 3 <= f <= lanes for 4- and 8-byte elements: a register of N
+// outputs from the f registers of input behind it. Output lane i is input
+// element f*i; the registers are taken in pairs, one two-register permute
+// per pair puts the lanes that pair holds in place, and blends with fixed
+// masks join the pairs (ceil(f/2) permutes per register of outputs). The
+// loads stay inside the source: the last registers load under masks.
+template <class F, int Fc>
+struct DownTables {
+    using Ix = std::conditional_t<sizeof(F) == 4, int32_t, int64_t>;
+    static constexpr int N = 64 / int(sizeof(F));
+    static constexpr int Q = (Fc + 1) / 2;  // pairs of input registers
+    Ix idx[Q][N];   // lane i of pair q: element f*i - 2*q*N of the pair
+    uint32_t mask[Q];  // the lanes pair q holds
+    constexpr DownTables() : idx{}, mask{} {
+        for (int q = 0; q < Q; ++q)
+            for (int i = 0; i < N; ++i) {
+                const int e = i * Fc - 2 * q * N;
+                if (e >= 0 && e < 2 * N) {
+                    idx[q][i] = e;
+                    mask[q] |= 1u << i;
+                }
+            }
+    }
+};
+
+template <class F, int Fc, class T>
+VRX_INLINE void downFixed(const T* s, T* d, int count, int ph, int len) {
+    static_assert(sizeof(F) == sizeof(T));
+    using W = simd::V<F>;
+    using Tb = DownTables<F, Fc>;
+    using I = simd::V<typename Tb::Ix>;
+    using M = typename W::M;
+    constexpr int N = W::N, Q = Tb::Q;
+    alignas(64) static constexpr Tb tb{};
+    typename I::R ix[Q];
+#pragma GCC unroll 8
+    for (int q = 0; q < Q; ++q) ix[q] = I::load(tb.idx[q]);
+    const F* p = reinterpret_cast<const F*>(s) + ph;
+    F* o = reinterpret_cast<F*>(d);
+    auto gather = [&](const F* x, auto load) __attribute__((always_inline)) {
+        typename W::R acc = W::permute2(load(x, 0), ix[0], load(x + N, 1));
+#pragma GCC unroll 8
+        for (int q = 1; q < Q; ++q) {
+            const typename W::R a = load(x + 2 * q * N, 2 * q);
+            const typename W::R b = 2 * q + 1 < Fc ? load(x + (2 * q + 1) * N, 2 * q + 1) : a;
+            acc = W::blend(static_cast<M>(tb.mask[q]), acc, W::permute2(a, ix[q], b));
+        }
+        return acc;
+    };
+    const int64_t avail = int64_t(len) - ph;  // source elements from p on
+    int k = 0;
+    for (; k + N <= count && int64_t(k) * Fc + int64_t(N) * Fc <= avail; k += N)
+        W::store(o + k, gather(p + int64_t(k) * Fc, [](const F* x, int) { return W::load(x); }));
+    for (; k < count; k += N) {
+        const int64_t left = avail - int64_t(k) * Fc;  // elements the registers may read
+        auto masked = [left](const F* x, int r) {
+            // registers wholly past the source are not touched at all: a
+            // masked load that reaches an unmapped page is slow even when
+            // every lane is off
+            const int64_t m = left - int64_t(r) * N;
+            if (m <= 0) return W::zero();
+            return W::loadm(simd::tail<F>(size_t(m >= N ? N : m)), x);
+        };
+        const int rem = count - k < N ? count - k : N;
+        W::storem(o + k, simd::tail<F>(size_t(rem)), gather(p + int64_t(k) * Fc, masked));
+    }
+}
+
+template <class F, class T>
+VRX_INLINE void downPerm(const T* s, T* d, int count, int f, int ph, int len) {
+    switch (f) {
+        case 3: downFixed<F, 3>(s, d, count, ph, len); return;
+        case 4: downFixed<F, 4>(s, d, count, ph, len); return;
+        case 5: downFixed<F, 5>(s, d, count, ph, len); return;
+        case 6: downFixed<F, 6>(s, d, count, ph, len); return;
+        case 7: downFixed<F, 7>(s, d, count, ph, len); return;
+        case 8: downFixed<F, 8>(s, d, count, ph, len); return;
+        default: break;
+    }
+    if constexpr (sizeof(F) == 4) {
+        switch (f) {
+            case 9: downFixed<F, 9>(s, d, count, ph, len); return;
+            case 10: downFixed<F, 10>(s, d, count, ph, len); return;
+            case 11: downFixed<F, 11>(s, d, count, ph, len); return;
+            case 12: downFixed<F, 12>(s, d, count, ph, len); return;
+            case 13: downFixed<F, 13>(s, d, count, ph, len); return;
+            case 14: downFixed<F, 14>(s, d, count, ph, len); return;
+            case 15: downFixed<F, 15>(s, d, count, ph, len); return;
+            case 16: downFixed<F, 16>(s, d, count, ph, len); return;
+            default: break;
+        }
+    }
+    downAny(s, d, count, f, ph);
 }
 VRX_INLINE void downMany(const uint32_t* s, uint32_t* d, int count, int f, int ph, int len) { downPerm<float>(s, d, count, f, ph, len); }
 VRX_INLINE void downMany(const uint64_t* s, uint64_t* d, int count, int f, int ph, int len) { downPerm<double>(s, d, count, f, ph, len); }
@@ -180,7 +310,7 @@ VrxStatus sampleUp(const E* pSrc, int srcLen, E* pDst, int* pDstLen, int factor,
     *pDstLen = static_cast<int>(int64_t(srcLen) * factor);
     if (factor == 1) memmove(static_cast<void*>(d), s, sizeof(T) * size_t(srcLen));
     else if (factor == 2) up2(s, d, srcLen, ph);
-    else {
+    else if (!upMany(s, d, srcLen, factor, ph)) {
         // pieces of 16 KiB of source for the narrow types keep the zeroing
         // and the scatter of a piece in cache
         const int piece = sizeof(T) <= 4 ? 16384 / int(sizeof(T)) : srcLen;
@@ -209,7 +339,8 @@ VrxStatus sampleDown(const E* pSrc, int srcLen, E* pDst, int* pDstLen, int facto
         *pPhase = ph - srcLen;
         return vrxOk;
     }
-    const int count = static_cast<int>((int64_t(srcLen) + factor - ph - 1) / factor);
+    // below 2^32: a 32-bit division
+    const int count = static_cast<int>((uint32_t(srcLen) + uint32_t(factor - ph - 1)) / uint32_t(factor));
     if (factor == 2) down2(s, d, count, ph, srcLen);
     else downMany(s, d, count, factor, ph, srcLen);
     *pDstLen = count;

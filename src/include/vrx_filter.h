@@ -109,7 +109,9 @@ struct RealTaps {
     static constexpr int kScalars = 1;  // scalars per element
     struct X { R v; };
     VRX_INLINE X at(const S* p) const { return {W::load(p)}; }
-    VRX_INLINE R step(R acc, const X& x, int j) const { return W::fma(W::set1(g[j * Stride]), x.v, acc); }
+    VRX_INLINE const S* row(int j) const { return g + ptrdiff_t(j) * Stride; }
+    // tap row r advanced by d taps
+    VRX_INLINE static R step(R acc, const X& x, const S* r, ptrdiff_t d) { return W::fma(W::set1(r[d * Stride]), x.v, acc); }
 };
 template <class S, bool PlusFirst, ptrdiff_t Stride>
 struct CplxTaps {
@@ -123,8 +125,9 @@ struct CplxTaps {
         const R v = W::load(p);
         return {v, W::swapPair(v)};
     }
-    VRX_INLINE R step(R acc, const X& x, int j) const {
-        const S* t = rows + j * Stride;
+    VRX_INLINE const S* row(int j) const { return rows + ptrdiff_t(j) * Stride; }
+    VRX_INLINE static R step(R acc, const X& x, const S* r, ptrdiff_t d) {
+        const S* t = r + d * Stride;
         acc = W::fma(W::set1(t[0]), x.v, acc);
         if constexpr (PlusFirst) return W::fnma(W::repeat4(t + 4), x.s, acc);
         else return W::fma(W::repeat4(t + 4), x.s, acc);
@@ -145,10 +148,11 @@ template <class S> struct Input {
 
 // One pass of A slots over the taps j0 .. j0+w-1 (L*(A-1) < w <= L*A) for
 // the blocks 0..K-1 of out; a pass after the first carries on from the sums
-// the previous one left in out. Slots that hold no block at the two ends
-// compute on and are dropped; the input they read is the live slots' input.
+// the previous one left in out. At the two ends of a pass (the first and
+// last A-1 chunks) only the slots that hold a block compute.
 template <int A, class K, class S>
-void rotPass(const K& k, int j0, int w, Input<S> in, S* out, int K_, bool fresh) {
+void rotPass(const K& taps, int j0, int w, Input<S> in, S* out, int K_, bool fresh) {
+    const K k = taps;  // a local copy: the stores to out cannot reach it
     using W = simd::V<S>;
     using R = typename W::R;
     constexpr int L = K::L;
@@ -157,27 +161,36 @@ void rotPass(const K& k, int j0, int w, Input<S> in, S* out, int K_, bool fresh)
 #pragma GCC unroll 32
     for (int a = 0; a < A; ++a) acc[a] = W::zero();
     if (!fresh) acc[0] = W::load(out);
-    const int mEnd = K_ + A - 2;
-    for (int m = 0; m <= mEnd; ++m) {
+    // chunk m: slot a holds block m-a when lo <= a <= hi (Guard false: all)
+    auto chunk = [&]<bool Guard>(int m, int lo, int hi) __attribute__((always_inline)) {
         // in the last chunk only the last slot holds a block, for rr taps
-        const int tEnd = m == mEnd ? rr : L;
+        const int tEnd = Guard && lo == A - 1 ? rr : L;
         const int p0 = j0 + L * m;
         int t = 0;
         for (; t < rr; ++t) {
             const auto x = k.at(in.template at<K>(p0 + t));
+            const S* r = k.row(j0 + t);
 #pragma GCC unroll 32
-            for (int a = 0; a < A; ++a) acc[a] = k.step(acc[a], x, j0 + L * a + t);
+            for (int a = 0; a < A; ++a)
+                if (!Guard || (a >= lo && a <= hi)) acc[a] = K::step(acc[a], x, r, L * a);
         }
         for (; t < tEnd; ++t) {
             const auto x = k.at(in.template at<K>(p0 + t));
+            const S* r = k.row(j0 + t);
 #pragma GCC unroll 32
-            for (int a = 0; a < A - 1; ++a) acc[a] = k.step(acc[a], x, j0 + L * a + t);
+            for (int a = 0; a < A - 1; ++a)
+                if (!Guard || (a >= lo && a <= hi)) acc[a] = K::step(acc[a], x, r, L * a);
         }
         if (m >= A - 1) W::store(out + W::N * (m - (A - 1)), acc[A - 1]);
 #pragma GCC unroll 32
         for (int a = A - 1; a > 0; --a) acc[a] = acc[a - 1];
         acc[0] = (!fresh && m + 1 < K_) ? W::load(out + W::N * (m + 1)) : W::zero();
-    }
+    };
+    const int mEnd = K_ + A - 2;
+    int m = 0;
+    for (; m < A - 1 && m <= mEnd; ++m) chunk.template operator()<true>(m, m - K_ + 1 > 0 ? m - K_ + 1 : 0, m);
+    for (; m < K_; ++m) chunk.template operator()<false>(m, 0, A - 1);
+    for (; m <= mEnd; ++m) chunk.template operator()<true>(m, m - K_ + 1, A - 1);
 }
 
 // The full blocks of n outputs of an N-tap filter by passes of at most 16
