@@ -407,18 +407,16 @@ TEST(WtStatus, GetSizeOrderAndZero) {
         auto gs = [&](int sel, int tl, int ol, int th, int oh, int* p) {
             return inv ? vrxsWTInvGetSize(sel, tl, ol, th, oh, p) : vrxsWTFwdGetSize(sel, tl, ol, th, oh, p);
         };
+        // selector, then lengths, then offsets; every failure leaves 0
+        const struct { int sel, tl, ol, th, oh; VrxStatus st; } rows[] = {
+            {2, 0, -2, 4, 0, vrxErrDataType}, {13, 4, -2, 0, 0, vrxErrBadLength}, {7, 4, 0, 4, -2, vrxErrWtOffset},
+            {1, 0x7FFFFFF0, 0, 4, 0, vrxErrBadLength}};
         int sz = 77;
-        EXPECT_EQ(gs(2, 0, -2, 4, 0, &sz), vrxErrDataType);
-        EXPECT_EQ(sz, 0);
-        sz = 77;
-        EXPECT_EQ(gs(13, 4, -2, 0, 0, &sz), vrxErrBadLength);
-        EXPECT_EQ(sz, 0);
-        sz = 77;
-        EXPECT_EQ(gs(7, 4, 0, 4, -2, &sz), vrxErrWtOffset);
-        EXPECT_EQ(sz, 0);
-        sz = 77;
-        EXPECT_EQ(gs(1, 0x7FFFFFF0, 0, 4, 0, &sz), vrxErrBadLength);
-        EXPECT_EQ(sz, 0);
+        for (const auto& r : rows) {
+            sz = 77;
+            EXPECT_EQ(gs(r.sel, r.tl, r.ol, r.th, r.oh, &sz), r.st);
+            EXPECT_EQ(sz, 0);
+        }
         for (int sel : {13, 1, 5, 7}) EXPECT_EQ(gs(sel, 4, 0, 4, 0, &sz), vrxOk);
         // the size formula for one case: forward taps 3 offset 2, taps 4 offset -1
         int a = 0, b = 0;
