@@ -6,80 +6,47 @@
 
 namespace {
 
-template <class T>
-struct HaarF;
-template <>
-struct HaarF<float> {
-    static VrxStatus fwd(const float* x, int n, float* l, float* h) { return vrxsWTHaarFwd_32f(x, n, l, h); }
-    static VrxStatus inv(const float* l, const float* h, float* x, int n) { return vrxsWTHaarInv_32f(l, h, x, n); }
-};
-template <>
-struct HaarF<double> {
-    static VrxStatus fwd(const double* x, int n, double* l, double* h) { return vrxsWTHaarFwd_64f(x, n, l, h); }
-    static VrxStatus inv(const double* l, const double* h, double* x, int n) { return vrxsWTHaarInv_64f(l, h, x, n); }
-};
+VrxStatus fwd(const float* x, int n, float* l, float* h) { return vrxsWTHaarFwd_32f(x, n, l, h); }
+VrxStatus fwd(const double* x, int n, double* l, double* h) { return vrxsWTHaarFwd_64f(x, n, l, h); }
+VrxStatus inv(const float* l, const float* h, float* x, int n) { return vrxsWTHaarInv_32f(l, h, x, n); }
+VrxStatus inv(const double* l, const double* h, double* x, int n) { return vrxsWTHaarInv_64f(l, h, x, n); }
 
 const int kLens[] = {1, 2, 3, 4, 5, 31, 32, 33, 34, 63, 64, 65, 66, 127, 128, 129, 130, 1001, 4096};
 
-// Forward and inverse of the float forms on every length class; the
-// guards of the destinations catch writes past len/2 (no high value for
-// the odd sample).
-template <class T, size_t K>
-void floatsExact(const int (&lens)[K], size_t yOff = 20) {
+// high = (x[2i+1] - x[2i]) * 0.5 and low = high + x[2i] (not the mean: the
+// bits differ), inverse low -/+ high; an odd length carries its last sample
+// as a low value, and the guards catch a high value written for it.
+template <class T>
+void floatsExact(const std::vector<int>& lens, size_t yOff = 20) {
     vt::Rng rng(sizeof(T));
     for (int n : lens) {
         SCOPED_TRACE(n);
         const int nl = (n + 1) / 2, nh = n / 2;
         vt::Buffer xb(n * sizeof(T), 4), lb(nl * sizeof(T), 8), hb(nh * sizeof(T) + (nh == 0), 12), yb(n * sizeof(T), yOff);
-        T* x = xb.as<T>();
-        T* lo = lb.as<T>();
-        T* hi = hb.as<T>();
-        T* y = yb.as<T>();
+        T *x = xb.as<T>(), *lo = lb.as<T>(), *hi = hb.as<T>(), *y = yb.as<T>();
         for (int i = 0; i < n; ++i) x[i] = static_cast<T>(rng.uniform() * 2000 - 1000);
-        ASSERT_EQ(HaarF<T>::fwd(x, n, lo, hi), vrxOk);
+        ASSERT_EQ(fwd(x, n, lo, hi), vrxOk);
+        ASSERT_EQ(inv(lo, hi, y, n), vrxOk);
         for (int i = 0; i < nh; ++i) {
             const T h = (x[2 * i + 1] - x[2 * i]) * T(0.5);
-            EXPECT_TRUE(vt::sameBits(hi[i], h)) << i;
-            EXPECT_TRUE(vt::sameBits(lo[i], static_cast<T>(h + x[2 * i]))) << i;
+            ASSERT_TRUE(vt::sameBits(hi[i], h) && vt::sameBits(lo[i], static_cast<T>(h + x[2 * i]))) << i;
+            ASSERT_TRUE(vt::sameBits(y[2 * i], static_cast<T>(lo[i] - hi[i])) && vt::sameBits(y[2 * i + 1], static_cast<T>(lo[i] + hi[i]))) << i;
         }
-        if (n & 1) {
-            EXPECT_TRUE(vt::sameBits(lo[nh], x[n - 1]));
-        }
-        ASSERT_EQ(HaarF<T>::inv(lo, hi, y, n), vrxOk);
-        for (int i = 0; i < nh; ++i) {
-            EXPECT_TRUE(vt::sameBits(y[2 * i], static_cast<T>(lo[i] - hi[i]))) << i;
-            EXPECT_TRUE(vt::sameBits(y[2 * i + 1], static_cast<T>(lo[i] + hi[i]))) << i;
-        }
-        if (n & 1) {
-            EXPECT_TRUE(vt::sameBits(y[n - 1], lo[nh]));
-        }
+        EXPECT_TRUE(!(n & 1) || (vt::sameBits(lo[nh], x[n - 1]) && vt::sameBits(y[n - 1], lo[nh])));
         EXPECT_TRUE(xb.guardsIntact() && lb.guardsIntact() && hb.guardsIntact() && yb.guardsIntact());
     }
 }
 
-TEST(Haar, Float32Exact) { floatsExact<float>(kLens); }
-TEST(Haar, Float64Exact) { floatsExact<double>(kLens); }
+TEST(Haar, FloatsExact) {
+    const std::vector<int> lens(std::begin(kLens), std::end(kLens));
+    floatsExact<float>(lens);
+    floatsExact<double>(lens);
+}
 // Calls moving 32 MiB and more store with non-temporal stores from a
 // boundary of the destination on: the same bits, the odd sample included.
 TEST(Haar, LargeCallsExact) {
     floatsExact<float>({(1 << 22) + 5}, 48);  // the inverse streams from a pair's boundary
     floatsExact<double>({(1 << 21) + 3}, 48);
-}
-
-// The low value is high + x[2i], not the mean: for these pairs the two differ.
-TEST(Haar, LowIsHighPlusFirst) {
-    const float x[2] = {1.0f, 0x1.000002p0f * 3.0f};
-    float lo, hi;
-    ASSERT_EQ(vrxsWTHaarFwd_32f(x, 2, &lo, &hi), vrxOk);
-    const float h = (x[1] - x[0]) * 0.5f;
-    EXPECT_EQ(lo, h + x[0]);
-    // len 1: low = x[0] and no high value
-    float l1 = 0, h1 = 42.0f, y = 0;
-    ASSERT_EQ(vrxsWTHaarFwd_32f(x, 1, &l1, &h1), vrxOk);
-    EXPECT_EQ(l1, 1.0f);
-    EXPECT_EQ(h1, 42.0f);
-    ASSERT_EQ(vrxsWTHaarInv_32f(&l1, &h1, &y, 1), vrxOk);
-    EXPECT_EQ(y, 1.0f);
 }
 
 // 16s: s and d exact in 32 bits, scaled by sf + 1 forward and sf inverse,
@@ -88,58 +55,43 @@ TEST(Haar, Int16AgainstExactRule) {
     vt::Rng rng(16);
     for (int n : kLens) {
         const int nl = (n + 1) / 2, nh = n / 2;
-        std::vector<int16_t> x(n);
-        for (int i = 0; i < n; ++i) {
-            // extremes and small values mixed
+        std::vector<int16_t> x(n), l2(nl), h2(nh + 1);
+        for (auto& v : x) {  // extremes and random values mixed
             const int pick = static_cast<int>(rng.range(0, 5));
-            x[i] = pick == 0 ? int16_t(32767) : pick == 1 ? int16_t(-32768) : static_cast<int16_t>(rng.next());
+            v = pick == 0 ? int16_t(32767) : pick == 1 ? int16_t(-32768) : static_cast<int16_t>(rng.next());
         }
+        for (auto& v : l2) v = static_cast<int16_t>(rng.next());
+        for (auto& v : h2) v = static_cast<int16_t>(rng.next());
         for (int sf = -20; sf <= 40; ++sf) {
             SCOPED_TRACE(testing::Message() << "len " << n << " sf " << sf);
             vt::Buffer lb(nl * 2, 2), hb(nh * 2 + (nh == 0) * 2, 6), yb(n * 2, 10);
-            int16_t* lo = lb.as<int16_t>();
-            int16_t* hi = hb.as<int16_t>();
-            int16_t* y = yb.as<int16_t>();
+            int16_t *lo = lb.as<int16_t>(), *hi = hb.as<int16_t>(), *y = yb.as<int16_t>();
             ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(x.data(), n, lo, hi, sf), vrxOk);
+            ASSERT_EQ(vrxsWTHaarInv_16s_Sfs(l2.data(), h2.data(), y, n, sf), vrxOk);
             for (int i = 0; i < nh; ++i) {
                 ASSERT_EQ(lo[i], vt::scaled<int16_t>(vt::i128(x[2 * i]) + x[2 * i + 1], sf + 1)) << i;
                 ASSERT_EQ(hi[i], vt::scaled<int16_t>(vt::i128(x[2 * i + 1]) - x[2 * i], sf + 1)) << i;
-            }
-            if (n & 1) {
-                ASSERT_EQ(lo[nh], vt::scaled<int16_t>(2 * vt::i128(x[n - 1]), sf + 1));
-            }
-            // inverse of random bands
-            std::vector<int16_t> l2(nl), h2(nh + 1);
-            for (auto& v : l2) v = static_cast<int16_t>(rng.next());
-            for (auto& v : h2) v = static_cast<int16_t>(rng.next());
-            ASSERT_EQ(vrxsWTHaarInv_16s_Sfs(l2.data(), h2.data(), y, n, sf), vrxOk);
-            for (int i = 0; i < nh; ++i) {
                 ASSERT_EQ(y[2 * i], vt::scaled<int16_t>(vt::i128(l2[i]) - h2[i], sf)) << i;
                 ASSERT_EQ(y[2 * i + 1], vt::scaled<int16_t>(vt::i128(l2[i]) + h2[i], sf)) << i;
             }
             if (n & 1) {
+                ASSERT_EQ(lo[nh], vt::scaled<int16_t>(2 * vt::i128(x[n - 1]), sf + 1));
                 ASSERT_EQ(y[n - 1], vt::scaled<int16_t>(l2[nh], sf));
             }
             ASSERT_TRUE(lb.guardsIntact() && hb.guardsIntact() && yb.guardsIntact());
         }
     }
     // 32767 + 32767 at sf -1 saturates; the extreme factors
-    const int16_t m[2] = {32767, 32767};
-    int16_t l, h;
-    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(m, 2, &l, &h, -1), vrxOk);
-    EXPECT_EQ(l, 32767);
-    EXPECT_EQ(h, 0);
-    const int16_t q[2] = {-32768, -32768};
-    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(q, 2, &l, &h, 15), vrxOk);  // -65536 / 2^16 = -1
-    EXPECT_EQ(l, -1);
-    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(q, 2, &l, &h, 16), vrxOk);  // -0.5 ties to 0
-    EXPECT_EQ(l, 0);
-    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(q, 2, &l, &h, INT32_MAX), vrxOk);
-    EXPECT_EQ(l, 0);
-    const int16_t r[2] = {-1, 0};
-    ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(r, 2, &l, &h, INT32_MIN), vrxOk);
-    EXPECT_EQ(l, -32768);
-    EXPECT_EQ(h, 32767);
+    const struct { int16_t a, b; int sf; int16_t lo, hi; } rows[] = {
+        {32767, 32767, -1, 32767, 0},     {-32768, -32768, 15, -1, 0},       // -65536 / 2^16 = -1
+        {-32768, -32768, 16, 0, 0},       {-32768, -32768, INT32_MAX, 0, 0},  // -0.5 ties to 0
+        {-1, 0, INT32_MIN, -32768, 32767}};
+    for (const auto& r : rows) {
+        const int16_t x[2] = {r.a, r.b};
+        int16_t l, h;
+        ASSERT_EQ(vrxsWTHaarFwd_16s_Sfs(x, 2, &l, &h, r.sf), vrxOk);
+        EXPECT_TRUE(l == r.lo && h == r.hi) << r.sf;
+    }
 }
 
 }  // namespace

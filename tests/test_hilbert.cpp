@@ -67,47 +67,25 @@ TEST(Hilbert, AgainstLongDoubleAnalyticSignal) {
     }
 }
 
-TEST(Hilbert, ShortLengthsAndConstantInput) {
+// N 1 and 2: the input itself with zero imaginary parts, nothing past N.
+TEST(Hilbert, ShortLengthsExact) {
     for (int N : {1, 2}) {
         auto h = makeH(N);
         ASSERT_EQ(h->st, vrxOk);
-        float x[2] = {3.5f, -1.25f};
+        const float x[2] = {3.5f, -1.25f};
         Vrx32fc y[2] = {{9, 9}, {9, 9}};
         ASSERT_EQ(vrxsHilbert_32f32fc(x, y, h->p(), h->buf->data()), vrxOk);
-        EXPECT_EQ(y[0].re, 3.5f);
-        EXPECT_EQ(y[0].im, 0.0f);
-        if (N == 2) { EXPECT_EQ(y[1].re, -1.25f); EXPECT_EQ(y[1].im, 0.0f); }
-        else { EXPECT_EQ(y[1].re, 9.0f); }
-    }
-    for (int N : {6, 7, 100}) {
-        auto h = makeH(N);
-        std::vector<float> x(N, 2.0f);
-        std::vector<Vrx32fc> y(N);
-        ASSERT_EQ(vrxsHilbert_32f32fc(x.data(), y.data(), h->p(), h->buf->data()), vrxOk);
-        for (int i = 0; i < N; ++i) {
-            EXPECT_NEAR(y[i].re, 2.0f, 1e-5f);
-            EXPECT_NEAR(y[i].im, 0.0f, 1e-5f);
-        }
+        EXPECT_TRUE(y[0].re == 3.5f && y[0].im == 0.0f);
+        EXPECT_TRUE(N == 2 ? y[1].re == -1.25f && y[1].im == 0.0f : y[1].re == 9.0f);
     }
 }
 
-TEST(Hilbert, StatusesInOrder) {
-    int s, b;
-    EXPECT_EQ(vrxsHilbertGetSize_32f32fc(0, 0, nullptr, &b), vrxErrNullPtr);
-    EXPECT_EQ(vrxsHilbertGetSize_32f32fc(0, 0, &s, &b), vrxErrBadLength);
-    vt::Buffer spec(1 << 16), buf(1 << 16);
-    auto* hp = reinterpret_cast<VrxsHilbertPlan*>(spec.data());
-    EXPECT_EQ(vrxsHilbertInit_32f32fc(0, 0, nullptr, buf.data()), vrxErrNullPtr);
-    EXPECT_EQ(vrxsHilbertInit_32f32fc(0, 0, hp, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(vrxsHilbertInit_32f32fc(0, 0, hp, buf.data()), vrxErrBadLength);
+// Another object's memory is refused with -17 and nothing is written.
+TEST(Hilbert, ForeignPlanRefused) {
     auto h = makeH(100);
+    auto pl = makePlan<float>(K::C, 100, 2);
     std::vector<float> x(100, 1.0f);
     vt::Buffer dst(100 * sizeof(Vrx32fc));
-    EXPECT_EQ(vrxsHilbert_32f32fc(nullptr, dst.as<Vrx32fc>(), h->p(), h->buf->data()), vrxErrNullPtr);
-    EXPECT_EQ(vrxsHilbert_32f32fc(x.data(), dst.as<Vrx32fc>(), h->p(), nullptr), vrxErrNullPtr);
-    EXPECT_EQ(vrxsHilbert_32f32fc(x.data(), dst.as<Vrx32fc>(), nullptr, h->buf->data()), vrxErrNullPtr);
-    // another object's memory is refused
-    auto pl = makePlan<float>(K::C, 100, 2);
     EXPECT_EQ(vrxsHilbert_32f32fc(x.data(), dst.as<Vrx32fc>(), reinterpret_cast<const VrxsHilbertPlan*>(pl->p()), h->buf->data()),
               vrxErrBadSpec);
     const uint8_t* g = dst.data();
