@@ -888,28 +888,170 @@ template <class T> void pfReal(const Plan* p, T* d, bool inv) {
 
 template <class T> const Cx<T>* smallRoots(int R) { return kRoots<T>.r[R]; }
 
-template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y) {
-    switch (N) {
-        case 3: dftBase<T, T>(3, kRoots<T>.r[3], x, y); return;
-        case 5: dftBase<T, T>(5, kRoots<T>.r[5], x, y); return;
-        case 6: smallCt<T, T, 2, 3>(x, y); return;
-        case 7: dftT<T, T, 7>(x, y); return;
-        case 9: smallCt<T, T, 3, 3>(x, y); return;
-        case 10: smallCt<T, T, 2, 5>(x, y); return;
-        case 11: dftT<T, T, 11>(x, y); return;
-        case 12: smallCt<T, T, 4, 3>(x, y); return;
-        case 13: dftT<T, T, 13>(x, y); return;
-        case 14: smallCt<T, T, 2, 7>(x, y); return;
-        default: smallCt<T, T, 3, 5>(x, y); return;
+namespace {
+
+// The straight-line kernel of a length N up to 15 that is not a power of two.
+template <class T, int N> VRX_INLINE void smallK(const Cx<T>* x, Cx<T>* y) {
+    if constexpr (N == 3 || N == 5) dftBase<T, T>(N, kRoots<T>.r[N], x, y);
+    else if constexpr (N == 7 || N == 11 || N == 13) dftT<T, T, N>(x, y);
+    else if constexpr (N == 6) smallCt<T, T, 2, 3>(x, y);
+    else if constexpr (N == 9) smallCt<T, T, 3, 3>(x, y);
+    else if constexpr (N == 10) smallCt<T, T, 2, 5>(x, y);
+    else if constexpr (N == 12) smallCt<T, T, 4, 3>(x, y);
+    else if constexpr (N == 14) smallCt<T, T, 2, 7>(x, y);
+    else smallCt<T, T, 3, 5>(x, y);
+}
+
+// One whole call of a fixed length: the values go from the source into
+// registers, through the kernel and out to the destination with no copy
+// through memory (s may be d: every value is read before one is written).
+// The inverse is the conjugate of the forward transform of the conjugate.
+template <class T, int N, bool Inv>
+void smallCN(const T* sRe, const T* sIm, int ss, T* dRe, T* dIm, int ds, T scale) {
+    Cx<T> x[N], y[N];
+#pragma GCC unroll 16
+    for (int i = 0; i < N; ++i) x[i] = {sRe[i * ss], Inv ? -sIm[i * ss] : sIm[i * ss]};
+    smallK<T, N>(x, y);
+    if (scale != T(0)) {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) {
+            dRe[i * ds] = y[i].re * scale;
+            dIm[i * ds] = (Inv ? -y[i].im : y[i].im) * scale;
+        }
+    } else {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) {
+            dRe[i * ds] = y[i].re;
+            dIm[i * ds] = Inv ? -y[i].im : y[i].im;
+        }
     }
 }
+
+// Reals to the requested form: the complex kernel on x + 0i, written
+// straight into the form's positions.
+template <class T, int N> void smallRFwdN(const T* s, T* d, T scale, fft::Form f) {
+    Cx<T> x[N], y[N];
+    T o[N];
+#pragma GCC unroll 16
+    for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
+    smallK<T, N>(x, y);
+    o[0] = y[0].re;
+    if constexpr (N % 2 == 0) {
+        o[1] = y[N / 2].re;
+#pragma GCC unroll 8
+        for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
+    } else {
+#pragma GCC unroll 8
+        for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
+    }
+    if (scale != T(0)) {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) o[i] = o[i] * scale;
+    }
+    // o is Perm; Pack moves R(N/2) last (even N), CCS puts a zero after R(0)
+    // and, for even N, (R(N/2), 0) at the end
+    d[0] = o[0];
+    if constexpr (N % 2 == 0) {
+        if (f == fft::Form::Perm) {
+#pragma GCC unroll 16
+            for (int i = 1; i < N; ++i) d[i] = o[i];
+        } else if (f == fft::Form::Pack) {
+#pragma GCC unroll 16
+            for (int i = 2; i < N; ++i) d[i - 1] = o[i];
+            d[N - 1] = o[1];
+        } else {
+            d[1] = T(0);
+#pragma GCC unroll 16
+            for (int i = 2; i < N; ++i) d[i] = o[i];
+            d[N] = o[1];
+            d[N + 1] = T(0);
+        }
+    } else {
+        const int sh = f == fft::Form::CCS ? 1 : 0;
+        if (sh) d[1] = T(0);
+#pragma GCC unroll 16
+        for (int i = 1; i < N; ++i) d[i + sh] = o[i];
+    }
+}
+
+// The requested form to reals: the real part of the forward kernel on the
+// conjugate of the full spectrum (s may be d).
+template <class T, int N> void smallRInvN(const T* s, T* d, T scale, fft::Form f) {
+    // P(i): value i of the Perm form
+    auto P = [s, f](int i) -> T {
+        if (i == 0) return s[0];
+        if constexpr (N % 2 == 0) {
+            if (f == fft::Form::Pack) return i == 1 ? s[N - 1] : s[i - 1];
+            if (f == fft::Form::CCS) return i == 1 ? s[N] : s[i];
+            return s[i];
+        } else {
+            return f == fft::Form::CCS ? s[i + 1] : s[i];
+        }
+    };
+    Cx<T> X[N], y[N];
+    X[0] = {P(0), T(0)};
+    if constexpr (N % 2 == 0) X[N / 2] = {P(1), T(0)};
+#pragma GCC unroll 8
+    for (int k = 1; 2 * k < N; ++k) {
+        const T xr = N % 2 == 0 ? P(2 * k) : P(2 * k - 1), xi = N % 2 == 0 ? P(2 * k + 1) : P(2 * k);
+        X[k] = {xr, -xi};
+        X[N - k] = {xr, xi};
+    }
+    smallK<T, N>(X, y);
+    if (scale != T(0)) {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) d[i] = y[i].re * scale;
+    } else {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) d[i] = y[i].re;
+    }
+}
+
+// Run-time length to the fixed-length entry F<N>.
+#define VRX_SMALL_SWITCH(N, CALL)                \
+    switch (N) {                                \
+        case 3: CALL(3); return;                 \
+        case 5: CALL(5); return;                 \
+        case 6: CALL(6); return;                 \
+        case 7: CALL(7); return;                 \
+        case 9: CALL(9); return;                 \
+        case 10: CALL(10); return;               \
+        case 11: CALL(11); return;               \
+        case 12: CALL(12); return;               \
+        case 13: CALL(13); return;               \
+        case 14: CALL(14); return;               \
+        default: CALL(15); return;               \
+    }
+
+}  // namespace
+
+template <class T> void smallRunC(int N, bool inv, const T* sRe, const T* sIm, int ss, T* dRe, T* dIm, int ds, T scale) {
+#define VRX_SMALL_C(K)                                                \
+    (inv ? smallCN<T, K, true>(sRe, sIm, ss, dRe, dIm, ds, scale) \
+         : smallCN<T, K, false>(sRe, sIm, ss, dRe, dIm, ds, scale))
+    VRX_SMALL_SWITCH(N, VRX_SMALL_C)
+#undef VRX_SMALL_C
+}
+template <class T> void smallRunRFwd(int N, const T* s, T* d, T scale, fft::Form f) {
+#define VRX_SMALL_RF(K) smallRFwdN<T, K>(s, d, scale, f)
+    VRX_SMALL_SWITCH(N, VRX_SMALL_RF)
+#undef VRX_SMALL_RF
+}
+template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form f) {
+#define VRX_SMALL_RI(K) smallRInvN<T, K>(s, d, scale, f)
+    VRX_SMALL_SWITCH(N, VRX_SMALL_RI)
+#undef VRX_SMALL_RI
+}
+#undef VRX_SMALL_SWITCH
 
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
     template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int, int32_t*);   \
     template void pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*);            \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
     template const Cx<T>* smallRoots<T>(int);                                                            \
-    template void smallDft<T>(int, const Cx<T>*, Cx<T>*);
+    template void smallRunC<T>(int, bool, const T*, const T*, int, T*, T*, int, T);                     \
+    template void smallRunRFwd<T>(int, const T*, T*, T, fft::Form);                                      \
+    template void smallRunRInv<T>(int, const T*, T*, T, fft::Form);
 
 VRX_DFTPF_INSTANTIATE(float)
 VRX_DFTPF_INSTANTIATE(double)

@@ -279,60 +279,17 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- small kernels
 
-    // complex, N <= 16
+    // complex, N <= 16: the FFT's kernels for powers of two, else the
+    // fixed-length kernels
     template <bool Inv> static void smallC(int N, CRef<T> s, CRef<T> d, T scale) {
+        if (!isPow2(N)) {
+            smallRunC<T>(N, Inv, s.re, s.im, s.s, d.re, d.im, d.s, scale);
+            return;
+        }
         C x[16], y[16];
-        if (s.s == 2) memcpy(x, s.re, sizeof(C) * N);
-        else
-            for (int i = 0; i < N; ++i) x[i] = s.get(i);
-        if (isPow2(N)) {
-            fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
-        } else {
-            // the inverse is the conjugate of the forward transform of the conjugate
-            if (Inv)
-                for (int i = 0; i < N; ++i) x[i].im = -x[i].im;
-            smallDft<T>(N, x, y);
-            if (Inv)
-                for (int i = 0; i < N; ++i) y[i].im = -y[i].im;
-            if (scale != T(0))
-                for (int i = 0; i < N; ++i) y[i] = {y[i].re * scale, y[i].im * scale};
-        }
-        if (d.s == 2) memcpy(d.re, y, sizeof(C) * N);
-        else
-            for (int i = 0; i < N; ++i) d.set(i, y[i]);
-    }
-
-    // real, N <= 16, to Perm: the straight-line complex kernel on x + 0i
-    static void smallRFwd(int N, const T* s, T* d, T scale) {
-        if (isPow2(N)) { fft::smallReal<T, false>(log2i(N), s, d, scale); return; }
-        C x[16], y[16];
-        T o[16];
-        for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
-        smallDft<T>(N, x, y);
-        o[0] = y[0].re;
-        if (N % 2 == 0) {
-            o[1] = y[N / 2].re;
-            for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
-        } else {
-            for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
-        }
-        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
-    }
-    // real, N <= 16, from Perm (s may be d): the real part of the forward
-    // kernel on the conjugate of the full spectrum
-    static void smallRInv(int N, const T* s, T* d, T scale) {
-        if (isPow2(N)) { fft::smallReal<T, true>(log2i(N), s, d, scale); return; }
-        C X[16], y[16];
-        const bool even = N % 2 == 0;
-        X[0] = {s[0], T(0)};
-        if (even) X[N / 2] = {s[1], T(0)};
-        for (int k = 1; 2 * k < N; ++k) {
-            const T xr = even ? s[2 * k] : s[2 * k - 1], xi = even ? s[2 * k + 1] : s[2 * k];
-            X[k] = {xr, -xi};
-            X[N - k] = {xr, xi};
-        }
-        smallDft<T>(N, X, y);
-        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? y[i].re * scale : y[i].re;
+        for (int i = 0; i < N; ++i) x[i] = s.get(i);
+        fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
+        for (int i = 0; i < N; ++i) d.set(i, y[i]);
     }
 
     // ---------------------------------------------------------- direct path
@@ -583,7 +540,11 @@ template <class T, class Tr> struct Dft {
         if (p->path == kPathFft) return Tr::fftRunR(false, form, src, dst, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
         if (p->path == kPathSmall) {
-            smallRFwd(N, src, dst, scale);
+            if (!isPow2(N)) {
+                smallRunRFwd<T>(N, src, dst, scale, form);
+                return vrxOk;
+            }
+            fft::smallReal<T, false>(log2i(N), src, dst, scale);
         } else {
             if (N % 2) {
                 if (src != dst) memmove(dst, src, sizeof(T) * N);
@@ -612,9 +573,13 @@ template <class T, class Tr> struct Dft {
         const T scale = p->invNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
         if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
+        if (p->path == kPathSmall && !isPow2(N)) {
+            smallRunRInv<T>(N, src, dst, scale, form);
+            return vrxOk;
+        }
         fromForm(src, dst, N, form);
         if (p->path == kPathSmall) {
-            smallRInv(N, dst, dst, scale);
+            fft::smallReal<T, true>(log2i(N), dst, dst, scale);
             return vrxOk;
         }
         if (N % 2) {
