@@ -221,6 +221,57 @@ template <class T> VRX_INLINE const Cx<T>* rootsOf(int R, const void* gen) {
 
 constexpr int kMaxRadix = 150;
 
+// The prime radices of straight-line sums as rows for the last level: row j
+// holds W^(j*m) with the lanes over m (zero past R), so that one register
+// sums the terms of up to L bins in the order j = 0 .. R-1.
+constexpr int rowSlot(int R) { return R == 7 ? 0 : R == 11 ? 1 : R == 13 ? 2 : -1; }
+template <class T> struct RowTab {
+    alignas(64) T re[3][16][16];
+    alignas(64) T im[3][16][16];
+};
+template <class T> constexpr RowTab<T> makeRows() {
+    constexpr RootTab<T> w = makeRoots<T>();
+    RowTab<T> t{};
+    constexpr int kRadix[] = {7, 11, 13};
+    for (int R : kRadix)
+        for (int j = 0; j < R; ++j)
+            for (int m = 0; m < R; ++m) {
+                t.re[rowSlot(R)][j][m] = w.r[R][(j * m) % R].re;
+                t.im[rowSlot(R)][j][m] = w.r[R][(j * m) % R].im;
+            }
+    return t;
+}
+template <class T> const RowTab<T> kRows = makeRows<T>();
+
+// The DFT of R contiguous values in place (split arrays) for a radix with
+// rows: the same sums as dftT, bins across the lanes.
+template <class T> void dftRows(int R, T* re, T* im) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    const int slot = rowSlot(R);
+    const RowTab<T>& tb = kRows<T>;
+    typename S::R outR[16 / NL], outI[16 / NL];
+    const int nv = (R + NL - 1) / NL;
+    for (int v = 0; v < nv; ++v) {
+        const int m0 = v * NL;
+        typename S::R sr = S::set1(re[0]), si = S::set1(im[0]);
+        for (int j = 1; j < R; ++j) {
+            const typename S::R xr = S::set1(re[j]), xi = S::set1(im[j]);
+            const typename S::R wr = S::load(tb.re[slot][j] + m0), wi = S::load(tb.im[slot][j] + m0);
+            sr = S::add(sr, S::sub(S::mul(xr, wr), S::mul(xi, wi)));
+            si = S::add(si, S::add(S::mul(xr, wi), S::mul(xi, wr)));
+        }
+        outR[v] = sr;
+        outI[v] = si;
+    }
+    for (int v = 0; v < nv; ++v) {
+        const int m0 = v * NL;
+        const typename S::M mk = simd::tail<T>(R - m0 < NL ? R - m0 : NL);
+        S::storem(re + m0, mk, outR[v]);
+        S::storem(im + m0, mk, outI[v]);
+    }
+}
+
 // ------------------------------------------------------------ complex stages
 
 // Decimation in frequency in place on n / prod values at level lvl, split
@@ -233,6 +284,10 @@ template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     Cx<T> v[kMaxRadix], y[kMaxRadix];
     if (lvl > L) {
         const int R = p->rec[L].rest;
+        if (rowSlot(R) >= 0) {
+            dftRows<T>(R, re, im);
+            return;
+        }
         const Cx<T>* W = rootsOf<T>(R, p->lastGen);
         for (int j = 0; j < R; ++j) v[j] = {re[j], im[j]};
         dftR<T, T>(R, W, v, y);
@@ -246,24 +301,30 @@ template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     int k = 0;
     using S = simd::V<T>;
     constexpr int NL = S::N;
-    if (R <= 16 && rest >= NL) {
-        Cx<VE<T>> vv[16], yy[16];
-        for (; k + NL <= rest; k += NL) {
+    if (R <= 16) {
+        // L columns at a time in registers, the last few under a mask
+        auto cols = [&]<bool Mk>(int k, typename S::M mk) {
+            auto ld = [mk](const T* q) { if constexpr (Mk) return S::loadm(mk, q); else return S::load(q); };
+            auto st = [mk](T* q, typename S::R x) { if constexpr (Mk) S::storem(q, mk, x); else S::store(q, x); };
+            Cx<VE<T>> vv[16], yy[16];
             for (int j = 0; j < R; ++j) {
                 const int64_t i = int64_t(j) * rest + k;
-                vv[j] = {{S::load(re + i)}, {S::load(im + i)}};
+                vv[j] = {{ld(re + i)}, {ld(im + i)}};
             }
             dftR<T, VE<T>>(R, W, vv, yy);
-            S::store(re + k, yy[0].re.r);
-            S::store(im + k, yy[0].im.r);
+            st(re + k, yy[0].re.r);
+            st(im + k, yy[0].im.r);
             for (int m = 1; m < R; ++m) {
                 const T* t = tw + int64_t(m - 1) * 2 * rest + k;
-                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
+                const VE<T> wr{ld(t)}, wi{ld(t + rest)};
                 const int64_t i = int64_t(m) * rest + k;
-                S::store(re + i, (yy[m].re * wr - yy[m].im * wi).r);
-                S::store(im + i, (yy[m].re * wi + yy[m].im * wr).r);
+                st(re + i, (yy[m].re * wr - yy[m].im * wi).r);
+                st(im + i, (yy[m].re * wi + yy[m].im * wr).r);
             }
-        }
+        };
+        for (; k + NL <= rest; k += NL) cols.template operator()<false>(k, typename S::M(0));
+        if (k < rest) cols.template operator()<true>(k, simd::tail<T>(rest - k));
+        k = rest;
     }
     for (; k < rest; ++k) {
         for (int j = 0; j < R; ++j) {
@@ -497,22 +558,27 @@ template <class T> void rdif(const Plan* p, int lvl, T* a) {
     int k = 0;
     using S = simd::V<T>;
     constexpr int NL = S::N;
-    if (R <= 16 && rest >= NL) {
-        // L columns at a time in registers
-        VE<T> vv[16];
-        Cx<VE<T>> yy[16];
+    if (R <= 16) {
+        // L columns at a time in registers, the last few under a mask
         const VE<T> z{S::zero()};
-        for (; k + NL <= rest; k += NL) {
-            for (int j = 0; j < R; ++j) vv[j] = {S::load(a + int64_t(j) * rest + k)};
+        auto cols = [&]<bool Mk>(int k, typename S::M mk) {
+            auto ld = [mk](const T* q) { if constexpr (Mk) return S::loadm(mk, q); else return S::load(q); };
+            auto st = [mk](T* q, typename S::R x) { if constexpr (Mk) S::storem(q, mk, x); else S::store(q, x); };
+            VE<T> vv[16];
+            Cx<VE<T>> yy[16];
+            for (int j = 0; j < R; ++j) vv[j] = {ld(a + int64_t(j) * rest + k)};
             dftRReal<T, VE<T>>(R, W, vv, yy, z);
-            S::store(a + k, yy[0].re.r);
+            st(a + k, yy[0].re.r);
             for (int m = 1; m <= h; ++m) {
                 const T* t = tw + int64_t(m - 1) * 2 * rest + k;
-                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
-                S::store(a + int64_t(2 * m - 1) * rest + k, (yy[m].re * wr - yy[m].im * wi).r);
-                S::store(a + int64_t(2 * m) * rest + k, (yy[m].re * wi + yy[m].im * wr).r);
+                const VE<T> wr{ld(t)}, wi{ld(t + rest)};
+                st(a + int64_t(2 * m - 1) * rest + k, (yy[m].re * wr - yy[m].im * wi).r);
+                st(a + int64_t(2 * m) * rest + k, (yy[m].re * wi + yy[m].im * wr).r);
             }
-        }
+        };
+        for (; k + NL <= rest; k += NL) cols.template operator()<false>(k, typename S::M(0));
+        if (k < rest) cols.template operator()<true>(k, simd::tail<T>(rest - k));
+        k = rest;
     }
     for (; k < rest; ++k) {
         for (int j = 0; j < R; ++j) v[j] = a[int64_t(j) * rest + k];
