@@ -71,21 +71,43 @@ template <class T> VRX_INLINE VE<T> operator*(T a, VE<T> b) { return {VE<T>::S::
 template <class T> VRX_INLINE VE<T> operator-(VE<T> a) { return {VE<T>::S::neg(a.r)}; }
 template <class T> VRX_INLINE VE<T>& operator+=(VE<T>& a, VE<T> b) { a = a + b; return a; }
 
-// Straight-line DFT of a fixed radix R: the roots are constants and each
-// output sums its terms in the order j = 0 .. R-1.
+// Straight-line DFT of a fixed odd radix R: the roots are constants; inputs
+// j and R-j pair up as a = v[j] + v[R-j], b = v[j] - v[R-j], so that bins m
+// and R-m share the sums of a*cos and b*sin (in the order j = 1 .. R/2).
 template <class T, class E, int R> VRX_INLINE void dftT(const Cx<E>* v, Cx<E>* y) {
     constexpr const Cx<T>* W = kRoots<T>.r[R];
-#pragma GCC unroll 16
-    for (int m = 0; m < R; ++m) {
-        E sr = v[0].re, si = v[0].im;
-#pragma GCC unroll 16
-        for (int j = 1; j < R; ++j) {
-            const int q = kIdx.q[R][j][m];
-            sr += v[j].re * W[q].re - v[j].im * W[q].im;
-            si += v[j].re * W[q].im + v[j].im * W[q].re;
-        }
-        y[m] = {sr, si};
+    constexpr int h = R / 2;
+    Cx<E> a[h], b[h];
+#pragma GCC unroll 8
+    for (int j = 1; j <= h; ++j) {
+        a[j - 1] = {v[j].re + v[R - j].re, v[j].im + v[R - j].im};
+        b[j - 1] = {v[j].re - v[R - j].re, v[j].im - v[R - j].im};
     }
+    E s0r = v[0].re, s0i = v[0].im;
+#pragma GCC unroll 8
+    for (int j = 0; j < h; ++j) {
+        s0r += a[j].re;
+        s0i += a[j].im;
+    }
+#pragma GCC unroll 8
+    for (int m = 1; m <= h; ++m) {
+        E ar = v[0].re, ai = v[0].im;
+        E br = b[0].re * W[m].im, bi = b[0].im * W[m].im;
+        ar += a[0].re * W[m].re;
+        ai += a[0].im * W[m].re;
+#pragma GCC unroll 8
+        for (int j = 2; j <= h; ++j) {
+            const int q = kIdx.q[R][j][m];
+            ar += a[j - 1].re * W[q].re;
+            ai += a[j - 1].im * W[q].re;
+            br += b[j - 1].re * W[q].im;
+            bi += b[j - 1].im * W[q].im;
+        }
+        // v[j] W^(jm) + v[R-j] W^(-jm) = a*cos + i*b*sin
+        y[m] = {ar - bi, ai + br};
+        y[R - m] = {ar + bi, ai - br};
+    }
+    y[0] = {s0r, s0i};
 }
 
 // y[m] = sum_j v[j] W^(j*m), m = 0 .. R-1 (forward sign; W the roots of
@@ -244,7 +266,7 @@ template <class T> constexpr RowTab<T> makeRows() {
 template <class T> const RowTab<T> kRows = makeRows<T>();
 
 // The DFT of R contiguous values in place (split arrays) for a radix with
-// rows: the same sums as dftT, bins across the lanes.
+// rows: the plain sums over j = 0 .. R-1, bins across the lanes.
 template <class T> void dftRows(int R, T* re, T* im) {
     using S = simd::V<T>;
     constexpr int NL = S::N;
