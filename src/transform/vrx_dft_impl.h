@@ -302,10 +302,12 @@ template <class T, class Tr> struct Dft {
     static constexpr int kL = S::N;
     struct DirWalk {
         U::R q, step, lim;
-        VRX_INLINE DirWalk(int k0, int last, int n)
+        const T* w;
+        VRX_INLINE DirWalk(int k0, int last, int n, const T* W)
             : q(U::zero()),
               step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
-              lim(U::set1(uint32_t(2 * n))) {
+              lim(U::set1(uint32_t(2 * n))),
+              w(W) {
             step = U::add(step, step);
         }
         // next j: q += 2k, less 2n past it (unsigned min picks the wrapped lane)
@@ -313,9 +315,56 @@ template <class T, class Tr> struct Dft {
             q = U::add(q, step);
             q = U::min(q, U::sub(q, lim));
         }
-        VRX_INLINE typename S::R re(const T* w) const { return simd::gatherAt(w, q); }
-        VRX_INLINE typename S::R im(const T* w) const { return simd::gatherAt(w + 1, q); }
+        VRX_INLINE typename S::R re() const { return simd::gatherAt(w, q); }
+        VRX_INLINE typename S::R im() const { return simd::gatherAt(w + 1, q); }
     };
+    // The roots of a length up to 4 L in registers, real and imaginary
+    // parts apart: a lane's root is a permute of one or two register pairs
+    // instead of a gather.
+    static constexpr int kRegMax = 4 * kL;
+    struct RegRoots {
+        typename S::R re[4], im[4];
+        bool two;
+        explicit RegRoots(const T* W, int n) : two(n > 2 * kL) {
+            for (int r = 0; r < 4; ++r) {
+                const int c = n - r * kL < 0 ? 0 : n - r * kL > kL ? kL : n - r * kL;  // complex values of register r
+                const typename S::R lo = S::loadm(simd::tail<T>(2 * c < kL ? 2 * c : kL), W + 2 * r * kL);
+                const typename S::R hi = S::loadm(simd::tail<T>(2 * c > kL ? 2 * c - kL : 0), W + 2 * r * kL + kL);
+                simd::deinterleave(lo, hi, re[r], im[r]);
+            }
+        }
+    };
+    struct DirPerm {
+        U::R q, step, lim;
+        const RegRoots* t;
+        VRX_INLINE DirPerm(int k0, int last, int n, const RegRoots* R)
+            : q(U::zero()),
+              step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
+              lim(U::set1(uint32_t(n))),
+              t(R) {}
+        // next j: q += k, less n past it
+        VRX_INLINE void next() {
+            q = U::add(q, step);
+            q = U::min(q, U::sub(q, lim));
+        }
+        VRX_INLINE typename S::R pick(const typename S::R* v) const {
+            const typename S::R a = simd::permuteAt(v[0], v[1], q);
+            if (!t->two) return a;
+            const typename S::M hi = static_cast<typename S::M>(U::ge(q, U::set1(uint32_t(2 * kL))));
+            return S::blend(hi, a, simd::permuteAt(v[2], v[3], q));
+        }
+        VRX_INLINE typename S::R re() const { return pick(t->re); }
+        VRX_INLINE typename S::R im() const { return pick(t->im); }
+    };
+    // f.template operator()<Walk>(ctx): the walk of the table the length allows
+    template <class F> static VRX_INLINE void withWalk(const T* W, int n, F&& f) {
+        if (n <= kRegMax) {
+            const RegRoots R(W, n);
+            f.template operator()<DirPerm>(&R);
+        } else {
+            f.template operator()<DirWalk>(W);
+        }
+    }
 
     // The direct lengths are odd (primes: every even length factors), so
     // inputs j and n-j pair up: with S = x[j] + x[n-j], D = x[j] - x[n-j]
@@ -335,12 +384,13 @@ template <class T, class Tr> struct Dft {
         }
         for (int j = 0; j < h; ++j) sum = {sum.re + Sv[j].re, sum.im + Sv[j].im};
         alignas(64) T o[4][kL];
+        withWalk(W, n, [&]<class Walk>(auto ctx) {
         for (int k0 = 1; k0 <= h; k0 += kL) {
-            DirWalk q(k0, h, n);
+            Walk q(k0, h, n, ctx);
             typename S::R A = S::set1(x0.re), B = S::set1(x0.im), P = S::zero(), Q = S::zero();
             for (int j = 0; j < h; ++j) {
                 q.next();
-                const typename S::R c = q.re(W), t = q.im(W);
+                const typename S::R c = q.re(), t = q.im();
                 A = S::add(A, S::mul(S::set1(Sv[j].re), c));
                 B = S::add(B, S::mul(S::set1(Sv[j].im), c));
                 P = S::add(P, S::mul(S::set1(Dv[j].im), t));
@@ -358,6 +408,7 @@ template <class T, class Tr> struct Dft {
                 d.set(Inv ? k : n - k, {o[2][i], o[3][i]});
             }
         }
+        });
         d.set(0, sum);
     }
     // real odd length, in place in d: reals to the odd form and back
@@ -374,13 +425,14 @@ template <class T, class Tr> struct Dft {
         }
         for (int j = 0; j < h; ++j) sum += Sv[j];
         alignas(64) T ore[kL], oim[kL];
+        withWalk(W, n, [&]<class Walk>(auto ctx) {
         for (int k0 = 1; k0 <= h; k0 += kL) {
-            DirWalk q(k0, h, n);
+            Walk q(k0, h, n, ctx);
             typename S::R sr = S::set1(x0), si = S::zero();
             for (int j = 0; j < h; ++j) {
                 q.next();
-                sr = S::add(sr, S::mul(S::set1(Sv[j]), q.re(W)));
-                si = S::add(si, S::mul(S::set1(Dv[j]), q.im(W)));
+                sr = S::add(sr, S::mul(S::set1(Sv[j]), q.re()));
+                si = S::add(si, S::mul(S::set1(Dv[j]), q.im()));
             }
             S::store(ore, sr);
             S::store(oim, si);
@@ -391,6 +443,7 @@ template <class T, class Tr> struct Dft {
                 d[2 * k] = oim[i];
             }
         }
+        });
         d[0] = sum;
     }
     // x[j] and x[n-j] share the sums of R(k)*c and I(k)*t
@@ -401,13 +454,14 @@ template <class T, class Tr> struct Dft {
         T x0 = work[0];
         for (int k = 1; k <= h; ++k) x0 += work[2 * k - 1] + work[2 * k - 1];
         alignas(64) T o[2][kL];
+        withWalk(W, n, [&]<class Walk>(auto ctx) {
         for (int j0 = 1; j0 <= h; j0 += kL) {
-            DirWalk q(j0, h, n);
+            Walk q(j0, h, n, ctx);
             typename S::R C0 = S::zero(), S0 = S::zero();
             for (int k = 1; k <= h; ++k) {
                 q.next();
-                C0 = S::add(C0, S::mul(S::set1(work[2 * k - 1]), q.re(W)));
-                S0 = S::add(S0, S::mul(S::set1(work[2 * k]), q.im(W)));
+                C0 = S::add(C0, S::mul(S::set1(work[2 * k - 1]), q.re()));
+                S0 = S::add(S0, S::mul(S::set1(work[2 * k]), q.im()));
             }
             const typename S::R r0 = S::set1(work[0]);
             C0 = S::add(C0, C0);
@@ -420,6 +474,7 @@ template <class T, class Tr> struct Dft {
                 d[n - j0 - i] = o[1][i];
             }
         }
+        });
         d[0] = x0;
     }
 
