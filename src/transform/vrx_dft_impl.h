@@ -318,16 +318,18 @@ template <class T, class Tr> struct Dft {
         VRX_INLINE typename S::R re() const { return simd::gatherAt(w, q); }
         VRX_INLINE typename S::R im() const { return simd::gatherAt(w + 1, q); }
     };
-    // The roots of a length up to 4 L in registers, real and imaginary
-    // parts apart: a lane's root is a permute of one or two register pairs
+    // The roots of a direct length up to 4 L (8 L double) in
+    // registers, real and imaginary parts apart: a lane's root is a permute
+    // of a register pair, the pairs past the first blended in by index,
     // instead of a gather.
-    static constexpr int kRegMax = 4 * kL;
+    static constexpr int kPairs = sizeof(T) == 4 ? 2 : 4;
+    static constexpr int kRegMax = 2 * kPairs * kL;
     struct RegRoots {
-        typename S::R re[4], im[4];
-        bool two;
-        explicit RegRoots(const T* W, int n) : two(n > 2 * kL) {
-            for (int r = 0; r < 4; ++r) {
-                const int c = n - r * kL < 0 ? 0 : n - r * kL > kL ? kL : n - r * kL;  // complex values of register r
+        typename S::R re[2 * kPairs], im[2 * kPairs];
+        int pairs;
+        explicit RegRoots(const T* W, int n) : pairs((n + 2 * kL - 1) / (2 * kL)) {
+            for (int r = 0; r < 2 * pairs; ++r) {
+                const int c = n - r * kL > kL ? kL : n - r * kL;  // complex values of register r
                 const typename S::R lo = S::loadm(simd::tail<T>(2 * c < kL ? 2 * c : kL), W + 2 * r * kL);
                 const typename S::R hi = S::loadm(simd::tail<T>(2 * c > kL ? 2 * c - kL : 0), W + 2 * r * kL + kL);
                 simd::deinterleave(lo, hi, re[r], im[r]);
@@ -348,10 +350,12 @@ template <class T, class Tr> struct Dft {
             q = U::min(q, U::sub(q, lim));
         }
         VRX_INLINE typename S::R pick(const typename S::R* v) const {
-            const typename S::R a = simd::permuteAt(v[0], v[1], q);
-            if (!t->two) return a;
-            const typename S::M hi = static_cast<typename S::M>(U::ge(q, U::set1(uint32_t(2 * kL))));
-            return S::blend(hi, a, simd::permuteAt(v[2], v[3], q));
+            typename S::R a = simd::permuteAt(v[0], v[1], q);
+            for (int p = 1; p < t->pairs; ++p) {
+                const typename S::M m = static_cast<typename S::M>(U::ge(q, U::set1(uint32_t(2 * kL * p))));
+                a = S::blend(m, a, simd::permuteAt(v[2 * p], v[2 * p + 1], q));
+            }
+            return a;
         }
         VRX_INLINE typename S::R re() const { return pick(t->re); }
         VRX_INLINE typename S::R im() const { return pick(t->im); }
