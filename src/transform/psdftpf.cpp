@@ -197,7 +197,12 @@ template <class T, class E, int N1, int N2> VRX_INLINE void smallCt(const Cx<E>*
             const int q = (n2 * k1) % N;
             const Cx<T> w = kRoots<T>.r[N][q];
             const Cx<E> z = a[n2][k1];
-            v[n2] = q == 0 ? z : Cx<E>{z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
+            // the quarter turns are exact: -i, -1, i
+            if (q == 0) v[n2] = z;
+            else if (4 * q == N) v[n2] = {z.im, -z.re};
+            else if (2 * q == N) v[n2] = {-z.re, -z.im};
+            else if (4 * q == 3 * N) v[n2] = {-z.im, z.re};
+            else v[n2] = {z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
         }
         dftBase<T, E>(N2, kRoots<T>.r[N2], v, o);
 #pragma GCC unroll 8
@@ -994,8 +999,13 @@ template <class T, int N> VRX_INLINE void smallK(const Cx<T>* x, Cx<T>* y) {
 // registers, through the kernel and out to the destination with no copy
 // through memory (s may be d: every value is read before one is written).
 // The inverse is the conjugate of the forward transform of the conjugate.
-template <class T, int N, bool Inv>
-void smallCN(const T* sRe, const T* sIm, int ss, T* dRe, T* dIm, int ds, T scale) {
+template <class T, int N, bool Inv, int ss>
+void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
+    constexpr int ds = ss;
+    if constexpr (ss == 2) {  // interleaved: one base each, so that pairs load and store together
+        sIm = sRe + 1;
+        dIm = dRe + 1;
+    }
     Cx<T> x[N], y[N];
 #pragma GCC unroll 16
     for (int i = 0; i < N; ++i) x[i] = {sRe[i * ss], Inv ? -sIm[i * ss] : sIm[i * ss]};
@@ -1114,9 +1124,12 @@ template <class T, int N> void smallRInvN(const T* s, T* d, T scale, fft::Form f
 }  // namespace
 
 template <class T> void smallRunC(int N, bool inv, const T* sRe, const T* sIm, int ss, T* dRe, T* dIm, int ds, T scale) {
-#define VRX_SMALL_C(K)                                                \
-    (inv ? smallCN<T, K, true>(sRe, sIm, ss, dRe, dIm, ds, scale) \
-         : smallCN<T, K, false>(sRe, sIm, ss, dRe, dIm, ds, scale))
+    // split arrays (stride 1) or interleaved pairs (stride 2) on both sides
+    (void)ds;
+#define VRX_SMALL_C(K)                                                                     \
+    (ss == 2 ? (inv ? smallCN<T, K, true, 2>(sRe, sIm, dRe, dIm, scale)                \
+                    : smallCN<T, K, false, 2>(sRe, sIm, dRe, dIm, scale))              \
+             : (inv ? smallCN<T, K, true, 1>(sRe, sIm, dRe, dIm, scale) : smallCN<T, K, false, 1>(sRe, sIm, dRe, dIm, scale)))
     VRX_SMALL_SWITCH(N, VRX_SMALL_C)
 #undef VRX_SMALL_C
 }
