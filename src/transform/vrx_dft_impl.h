@@ -300,23 +300,28 @@ template <class T, class Tr> struct Dft {
     using S = simd::V<T>;
     using U = simd::V<uint32_t>;
     static constexpr int kL = S::N;
-    struct DirWalk {
+    // Lanes k0 .. k0+L-1 (past the last repeat it) walk the root index
+    // (j*k mod n) times unit: q += unit*k per j, less unit*n past it (the
+    // unsigned min picks the wrapped lane).
+    struct WalkBase {
         U::R q, step, lim;
-        const T* w;
-        VRX_INLINE DirWalk(int k0, int last, int n, const T* W)
+        VRX_INLINE WalkBase(int k0, int last, int n, uint32_t unit)
             : q(U::zero()),
               step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
-              lim(U::set1(uint32_t(2 * n))),
-              w(W) {
-            step = U::add(step, step);
+              lim(U::set1(unit * uint32_t(n))) {
+            if (unit == 2) step = U::add(step, step);
         }
-        // next j: q += 2k, less 2n past it (unsigned min picks the wrapped lane)
         VRX_INLINE void next() {
             q = U::add(q, step);
             q = U::min(q, U::sub(q, lim));
         }
-        VRX_INLINE typename S::R re() const { return simd::gatherAt(w, q); }
-        VRX_INLINE typename S::R im() const { return simd::gatherAt(w + 1, q); }
+    };
+    // the roots gathered from the interleaved table (offsets in reals)
+    struct DirWalk : WalkBase {
+        const T* w;
+        VRX_INLINE DirWalk(int k0, int last, int n, const T* W) : WalkBase(k0, last, n, 2), w(W) {}
+        VRX_INLINE typename S::R re() const { return simd::gatherAt(w, this->q); }
+        VRX_INLINE typename S::R im() const { return simd::gatherAt(w + 1, this->q); }
     };
     // The roots of a direct length up to 4 L (8 L double) in
     // registers, real and imaginary parts apart: a lane's root is a permute
@@ -329,27 +334,18 @@ template <class T, class Tr> struct Dft {
         int pairs;
         explicit RegRoots(const T* W, int n) : pairs((n + 2 * kL - 1) / (2 * kL)) {
             for (int r = 0; r < 2 * pairs; ++r) {
-                const int c = n - r * kL > kL ? kL : n - r * kL;  // complex values of register r
+                const int left = n - r * kL, c = left < 0 ? 0 : left > kL ? kL : left;  // complex values of register r
                 const typename S::R lo = S::loadm(simd::tail<T>(2 * c < kL ? 2 * c : kL), W + 2 * r * kL);
                 const typename S::R hi = S::loadm(simd::tail<T>(2 * c > kL ? 2 * c - kL : 0), W + 2 * r * kL + kL);
                 simd::deinterleave(lo, hi, re[r], im[r]);
             }
         }
     };
-    struct DirPerm {
-        U::R q, step, lim;
+    struct DirPerm : WalkBase {
         const RegRoots* t;
-        VRX_INLINE DirPerm(int k0, int last, int n, const RegRoots* R)
-            : q(U::zero()),
-              step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
-              lim(U::set1(uint32_t(n))),
-              t(R) {}
-        // next j: q += k, less n past it
-        VRX_INLINE void next() {
-            q = U::add(q, step);
-            q = U::min(q, U::sub(q, lim));
-        }
+        VRX_INLINE DirPerm(int k0, int last, int n, const RegRoots* R) : WalkBase(k0, last, n, 1), t(R) {}
         VRX_INLINE typename S::R pick(const typename S::R* v) const {
+            const U::R q = this->q;
             typename S::R a = simd::permuteAt(v[0], v[1], q);
             for (int p = 1; p < t->pairs; ++p) {
                 const typename S::M m = static_cast<typename S::M>(U::ge(q, U::set1(uint32_t(2 * kL * p))));
