@@ -71,21 +71,43 @@ template <class T> VRX_INLINE VE<T> operator*(T a, VE<T> b) { return {VE<T>::S::
 template <class T> VRX_INLINE VE<T> operator-(VE<T> a) { return {VE<T>::S::neg(a.r)}; }
 template <class T> VRX_INLINE VE<T>& operator+=(VE<T>& a, VE<T> b) { a = a + b; return a; }
 
-// Straight-line DFT of a fixed radix R: the roots are constants and each
-// output sums its terms in the order j = 0 .. R-1.
+// Straight-line DFT of a fixed odd radix R: the roots are constants; inputs
+// j and R-j pair up as a = v[j] + v[R-j], b = v[j] - v[R-j], so that bins m
+// and R-m share the sums of a*cos and b*sin (in the order j = 1 .. R/2).
 template <class T, class E, int R> VRX_INLINE void dftT(const Cx<E>* v, Cx<E>* y) {
     constexpr const Cx<T>* W = kRoots<T>.r[R];
-#pragma GCC unroll 16
-    for (int m = 0; m < R; ++m) {
-        E sr = v[0].re, si = v[0].im;
-#pragma GCC unroll 16
-        for (int j = 1; j < R; ++j) {
-            const int q = kIdx.q[R][j][m];
-            sr += v[j].re * W[q].re - v[j].im * W[q].im;
-            si += v[j].re * W[q].im + v[j].im * W[q].re;
-        }
-        y[m] = {sr, si};
+    constexpr int h = R / 2;
+    Cx<E> a[h], b[h];
+#pragma GCC unroll 8
+    for (int j = 1; j <= h; ++j) {
+        a[j - 1] = {v[j].re + v[R - j].re, v[j].im + v[R - j].im};
+        b[j - 1] = {v[j].re - v[R - j].re, v[j].im - v[R - j].im};
     }
+    E s0r = v[0].re, s0i = v[0].im;
+#pragma GCC unroll 8
+    for (int j = 0; j < h; ++j) {
+        s0r += a[j].re;
+        s0i += a[j].im;
+    }
+#pragma GCC unroll 8
+    for (int m = 1; m <= h; ++m) {
+        E ar = v[0].re, ai = v[0].im;
+        E br = b[0].re * W[m].im, bi = b[0].im * W[m].im;
+        ar += a[0].re * W[m].re;
+        ai += a[0].im * W[m].re;
+#pragma GCC unroll 8
+        for (int j = 2; j <= h; ++j) {
+            const int q = kIdx.q[R][j][m];
+            ar += a[j - 1].re * W[q].re;
+            ai += a[j - 1].im * W[q].re;
+            br += b[j - 1].re * W[q].im;
+            bi += b[j - 1].im * W[q].im;
+        }
+        // v[j] W^(jm) + v[R-j] W^(-jm) = a*cos + i*b*sin
+        y[m] = {ar - bi, ai + br};
+        y[R - m] = {ar + bi, ai - br};
+    }
+    y[0] = {s0r, s0i};
 }
 
 // y[m] = sum_j v[j] W^(j*m), m = 0 .. R-1 (forward sign; W the roots of
@@ -175,7 +197,12 @@ template <class T, class E, int N1, int N2> VRX_INLINE void smallCt(const Cx<E>*
             const int q = (n2 * k1) % N;
             const Cx<T> w = kRoots<T>.r[N][q];
             const Cx<E> z = a[n2][k1];
-            v[n2] = q == 0 ? z : Cx<E>{z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
+            // the quarter turns are exact: -i, -1, i
+            if (q == 0) v[n2] = z;
+            else if (4 * q == N) v[n2] = {z.im, -z.re};
+            else if (2 * q == N) v[n2] = {-z.re, -z.im};
+            else if (4 * q == 3 * N) v[n2] = {-z.im, z.re};
+            else v[n2] = {z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
         }
         dftBase<T, E>(N2, kRoots<T>.r[N2], v, o);
 #pragma GCC unroll 8
@@ -221,6 +248,57 @@ template <class T> VRX_INLINE const Cx<T>* rootsOf(int R, const void* gen) {
 
 constexpr int kMaxRadix = 150;
 
+// The prime radices of straight-line sums as rows for the last level: row j
+// holds W^(j*m) with the lanes over m (zero past R), so that one register
+// sums the terms of up to L bins in the order j = 0 .. R-1.
+constexpr int rowSlot(int R) { return R == 7 ? 0 : R == 11 ? 1 : R == 13 ? 2 : -1; }
+template <class T> struct RowTab {
+    alignas(64) T re[3][16][16];
+    alignas(64) T im[3][16][16];
+};
+template <class T> constexpr RowTab<T> makeRows() {
+    constexpr RootTab<T> w = makeRoots<T>();
+    RowTab<T> t{};
+    constexpr int kRadix[] = {7, 11, 13};
+    for (int R : kRadix)
+        for (int j = 0; j < R; ++j)
+            for (int m = 0; m < R; ++m) {
+                t.re[rowSlot(R)][j][m] = w.r[R][(j * m) % R].re;
+                t.im[rowSlot(R)][j][m] = w.r[R][(j * m) % R].im;
+            }
+    return t;
+}
+template <class T> const RowTab<T> kRows = makeRows<T>();
+
+// The DFT of R contiguous values in place (split arrays) for a radix with
+// rows: the plain sums over j = 0 .. R-1, bins across the lanes.
+template <class T> void dftRows(int R, T* re, T* im) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    const int slot = rowSlot(R);
+    const RowTab<T>& tb = kRows<T>;
+    typename S::R outR[16 / NL], outI[16 / NL];
+    const int nv = (R + NL - 1) / NL;
+    for (int v = 0; v < nv; ++v) {
+        const int m0 = v * NL;
+        typename S::R sr = S::set1(re[0]), si = S::set1(im[0]);
+        for (int j = 1; j < R; ++j) {
+            const typename S::R xr = S::set1(re[j]), xi = S::set1(im[j]);
+            const typename S::R wr = S::load(tb.re[slot][j] + m0), wi = S::load(tb.im[slot][j] + m0);
+            sr = S::add(sr, S::sub(S::mul(xr, wr), S::mul(xi, wi)));
+            si = S::add(si, S::add(S::mul(xr, wi), S::mul(xi, wr)));
+        }
+        outR[v] = sr;
+        outI[v] = si;
+    }
+    for (int v = 0; v < nv; ++v) {
+        const int m0 = v * NL;
+        const typename S::M mk = simd::tail<T>(R - m0 < NL ? R - m0 : NL);
+        S::storem(re + m0, mk, outR[v]);
+        S::storem(im + m0, mk, outI[v]);
+    }
+}
+
 // ------------------------------------------------------------ complex stages
 
 // Decimation in frequency in place on n / prod values at level lvl, split
@@ -233,6 +311,10 @@ template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     Cx<T> v[kMaxRadix], y[kMaxRadix];
     if (lvl > L) {
         const int R = p->rec[L].rest;
+        if (rowSlot(R) >= 0) {
+            dftRows<T>(R, re, im);
+            return;
+        }
         const Cx<T>* W = rootsOf<T>(R, p->lastGen);
         for (int j = 0; j < R; ++j) v[j] = {re[j], im[j]};
         dftR<T, T>(R, W, v, y);
@@ -246,24 +328,30 @@ template <class T> void cdif(const Plan* p, int lvl, T* re, T* im) {
     int k = 0;
     using S = simd::V<T>;
     constexpr int NL = S::N;
-    if (R <= 16 && rest >= NL) {
-        Cx<VE<T>> vv[16], yy[16];
-        for (; k + NL <= rest; k += NL) {
+    if (R <= 16) {
+        // L columns at a time in registers, the last few under a mask
+        auto cols = [&]<bool Mk>(int k, typename S::M mk) {
+            auto ld = [mk](const T* q) { if constexpr (Mk) return S::loadm(mk, q); else return S::load(q); };
+            auto st = [mk](T* q, typename S::R x) { if constexpr (Mk) S::storem(q, mk, x); else S::store(q, x); };
+            Cx<VE<T>> vv[16], yy[16];
             for (int j = 0; j < R; ++j) {
                 const int64_t i = int64_t(j) * rest + k;
-                vv[j] = {{S::load(re + i)}, {S::load(im + i)}};
+                vv[j] = {{ld(re + i)}, {ld(im + i)}};
             }
             dftR<T, VE<T>>(R, W, vv, yy);
-            S::store(re + k, yy[0].re.r);
-            S::store(im + k, yy[0].im.r);
+            st(re + k, yy[0].re.r);
+            st(im + k, yy[0].im.r);
             for (int m = 1; m < R; ++m) {
                 const T* t = tw + int64_t(m - 1) * 2 * rest + k;
-                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
+                const VE<T> wr{ld(t)}, wi{ld(t + rest)};
                 const int64_t i = int64_t(m) * rest + k;
-                S::store(re + i, (yy[m].re * wr - yy[m].im * wi).r);
-                S::store(im + i, (yy[m].re * wi + yy[m].im * wr).r);
+                st(re + i, (yy[m].re * wr - yy[m].im * wi).r);
+                st(im + i, (yy[m].re * wi + yy[m].im * wr).r);
             }
-        }
+        };
+        for (; k + NL <= rest; k += NL) cols.template operator()<false>(k, typename S::M(0));
+        if (k < rest) cols.template operator()<true>(k, simd::tail<T>(rest - k));
+        k = rest;
     }
     for (; k < rest; ++k) {
         for (int j = 0; j < R; ++j) {
@@ -497,22 +585,27 @@ template <class T> void rdif(const Plan* p, int lvl, T* a) {
     int k = 0;
     using S = simd::V<T>;
     constexpr int NL = S::N;
-    if (R <= 16 && rest >= NL) {
-        // L columns at a time in registers
-        VE<T> vv[16];
-        Cx<VE<T>> yy[16];
+    if (R <= 16) {
+        // L columns at a time in registers, the last few under a mask
         const VE<T> z{S::zero()};
-        for (; k + NL <= rest; k += NL) {
-            for (int j = 0; j < R; ++j) vv[j] = {S::load(a + int64_t(j) * rest + k)};
+        auto cols = [&]<bool Mk>(int k, typename S::M mk) {
+            auto ld = [mk](const T* q) { if constexpr (Mk) return S::loadm(mk, q); else return S::load(q); };
+            auto st = [mk](T* q, typename S::R x) { if constexpr (Mk) S::storem(q, mk, x); else S::store(q, x); };
+            VE<T> vv[16];
+            Cx<VE<T>> yy[16];
+            for (int j = 0; j < R; ++j) vv[j] = {ld(a + int64_t(j) * rest + k)};
             dftRReal<T, VE<T>>(R, W, vv, yy, z);
-            S::store(a + k, yy[0].re.r);
+            st(a + k, yy[0].re.r);
             for (int m = 1; m <= h; ++m) {
                 const T* t = tw + int64_t(m - 1) * 2 * rest + k;
-                const VE<T> wr{S::load(t)}, wi{S::load(t + rest)};
-                S::store(a + int64_t(2 * m - 1) * rest + k, (yy[m].re * wr - yy[m].im * wi).r);
-                S::store(a + int64_t(2 * m) * rest + k, (yy[m].re * wi + yy[m].im * wr).r);
+                const VE<T> wr{ld(t)}, wi{ld(t + rest)};
+                st(a + int64_t(2 * m - 1) * rest + k, (yy[m].re * wr - yy[m].im * wi).r);
+                st(a + int64_t(2 * m) * rest + k, (yy[m].re * wi + yy[m].im * wr).r);
             }
-        }
+        };
+        for (; k + NL <= rest; k += NL) cols.template operator()<false>(k, typename S::M(0));
+        if (k < rest) cols.template operator()<true>(k, simd::tail<T>(rest - k));
+        k = rest;
     }
     for (; k < rest; ++k) {
         for (int j = 0; j < R; ++j) v[j] = a[int64_t(j) * rest + k];
@@ -888,28 +981,178 @@ template <class T> void pfReal(const Plan* p, T* d, bool inv) {
 
 template <class T> const Cx<T>* smallRoots(int R) { return kRoots<T>.r[R]; }
 
-template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y) {
-    switch (N) {
-        case 3: dftBase<T, T>(3, kRoots<T>.r[3], x, y); return;
-        case 5: dftBase<T, T>(5, kRoots<T>.r[5], x, y); return;
-        case 6: smallCt<T, T, 2, 3>(x, y); return;
-        case 7: dftT<T, T, 7>(x, y); return;
-        case 9: smallCt<T, T, 3, 3>(x, y); return;
-        case 10: smallCt<T, T, 2, 5>(x, y); return;
-        case 11: dftT<T, T, 11>(x, y); return;
-        case 12: smallCt<T, T, 4, 3>(x, y); return;
-        case 13: dftT<T, T, 13>(x, y); return;
-        case 14: smallCt<T, T, 2, 7>(x, y); return;
-        default: smallCt<T, T, 3, 5>(x, y); return;
+namespace {
+
+// The straight-line kernel of a length N up to 15 that is not a power of two.
+template <class T, int N> VRX_INLINE void smallK(const Cx<T>* x, Cx<T>* y) {
+    if constexpr (N == 3 || N == 5) dftBase<T, T>(N, kRoots<T>.r[N], x, y);
+    else if constexpr (N == 7 || N == 11 || N == 13) dftT<T, T, N>(x, y);
+    else if constexpr (N == 6) smallCt<T, T, 2, 3>(x, y);
+    else if constexpr (N == 9) smallCt<T, T, 3, 3>(x, y);
+    else if constexpr (N == 10) smallCt<T, T, 2, 5>(x, y);
+    else if constexpr (N == 12) smallCt<T, T, 4, 3>(x, y);
+    else if constexpr (N == 14) smallCt<T, T, 2, 7>(x, y);
+    else smallCt<T, T, 3, 5>(x, y);
+}
+
+// One whole call of a fixed length: the values go from the source into
+// registers, through the kernel and out to the destination with no copy
+// through memory (s may be d: every value is read before one is written).
+// The inverse is the conjugate of the forward transform of the conjugate.
+template <class T, int N, bool Inv, int ss>
+void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
+    constexpr int ds = ss;
+    if constexpr (ss == 2) {  // interleaved: one base each, so that pairs load and store together
+        sIm = sRe + 1;
+        dIm = dRe + 1;
+    }
+    Cx<T> x[N], y[N];
+#pragma GCC unroll 16
+    for (int i = 0; i < N; ++i) x[i] = {sRe[i * ss], Inv ? -sIm[i * ss] : sIm[i * ss]};
+    smallK<T, N>(x, y);
+    if (scale != T(0)) {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) {
+            dRe[i * ds] = y[i].re * scale;
+            dIm[i * ds] = (Inv ? -y[i].im : y[i].im) * scale;
+        }
+    } else {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) {
+            dRe[i * ds] = y[i].re;
+            dIm[i * ds] = Inv ? -y[i].im : y[i].im;
+        }
     }
 }
+
+// Reals to the requested form: the complex kernel on x + 0i, written
+// straight into the form's positions.
+template <class T, int N> void smallRFwdN(const T* s, T* d, T scale, fft::Form f) {
+    Cx<T> x[N], y[N];
+    T o[N];
+#pragma GCC unroll 16
+    for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
+    smallK<T, N>(x, y);
+    o[0] = y[0].re;
+    if constexpr (N % 2 == 0) {
+        o[1] = y[N / 2].re;
+#pragma GCC unroll 8
+        for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
+    } else {
+#pragma GCC unroll 8
+        for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
+    }
+    if (scale != T(0)) {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) o[i] = o[i] * scale;
+    }
+    // o is Perm; Pack moves R(N/2) last (even N), CCS puts a zero after R(0)
+    // and, for even N, (R(N/2), 0) at the end
+    d[0] = o[0];
+    if constexpr (N % 2 == 0) {
+        if (f == fft::Form::Perm) {
+#pragma GCC unroll 16
+            for (int i = 1; i < N; ++i) d[i] = o[i];
+        } else if (f == fft::Form::Pack) {
+#pragma GCC unroll 16
+            for (int i = 2; i < N; ++i) d[i - 1] = o[i];
+            d[N - 1] = o[1];
+        } else {
+            d[1] = T(0);
+#pragma GCC unroll 16
+            for (int i = 2; i < N; ++i) d[i] = o[i];
+            d[N] = o[1];
+            d[N + 1] = T(0);
+        }
+    } else {
+        const int sh = f == fft::Form::CCS ? 1 : 0;
+        if (sh) d[1] = T(0);
+#pragma GCC unroll 16
+        for (int i = 1; i < N; ++i) d[i + sh] = o[i];
+    }
+}
+
+// The requested form to reals: the real part of the forward kernel on the
+// conjugate of the full spectrum (s may be d).
+template <class T, int N> void smallRInvN(const T* s, T* d, T scale, fft::Form f) {
+    // P(i): value i of the Perm form
+    auto P = [s, f](int i) -> T {
+        if (i == 0) return s[0];
+        if constexpr (N % 2 == 0) {
+            if (f == fft::Form::Pack) return i == 1 ? s[N - 1] : s[i - 1];
+            if (f == fft::Form::CCS) return i == 1 ? s[N] : s[i];
+            return s[i];
+        } else {
+            return f == fft::Form::CCS ? s[i + 1] : s[i];
+        }
+    };
+    Cx<T> X[N], y[N];
+    X[0] = {P(0), T(0)};
+    if constexpr (N % 2 == 0) X[N / 2] = {P(1), T(0)};
+#pragma GCC unroll 8
+    for (int k = 1; 2 * k < N; ++k) {
+        const T xr = N % 2 == 0 ? P(2 * k) : P(2 * k - 1), xi = N % 2 == 0 ? P(2 * k + 1) : P(2 * k);
+        X[k] = {xr, -xi};
+        X[N - k] = {xr, xi};
+    }
+    smallK<T, N>(X, y);
+    if (scale != T(0)) {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) d[i] = y[i].re * scale;
+    } else {
+#pragma GCC unroll 16
+        for (int i = 0; i < N; ++i) d[i] = y[i].re;
+    }
+}
+
+// Run-time length to the fixed-length entry F<N>.
+#define VRX_SMALL_SWITCH(N, CALL)                \
+    switch (N) {                                \
+        case 3: CALL(3); return;                 \
+        case 5: CALL(5); return;                 \
+        case 6: CALL(6); return;                 \
+        case 7: CALL(7); return;                 \
+        case 9: CALL(9); return;                 \
+        case 10: CALL(10); return;               \
+        case 11: CALL(11); return;               \
+        case 12: CALL(12); return;               \
+        case 13: CALL(13); return;               \
+        case 14: CALL(14); return;               \
+        default: CALL(15); return;               \
+    }
+
+}  // namespace
+
+template <class T> void smallRunC(int N, bool inv, const T* sRe, const T* sIm, int ss, T* dRe, T* dIm, int ds, T scale) {
+    // split arrays (stride 1) or interleaved pairs (stride 2) on both sides
+    (void)ds;
+#define VRX_SMALL_C(K)                                                                     \
+    (ss == 2 ? (inv ? smallCN<T, K, true, 2>(sRe, sIm, dRe, dIm, scale)                \
+                    : smallCN<T, K, false, 2>(sRe, sIm, dRe, dIm, scale))              \
+             : (inv ? smallCN<T, K, true, 1>(sRe, sIm, dRe, dIm, scale) : smallCN<T, K, false, 1>(sRe, sIm, dRe, dIm, scale)))
+    VRX_SMALL_SWITCH(N, VRX_SMALL_C)
+#undef VRX_SMALL_C
+}
+template <class T> void smallRunRFwd(int N, const T* s, T* d, T scale, fft::Form f) {
+#define VRX_SMALL_RF(K) smallRFwdN<T, K>(s, d, scale, f)
+    VRX_SMALL_SWITCH(N, VRX_SMALL_RF)
+#undef VRX_SMALL_RF
+}
+template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form f) {
+#define VRX_SMALL_RI(K) smallRInvN<T, K>(s, d, scale, f)
+    VRX_SMALL_SWITCH(N, VRX_SMALL_RI)
+#undef VRX_SMALL_RI
+}
+#undef VRX_SMALL_SWITCH
 
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
     template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int, int32_t*);   \
     template void pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*);            \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
     template const Cx<T>* smallRoots<T>(int);                                                            \
-    template void smallDft<T>(int, const Cx<T>*, Cx<T>*);
+    template void smallRunC<T>(int, bool, const T*, const T*, int, T*, T*, int, T);                     \
+    template void smallRunRFwd<T>(int, const T*, T*, T, fft::Form);                                      \
+    template void smallRunRInv<T>(int, const T*, T*, T, fft::Form);
 
 VRX_DFTPF_INSTANTIATE(float)
 VRX_DFTPF_INSTANTIATE(double)

@@ -107,7 +107,12 @@ template <class T> void pfReal(const Plan* p, T* d, bool inv);
 
 // Roots exp(-2*pi*i*q/R), q = 0 .. R-1, for R up to 16.
 template <class T> const Cx<T>* smallRoots(int R);
-// Forward DFT of N values (N up to 15, not a power of two), straight-line.
-template <class T> void smallDft(int N, const Cx<T>* x, Cx<T>* y);
+// Whole transforms of N values, N up to 15 and not a power of two, each
+// length a straight-line kernel in registers (s may be d). Complex: element
+// i at sRe[i*ss], sIm[i*ss] (ss, ds: 1 split, 2 interleaved); scale 0: none.
+template <class T> void smallRunC(int N, bool inv, const T* sRe, const T* sIm, int ss, T* dRe, T* dIm, int ds, T scale);
+// Real: N reals to form f, and form f to N reals (unscaled unless scale).
+template <class T> void smallRunRFwd(int N, const T* s, T* d, T scale, fft::Form f);
+template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form f);
 
 }  // namespace n0::dft

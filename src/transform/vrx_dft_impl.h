@@ -279,60 +279,17 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- small kernels
 
-    // complex, N <= 16
+    // complex, N <= 16: the FFT's kernels for powers of two, else the
+    // fixed-length kernels
     template <bool Inv> static void smallC(int N, CRef<T> s, CRef<T> d, T scale) {
+        if (!isPow2(N)) {
+            smallRunC<T>(N, Inv, s.re, s.im, s.s, d.re, d.im, d.s, scale);
+            return;
+        }
         C x[16], y[16];
-        if (s.s == 2) memcpy(x, s.re, sizeof(C) * N);
-        else
-            for (int i = 0; i < N; ++i) x[i] = s.get(i);
-        if (isPow2(N)) {
-            fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
-        } else {
-            // the inverse is the conjugate of the forward transform of the conjugate
-            if (Inv)
-                for (int i = 0; i < N; ++i) x[i].im = -x[i].im;
-            smallDft<T>(N, x, y);
-            if (Inv)
-                for (int i = 0; i < N; ++i) y[i].im = -y[i].im;
-            if (scale != T(0))
-                for (int i = 0; i < N; ++i) y[i] = {y[i].re * scale, y[i].im * scale};
-        }
-        if (d.s == 2) memcpy(d.re, y, sizeof(C) * N);
-        else
-            for (int i = 0; i < N; ++i) d.set(i, y[i]);
-    }
-
-    // real, N <= 16, to Perm: the straight-line complex kernel on x + 0i
-    static void smallRFwd(int N, const T* s, T* d, T scale) {
-        if (isPow2(N)) { fft::smallReal<T, false>(log2i(N), s, d, scale); return; }
-        C x[16], y[16];
-        T o[16];
-        for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
-        smallDft<T>(N, x, y);
-        o[0] = y[0].re;
-        if (N % 2 == 0) {
-            o[1] = y[N / 2].re;
-            for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
-        } else {
-            for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
-        }
-        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? o[i] * scale : o[i];
-    }
-    // real, N <= 16, from Perm (s may be d): the real part of the forward
-    // kernel on the conjugate of the full spectrum
-    static void smallRInv(int N, const T* s, T* d, T scale) {
-        if (isPow2(N)) { fft::smallReal<T, true>(log2i(N), s, d, scale); return; }
-        C X[16], y[16];
-        const bool even = N % 2 == 0;
-        X[0] = {s[0], T(0)};
-        if (even) X[N / 2] = {s[1], T(0)};
-        for (int k = 1; 2 * k < N; ++k) {
-            const T xr = even ? s[2 * k] : s[2 * k - 1], xi = even ? s[2 * k + 1] : s[2 * k];
-            X[k] = {xr, -xi};
-            X[N - k] = {xr, xi};
-        }
-        smallDft<T>(N, X, y);
-        for (int i = 0; i < N; ++i) d[i] = scale != T(0) ? y[i].re * scale : y[i].re;
+        for (int i = 0; i < N; ++i) x[i] = s.get(i);
+        fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
+        for (int i = 0; i < N; ++i) d.set(i, y[i]);
     }
 
     // ---------------------------------------------------------- direct path
@@ -343,22 +300,71 @@ template <class T, class Tr> struct Dft {
     using S = simd::V<T>;
     using U = simd::V<uint32_t>;
     static constexpr int kL = S::N;
-    struct DirWalk {
+    // Lanes k0 .. k0+L-1 (past the last repeat it) walk the root index
+    // (j*k mod n) times unit: q += unit*k per j, less unit*n past it (the
+    // unsigned min picks the wrapped lane).
+    struct WalkBase {
         U::R q, step, lim;
-        VRX_INLINE DirWalk(int k0, int last, int n)
+        VRX_INLINE WalkBase(int k0, int last, int n, uint32_t unit)
             : q(U::zero()),
               step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
-              lim(U::set1(uint32_t(2 * n))) {
-            step = U::add(step, step);
+              lim(U::set1(unit * uint32_t(n))) {
+            if (unit == 2) step = U::add(step, step);
         }
-        // next j: q += 2k, less 2n past it (unsigned min picks the wrapped lane)
         VRX_INLINE void next() {
             q = U::add(q, step);
             q = U::min(q, U::sub(q, lim));
         }
-        VRX_INLINE typename S::R re(const T* w) const { return simd::gatherAt(w, q); }
-        VRX_INLINE typename S::R im(const T* w) const { return simd::gatherAt(w + 1, q); }
     };
+    // the roots gathered from the interleaved table (offsets in reals)
+    struct DirWalk : WalkBase {
+        const T* w;
+        VRX_INLINE DirWalk(int k0, int last, int n, const T* W) : WalkBase(k0, last, n, 2), w(W) {}
+        VRX_INLINE typename S::R re() const { return simd::gatherAt(w, this->q); }
+        VRX_INLINE typename S::R im() const { return simd::gatherAt(w + 1, this->q); }
+    };
+    // The roots of a direct length up to 4 L (8 L double) in
+    // registers, real and imaginary parts apart: a lane's root is a permute
+    // of a register pair, the pairs past the first blended in by index,
+    // instead of a gather.
+    static constexpr int kPairs = sizeof(T) == 4 ? 2 : 4;
+    static constexpr int kRegMax = 2 * kPairs * kL;
+    struct RegRoots {
+        typename S::R re[2 * kPairs], im[2 * kPairs];
+        int pairs;
+        explicit RegRoots(const T* W, int n) : pairs((n + 2 * kL - 1) / (2 * kL)) {
+            for (int r = 0; r < 2 * pairs; ++r) {
+                const int left = n - r * kL, c = left < 0 ? 0 : left > kL ? kL : left;  // complex values of register r
+                const typename S::R lo = S::loadm(simd::tail<T>(2 * c < kL ? 2 * c : kL), W + 2 * r * kL);
+                const typename S::R hi = S::loadm(simd::tail<T>(2 * c > kL ? 2 * c - kL : 0), W + 2 * r * kL + kL);
+                simd::deinterleave(lo, hi, re[r], im[r]);
+            }
+        }
+    };
+    struct DirPerm : WalkBase {
+        const RegRoots* t;
+        VRX_INLINE DirPerm(int k0, int last, int n, const RegRoots* R) : WalkBase(k0, last, n, 1), t(R) {}
+        VRX_INLINE typename S::R pick(const typename S::R* v) const {
+            const U::R q = this->q;
+            typename S::R a = simd::permuteAt(v[0], v[1], q);
+            for (int p = 1; p < t->pairs; ++p) {
+                const typename S::M m = static_cast<typename S::M>(U::ge(q, U::set1(uint32_t(2 * kL * p))));
+                a = S::blend(m, a, simd::permuteAt(v[2 * p], v[2 * p + 1], q));
+            }
+            return a;
+        }
+        VRX_INLINE typename S::R re() const { return pick(t->re); }
+        VRX_INLINE typename S::R im() const { return pick(t->im); }
+    };
+    // f.template operator()<Walk>(ctx): the walk of the table the length allows
+    template <class F> static VRX_INLINE void withWalk(const T* W, int n, F&& f) {
+        if (n <= kRegMax) {
+            const RegRoots R(W, n);
+            f.template operator()<DirPerm>(&R);
+        } else {
+            f.template operator()<DirWalk>(W);
+        }
+    }
 
     // The direct lengths are odd (primes: every even length factors), so
     // inputs j and n-j pair up: with S = x[j] + x[n-j], D = x[j] - x[n-j]
@@ -378,12 +384,13 @@ template <class T, class Tr> struct Dft {
         }
         for (int j = 0; j < h; ++j) sum = {sum.re + Sv[j].re, sum.im + Sv[j].im};
         alignas(64) T o[4][kL];
+        withWalk(W, n, [&]<class Walk>(auto ctx) {
         for (int k0 = 1; k0 <= h; k0 += kL) {
-            DirWalk q(k0, h, n);
+            Walk q(k0, h, n, ctx);
             typename S::R A = S::set1(x0.re), B = S::set1(x0.im), P = S::zero(), Q = S::zero();
             for (int j = 0; j < h; ++j) {
                 q.next();
-                const typename S::R c = q.re(W), t = q.im(W);
+                const typename S::R c = q.re(), t = q.im();
                 A = S::add(A, S::mul(S::set1(Sv[j].re), c));
                 B = S::add(B, S::mul(S::set1(Sv[j].im), c));
                 P = S::add(P, S::mul(S::set1(Dv[j].im), t));
@@ -401,6 +408,7 @@ template <class T, class Tr> struct Dft {
                 d.set(Inv ? k : n - k, {o[2][i], o[3][i]});
             }
         }
+        });
         d.set(0, sum);
     }
     // real odd length, in place in d: reals to the odd form and back
@@ -417,13 +425,14 @@ template <class T, class Tr> struct Dft {
         }
         for (int j = 0; j < h; ++j) sum += Sv[j];
         alignas(64) T ore[kL], oim[kL];
+        withWalk(W, n, [&]<class Walk>(auto ctx) {
         for (int k0 = 1; k0 <= h; k0 += kL) {
-            DirWalk q(k0, h, n);
+            Walk q(k0, h, n, ctx);
             typename S::R sr = S::set1(x0), si = S::zero();
             for (int j = 0; j < h; ++j) {
                 q.next();
-                sr = S::add(sr, S::mul(S::set1(Sv[j]), q.re(W)));
-                si = S::add(si, S::mul(S::set1(Dv[j]), q.im(W)));
+                sr = S::add(sr, S::mul(S::set1(Sv[j]), q.re()));
+                si = S::add(si, S::mul(S::set1(Dv[j]), q.im()));
             }
             S::store(ore, sr);
             S::store(oim, si);
@@ -434,6 +443,7 @@ template <class T, class Tr> struct Dft {
                 d[2 * k] = oim[i];
             }
         }
+        });
         d[0] = sum;
     }
     // x[j] and x[n-j] share the sums of R(k)*c and I(k)*t
@@ -444,13 +454,14 @@ template <class T, class Tr> struct Dft {
         T x0 = work[0];
         for (int k = 1; k <= h; ++k) x0 += work[2 * k - 1] + work[2 * k - 1];
         alignas(64) T o[2][kL];
+        withWalk(W, n, [&]<class Walk>(auto ctx) {
         for (int j0 = 1; j0 <= h; j0 += kL) {
-            DirWalk q(j0, h, n);
+            Walk q(j0, h, n, ctx);
             typename S::R C0 = S::zero(), S0 = S::zero();
             for (int k = 1; k <= h; ++k) {
                 q.next();
-                C0 = S::add(C0, S::mul(S::set1(work[2 * k - 1]), q.re(W)));
-                S0 = S::add(S0, S::mul(S::set1(work[2 * k]), q.im(W)));
+                C0 = S::add(C0, S::mul(S::set1(work[2 * k - 1]), q.re()));
+                S0 = S::add(S0, S::mul(S::set1(work[2 * k]), q.im()));
             }
             const typename S::R r0 = S::set1(work[0]);
             C0 = S::add(C0, C0);
@@ -463,6 +474,7 @@ template <class T, class Tr> struct Dft {
                 d[n - j0 - i] = o[1][i];
             }
         }
+        });
         d[0] = x0;
     }
 
@@ -583,7 +595,11 @@ template <class T, class Tr> struct Dft {
         if (p->path == kPathFft) return Tr::fftRunR(false, form, src, dst, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
         if (p->path == kPathSmall) {
-            smallRFwd(N, src, dst, scale);
+            if (!isPow2(N)) {
+                smallRunRFwd<T>(N, src, dst, scale, form);
+                return vrxOk;
+            }
+            fft::smallReal<T, false>(log2i(N), src, dst, scale);
         } else {
             if (N % 2) {
                 if (src != dst) memmove(dst, src, sizeof(T) * N);
@@ -612,9 +628,13 @@ template <class T, class Tr> struct Dft {
         const T scale = p->invNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
         if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
+        if (p->path == kPathSmall && !isPow2(N)) {
+            smallRunRInv<T>(N, src, dst, scale, form);
+            return vrxOk;
+        }
         fromForm(src, dst, N, form);
         if (p->path == kPathSmall) {
-            smallRInv(N, dst, dst, scale);
+            fft::smallReal<T, true>(log2i(N), dst, dst, scale);
             return vrxOk;
         }
         if (N % 2) {

@@ -695,4 +695,12 @@ VRX_INLINE void realCplxDot16s(const int16_t* a, const int16_t* b, __m512i& re, 
     im = _mm512_add_epi64(im, _mm512_cvtepi32_epi64(_mm256_madd_epi16(_mm256_slli_epi32(lo, 16), vb)));
 }
 
+// Register-resident short tables: lane i takes entry idx[i] (32-bit
+// indices below 2 N; the low eight for doubles) of the register pair
+// (a, b), the form of gatherAt for a table of up to 2 N values.
+VRX_INLINE __m512 permuteAt(__m512 a, __m512 b, __m512i idx) { return _mm512_permutex2var_ps(a, idx, b); }
+VRX_INLINE __m512d permuteAt(__m512d a, __m512d b, __m512i idx) {
+    return _mm512_permutex2var_pd(a, _mm512_cvtepu32_epi64(_mm512_castsi512_si256(idx)), b);
+}
+
 }  // namespace n0::simd
