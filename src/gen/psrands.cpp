@@ -117,29 +117,50 @@ struct Gen {
         a = x;
         return x;
     }
-    // n subtractive words into xs, three a round so that the words rotate
-    // through the registers instead of being moved.
+    // n subtractive words into xs. The borrow chain, v_n = d_n + borrow and
+    // borrow = v_n >> 31, is the critical path: two operations a word, so
+    // d_n = x_{n-2} - x_{n-3} must be ready before the borrow is. It is
+    // formed two steps ahead from the plain difference of this step,
+    // d_{n+2} = (v_n - x_{n-1}) - (18 & borrow_n), not from x_n, which would
+    // put two more operations on the chain; the empty asm keeps the compiler
+    // from reassociating the sums back into one chain.
     VRX_INLINE void fill(uint32_t* xs, int n) {
-        uint32_t p = a, q = b, r = c, br = borrow;
-        auto step = [&br](uint32_t hi, uint32_t lo) {
-            const uint32_t v = hi - lo + br;
+        uint32_t br = borrow;
+        uint32_t x1 = a;      // x_{n-1}
+        uint32_t p = b - c;   // d_n
+        uint32_t q = a - b;   // d_{n+1}
+        uint32_t r = 0;       // d_{n+2}, formed now
+        // one word from d (taken), writing d two steps ahead into dn
+        auto step = [&br, &x1](uint32_t d, uint32_t& dn) {
+            const uint32_t v = d + br;
             br = static_cast<uint32_t>(static_cast<int32_t>(v) >> 31);
-            return v - (18u & br);  // no branch: the sign is a coin toss
+            const uint32_t t = 18u & br;  // no branch: the sign is a coin toss
+            uint32_t w = v - x1;
+            __asm__("" : "+r"(w));
+            dn = w - t;
+            __asm__("" : "+r"(dn));
+            x1 = v - t;
+            return x1;
         };
+        // three a round, so that the pending differences rotate through
+        // the registers instead of being moved
         int i = 0;
         for (; i + 3 <= n; i += 3) {
-            r = step(q, r);  // (a, b, c) = (r, p, q)
-            q = step(p, q);  // (q, r, p)
-            p = step(r, p);  // (p, q, r)
-            xs[i] = r;
-            xs[i + 1] = q;
-            xs[i + 2] = p;
+            xs[i] = step(p, r);      // pending (q, r)
+            xs[i + 1] = step(q, p);  // pending (r, p)
+            xs[i + 2] = step(r, q);  // pending (p, q)
         }
-        a = p;
-        b = q;
-        c = r;
+        for (; i < n; ++i) {
+            xs[i] = step(p, r);
+            p = q;
+            q = r;
+        }
+        // the last three words: a = x_{n-1}, b and c from the pending
+        // differences (q = a - b, p = b - c)
+        a = x1;
+        b = x1 - q;
+        c = b - p;
         borrow = br;
-        for (; i < n; ++i) xs[i] = swb();
     }
     // One raw number, signed.
     VRX_INLINE int32_t next() {
@@ -214,7 +235,8 @@ VRX_INLINE void putGroup(Vrx8u* d, int n, __m512d lo, __m512d hi) {
     simd::narrowLow8(d, simd::tail<float>(static_cast<size_t>(n)), simd::joinToInt32Cur(lo, hi));
 }
 
-constexpr int kBlock = 256;  // subtractive words buffered per pass
+constexpr int kBlock = 240;  // subtractive words buffered per pass
+constexpr int kPiece = 48;   // words filled per piece converted (three a round)
 constexpr int kPairs = 64;   // normal pairs per batch
 
 template <class T>
@@ -241,22 +263,36 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
     const VU::R jm = VU::set1(kJump16.mul), ja = VU::set1(kJump16.add);
     const VD::R scale = VD::set1(s.scale), mid = VD::set1(s.mid);
 
-    alignas(64) uint32_t xs[kBlock];
+    // Two buffers of subtractive words: while the vector pass converts one
+    // block, the scalar chain fills the next, a piece of kPiece words per
+    // piece converted, so that the two run side by side in the core; the
+    // words are read a whole block after they were written.
+    alignas(64) uint32_t xs[2][kBlock];
     int last = 16;  // numbers used of the last group
     VU::R lastLcg = lcg;
-    for (int i0 = 0; i0 < len; i0 += kBlock) {
-        const int n = len - i0 < kBlock ? len - i0 : kBlock;
-        g.fill(xs, n);
-        for (int j = 0; j < n; j += 16) {
-            const int m = n - j < 16 ? n - j : 16;
-            const VU::R u = VU::add(VU::load(xs + j), lcg);
-            const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
-            const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
-            putGroup(pDst + i0 + j, m, lo, hi);
-            lastLcg = lcg;
-            last = m;
-            lcg = VU::add(VU::mullo(lcg, jm), ja);
+    int n = len < kBlock ? len : kBlock;
+    g.fill(xs[0], n);
+    int cur = 0;
+    for (int i0 = 0; i0 < len; i0 += kBlock, cur ^= 1) {
+        const int rest = len - i0 - kBlock;
+        const int nNext = rest <= 0 ? 0 : (rest < kBlock ? rest : kBlock);
+        for (int j0 = 0; j0 < n; j0 += kPiece) {
+            if (j0 < nNext) g.fill(xs[cur ^ 1] + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
+            const int je = n - j0 < kPiece ? n : j0 + kPiece;
+            for (int j = j0; j < je; j += 16) {
+                const int m = n - j < 16 ? n - j : 16;
+                const VU::R u = VU::add(VU::load(xs[cur] + j), lcg);
+                const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
+                const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
+                putGroup(pDst + i0 + j, m, lo, hi);
+                lastLcg = lcg;
+                last = m;
+                lcg = VU::add(VU::mullo(lcg, jm), ja);
+            }
         }
+        // a next block longer than this one (only the first block can be
+        // shorter, and then there is no next) is never left half filled
+        n = nNext;
     }
     VU::store(lanes, lastLcg);
     g.lcg = lanes[last - 1];
