@@ -336,38 +336,41 @@ VRX_INLINE void putG(Vrx8u* d, double v) {
 
 // Accepted pairs of the polar method, in order, into P, Q and R (p, q and
 // r = q q + p p), at most np of them; returns how many. Attempts go in groups
-// of eight, sixteen numbers: the subtractive words buffered, the
-// congruential words formed in lanes from the current one, the pairs formed
-// and tested in vector lanes (the same operations as one at a time), the
-// accepted ones packed. A group holding more pairs than are still wanted is
-// left to the caller's word-by-word loop, which starts where it began.
-int groupedAttempts(Gen& g, int np, double* P, double* Q, double* R) {
+// of eight, sixteen numbers: the congruential words formed in lanes from the
+// group's first one, the pairs formed and tested in vector lanes (the same
+// operations as one at a time), the accepted ones packed. A group accepts at
+// most eight pairs, so while np - k >= 8 the next (np - k) / 8 groups all
+// run: their subtractive words are filled in one go, ahead of the vector
+// work, instead of being read back right after each sixteen are written.
+// The caller's word-by-word loop draws the rest.
+int groupedAttempts(Gen& gen, int np, double* P, double* Q, double* R) {
+    Gen g = gen;  // in registers, not behind the caller's pointer
     using VU64 = simd::V<uint64_t>;
+    constexpr int kAhead = 8;  // groups filled at once
     const VU::R jm = VU::load(kJumpLanes.mul), ja = VU::load(kJumpLanes.add);
     alignas(64) static constexpr uint32_t kEvenOdd[16] = {0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15};
     const VU::R evenOdd = VU::load(kEvenOdd);
     const VD::R scale = VD::set1(kTwoM31), one = VD::set1(1.0), zero = VD::zero();
+    alignas(64) uint32_t xs[kAhead * 16];
     int k = 0;
     while (np - k >= 8) {
-        const Gen start = g;
-        alignas(64) uint32_t xs[16];
-        g.fill(xs, 16);
-        const VU::R w = VU::add(VU::load(xs), VU::add(VU::mullo(VU::set1(g.lcg), jm), ja));
-        g.lcg = g.lcg * kJump16.mul + kJump16.add;
-        const VU::R e = VU::permute(evenOdd, w);  // numbers 0, 2, .. then 1, 3, ..
-        const VD::R p = VD::mul(simd::lowInt32ToDouble(e), scale);
-        const VD::R q = VD::mul(simd::highInt32ToDouble(e), scale);
-        const VD::R r = VD::fma(q, q, VD::mul(p, p));
-        const VD::M ok = static_cast<VD::M>(VD::lt(r, one) & VD::ne(r, zero));
-        if (k + __builtin_popcount(ok) > np) {
-            g = start;
-            break;
+        const int ng = (np - k) / 8 < kAhead ? (np - k) / 8 : kAhead;
+        g.fill(xs, ng * 16);
+        for (int gi = 0; gi < ng; ++gi) {
+            const VU::R w = VU::add(VU::load(xs + gi * 16), VU::add(VU::mullo(VU::set1(g.lcg), jm), ja));
+            g.lcg = g.lcg * kJump16.mul + kJump16.add;
+            const VU::R e = VU::permute(evenOdd, w);  // numbers 0, 2, .. then 1, 3, ..
+            const VD::R p = VD::mul(simd::lowInt32ToDouble(e), scale);
+            const VD::R q = VD::mul(simd::highInt32ToDouble(e), scale);
+            const VD::R r = VD::fma(q, q, VD::mul(p, p));
+            const VD::M ok = static_cast<VD::M>(VD::lt(r, one) & VD::ne(r, zero));
+            VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, simd::bitsOf(p));
+            VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, simd::bitsOf(q));
+            VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, simd::bitsOf(r));
+            k += __builtin_popcount(ok);
         }
-        VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, simd::bitsOf(p));
-        VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, simd::bitsOf(q));
-        VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, simd::bitsOf(r));
-        k += __builtin_popcount(ok);
     }
+    gen = g;
     return k;
 }
 
