@@ -334,6 +334,14 @@ VRX_INLINE void putG(Vrx8u* d, double v) {
     *d = static_cast<Vrx8u>(cvtCur(v));
 }
 
+// Sixteen outputs at once: the same clamps as putG (outputs are never NaN:
+// mean and stdDev are integers there and the factor is finite), then the
+// uniform loop's stores.
+VRX_INLINE VD::R clampG(const Vrx64f*, VD::R v) { return v; }
+VRX_INLINE VD::R clampG(const Vrx32f*, VD::R v) { return v; }
+VRX_INLINE VD::R clampG(const Vrx16s*, VD::R v) { return VD::min(VD::max(v, VD::set1(-32768.0)), VD::set1(32767.0)); }
+VRX_INLINE VD::R clampG(const Vrx8u*, VD::R v) { return VD::min(VD::max(v, VD::zero()), VD::set1(255.0)); }
+
 // Accepted pairs of the polar method, in order, into P, Q and R (p, q and
 // r = q q + p p), at most np of them; returns how many. Attempts go in groups
 // of eight, sixteen numbers: the congruential words formed in lanes from the
@@ -420,18 +428,30 @@ VrxStatus gaussRun(T* pDst, int len, VrxsRandGaussState* pState, ObjId id) {
             const VD::R r = VD::loadm(m, R + k, 1.0);
             VD::storem(F + k, m, VD::sqrt(VD::div(VD::mul(VD::set1(-2.0), VD::loadm(m, F + k)), r)));
         }
-        for (int k = 0; k < np; ++k) {
-            const double f = F[k];
-            putG(pDst + i, __builtin_fma(P[k] * sd, f, mean));
+        // whole pairs eight at a time, interleaved (p, q, p, q, ...)
+        const int whole = (len - i) / 2 < np ? (len - i) / 2 : np;
+        const VD::R vsd = VD::set1(sd), vmean = VD::set1(mean);
+        alignas(64) static constexpr uint64_t kZip[16] = {0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15};
+        const auto lo8 = simd::V<uint64_t>::load(kZip), hi8 = simd::V<uint64_t>::load(kZip + 8);
+        int j = 0;
+        for (; j + 8 <= whole; j += 8, i += 16) {
+            const VD::R f = VD::load(F + j);
+            const VD::R a = VD::fma(VD::mul(VD::load(P + j), vsd), f, vmean);
+            const VD::R b = VD::fma(VD::mul(VD::load(Q + j), vsd), f, vmean);
+            putGroup(pDst + i, 16, clampG(pDst, VD::permute2(a, lo8, b)), clampG(pDst, VD::permute2(a, hi8, b)));
+        }
+        for (; j < np; ++j) {
+            const double f = F[j];
+            putG(pDst + i, __builtin_fma(P[j] * sd, f, mean));
             ++i;
             if (i < len) {
-                putG(pDst + i, __builtin_fma(Q[k] * sd, f, mean));
+                putG(pDst + i, __builtin_fma(Q[j] * sd, f, mean));
                 ++i;
             } else {
                 s.empty = 0;
                 s.factor = f;
-                s.second = Q[k];
-                s.first = P[k];
+                s.second = Q[j];
+                s.first = P[j];
             }
         }
     }
