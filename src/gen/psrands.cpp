@@ -117,29 +117,50 @@ struct Gen {
         a = x;
         return x;
     }
-    // n subtractive words into xs, three a round so that the words rotate
-    // through the registers instead of being moved.
+    // n subtractive words into xs. The borrow chain, v_n = d_n + borrow and
+    // borrow = v_n >> 31, is the critical path: two operations a word, so
+    // d_n = x_{n-2} - x_{n-3} must be ready before the borrow is. It is
+    // formed two steps ahead from the plain difference of this step,
+    // d_{n+2} = (v_n - x_{n-1}) - (18 & borrow_n), not from x_n, which would
+    // put two more operations on the chain; the empty asm keeps the compiler
+    // from reassociating the sums back into one chain.
     VRX_INLINE void fill(uint32_t* xs, int n) {
-        uint32_t p = a, q = b, r = c, br = borrow;
-        auto step = [&br](uint32_t hi, uint32_t lo) {
-            const uint32_t v = hi - lo + br;
+        uint32_t br = borrow;
+        uint32_t x1 = a;      // x_{n-1}
+        uint32_t p = b - c;   // d_n
+        uint32_t q = a - b;   // d_{n+1}
+        uint32_t r = 0;       // d_{n+2}, formed now
+        // one word from d (taken), writing d two steps ahead into dn
+        auto step = [&br, &x1](uint32_t d, uint32_t& dn) {
+            const uint32_t v = d + br;
             br = static_cast<uint32_t>(static_cast<int32_t>(v) >> 31);
-            return v - (18u & br);  // no branch: the sign is a coin toss
+            const uint32_t t = 18u & br;  // no branch: the sign is a coin toss
+            uint32_t w = v - x1;
+            __asm__("" : "+r"(w));
+            dn = w - t;
+            __asm__("" : "+r"(dn));
+            x1 = v - t;
+            return x1;
         };
+        // three a round, so that the pending differences rotate through
+        // the registers instead of being moved
         int i = 0;
         for (; i + 3 <= n; i += 3) {
-            r = step(q, r);  // (a, b, c) = (r, p, q)
-            q = step(p, q);  // (q, r, p)
-            p = step(r, p);  // (p, q, r)
-            xs[i] = r;
-            xs[i + 1] = q;
-            xs[i + 2] = p;
+            xs[i] = step(p, r);      // pending (q, r)
+            xs[i + 1] = step(q, p);  // pending (r, p)
+            xs[i + 2] = step(r, q);  // pending (p, q)
         }
-        a = p;
-        b = q;
-        c = r;
+        for (; i < n; ++i) {
+            xs[i] = step(p, r);
+            p = q;
+            q = r;
+        }
+        // the last three words: a = x_{n-1}, b and c from the pending
+        // differences (q = a - b, p = b - c)
+        a = x1;
+        b = x1 - q;
+        c = b - p;
         borrow = br;
-        for (; i < n; ++i) xs[i] = swb();
     }
     // One raw number, signed.
     VRX_INLINE int32_t next() {
@@ -214,7 +235,8 @@ VRX_INLINE void putGroup(Vrx8u* d, int n, __m512d lo, __m512d hi) {
     simd::narrowLow8(d, simd::tail<float>(static_cast<size_t>(n)), simd::joinToInt32Cur(lo, hi));
 }
 
-constexpr int kBlock = 256;  // subtractive words buffered per pass
+constexpr int kBlock = 240;  // subtractive words buffered per pass
+constexpr int kPiece = 48;   // words filled per piece converted (three a round)
 constexpr int kPairs = 64;   // normal pairs per batch
 
 template <class T>
@@ -241,22 +263,36 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
     const VU::R jm = VU::set1(kJump16.mul), ja = VU::set1(kJump16.add);
     const VD::R scale = VD::set1(s.scale), mid = VD::set1(s.mid);
 
-    alignas(64) uint32_t xs[kBlock];
+    // Two buffers of subtractive words: while the vector pass converts one
+    // block, the scalar chain fills the next, a piece of kPiece words per
+    // piece converted, so that the two run side by side in the core; the
+    // words are read a whole block after they were written.
+    alignas(64) uint32_t xs[2][kBlock];
     int last = 16;  // numbers used of the last group
     VU::R lastLcg = lcg;
-    for (int i0 = 0; i0 < len; i0 += kBlock) {
-        const int n = len - i0 < kBlock ? len - i0 : kBlock;
-        g.fill(xs, n);
-        for (int j = 0; j < n; j += 16) {
-            const int m = n - j < 16 ? n - j : 16;
-            const VU::R u = VU::add(VU::load(xs + j), lcg);
-            const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
-            const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
-            putGroup(pDst + i0 + j, m, lo, hi);
-            lastLcg = lcg;
-            last = m;
-            lcg = VU::add(VU::mullo(lcg, jm), ja);
+    int n = len < kBlock ? len : kBlock;
+    g.fill(xs[0], n);
+    int cur = 0;
+    for (int i0 = 0; i0 < len; i0 += kBlock, cur ^= 1) {
+        const int rest = len - i0 - kBlock;
+        const int nNext = rest <= 0 ? 0 : (rest < kBlock ? rest : kBlock);
+        for (int j0 = 0; j0 < n; j0 += kPiece) {
+            if (j0 < nNext) g.fill(xs[cur ^ 1] + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
+            const int je = n - j0 < kPiece ? n : j0 + kPiece;
+            for (int j = j0; j < je; j += 16) {
+                const int m = n - j < 16 ? n - j : 16;
+                const VU::R u = VU::add(VU::load(xs[cur] + j), lcg);
+                const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
+                const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
+                putGroup(pDst + i0 + j, m, lo, hi);
+                lastLcg = lcg;
+                last = m;
+                lcg = VU::add(VU::mullo(lcg, jm), ja);
+            }
         }
+        // a next block longer than this one (only the first block can be
+        // shorter, and then there is no next) is never left half filled
+        n = nNext;
     }
     VU::store(lanes, lastLcg);
     g.lcg = lanes[last - 1];
@@ -298,40 +334,51 @@ VRX_INLINE void putG(Vrx8u* d, double v) {
     *d = static_cast<Vrx8u>(cvtCur(v));
 }
 
+// Sixteen outputs at once: the same clamps as putG (outputs are never NaN:
+// mean and stdDev are integers there and the factor is finite), then the
+// uniform loop's stores.
+VRX_INLINE VD::R clampG(const Vrx64f*, VD::R v) { return v; }
+VRX_INLINE VD::R clampG(const Vrx32f*, VD::R v) { return v; }
+VRX_INLINE VD::R clampG(const Vrx16s*, VD::R v) { return VD::min(VD::max(v, VD::set1(-32768.0)), VD::set1(32767.0)); }
+VRX_INLINE VD::R clampG(const Vrx8u*, VD::R v) { return VD::min(VD::max(v, VD::zero()), VD::set1(255.0)); }
+
 // Accepted pairs of the polar method, in order, into P, Q and R (p, q and
 // r = q q + p p), at most np of them; returns how many. Attempts go in groups
-// of eight, sixteen numbers: the subtractive words buffered, the
-// congruential words formed in lanes from the current one, the pairs formed
-// and tested in vector lanes (the same operations as one at a time), the
-// accepted ones packed. A group holding more pairs than are still wanted is
-// left to the caller's word-by-word loop, which starts where it began.
-int groupedAttempts(Gen& g, int np, double* P, double* Q, double* R) {
+// of eight, sixteen numbers: the congruential words formed in lanes from the
+// group's first one, the pairs formed and tested in vector lanes (the same
+// operations as one at a time), the accepted ones packed. A group accepts at
+// most eight pairs, so while np - k >= 8 the next (np - k) / 8 groups all
+// run: their subtractive words are filled in one go, ahead of the vector
+// work, instead of being read back right after each sixteen are written.
+// The caller's word-by-word loop draws the rest.
+int groupedAttempts(Gen& gen, int np, double* P, double* Q, double* R) {
+    Gen g = gen;  // in registers, not behind the caller's pointer
     using VU64 = simd::V<uint64_t>;
+    constexpr int kAhead = 8;  // groups filled at once
     const VU::R jm = VU::load(kJumpLanes.mul), ja = VU::load(kJumpLanes.add);
     alignas(64) static constexpr uint32_t kEvenOdd[16] = {0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15};
     const VU::R evenOdd = VU::load(kEvenOdd);
     const VD::R scale = VD::set1(kTwoM31), one = VD::set1(1.0), zero = VD::zero();
+    alignas(64) uint32_t xs[kAhead * 16];
     int k = 0;
     while (np - k >= 8) {
-        const Gen start = g;
-        alignas(64) uint32_t xs[16];
-        g.fill(xs, 16);
-        const VU::R w = VU::add(VU::load(xs), VU::add(VU::mullo(VU::set1(g.lcg), jm), ja));
-        g.lcg = g.lcg * kJump16.mul + kJump16.add;
-        const VU::R e = VU::permute(evenOdd, w);  // numbers 0, 2, .. then 1, 3, ..
-        const VD::R p = VD::mul(simd::lowInt32ToDouble(e), scale);
-        const VD::R q = VD::mul(simd::highInt32ToDouble(e), scale);
-        const VD::R r = VD::fma(q, q, VD::mul(p, p));
-        const VD::M ok = static_cast<VD::M>(VD::lt(r, one) & VD::ne(r, zero));
-        if (k + __builtin_popcount(ok) > np) {
-            g = start;
-            break;
+        const int ng = (np - k) / 8 < kAhead ? (np - k) / 8 : kAhead;
+        g.fill(xs, ng * 16);
+        for (int gi = 0; gi < ng; ++gi) {
+            const VU::R w = VU::add(VU::load(xs + gi * 16), VU::add(VU::mullo(VU::set1(g.lcg), jm), ja));
+            g.lcg = g.lcg * kJump16.mul + kJump16.add;
+            const VU::R e = VU::permute(evenOdd, w);  // numbers 0, 2, .. then 1, 3, ..
+            const VD::R p = VD::mul(simd::lowInt32ToDouble(e), scale);
+            const VD::R q = VD::mul(simd::highInt32ToDouble(e), scale);
+            const VD::R r = VD::fma(q, q, VD::mul(p, p));
+            const VD::M ok = static_cast<VD::M>(VD::lt(r, one) & VD::ne(r, zero));
+            VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, simd::bitsOf(p));
+            VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, simd::bitsOf(q));
+            VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, simd::bitsOf(r));
+            k += __builtin_popcount(ok);
         }
-        VU64::compress(reinterpret_cast<uint64_t*>(P + k), ok, simd::bitsOf(p));
-        VU64::compress(reinterpret_cast<uint64_t*>(Q + k), ok, simd::bitsOf(q));
-        VU64::compress(reinterpret_cast<uint64_t*>(R + k), ok, simd::bitsOf(r));
-        k += __builtin_popcount(ok);
     }
+    gen = g;
     return k;
 }
 
@@ -381,18 +428,30 @@ VrxStatus gaussRun(T* pDst, int len, VrxsRandGaussState* pState, ObjId id) {
             const VD::R r = VD::loadm(m, R + k, 1.0);
             VD::storem(F + k, m, VD::sqrt(VD::div(VD::mul(VD::set1(-2.0), VD::loadm(m, F + k)), r)));
         }
-        for (int k = 0; k < np; ++k) {
-            const double f = F[k];
-            putG(pDst + i, __builtin_fma(P[k] * sd, f, mean));
+        // whole pairs eight at a time, interleaved (p, q, p, q, ...)
+        const int whole = (len - i) / 2 < np ? (len - i) / 2 : np;
+        const VD::R vsd = VD::set1(sd), vmean = VD::set1(mean);
+        alignas(64) static constexpr uint64_t kZip[16] = {0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15};
+        const auto lo8 = simd::V<uint64_t>::load(kZip), hi8 = simd::V<uint64_t>::load(kZip + 8);
+        int j = 0;
+        for (; j + 8 <= whole; j += 8, i += 16) {
+            const VD::R f = VD::load(F + j);
+            const VD::R a = VD::fma(VD::mul(VD::load(P + j), vsd), f, vmean);
+            const VD::R b = VD::fma(VD::mul(VD::load(Q + j), vsd), f, vmean);
+            putGroup(pDst + i, 16, clampG(pDst, VD::permute2(a, lo8, b)), clampG(pDst, VD::permute2(a, hi8, b)));
+        }
+        for (; j < np; ++j) {
+            const double f = F[j];
+            putG(pDst + i, __builtin_fma(P[j] * sd, f, mean));
             ++i;
             if (i < len) {
-                putG(pDst + i, __builtin_fma(Q[k] * sd, f, mean));
+                putG(pDst + i, __builtin_fma(Q[j] * sd, f, mean));
                 ++i;
             } else {
                 s.empty = 0;
                 s.factor = f;
-                s.second = Q[k];
-                s.first = P[k];
+                s.second = Q[j];
+                s.first = P[j];
             }
         }
     }
