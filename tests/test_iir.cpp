@@ -69,7 +69,12 @@ TEST(Iir, EveryKindFollowsTheModelInAnySplitAndInPlace) {
         if (!k.bq()) orders.insert(orders.end(), {16, 20, 24});
         for (int n : orders) {
             SCOPED_TRACE(::testing::Message() << k.name << " n=" << n);
-            const V taps = randomTaps(k, g, n);
+            // a high order rounded to float taps can land at the edge of
+            // stability, where the kind's own normalising may tip it over:
+            // redraw until the response's L1 norm stays moderate
+            auto l1 = [&](const V& t) { const Model mt(k, t, n); return mt.l1(0, int(mt.b.size())); };
+            V taps = randomTaps(k, g, n);
+            while (l1(taps) > 256) taps = randomTaps(k, g, n);
             const Model m(k, taps, n);
             const long double amp = k.intSamples ? std::floor(k.sampleMax / (2 * m.l1(0, int(m.b.size())) + 1)) : 1.0L;
             const int len = 2600;
