@@ -683,30 +683,26 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     }
 }
 
-// The register kernels of 16 and 32 complex doubles as functions of their
+// The register kernels of 16 and 32 complex values as functions of their
 // own: no stack frame (the other small orders' kernels need one), and
 // reached from complexTransform before the general paths' frame is set up.
-template <int LOG, bool Inv, bool Scale>
-[[gnu::noinline]] void small64fc(const Cx<double>* src, Cx<double>* dst, double scale) {
-    smallVec<double, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
+template <class T, int LOG, bool Inv, bool Scale>
+[[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
+    smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
 }
-template <bool Inv, bool Scale> VRX_INLINE void small64fcRun(int m, const Cx<double>* src, Cx<double>* dst, double scale) {
-    if (m == 4) small64fc<4, Inv, Scale>(src, dst, scale);
-    else small64fc<5, Inv, Scale>(src, dst, scale);
+template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    if (m == 4) smallCx<T, 4, Inv, Scale>(src, dst, scale);
+    else smallCx<T, 5, Inv, Scale>(src, dst, scale);
 }
 
 template <class T, bool Inv, bool Scale>
 void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
-    if constexpr (sizeof(T) == 8) {
-        if (m == 4 || m == 5) return small64fcRun<Inv, Scale>(m, src, dst, scale);
-    }
+    if (m == 4 || m == 5) return smallCxRun<T, Inv, Scale>(m, src, dst, scale);
     switch (m) {
         case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
         case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
         case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
         case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
-        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
-        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
         default:
             if constexpr (sizeof(T) == 4) smallVec<T, 8, 8, Inv, Scale>(src, dst, scale);
             else inRegisters<T, 6, Inv, false, Out::Cx, Scale>(SrcRef<T>{src, nullptr, nullptr}, reinterpret_cast<T*>(dst), nullptr, nullptr, scale);
@@ -853,18 +849,16 @@ template <class T, bool Inv>
     }
 }
 
-// Interleaved doubles of 16 and 32 points go straight to their kernels.
+// Interleaved data of 16 and 32 points goes straight to its kernels.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
-    if constexpr (sizeof(T) == 8) {
-        if (!split && (m == 4 || m == 5)) {
-            const Cx<T>* s = reinterpret_cast<const Cx<T>*>(srcRe);
-            Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
-            if (scale != T(0)) small64fcRun<Inv, true>(m, s, d, scale);
-            else small64fcRun<Inv, false>(m, s, d, scale);
-            return;
-        }
+    if (!split && (m == 4 || m == 5)) {
+        const Cx<T>* s = reinterpret_cast<const Cx<T>*>(srcRe);
+        Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
+        if (scale != T(0)) smallCxRun<T, Inv, true>(m, s, d, scale);
+        else smallCxRun<T, Inv, false>(m, s, d, scale);
+        return;
     }
     complexPaths<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
 }
