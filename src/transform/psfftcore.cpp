@@ -127,6 +127,7 @@ template <> VRX_INLINE void transposeV<CVec<float, 8>>(CVec<float, 8>* a) {
 template <> VRX_INLINE void transposeV<CVec<double, 4>>(CVec<double, 4>* a) {
     __m512d r[4] = {a[0].v, a[1].v, a[2].v, a[3].v}, o[4];
     transpose4x4(r, o);
+#pragma GCC unroll 4
     for (int i = 0; i < 4; ++i) a[i].v = o[i];
 }
 
@@ -139,6 +140,7 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
     CV o[R];
     if constexpr (R == 4) vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
     else vbfly8<T, CV, Inv>(a, o);
+#pragma GCC unroll 8
     for (int i = 0; i < R; ++i) a[i] = o[i];
 }
 
@@ -148,15 +150,20 @@ template <class T, int V, int R, bool Inv, bool Scale>
 VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
     using CV = CVec<T, V>;
     CV a[R];
+#pragma GCC unroll 8
     for (int r = 0; r < R; ++r) a[r] = CV::load(src + r * V);
     vdft<T, CV, R, Inv>(a);
+#pragma GCC unroll 8
     for (int k = 1; k < R; ++k)
         a[k] = CV::template mulSplit<Inv>(a[k], CV::load(&kLaneTwSplit<T, R, V>.wr[k * V]), CV::load(&kLaneTwSplit<T, R, V>.wi[k * V]));
+#pragma GCC unroll 2
     for (int b = 0; b < R / V; ++b) {
         transposeV<CV>(a + b * V);
         vdft<T, CV, V, Inv>(a + b * V);
     }
+#pragma GCC unroll 2
     for (int b = 0; b < R / V; ++b)
+#pragma GCC unroll 8
         for (int k2 = 0; k2 < V; ++k2) {
             CV v = a[b * V + k2];
             if constexpr (Scale) v = CV::scale(v, scale);
@@ -180,6 +187,7 @@ template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o
     d[1] = CV::scale(d[1] + CV::template rot<Inv>(d[1]), c);
     d[2] = CV::template rot<Inv>(d[2]);
     d[3] = CV::template rot<Inv>(CV::scale(d[3] + CV::template rot<Inv>(d[3]), c));
+#pragma GCC unroll 4
     for (int q = 0; q < 4; ++q) {
         o[q] = e[q] + d[q];
         o[q + 4] = e[q] - d[q];
@@ -675,15 +683,26 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     }
 }
 
+// The register kernels of 16 and 32 complex values as functions of their
+// own: no stack frame (the other small orders' kernels need one), and
+// reached from complexTransform before the general paths' frame is set up.
+template <class T, int LOG, bool Inv, bool Scale>
+[[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
+    smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
+}
+template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    if (m == 4) smallCx<T, 4, Inv, Scale>(src, dst, scale);
+    else smallCx<T, 5, Inv, Scale>(src, dst, scale);
+}
+
 template <class T, bool Inv, bool Scale>
 void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
+    if (m == 4 || m == 5) return smallCxRun<T, Inv, Scale>(m, src, dst, scale);
     switch (m) {
         case 0: smallFft<T, 0, Inv, Scale>(src, dst, scale); break;
         case 1: smallFft<T, 1, Inv, Scale>(src, dst, scale); break;
         case 2: smallFft<T, 2, Inv, Scale>(src, dst, scale); break;
         case 3: smallFft<T, 3, Inv, Scale>(src, dst, scale); break;
-        case 4: smallVec<T, 4, 4, Inv, Scale>(src, dst, scale); break;
-        case 5: smallVec<T, 4, 8, Inv, Scale>(src, dst, scale); break;
         default:
             if constexpr (sizeof(T) == 4) smallVec<T, 8, 8, Inv, Scale>(src, dst, scale);
             else inRegisters<T, 6, Inv, false, Out::Cx, Scale>(SrcRef<T>{src, nullptr, nullptr}, reinterpret_cast<T*>(dst), nullptr, nullptr, scale);
@@ -785,8 +804,8 @@ template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
 // ------------------------------------------------------------ transform
 
 template <class T, bool Inv>
-void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
-                      bool split, T scale, uint8_t* work) {
+[[gnu::noinline]] void complexPaths(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
+                                    bool split, T scale, uint8_t* work) {
     using C = Cx<T>;
     if (m <= 6) {
         if (!split) {
@@ -828,6 +847,20 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
             scaleBy<T>(dstIm, N, scale);
         }
     }
+}
+
+// Interleaved data of 16 and 32 points goes straight to its kernels.
+template <class T, bool Inv>
+void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
+                      bool split, T scale, uint8_t* work) {
+    if (!split && (m == 4 || m == 5)) {
+        const Cx<T>* s = reinterpret_cast<const Cx<T>*>(srcRe);
+        Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
+        if (scale != T(0)) smallCxRun<T, Inv, true>(m, s, d, scale);
+        else smallCxRun<T, Inv, false>(m, s, d, scale);
+        return;
+    }
+    complexPaths<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
 }
 
 template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
