@@ -13,25 +13,29 @@ namespace {
 // Integer forms: the OR of all magnitudes has the same top bit as their
 // maximum. The 32-bit abs of -2^31 gives the bit pattern 2^31, as the
 // 16-bit abs of -32768 gives 0x8000.
-// 16-bit data on AVX2 lanes: abs(-32768) stays the bit pattern 0x8000.
+// 16-bit data on AVX2 lanes: abs(-32768) stays the bit pattern 0x8000. A
+// last partial register is read again from the end; the OR of the lanes
+// has the top bit of their unsigned maximum.
 VRX_INLINE int order16s(const int16_t* p, int len) {
     using NW = simd::VNarrow<int16_t>;
     using R = NW::R;
     constexpr int N = NW::N;
-    R a0 = NW::set1(0), a1 = a0, a2 = a0, a3 = a0;
-    int i = 0;
-    for (; i + 4 * N <= len; i += 4 * N) {
-        a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
-        a1 = NW::orb(a1, NW::abs(NW::load(p + i + N)));
-        a2 = NW::orb(a2, NW::abs(NW::load(p + i + 2 * N)));
-        a3 = NW::orb(a3, NW::abs(NW::load(p + i + 3 * N)));
-    }
-    for (; i + N <= len; i += N) a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
-    alignas(32) uint16_t t[N];
-    NW::store(reinterpret_cast<int16_t*>(t), NW::orb(NW::orb(a0, a1), NW::orb(a2, a3)));
     uint32_t m = 0;
-    for (int j = 0; j < N; ++j) m |= t[j];
-    for (; i < len; ++i) m |= static_cast<uint32_t>(p[i] < 0 ? -p[i] : p[i]);
+    if (len < N) {
+        for (int i = 0; i < len; ++i) m |= static_cast<uint16_t>(p[i] < 0 ? -p[i] : p[i]);
+    } else {
+        R a0 = NW::abs(NW::load(p)), a1 = a0, a2 = a0, a3 = a0;
+        int i = N;
+        for (; i + 4 * N <= len; i += 4 * N) {
+            a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+            a1 = NW::orb(a1, NW::abs(NW::load(p + i + N)));
+            a2 = NW::orb(a2, NW::abs(NW::load(p + i + 2 * N)));
+            a3 = NW::orb(a3, NW::abs(NW::load(p + i + 3 * N)));
+        }
+        for (; i + N <= len; i += N) a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+        if (i < len) a1 = NW::orb(a1, NW::abs(NW::load(p + len - N)));
+        m = simd::narrowMaxLane<uint16_t>(NW::orb(NW::orb(a0, a1), NW::orb(a2, a3)));
+    }
     return m ? 32 - __builtin_clz(m) : 0;
 }
 
