@@ -218,13 +218,35 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
     lanes64Sum2(tot, even, odd);
 }
 
-// Exact 64-bit sum of count 32-bit values.
+// Exact 64-bit sum of count 32-bit values without widening each value:
+// per 32-bit lane, H sums the high halves x >> 16 (signed) and W the
+// values themselves, wrapping. The low halves' sum L = W - (H << 16)
+// modulo 2^32 is exact while it stays below 2^32, so blocks of at most
+// 65535 values a lane are folded as (H << 16) + L into 64-bit lanes.
 VRX_INLINE int64_t sum32s(const int32_t* p, size_t count) {
-    constexpr int U = 4;
-    I64::R a[U];
-    unroll<U>([&](auto k) { a[k] = I64::zero(); });
-    sweep<U, 8>(count, [&](auto k, size_t i, size_t n) { a[k] = I64::add(a[k], simd::widen32sTo64Part(p + i, n)); });
-    return lanes64Sum(combine<U>(a, I64::add));
+    constexpr int U = 2;
+    constexpr size_t kBlock = 65535 * 16 * U;
+    I64::R tot = I64::zero();
+    size_t i = 0;
+    while (i + U * 16 <= count) {
+        I32::R h[U], w[U];
+        unroll<U>([&](auto k) { h[k] = I32::zero(); w[k] = I32::zero(); });
+        const size_t end = count - i > kBlock ? i + kBlock : count;
+        for (; i + U * 16 <= end; i += U * 16) {
+            unroll<U>([&](auto k) {
+                const I32::R x = I32::load(p + i + 16 * k);
+                h[k] = I32::add(h[k], I32::shr<16>(x));
+                w[k] = I32::add(w[k], x);
+            });
+        }
+        unroll<U>([&](auto k) {
+            const I32::R l = I32::sub(w[k], I32::shl<16>(h[k]));
+            const I64::R hl = I64::shl<16>(simd::lowTo64s(h[k])), hh = I64::shl<16>(simd::highTo64s(h[k]));
+            tot = I64::add(tot, I64::add(I64::add(hl, simd::lowTo64u(l)), I64::add(hh, simd::highTo64u(l))));
+        });
+    }
+    for (; i < count; i += 8) tot = I64::add(tot, simd::widen32sTo64Part(p + i, count - i < 8 ? count - i : 8));
+    return lanes64Sum(tot);
 }
 
 // Exact sum and sum of squares of 16-bit values: S in 32-bit lanes folded
