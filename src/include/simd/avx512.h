@@ -727,3 +727,12 @@ VRX_INLINE T narrowMaxLane(__m256i v) {
     return static_cast<T>(~static_cast<unsigned>(narrowMinLane<T>(_mm256_xor_si256(v, _mm256_set1_epi32(-1)))));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values at p summed in adjacent pairs (AVX2 multiply-add
+// by 1, exact) and added to the eight 32-bit lanes of acc.
+VRX_INLINE __m256i addPairSums16s(__m256i acc, const int16_t* p) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    return _mm256_add_epi32(acc, _mm256_madd_epi16(x, _mm256_set1_epi16(1)));
+}
+}  // namespace n0::simd
