@@ -736,3 +736,14 @@ VRX_INLINE __m256i addPairSums16s(__m256i acc, const int16_t* p) {
     return _mm256_add_epi32(acc, _mm256_madd_epi16(x, _mm256_set1_epi16(1)));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values at p: their magnitudes (-32768 counts 32768) summed
+// in adjacent pairs and added to the eight 32-bit lanes of acc (AVX2
+// multiply-add of each value by its sign, exact).
+VRX_INLINE __m256i addPairMagnitudes16s(__m256i acc, const int16_t* p) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    const __m256i sign = _mm256_or_si256(_mm256_srai_epi16(x, 15), _mm256_set1_epi16(1));
+    return _mm256_add_epi32(acc, _mm256_madd_epi16(x, sign));
+}
+}  // namespace n0::simd
