@@ -218,11 +218,13 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
     lanes64Sum2(tot, even, odd);
 }
 
-// Exact sum of count 16-bit values (even and odd positions together):
-// pair sums by AVX2 multiply-adds in 32-bit lanes (a lane gathers some 2^10
-// pairs of a 65536-value block, far from overflow), folded into 64-bit lanes
-// per block. A last partial group of 16 goes through a zeroed copy.
-VRX_INLINE int64_t sum16sAll(const int16_t* p, size_t count) {
+// Exact total of count 16-bit values through AVX2 pair sums: step(acc, q)
+// adds sixteen values at q, summed in adjacent pairs, to the eight 32-bit
+// lanes of acc (a lane gathers some 2^10 pairs of a 65536-value block, far
+// from overflow); the lanes are widened into 64 bits once per block. A last
+// partial group of 16 goes through a zeroed copy.
+template <class Step>
+VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
     constexpr int U = 4;
     I64::R tot = I64::zero();
     inBlocks(count, 65536, [&](size_t b, size_t len) {
@@ -230,16 +232,21 @@ VRX_INLINE int64_t sum16sAll(const int16_t* p, size_t count) {
         unroll<U>([&](auto k) { a[k] = simd::zero256i(); });
         sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
             if (n == 16) {
-                a[k] = simd::addPairSums16s(a[k], p + b + i);
+                a[k] = step(a[k], p + b + i);
             } else {
                 alignas(32) int16_t t[16] = {};
                 __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
-                a[k] = simd::addPairSums16s(a[k], t);
+                a[k] = step(a[k], t);
             }
         });
         unroll<U>([&](auto k) { tot = I64::add(tot, simd::widen8x32sTo64(a[k])); });
     });
     return lanes64Sum(tot);
+}
+
+// Exact sum of count 16-bit values (even and odd positions together).
+VRX_INLINE int64_t sum16sAll(const int16_t* p, size_t count) {
+    return pairTotal16s(p, count, [](__m256i a, const int16_t* q) { return simd::addPairSums16s(a, q); });
 }
 
 // Exact 64-bit sum of count 32-bit values without widening each value:

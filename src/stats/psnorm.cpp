@@ -176,27 +176,9 @@ uint64_t l1_16(Src s, size_t n) {
     return static_cast<uint64_t>(lanes64Sum(tot));
 }
 
-// One vector: pair sums of magnitudes by AVX2 multiply-adds, some 2^10
-// pairs a 32-bit lane per block; a last partial group of 16 goes through a
-// zeroed copy.
+// One vector: pair sums of magnitudes by AVX2 multiply-adds.
 uint64_t l1_16(One16 s, size_t n) {
-    constexpr int U = 4;
-    U64::R tot = U64::zero();
-    inBlocks(n, 65536, [&](size_t b, size_t len) {
-        __m256i acc[U];
-        unroll<U>([&](auto k) { acc[k] = simd::zero256i(); });
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t c) {
-            if (c == 16) {
-                acc[k] = simd::addPairMagnitudes16s(acc[k], s.a + b + i);
-            } else {
-                alignas(32) int16_t x[16] = {};
-                __builtin_memcpy(x, s.a + b + i, c * sizeof(int16_t));
-                acc[k] = simd::addPairMagnitudes16s(acc[k], x);
-            }
-        });
-        unroll<U>([&](auto k) { tot = U64::add(tot, simd::widen8x32sTo64(acc[k])); });
-    });
-    return static_cast<uint64_t>(lanes64Sum(tot));
+    return static_cast<uint64_t>(pairTotal16s(s.a, n, [](__m256i a, const int16_t* q) { return simd::addPairMagnitudes16s(a, q); }));
 }
 
 // The exact sum of squares: each square (below 2^32 even for differences)
