@@ -190,8 +190,20 @@ VRX_INLINE int64_t zc32f(const float* p, int pairs, int type) {
     using Fl = simd::V<float>;
     const Fl::R z = Fl::zero();
     const I32::R one = I32::set1(1), none = I32::set1(-1), zi = I32::zero();
-    if (type == vrxZcProduct)
-        return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return I32::blend(Fl::lt(Fl::mul(a, b), z), zi, one); });
+    if (type == vrxZcProduct) {
+        // negative products counted from their compare masks
+        int64_t c0 = 0, c1 = 0;
+        int i = 0;
+        for (; i + 32 <= pairs; i += 32) {
+            c0 += __builtin_popcount(static_cast<unsigned>(Fl::lt(Fl::mul(Fl::load(p + i), Fl::load(p + i + 1)), z)));
+            c1 += __builtin_popcount(static_cast<unsigned>(Fl::lt(Fl::mul(Fl::load(p + i + 16), Fl::load(p + i + 17)), z)));
+        }
+        for (; i < pairs; i += 16) {
+            const Fl::M m = i + 16 <= pairs ? Fl::kAll : simd::tail<float>(static_cast<size_t>(pairs - i));
+            c0 += __builtin_popcount(static_cast<unsigned>(Fl::lt(Fl::mul(Fl::loadm(m, p + i), Fl::loadm(m, p + i + 1)), z)));
+        }
+        return c0 + c1;
+    }
     if (type == vrxZcSignBit)
         return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return signBitsDiffer(simd::bitsOf(a), simd::bitsOf(b)); });
     auto sgn = [&](Fl::R x) { return I32::blend(Fl::gt(x, z), I32::blend(Fl::lt(x, z), zi, none), one); };
