@@ -117,15 +117,21 @@ VRX_INLINE void storeLanes(typename W::T* t, typename W::R v) { W::store(t, v); 
 
 // ----------------------------------------------------------------- folds
 // AVX2 form of foldValue for 8/16-bit data: 32 bytes a register, four
-// chains, the tail element by element.
+// chains; a last partial register is read again from the end (an extreme
+// tolerates the overlap), a vector shorter than one register element by
+// element.
 template <class T, class Op, class Xf>
 VRX_INLINE int32_t foldNarrow(const T* p, int len, Xf xf) {
     using NW = simd::VNarrow<T>;
     using R = typename NW::R;
     constexpr int N = NW::N;
-    const R init = xf(NW::set1(p[0]));
-    R a0 = init, a1 = init, a2 = init, a3 = init;
-    int i = 0;
+    if (len < N) {
+        int32_t r = xfOne(p[0], xf);
+        for (int i = 1; i < len; ++i) r = Op::s(r, xfOne(p[i], xf));
+        return r;
+    }
+    R a0 = xf(NW::load(p)), a1 = a0, a2 = a0, a3 = a0;
+    int i = N;
     for (; i + 4 * N <= len; i += 4 * N) {
         a0 = Op::template v<NW>(a0, xf(NW::load(p + i)));
         a1 = Op::template v<NW>(a1, xf(NW::load(p + i + N)));
@@ -133,13 +139,10 @@ VRX_INLINE int32_t foldNarrow(const T* p, int len, Xf xf) {
         a3 = Op::template v<NW>(a3, xf(NW::load(p + i + 3 * N)));
     }
     for (; i + N <= len; i += N) a0 = Op::template v<NW>(a0, xf(NW::load(p + i)));
+    if (i < len) a1 = Op::template v<NW>(a1, xf(NW::load(p + len - N)));
     a0 = Op::template v<NW>(Op::template v<NW>(a0, a1), Op::template v<NW>(a2, a3));
-    alignas(32) T t[N];
-    NW::store(t, a0);
-    int32_t r = t[0];
-    for (int j = 1; j < N; ++j) r = Op::s(r, static_cast<int32_t>(t[j]));
-    for (; i < len; ++i) r = Op::s(r, xfOne(p[i], xf));
-    return r;
+    if constexpr (std::is_same_v<Op, OpMax>) return simd::narrowMaxLane<T>(a0);
+    else return simd::narrowMinLane<T>(a0);
 }
 
 // The extreme of xf(p[0..len)) under Op, len >= 1. Four register chains,
@@ -177,33 +180,39 @@ VRX_INLINE typename Src<T>::E foldValue(const T* p, int len, Xf xf) {
 }
 
 // Minimum and maximum of p[0..len) in one pass: AVX2 on 8/16-bit lanes
-// with the tail element by element, masked tails on wider lanes.
+// (a short vector element by element; a last partial register read again
+// from the end, which an extreme tolerates), masked tails on wider lanes.
 template <class T>
 VRX_INLINE void foldMinMax(const T* p, int len, typename Src<T>::E& mn, typename Src<T>::E& mx) {
     if constexpr (sizeof(T) <= 2) {
         using NW = simd::VNarrow<T>;
         using R = typename NW::R;
         constexpr int N = NW::N;
-        const R init = NW::set1(p[0]);
-        R l0 = init, l1 = init, h0 = init, h1 = init;
-        int i = 0;
+        if (len < N) {
+            T lo = p[0], hi = p[0];
+            for (int i = 1; i < len; ++i) { lo = p[i] < lo ? p[i] : lo; hi = p[i] > hi ? p[i] : hi; }
+            mn = lo;
+            mx = hi;
+            return;
+        }
+        R l0 = NW::load(p), h0 = l0, l1 = l0, h1 = l0;
+        int i = N;
         for (; i + 2 * N <= len; i += 2 * N) {
             R x = NW::load(p + i), y = NW::load(p + i + N);
             l0 = NW::min(l0, x); h0 = NW::max(h0, x);
             l1 = NW::min(l1, y); h1 = NW::max(h1, y);
         }
-        for (; i + N <= len; i += N) {
+        if (i + N <= len) {
             R x = NW::load(p + i);
             l0 = NW::min(l0, x); h0 = NW::max(h0, x);
+            i += N;
         }
-        alignas(32) T a[N], b[N];
-        NW::store(a, NW::min(l0, l1));
-        NW::store(b, NW::max(h0, h1));
-        T lo = a[0], hi = b[0];
-        for (int j = 1; j < N; ++j) { lo = a[j] < lo ? a[j] : lo; hi = b[j] > hi ? b[j] : hi; }
-        for (; i < len; ++i) { lo = p[i] < lo ? p[i] : lo; hi = p[i] > hi ? p[i] : hi; }
-        mn = lo;
-        mx = hi;
+        if (i < len) {
+            R x = NW::load(p + len - N);
+            l1 = NW::min(l1, x); h1 = NW::max(h1, x);
+        }
+        mn = simd::narrowMinLane<T>(NW::min(l0, l1));
+        mx = simd::narrowMaxLane<T>(NW::max(h0, h1));
     } else {
         using S = Src<T>;
         using W = typename S::W;

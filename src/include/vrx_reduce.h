@@ -218,13 +218,66 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
     lanes64Sum2(tot, even, odd);
 }
 
-// Exact 64-bit sum of count 32-bit values.
-VRX_INLINE int64_t sum32s(const int32_t* p, size_t count) {
+// Exact total of count 16-bit values through AVX2 pair sums: step(acc, q)
+// adds sixteen values at q, summed in adjacent pairs, to the eight 32-bit
+// lanes of acc (a lane gathers some 2^10 pairs of a 65536-value block, far
+// from overflow); the lanes are widened into 64 bits once per block. A last
+// partial group of 16 goes through a zeroed copy.
+template <class Step>
+VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
     constexpr int U = 4;
-    I64::R a[U];
-    unroll<U>([&](auto k) { a[k] = I64::zero(); });
-    sweep<U, 8>(count, [&](auto k, size_t i, size_t n) { a[k] = I64::add(a[k], simd::widen32sTo64Part(p + i, n)); });
-    return lanes64Sum(combine<U>(a, I64::add));
+    I64::R tot = I64::zero();
+    inBlocks(count, 65536, [&](size_t b, size_t len) {
+        __m256i a[U];
+        unroll<U>([&](auto k) { a[k] = simd::zero256i(); });
+        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
+            if (n == 16) {
+                a[k] = step(a[k], p + b + i);
+            } else {
+                alignas(32) int16_t t[16] = {};
+                __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
+                a[k] = step(a[k], t);
+            }
+        });
+        unroll<U>([&](auto k) { tot = I64::add(tot, simd::widen8x32sTo64(a[k])); });
+    });
+    return lanes64Sum(tot);
+}
+
+// Exact sum of count 16-bit values (even and odd positions together).
+VRX_INLINE int64_t sum16sAll(const int16_t* p, size_t count) {
+    return pairTotal16s(p, count, [](__m256i a, const int16_t* q) { return simd::addPairSums16s(a, q); });
+}
+
+// Exact 64-bit sum of count 32-bit values without widening each value:
+// per 32-bit lane, H sums the high halves x >> 16 (signed) and W the
+// values themselves, wrapping. The low halves' sum L = W - (H << 16)
+// modulo 2^32 is exact while it stays below 2^32, so blocks of at most
+// 65535 values a lane are folded as (H << 16) + L into 64-bit lanes.
+VRX_INLINE int64_t sum32s(const int32_t* p, size_t count) {
+    constexpr int U = 2;
+    constexpr size_t kBlock = 65535 * 16 * U;
+    I64::R tot = I64::zero();
+    size_t i = 0;
+    while (i + U * 16 <= count) {
+        I32::R h[U], w[U];
+        unroll<U>([&](auto k) { h[k] = I32::zero(); w[k] = I32::zero(); });
+        const size_t end = count - i > kBlock ? i + kBlock : count;
+        for (; i + U * 16 <= end; i += U * 16) {
+            unroll<U>([&](auto k) {
+                const I32::R x = I32::load(p + i + 16 * k);
+                h[k] = I32::add(h[k], I32::shr<16>(x));
+                w[k] = I32::add(w[k], x);
+            });
+        }
+        unroll<U>([&](auto k) {
+            const I32::R l = I32::sub(w[k], I32::shl<16>(h[k]));
+            const I64::R hl = I64::shl<16>(simd::lowTo64s(h[k])), hh = I64::shl<16>(simd::highTo64s(h[k]));
+            tot = I64::add(tot, I64::add(I64::add(hl, simd::lowTo64u(l)), I64::add(hh, simd::highTo64u(l))));
+        });
+    }
+    for (; i < count; i += 8) tot = I64::add(tot, simd::widen32sTo64Part(p + i, count - i < 8 ? count - i : 8));
+    return lanes64Sum(tot);
 }
 
 // Exact sum and sum of squares of 16-bit values: S in 32-bit lanes folded

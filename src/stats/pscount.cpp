@@ -13,25 +13,29 @@ namespace {
 // Integer forms: the OR of all magnitudes has the same top bit as their
 // maximum. The 32-bit abs of -2^31 gives the bit pattern 2^31, as the
 // 16-bit abs of -32768 gives 0x8000.
-// 16-bit data on AVX2 lanes: abs(-32768) stays the bit pattern 0x8000.
+// 16-bit data on AVX2 lanes: abs(-32768) stays the bit pattern 0x8000. A
+// last partial register is read again from the end; the OR of the lanes
+// has the top bit of their unsigned maximum.
 VRX_INLINE int order16s(const int16_t* p, int len) {
     using NW = simd::VNarrow<int16_t>;
     using R = NW::R;
     constexpr int N = NW::N;
-    R a0 = NW::set1(0), a1 = a0, a2 = a0, a3 = a0;
-    int i = 0;
-    for (; i + 4 * N <= len; i += 4 * N) {
-        a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
-        a1 = NW::orb(a1, NW::abs(NW::load(p + i + N)));
-        a2 = NW::orb(a2, NW::abs(NW::load(p + i + 2 * N)));
-        a3 = NW::orb(a3, NW::abs(NW::load(p + i + 3 * N)));
-    }
-    for (; i + N <= len; i += N) a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
-    alignas(32) uint16_t t[N];
-    NW::store(reinterpret_cast<int16_t*>(t), NW::orb(NW::orb(a0, a1), NW::orb(a2, a3)));
     uint32_t m = 0;
-    for (int j = 0; j < N; ++j) m |= t[j];
-    for (; i < len; ++i) m |= static_cast<uint32_t>(p[i] < 0 ? -p[i] : p[i]);
+    if (len < N) {
+        for (int i = 0; i < len; ++i) m |= static_cast<uint16_t>(p[i] < 0 ? -p[i] : p[i]);
+    } else {
+        R a0 = NW::abs(NW::load(p)), a1 = a0, a2 = a0, a3 = a0;
+        int i = N;
+        for (; i + 4 * N <= len; i += 4 * N) {
+            a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+            a1 = NW::orb(a1, NW::abs(NW::load(p + i + N)));
+            a2 = NW::orb(a2, NW::abs(NW::load(p + i + 2 * N)));
+            a3 = NW::orb(a3, NW::abs(NW::load(p + i + 3 * N)));
+        }
+        for (; i + N <= len; i += N) a0 = NW::orb(a0, NW::abs(NW::load(p + i)));
+        if (i < len) a1 = NW::orb(a1, NW::abs(NW::load(p + len - N)));
+        m = simd::narrowMaxLane<uint16_t>(NW::orb(NW::orb(a0, a1), NW::orb(a2, a3)));
+    }
     return m ? 32 - __builtin_clz(m) : 0;
 }
 
@@ -186,20 +190,83 @@ VRX_INLINE int64_t zc32f(const float* p, int pairs, int type) {
     using Fl = simd::V<float>;
     const Fl::R z = Fl::zero();
     const I32::R one = I32::set1(1), none = I32::set1(-1), zi = I32::zero();
-    if (type == vrxZcProduct)
-        return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return I32::blend(Fl::lt(Fl::mul(a, b), z), zi, one); });
+    if (type == vrxZcProduct) {
+        // negative products counted from their compare masks
+        int64_t c0 = 0, c1 = 0;
+        int i = 0;
+        for (; i + 32 <= pairs; i += 32) {
+            c0 += __builtin_popcount(static_cast<unsigned>(Fl::lt(Fl::mul(Fl::load(p + i), Fl::load(p + i + 1)), z)));
+            c1 += __builtin_popcount(static_cast<unsigned>(Fl::lt(Fl::mul(Fl::load(p + i + 16), Fl::load(p + i + 17)), z)));
+        }
+        for (; i < pairs; i += 16) {
+            const Fl::M m = i + 16 <= pairs ? Fl::kAll : simd::tail<float>(static_cast<size_t>(pairs - i));
+            c0 += __builtin_popcount(static_cast<unsigned>(Fl::lt(Fl::mul(Fl::loadm(m, p + i), Fl::loadm(m, p + i + 1)), z)));
+        }
+        return c0 + c1;
+    }
     if (type == vrxZcSignBit)
         return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return signBitsDiffer(simd::bitsOf(a), simd::bitsOf(b)); });
     auto sgn = [&](Fl::R x) { return I32::blend(Fl::gt(x, z), I32::blend(Fl::lt(x, z), zi, none), one); };
     return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return I32::abs(I32::sub(sgn(b), sgn(a))); });
 }
 
+// The sign-bit measure on 16-bit data without widening: 32 values a
+// register, each 32-bit lane holding two of them. Bits 15 and 31 of x ^ x'
+// (x' the values one further on) tell whether each half's pair differs in
+// sign; shifted down to bits 0 and 16 they are counted in the two halves of
+// the lane, which are folded before either can pass 65535. A last partial
+// register is read ending at the last pair, its pairs already counted
+// masked off by a window into kHalfOnes.
+alignas(64) constexpr uint16_t kHalfOnes[64] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                                                0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                                                1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1,
+                                                1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+
+VRX_INLINE I32::R signDiff16s(const int16_t* p) {
+    return U32::shr<15>(I32::xorb(simd::loadPairs16(p), simd::loadPairs16(p + 1)));
+}
+
+VRX_INLINE int64_t signPairs16s(const int16_t* p, int pairs) {
+    if (pairs < 32) {
+        int64_t c = 0;
+        for (int i = 0; i < pairs; ++i) c += (p[i] < 0) != (p[i + 1] < 0);
+        return c;
+    }
+    constexpr int kRounds = 32767;  // rounds of 64 pairs between folds
+    const I32::R m = I32::set1(0x00010001), low = I32::set1(0xFFFF);
+    auto fold = [&](I32::R s) { return laneSum(I32::add(I32::andb(s, low), U32::shr<16>(s))); };
+    int64_t total = 0;
+    int i = 0;
+    while (pairs - i >= 64 * kRounds) {
+        I32::R acc0 = I32::zero(), acc1 = I32::zero();
+        for (int r = 0; r < kRounds; ++r, i += 64) {
+            acc0 = I32::add(acc0, I32::andb(signDiff16s(p + i), m));
+            acc1 = I32::add(acc1, I32::andb(signDiff16s(p + i + 32), m));
+        }
+        total += fold(I32::add(acc0, acc1));  // each half at most 65534
+    }
+    // under kRounds rounds of 64, then up to 63 pairs
+    I32::R acc0 = I32::zero(), acc1 = I32::zero();
+    for (; i + 64 <= pairs; i += 64) {
+        acc0 = I32::add(acc0, I32::andb(signDiff16s(p + i), m));
+        acc1 = I32::add(acc1, I32::andb(signDiff16s(p + i + 32), m));
+    }
+    if (i + 32 <= pairs) {
+        acc0 = I32::add(acc0, I32::andb(signDiff16s(p + i), m));
+        i += 32;
+    }
+    if (i < pairs) {
+        const int done = 32 - (pairs - i);  // pairs of the last register counted already
+        acc1 = I32::add(acc1, I32::andb(signDiff16s(p + pairs - 32), simd::loadPairs16(reinterpret_cast<const int16_t*>(kHalfOnes + 32 - done))));
+    }
+    return total + fold(I32::add(acc0, acc1));
+}
+
 VRX_INLINE int64_t zc16s(const int16_t* p, int pairs, int type) {
     const I32::R one = I32::set1(1), none = I32::set1(-1);
     if (type == vrxZcProduct)  // the exact product of two 16-bit values fits the lane
         return pairSum16s(p, pairs, [&](I32::R a, I32::R b) { return U32::shr<31>(I32::mullo(a, b)); });
-    if (type == vrxZcSignBit)
-        return pairSum16s(p, pairs, [&](I32::R a, I32::R b) { return signBitsDiffer(a, b); });
+    if (type == vrxZcSignBit) return signPairs16s(p, pairs);
     auto sgn = [&](I32::R x) { return I32::min(I32::max(x, none), one); };
     return pairSum16s(p, pairs, [&](I32::R a, I32::R b) { return I32::abs(I32::sub(sgn(b), sgn(a))); });
 }
@@ -233,23 +300,29 @@ VrxStatus N0(vrxsMaxOrder_32f)(const Vrx32f* pSrc, int len, int* pOrder) { retur
 VrxStatus N0(vrxsMaxOrder_64f)(const Vrx64f* pSrc, int len, int* pOrder) { return maxOrderFloat(pSrc, len, pOrder); }
 
 // Exclusive bounds; the count is set to 0 once the checks have passed.
+// lo < x < hi is one unsigned compare: x - (lo + 1) below hi - lo - 1,
+// taken modulo 2^32 (an empty range counts nothing).
 VrxStatus N0(vrxsCountInRange_32s)(const Vrx32s* pSrc, int len, int* pCount, Vrx32s lowerBound, Vrx32s upperBound) {
     if (VrxStatus st = checkArgs(len, pSrc, pCount)) return st;
     *pCount = 0;
-    using I = simd::V<int32_t>;
-    const I::R lo = I::set1(lowerBound), hi = I::set1(upperBound);
-    int n0 = 0, n1 = 0, i = 0;
-    for (; i + 32 <= len; i += 32) {
-        const I::R a = I::load(pSrc + i), b = I::load(pSrc + i + 16);
-        n0 += __builtin_popcount(static_cast<unsigned>(I::gt(a, lo) & I::lt(a, hi)));
-        n1 += __builtin_popcount(static_cast<unsigned>(I::gt(b, lo) & I::lt(b, hi)));
+    const int64_t width = static_cast<int64_t>(upperBound) - lowerBound - 1;
+    if (width <= 0) return vrxOk;
+    const I32::R base = I32::set1(static_cast<int32_t>(static_cast<uint32_t>(lowerBound) + 1u));
+    const U32::R w = U32::set1(static_cast<uint32_t>(width));
+    auto in = [&](I32::R x) { return static_cast<unsigned>(U32::lt(I32::sub(x, base), w)); };
+    int n0 = 0, n1 = 0, n2 = 0, n3 = 0, i = 0;
+    for (; i + 64 <= len; i += 64) {
+        n0 += __builtin_popcount(in(I32::load(pSrc + i)));
+        n1 += __builtin_popcount(in(I32::load(pSrc + i + 16)));
+        n2 += __builtin_popcount(in(I32::load(pSrc + i + 32)));
+        n3 += __builtin_popcount(in(I32::load(pSrc + i + 48)));
     }
-    for (; i < len; i += 16) {
-        const I::M valid = i + 16 <= len ? I::kAll : simd::tail<int32_t>(static_cast<size_t>(len - i));
-        const I::R a = I::loadm(valid, pSrc + i);
-        n0 += __builtin_popcount(static_cast<unsigned>(I::gt(a, lo) & I::lt(a, hi) & valid));
+    for (; i + 16 <= len; i += 16) n0 += __builtin_popcount(in(I32::load(pSrc + i)));
+    if (i < len) {
+        const I32::M valid = simd::tail<int32_t>(static_cast<size_t>(len - i));
+        n1 += __builtin_popcount(in(I32::loadm(valid, pSrc + i)) & valid);
     }
-    *pCount = n0 + n1;
+    *pCount = (n0 + n1) + (n2 + n3);
     return vrxOk;
 }
 

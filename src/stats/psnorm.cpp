@@ -131,19 +131,22 @@ struct Diff16 {
 };
 
 // The largest magnitude, exact (-32768 has magnitude 32768), in unsigned
-// 16-bit lanes; a last partial group of 16 goes through zeroed copies.
+// 16-bit lanes, four chains; a last partial group of 16 is read again from
+// the end of the vector (a maximum does not mind the overlap), a vector
+// shorter than 16 goes through a zeroed copy.
 uint32_t inf16(One16 s, size_t n) {
-    __m256i acc[2] = {simd::zero256i(), simd::zero256i()};
-    sweep<2, 16>(n, [&](auto k, size_t i, size_t c) {
-        if (c == 16) {
-            acc[k] = simd::maxMagnitude16s(acc[k], s.a + i);
-        } else {
-            alignas(32) int16_t x[16] = {};
-            __builtin_memcpy(x, s.a + i, c * sizeof(int16_t));
-            acc[k] = simd::maxMagnitude16s(acc[k], x);
-        }
+    if (n < 16) {
+        alignas(32) int16_t x[16] = {};
+        __builtin_memcpy(x, s.a, n * sizeof(int16_t));
+        return simd::maxLane16u(simd::maxMagnitude16s(simd::zero256i(), x), simd::zero256i());
+    }
+    __m256i acc[4];
+    unroll<4>([&](auto k) { acc[k] = simd::zero256i(); });
+    sweep<4, 16>(n, [&](auto k, size_t i, size_t c) {
+        acc[k] = simd::maxMagnitude16s(acc[k], c == 16 ? s.a + i : s.a + n - 16);
     });
-    return simd::maxLane16u(acc[0], acc[1]);
+    using NU = simd::VNarrow<uint16_t>;
+    return simd::maxLane16u(NU::max(acc[0], acc[2]), NU::max(acc[1], acc[3]));
 }
 uint32_t inf16(Diff16 s, size_t n) {
     __m256i acc[2] = {simd::zero256i(), simd::zero256i()};
@@ -174,6 +177,11 @@ uint64_t l1_16(Src s, size_t n) {
         tot = U64::add(tot, U64::add(simd::lowTo64u(a), simd::highTo64u(a)));
     });
     return static_cast<uint64_t>(lanes64Sum(tot));
+}
+
+// One vector: pair sums of magnitudes by AVX2 multiply-adds.
+uint64_t l1_16(One16 s, size_t n) {
+    return static_cast<uint64_t>(pairTotal16s(s.a, n, [](__m256i a, const int16_t* q) { return simd::addPairMagnitudes16s(a, q); }));
 }
 
 // The exact sum of squares: each square (below 2^32 even for differences)

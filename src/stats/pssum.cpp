@@ -65,11 +65,7 @@ int32_t scale16sSum(double S, int sf) {
     return cvtCurrent(maxLo(minHi(S * pow2Neg(sf), 2147483647.0), -2147483648.0));
 }
 
-double exact16s(const Vrx16s* p, size_t n) {
-    int64_t e, o;
-    sum16s(p, n, &e, &o);
-    return static_cast<double>(e + o);
-}
+double exact16s(const Vrx16s* p, size_t n) { return static_cast<double>(sum16sAll(p, n)); }
 
 void exact16sc(const Vrx16sc* p, size_t n, double* re, double* im) {
     int64_t e, o;

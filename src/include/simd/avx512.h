@@ -704,3 +704,54 @@ VRX_INLINE __m512d permuteAt(__m512d a, __m512d b, __m512i idx) {
 }
 
 }  // namespace n0::simd
+
+namespace n0::simd {
+// 32 16-bit values at p as one register of sixteen 32-bit lanes, p[2j] in
+// the low half of lane j and p[2j + 1] in the high half.
+VRX_INLINE __m512i loadPairs16(const int16_t* p) { return _mm512_loadu_si512(p); }
+
+// The least lane of a register of 8- or 16-bit lanes (AVX2 and SSE4.1):
+// the halves folded, 16-bit signed lanes biased into unsigned order, bytes
+// paired into words, then the minimum-position instruction.
+template <class T>
+VRX_INLINE T narrowMinLane(__m256i v) {
+    const __m128i lo = _mm256_castsi256_si128(v), hi = _mm256_extracti128_si256(v, 1);
+    __m128i a;
+    if constexpr (sizeof(T) == 1) {
+        a = _mm_min_epu8(lo, hi);
+        a = _mm_min_epu8(a, _mm_srli_epi16(a, 8));  // low byte of each word: the pair's least; high byte 0
+    } else if constexpr (T(-1) < T(0)) {
+        a = _mm_xor_si128(_mm_min_epi16(lo, hi), _mm_set1_epi16(static_cast<short>(0x8000)));
+    } else {
+        a = _mm_min_epu16(lo, hi);
+    }
+    unsigned r = static_cast<unsigned>(_mm_cvtsi128_si32(_mm_minpos_epu16(a))) & 0xFFFFu;
+    if constexpr (sizeof(T) == 2 && T(-1) < T(0)) r ^= 0x8000u;
+    return static_cast<T>(r);
+}
+// The greatest lane: the complement reverses the order of the lanes.
+template <class T>
+VRX_INLINE T narrowMaxLane(__m256i v) {
+    return static_cast<T>(~static_cast<unsigned>(narrowMinLane<T>(_mm256_xor_si256(v, _mm256_set1_epi32(-1)))));
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values at p summed in adjacent pairs (AVX2 multiply-add
+// by 1, exact) and added to the eight 32-bit lanes of acc.
+VRX_INLINE __m256i addPairSums16s(__m256i acc, const int16_t* p) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    return _mm256_add_epi32(acc, _mm256_madd_epi16(x, _mm256_set1_epi16(1)));
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values at p: their magnitudes (-32768 counts 32768) summed
+// in adjacent pairs and added to the eight 32-bit lanes of acc (AVX2
+// multiply-add of each value by its sign, exact).
+VRX_INLINE __m256i addPairMagnitudes16s(__m256i acc, const int16_t* p) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    const __m256i sign = _mm256_or_si256(_mm256_srai_epi16(x, 15), _mm256_set1_epi16(1));
+    return _mm256_add_epi32(acc, _mm256_madd_epi16(x, sign));
+}
+}  // namespace n0::simd
