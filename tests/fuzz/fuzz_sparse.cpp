@@ -57,17 +57,10 @@ void fuzzOne(fz::In& in) {
     const bool raw = in.range(0, 7) == 0;
     const int total = (n1 > 0 ? n1 : 0) + (n2 > 0 ? n2 : 0);
     std::vector<int> pos(size_t(total) + 1, 0);
-    int p = 0;
-    for (int i = 0; i < total; ++i) {
-        if (raw) {
-            pos[size_t(i)] = in.range(-3, 5000);
-        } else {
-            if (i == n1) p = 1 + in.range(0, 40);  // feedback set restarts at 1 or above
-            else if (i) p += 1 + in.range(0, 300);
-            else p = in.range(0, 3);
-            pos[size_t(i)] = p;
-        }
-    }
+    // rising positions from 0..3, the feedback set restarting at 1 or above;
+    // now and then raw ones, to reach the refusals
+    for (int i = 0, p = 0; i < total; ++i)
+        pos[i] = raw ? in.range(-3, 5000) : (p = i == n1 ? 1 + in.range(0, 40) : i ? p + 1 + in.range(0, 300) : in.range(0, 3));
     const int o1 = n1 > 0 ? pos[size_t(n1 - 1)] : in.range(-2, 10);
     const int o2 = n2 > 0 ? pos[size_t(total - 1)] : 1;
 
