@@ -41,6 +41,7 @@ TEST(VecmathChecks, OwnChecks) {
     Vrx32fc c[2];
     EXPECT_EQ(vrxOk, vrxsRealToCplx_32f(nullptr, f, c, 2));
     EXPECT_TRUE(c[1].re == 0.f && c[1].im == 2.f);
+    EXPECT_EQ(vrxErrNullPtr, vrxsRealToCplx_32f(nullptr, nullptr, c, 2));  // but not both
 }
 
 // ------------------------------------------------------- special values
