@@ -31,7 +31,15 @@ i128 exact(Ref op, i128 a, i128 b) {
 template <class T> T model(i128 r, int sf, int zeroFrom, int boundTo) {
     if (sf >= zeroFrom) return 0;
     if (sf <= boundTo) return r > 0 ? std::numeric_limits<T>::max() : (r < 0 ? std::numeric_limits<T>::min() : 0);
-    return vt::scaled<T>(r, sf);
+    return vt::scaled<T>(r, std::max(sf, -1000));
+}
+
+// Every scale factor from lo to hi, and the extremes where the shortcuts
+// stand (a scale factor of any size is never an error).
+std::vector<int> sfsOf(int lo, int hi) {
+    std::vector<int> v = {INT32_MIN, INT32_MIN + 1, -1000, 1000, INT32_MAX};
+    for (int sf = lo; sf <= hi; ++sf) v.push_back(sf);
+    return v;
 }
 
 template <class T> std::vector<T> randomWithExtremes(Rng& r, size_t n) {
@@ -55,24 +63,13 @@ template <class T, class TD, class T2>
 void runVec(const VecCase<T, TD, T2>& c, const std::vector<T>& a, const std::vector<T2>& b, int sfLo, int sfHi) {
     const int n = static_cast<int>(a.size());
     std::vector<TD> d(n);
-    for (int sf = sfLo; sf <= sfHi; ++sf) {
+    for (int sf : sfsOf(sfLo, sfHi)) {
         ASSERT_EQ(vrxOk, c.fn(a.data(), b.data(), d.data(), n, sf)) << c.name;
         for (int i = 0; i < n; ++i) {
             TD want = model<TD>(exact(c.op, a[i], b[i]), sf, c.zeroFrom, c.boundTo);
             ASSERT_EQ(want, d[i]) << c.name << " sf " << sf << " a " << +a[i] << " b " << +b[i];
         }
     }
-}
-
-TEST(ArithInt, Exhaustive8uPairs) {
-    std::vector<Vrx8u> a(65536), b(65536);
-    for (int i = 0; i < 65536; ++i) { a[i] = static_cast<Vrx8u>(i & 255); b[i] = static_cast<Vrx8u>(i >> 8); }
-    const VecCase<Vrx8u> cases[] = {
-        {"Add_8u", vrxsAdd_8u_Sfs, kAdd, 10, -8},
-        {"Sub_8u", vrxsSub_8u_Sfs, kSub, 10, -8},
-        {"Mul_8u", vrxsMul_8u_Sfs, kMul, 17, -8},
-    };
-    for (const auto& c : cases) runVec(c, a, b, -20, 20);
 }
 
 template <class T, class C = T>
@@ -89,7 +86,7 @@ void checkConst(const ConstCase<T>& c, const std::vector<T>& a, const V& vals, i
     const int n = static_cast<int>(a.size());
     std::vector<T> d(n);
     for (T v : vals)
-        for (int sf = sfLo; sf <= sfHi; ++sf) {
+        for (int sf : sfsOf(sfLo, sfHi)) {
             ASSERT_EQ(vrxOk, c.fn(a.data(), v, d.data(), n, sf));
             for (int i = 0; i < n; ++i)
                 ASSERT_EQ(model<T>(exact(c.op, a[i], v), sf, c.zeroFrom, c.boundTo), d[i])
@@ -97,16 +94,17 @@ void checkConst(const ConstCase<T>& c, const std::vector<T>& a, const V& vals, i
         }
 }
 
-TEST(ArithInt, Exhaustive8uConstants) {
-    std::vector<Vrx8u> a(256);
-    for (int i = 0; i < 256; ++i) a[i] = static_cast<Vrx8u>(i);
-    const ConstCase<Vrx8u> cases[] = {
-        {"AddC_8u", vrxsAddC_8u_Sfs, kAdd, 9, -8},
-        {"SubC_8u", vrxsSubC_8u_Sfs, kSubRev, 9, -8},
-        {"SubCRev_8u", vrxsSubCRev_8u_Sfs, kSub, 9, -8},
-        {"MulC_8u", vrxsMulC_8u_Sfs, kMul, 17, -8},
-    };
-    for (const auto& c : cases) checkConst(c, a, a, -20, 20);
+// Every pair of 8-bit operands, every 8-bit constant.
+TEST(ArithInt, Exhaustive8u) {
+    std::vector<Vrx8u> a(65536), b(65536);
+    for (int i = 0; i < 65536; ++i) { a[i] = static_cast<Vrx8u>(i & 255); b[i] = static_cast<Vrx8u>(i >> 8); }
+    for (const auto& c : {VecCase<Vrx8u>{"Add_8u", vrxsAdd_8u_Sfs, kAdd, 10, -8}, VecCase<Vrx8u>{"Sub_8u", vrxsSub_8u_Sfs, kSub, 10, -8},
+                          VecCase<Vrx8u>{"Mul_8u", vrxsMul_8u_Sfs, kMul, 17, -8}})
+        runVec(c, a, b, -20, 20);
+    a.resize(256);
+    for (const auto& c : {ConstCase<Vrx8u>{"AddC_8u", vrxsAddC_8u_Sfs, kAdd, 9, -8}, ConstCase<Vrx8u>{"SubC_8u", vrxsSubC_8u_Sfs, kSubRev, 9, -8},
+                          ConstCase<Vrx8u>{"SubCRev_8u", vrxsSubCRev_8u_Sfs, kSub, 9, -8}, ConstCase<Vrx8u>{"MulC_8u", vrxsMulC_8u_Sfs, kMul, 17, -8}})
+        checkConst(c, a, a, -20, 20);
 }
 
 TEST(ArithInt, Random16And32BitVectors) {
@@ -174,7 +172,7 @@ template <class T, class C>
 void checkComplexConst(const ConstCase<T, C>& c, const std::vector<T>& a, C v, int sfLo, int sfHi) {
     const int n = static_cast<int>(a.size() / 2);
     std::vector<T> d(a.size());
-    for (int sf = sfLo; sf <= sfHi; ++sf) {
+    for (int sf : sfsOf(sfLo, sfHi)) {
         ASSERT_EQ(vrxOk, c.fn(reinterpret_cast<const C*>(a.data()), v, reinterpret_cast<C*>(d.data()), n, sf));
         for (int i = 0; i < 2 * n; ++i)
             ASSERT_EQ(model<T>(exact(c.op, a[i], i % 2 ? v.im : v.re), sf, c.zeroFrom, c.boundTo), d[i]) << c.name << " sf " << sf;
@@ -221,7 +219,7 @@ void checkComplexProducts(VrxStatus (*mul)(const C*, const C*, C*, int, int), Vr
     };
     auto* A = reinterpret_cast<const C*>(a.data());
     auto* D = reinterpret_cast<C*>(d.data());
-    for (int sf = sfLo; sf <= sfHi; ++sf) {
+    for (int sf : sfsOf(sfLo, sfHi)) {
         ASSERT_EQ(vrxOk, mul(A, reinterpret_cast<const C*>(b.data()), D, n, sf));
         check(sf, [&](int i) { return b[i]; });
         ASSERT_EQ(vrxOk, mulc(A, k, D, n, sf));
@@ -242,25 +240,23 @@ TEST(ArithInt, ComplexProducts) {
 
 TEST(ArithInt, ComplexProductsInPlaceAndPointerForwarding) {
     Vrx16sc a[3] = {{3, 4}, {-5, 6}, {100, -200}}, b[3] = {{1, 2}, {7, -8}, {-3, 9}}, ref[3], x[3];
+    const Vrx16sc c{2, -1};
+    // an aliased call from x = init gives the out-of-place result
+    auto same = [&](const Vrx16sc* init, auto call) {
+        memcpy(x, init, sizeof x);
+        ASSERT_EQ(vrxOk, call());
+        EXPECT_EQ(0, memcmp(ref, x, sizeof x));
+    };
     ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(a, b, ref, 3, 0));
-    memcpy(x, b, sizeof x);
-    ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(a, x, x, 3, 0));  // dst == src2
-    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
-    memcpy(x, a, sizeof x);
-    ASSERT_EQ(vrxOk, vrxsMul_16sc_Sfs(x, b, x, 3, 0));  // dst == src1
-    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
-    memcpy(x, b, sizeof x);
-    ASSERT_EQ(vrxOk, vrxsMul_16sc_ISfs(a, x, 3, 0));
-    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
+    same(b, [&] { return vrxsMul_16sc_Sfs(a, x, x, 3, 0); });  // dst == src2
+    same(a, [&] { return vrxsMul_16sc_Sfs(x, b, x, 3, 0); });  // dst == src1
+    same(b, [&] { return vrxsMul_16sc_ISfs(a, x, 3, 0); });
+    ASSERT_EQ(vrxOk, vrxsMulC_16sc_Sfs(a, c, ref, 3, 1));
+    same(a, [&] { return vrxsMulC_16sc_Sfs(x, c, x, 3, 1); });
     // the pointer comparison stands before the null test: src2 == dst == null
     EXPECT_EQ(vrxErrNullPtr, vrxsMul_16sc_Sfs(a, nullptr, nullptr, 3, 0));
     Vrx32sc w[1] = {{1, 1}};
     EXPECT_EQ(vrxErrNullPtr, vrxsMul_32sc_Sfs(nullptr, w, w, 0, 0));  // in place: null before length
-    Vrx16sc c{2, -1};
-    memcpy(x, a, sizeof x);
-    ASSERT_EQ(vrxOk, vrxsMulC_16sc_Sfs(a, c, ref, 3, 1));
-    ASSERT_EQ(vrxOk, vrxsMulC_16sc_Sfs(x, c, x, 3, 1));
-    EXPECT_EQ(0, memcmp(ref, x, sizeof x));
 }
 
 // ------------------------------------------------ 32s product in binary64
@@ -270,7 +266,7 @@ TEST(ArithInt, Mul32sThroughBinary64) {
     const int n = 1000;
     auto a = randomWithExtremes<Vrx32s>(r, n), b = randomWithExtremes<Vrx32s>(r, n);
     std::vector<Vrx32s> d(n), e(n);
-    for (int sf = -35; sf <= 64; ++sf) {
+    for (int sf : sfsOf(-35, 64)) {
         ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(a.data(), b.data(), d.data(), n, sf));
         for (int i = 0; i < n; ++i) {
             Vrx32s want;
@@ -309,7 +305,7 @@ TEST(ArithInt, MulC64s) {
     const Vrx64s vals[] = {1, -1, 3, INT64_MIN, INT64_MAX, 0x123456789LL, -987654321987LL};
     std::vector<Vrx64s> d(n);
     for (Vrx64s v : vals)
-        for (int sf = -70; sf <= 130; sf += (sf > -5 && sf < 70) ? 1 : 7) {
+        for (int sf : sfsOf(-70, 130)) {
             d = a;
             ASSERT_EQ(vrxOk, vrxsMulC_64s_ISfs(v, d.data(), n, sf));
             for (int i = 0; i < n; ++i)
@@ -421,74 +417,33 @@ TEST(ArithInt, RoundingExamples) {
     }
 }
 
-TEST(ArithInt, ShortcutsForwardAndReturnTheirStatus) {
-    Vrx16s a[5] = {1, -2, 3, -4, 5}, d[5];
-    ASSERT_EQ(vrxOk, vrxsMulC_16s_Sfs(a, 0, d, 5, -100));
-    EXPECT_EQ(vec(d, 5), std::vector<Vrx16s>(5, 0));
-    ASSERT_EQ(vrxOk, vrxsMulC_16s_Sfs(a, 1, d, 5, 0));
-    EXPECT_EQ(vec(d, 5), vec(a, 5));
-    ASSERT_EQ(vrxOk, vrxsAddC_16s_Sfs(a, 0, d, 5, 0));
-    EXPECT_EQ(vec(d, 5), vec(a, 5));
-    Vrx8u z[3] = {0, 0, 9}, o[3];
-    ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(z, 1, o, 3, -9));
-    EXPECT_EQ(vec(o, 3), (std::vector<Vrx8u>{255, 255, 255}));
-    ASSERT_EQ(vrxOk, vrxsAddC_8u_Sfs(z, 0, o, 3, -9));
-    EXPECT_EQ(vec(o, 3), (std::vector<Vrx8u>{0, 0, 255}));
-    ASSERT_EQ(vrxOk, vrxsSubC_8u_Sfs(z, 4, o, 3, -8));
-    EXPECT_EQ(vec(o, 3), (std::vector<Vrx8u>{0, 0, 255}));
-    Vrx16u u[2] = {0, 1}, uo[2];
-    ASSERT_EQ(vrxOk, vrxsAddC_16u_Sfs(u, 2, uo, 2, -16));
-    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{65535, 65535}));
-    ASSERT_EQ(vrxOk, vrxsAddC_16u_Sfs(u, 0, uo, 2, -1000));
-    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
-    // scale factors of any size are never an error
-    Vrx32s w32[2] = {5, -6}, o32[2];
-    Vrx64s w64[1] = {7};
-    for (int sf : {INT32_MIN, -1000, 1000, INT32_MAX}) {
-        EXPECT_EQ(vrxOk, vrxsAdd_16s_Sfs(a, a, d, 5, sf));
-        EXPECT_EQ(vrxOk, vrxsMul_32s_Sfs(w32, w32, o32, 2, sf));
-        EXPECT_EQ(vrxOk, vrxsMulC_64s_ISfs(3, w64, 1, sf));
-    }
-    // without a bound limit every negative scale factor runs the kernel
-    ASSERT_EQ(vrxOk, vrxsAdd_16u_Sfs(u, u, uo, 2, INT32_MIN));
-    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
-    ASSERT_EQ(vrxOk, vrxsMulC_16u_Sfs(u, 7, uo, 2, INT32_MIN));
-    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
-    ASSERT_EQ(vrxOk, vrxsSubC_16u_Sfs(u, 0, uo, 2, INT32_MIN + 1));
-    EXPECT_EQ(vec(uo, 2), (std::vector<Vrx16u>{0, 65535}));
-}
-
+// Every length to 70 from odd offsets, in place too: the 16-bit product and
+// sum, a 32-bit constant, the binary64 product of small operands (exact there).
 TEST(ArithInt, AllLengthsUnalignedAndInPlace) {
     Rng r(55);
-    for (int len = 1; len <= 70; ++len) {
+    for (int len = 1; len <= 70; ++len)
         for (int sf : {-3, 0, 1, 4}) {
-            Buffer a(len * 2, 2), b(len * 2, 6), d(len * 2, 10);
+            Buffer a(len * 2, 2), b(len * 2, 6), d(len * 2, 10), c(len * 4, 4), e(len * 4, 12);
             r.fill(a.data(), len * 2);
             r.fill(b.data(), len * 2);
+            r.fill(c.data(), len * 4);
             const Vrx16s* x = a.as<Vrx16s>();
             Vrx16s* y = b.as<Vrx16s>();
+            Vrx32s* z = c.as<Vrx32s>();
+            const std::vector<Vrx16s> y0(y, y + len);
             ASSERT_EQ(vrxOk, vrxsMul_16s_Sfs(x, y, d.as<Vrx16s>(), len, sf));
-            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx16s>(i128(x[i]) * y[i], sf, 31, -16), d.as<Vrx16s>()[i]);
-            ASSERT_TRUE(d.guardsIntact());
-            std::vector<Vrx16s> y0(y, y + len);
             ASSERT_EQ(vrxOk, vrxsAdd_16s_ISfs(x, y, len, sf));
-            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx16s>(i128(x[i]) + y0[i], sf, 17, -16), y[i]);
-            ASSERT_TRUE(b.guardsIntact());
-            Buffer c(len * 4, 4), e(len * 4, 12);
-            r.fill(c.data(), len * 4);
-            ASSERT_EQ(vrxOk, vrxsAddC_32s_Sfs(c.as<Vrx32s>(), -77, e.as<Vrx32s>(), len, sf));
-            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx32s>(i128(c.as<Vrx32s>()[i]) - 77, sf, 33, -31), e.as<Vrx32s>()[i]);
-            ASSERT_TRUE(e.guardsIntact());
-            // the binary64 product: small operands are exact there
-            for (int i = 0; i < len; ++i) c.as<Vrx32s>()[i] = static_cast<Vrx32s>(r.range(-40000, 40000));
-            ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(c.as<Vrx32s>(), c.as<Vrx32s>(), e.as<Vrx32s>(), len, sf));
             for (int i = 0; i < len; ++i) {
-                const i128 p = i128(c.as<Vrx32s>()[i]) * c.as<Vrx32s>()[i];
-                ASSERT_EQ(model<Vrx32s>(p, sf, 63, -32), e.as<Vrx32s>()[i]) << len;
+                ASSERT_EQ(model<Vrx16s>(i128(x[i]) * y0[i], sf, 31, -16), d.as<Vrx16s>()[i]);
+                ASSERT_EQ(model<Vrx16s>(i128(x[i]) + y0[i], sf, 17, -16), y[i]);
             }
-            ASSERT_TRUE(e.guardsIntact());
+            ASSERT_EQ(vrxOk, vrxsAddC_32s_Sfs(z, -77, e.as<Vrx32s>(), len, sf));
+            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx32s>(i128(z[i]) - 77, sf, 33, -31), e.as<Vrx32s>()[i]);
+            for (int i = 0; i < len; ++i) z[i] = static_cast<Vrx32s>(r.range(-40000, 40000));
+            ASSERT_EQ(vrxOk, vrxsMul_32s_Sfs(z, z, e.as<Vrx32s>(), len, sf));
+            for (int i = 0; i < len; ++i) ASSERT_EQ(model<Vrx32s>(i128(z[i]) * z[i], sf, 63, -32), e.as<Vrx32s>()[i]) << len;
+            ASSERT_TRUE(b.guardsIntact() && d.guardsIntact() && e.guardsIntact());
         }
-    }
 }
 
 TEST(ArithInt, WideningAndSaturatingForms) {

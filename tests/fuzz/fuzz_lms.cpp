@@ -4,6 +4,8 @@
 // taps and line pairs. Every status is 0 or negative; a failed call writes
 // nothing; no call writes outside the state's block and the destination;
 // the caller's control word comes back unchanged.
+#include <algorithm>
+
 #include "fuzz_util.h"
 
 namespace {
@@ -20,28 +22,26 @@ struct Api {
 };
 
 template <class T, class St>
-void fuzzOne(FuzzedDataProvider& in, const Api<T, St>& a) {
+void fuzzApi(fz::In& in, const Api<T, St>& a) {
     fz::CallerMxcsr cw(in);
-    const int taps = fz::mostlyIn(in, -2, 300);
+    const int taps = in.mostlyIn(-2, 300);
     int bytes = -1;
     VrxStatus st = a.size(taps, &bytes);
     cw.check("GetStateSize", st);
-    fz::require(st <= 0, "positive status", "GetStateSize", st);
     if (st != vrxOk) {
-        fz::require(bytes == -1, "size written on failure", "GetStateSize", st);
+        fz::require(st < 0 && bytes == -1, "size query failed", "GetStateSize", st);
         // Init must refuse the same count and write nothing
-        fz::Guarded blk(256, 0);
-        const std::vector<uint8_t> snap = blk.snapshot();
+        fz::Guarded blk(256);
+        const fz::Watch w{&blk};
         St* p = nullptr;
         st = a.init(&p, nullptr, taps, nullptr, blk.data());
-        fz::require(st < 0 && p == nullptr && blk.same(snap) && blk.intact(), "Init on a bad count", "Init", st);
-        return;
+        w.check(st, "Init");
+        return fz::require(st < 0 && p == nullptr, "Init on a bad count", "Init", st);
     }
     fz::require(bytes > 0, "zero size", "GetStateSize", st);
     if (taps > 4096) return;  // a valid count whose state is too large to build here
     const size_t n = size_t(taps);
-    fz::Guarded blk(size_t(bytes), in.ConsumeIntegralInRange<size_t>(0, 63));
-    fz::Guarded h(n * sizeof(T), 0), line(n * sizeof(T), 0);
+    fz::Guarded blk(bytes, in.byte()), h(n * sizeof(T)), line(n * sizeof(T));
     h.fill(in);
     line.fill(in);
     St* p = nullptr;
@@ -50,73 +50,48 @@ void fuzzOne(FuzzedDataProvider& in, const Api<T, St>& a) {
     fz::require(st == vrxOk && p != nullptr && blk.intact(), "Init", "Init", st);
 
     while (in.remaining_bytes() > 0) {
-        const int op = in.ConsumeIntegralInRange<int>(0, 6);
+        const int op = in.range(0, 6);
         if (op <= 2) {
-            int len = fz::mostlyIn(in, -1, 700);
-            if (len > 5000) len = 5000;  // valid, but kept small enough to allocate
+            const int len = std::min(in.mostlyIn(-1, 700), 5000);  // valid, but kept small enough to allocate
             const size_t m = len > 0 ? size_t(len) : 1;
-            fz::Guarded x(m * sizeof(T), in.ConsumeIntegralInRange<size_t>(0, 63));
-            fz::Guarded d(m * sizeof(T), in.ConsumeIntegralInRange<size_t>(0, 63));
-            fz::Guarded y(m * sizeof(T), in.ConsumeIntegralInRange<size_t>(0, 63));
+            fz::Guarded x(m * sizeof(T), in.byte()), d(m * sizeof(T), in.byte()), y(m * sizeof(T), in.byte());
             x.fill(in);
             d.fill(in);
-            T mu;
-            const std::vector<uint8_t> mb = in.ConsumeBytes<uint8_t>(sizeof(T));
-            memset(&mu, 0, sizeof mu);
-            if (!mb.empty()) memcpy(&mu, mb.data(), mb.size());
-            const int alias = in.ConsumeIntegralInRange<int>(0, 2);
+            const T mu = in.raw<T>();
+            const int alias = in.range(0, 2);
             T* dst = alias == 1 ? x.as<T>() : alias == 2 ? d.as<T>() : y.as<T>();
-            const bool damage = fz::rarely(in);
+            const bool damage = in.rarely();
             const int32_t word = *reinterpret_cast<int32_t*>(p);
             if (damage) *reinterpret_cast<int32_t*>(p) = word ^ 0x100;
-            const std::vector<uint8_t> sx = x.snapshot(), sd = d.snapshot(), sy = y.snapshot(), sb = blk.snapshot();
+            const fz::Watch w{&x, &d, &y, &blk};
             st = a.run(x.as<T>(), d.as<T>(), dst, len, mu, p);
             cw.check("run", st);
-            fz::require(st <= 0, "positive status", "run", st);
-            fz::require(x.intact() && d.intact() && y.intact() && blk.intact(), "write outside", "run", st);
-            if (st != vrxOk) {
-                fz::require(x.same(sx) && d.same(sd) && y.same(sy) && blk.same(sb), "written on failure", "run", st);
-                fz::require(damage || len < 1, "unexpected failure", "run", st);
-            } else {
-                fz::require(!damage && len >= 1, "accepted a bad call", "run", st);
-            }
-            if (alias != 1) fz::require(x.same(sx), "source written", "run", st);
-            if (alias != 2) fz::require(d.same(sd), "reference written", "run", st);
+            w.check(st, "run");
+            fz::require(st == vrxOk ? !damage && len >= 1 : damage || len < 1, "status", "run", st);
+            fz::require((alias == 1 || w.unchanged(x)) && (alias == 2 || w.unchanged(d)), "source written", "run", st);
             if (damage) *reinterpret_cast<int32_t*>(p) = word;
         } else {
-            fz::Guarded io(n * sizeof(T), 0);
+            fz::Guarded io(n * sizeof(T));
             io.fill(in);
-            const std::vector<uint8_t> snap = io.snapshot();
-            const bool useNull = fz::rarely(in, 8);
+            const bool useNull = in.rarely(8);
             T* v = useNull ? nullptr : io.as<T>();
-            if (op == 3) st = a.getTaps(p, v);
-            else if (op == 4) st = a.setTaps(p, v);
-            else if (op == 5) st = a.getLine(p, v);
-            else st = a.setLine(p, v);
+            const fz::Watch w{&io, &blk};
+            st = op == 3 ? a.getTaps(p, v) : op == 4 ? a.setTaps(p, v) : op == 5 ? a.getLine(p, v) : a.setLine(p, v);
             cw.check("taps/line", st);
-            fz::require(io.intact() && blk.intact(), "write outside", "taps/line", st);
-            fz::require(st <= 0, "positive status", "taps/line", st);
-            if (useNull) fz::require(op == 6 ? st == vrxOk : st == vrxErrNullPtr, "null handling", "taps/line", st);
-            else fz::require(st == vrxOk, "refused", "taps/line", st);
-            if (op == 4 || op == 6) fz::require(io.same(snap), "source written", "taps/line", st);
+            fz::require(io.intact() && blk.intact() && st <= 0, "write outside", "taps/line", st);
+            fz::require(st == (useNull && op != 6 ? vrxErrNullPtr : vrxOk), "null handling", "taps/line", st);
+            if (op == 4 || op == 6) fz::require(w.unchanged(io), "source written", "taps/line", st);
         }
     }
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzedDataProvider in(data, size);
-    if (in.ConsumeBool()) {
-        static const Api<Vrx32f, VrxsFirLmsState_32f> a{vrxsFIRLMSGetStateSize_32f, vrxsFIRLMSInit_32f, vrxsFIRLMS_32f,
-                                                      vrxsFIRLMSGetTaps_32f, vrxsFIRLMSSetTaps_32f,
-                                                      vrxsFIRLMSGetDlyLine_32f, vrxsFIRLMSSetDlyLine_32f};
-        fuzzOne(in, a);
-    } else {
-        static const Api<Vrx64f, VrxsFirLmsState_64f> a{vrxsFIRLMSGetStateSize_64f, vrxsFIRLMSInit_64f, vrxsFIRLMS_64f,
-                                                      vrxsFIRLMSGetTaps_64f, vrxsFIRLMSSetTaps_64f,
-                                                      vrxsFIRLMSGetDlyLine_64f, vrxsFIRLMSSetDlyLine_64f};
-        fuzzOne(in, a);
-    }
-    return 0;
+void fuzzOne(fz::In& in) {
+    static const Api<Vrx32f, VrxsFirLmsState_32f> a32{vrxsFIRLMSGetStateSize_32f, vrxsFIRLMSInit_32f, vrxsFIRLMS_32f, vrxsFIRLMSGetTaps_32f,
+                                                       vrxsFIRLMSSetTaps_32f, vrxsFIRLMSGetDlyLine_32f, vrxsFIRLMSSetDlyLine_32f};
+    static const Api<Vrx64f, VrxsFirLmsState_64f> a64{vrxsFIRLMSGetStateSize_64f, vrxsFIRLMSInit_64f, vrxsFIRLMS_64f, vrxsFIRLMSGetTaps_64f,
+                                                       vrxsFIRLMSSetTaps_64f, vrxsFIRLMSGetDlyLine_64f, vrxsFIRLMSSetDlyLine_64f};
+    if (in.ConsumeBool()) fuzzApi(in, a32);
+    else fuzzApi(in, a64);
 }
