@@ -110,6 +110,24 @@ TEST(CountInRange, ExclusiveBounds) {
     }
 }
 
+// Bounds at the ends of the 32-bit range, empty and one-wide ranges.
+TEST(CountInRange, BoundsAtTheEndsOfTheRange) {
+    const Vrx32s vals[] = {INT32_MIN, INT32_MIN + 1, INT32_MIN + 2, -1, 0, 1, INT32_MAX - 2, INT32_MAX - 1, INT32_MAX};
+    const Vrx32s bounds[][2] = {{INT32_MIN, INT32_MAX}, {INT32_MAX, INT32_MIN}, {INT32_MIN, INT32_MIN + 2},
+                                {INT32_MIN, INT32_MIN + 1}, {INT32_MAX - 2, INT32_MAX}, {INT32_MAX, INT32_MAX},
+                                {INT32_MIN, INT32_MIN}, {-1, 1}, {0, 1}, {5, 5}, {-2, 0}};
+    for (int len = 1; len <= 70; ++len) {
+        std::vector<Vrx32s> v(len);
+        for (int i = 0; i < len; ++i) v[i] = vals[(i * 7 + len) % 9];
+        for (const auto& b : bounds) {
+            int want = 0, n = -1;
+            for (Vrx32s e : v) want += b[0] < e && e < b[1];
+            ASSERT_EQ(vrxsCountInRange_32s(v.data(), len, &n, b[0], b[1]), vrxOk);
+            ASSERT_EQ(n, want) << len << " (" << b[0] << ", " << b[1] << ")";
+        }
+    }
+}
+
 // ------------------------------------------------------------ ZeroCrossing
 template <class T> int sgn(T x) { return (x > 0) - (x < 0); }
 
@@ -158,6 +176,20 @@ TEST(ZeroCrossing, AgainstReference) {
         ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, 0), vrxOk); ASSERT_EQ(r, static_cast<float>(p)) << len;
         ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, 1), vrxOk); ASSERT_EQ(r, static_cast<float>(b)) << len;
         ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, 2), vrxOk); ASSERT_EQ(r, static_cast<float>(d / 2)) << len;
+    }
+}
+
+// Alternating signs over lengths past the points where packed 16-bit
+// counts must be folded: every neighbour pair crosses.
+TEST(ZeroCrossing, LongAlternatingCountsEveryPair) {
+    std::vector<Vrx16s> s(4194400);
+    for (size_t i = 0; i < s.size(); ++i) s[i] = static_cast<Vrx16s>(i & 1 ? 32767 : -32768);
+    for (int len : {2097087, 2097088, 2097089, 2097158, 4194303, 4194400}) {
+        float r;
+        for (int m = 0; m < 3; ++m) {
+            ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, m), vrxOk);
+            ASSERT_EQ(r, static_cast<float>(len - 1)) << len << " measure " << m;
+        }
     }
 }
 

@@ -427,6 +427,21 @@ TEST(Sum32s, ScaleAndMeanTablesAgainstExactReferences) {
             EXPECT_EQ(m, refMean32s(S, n, sf)) << int64_t(S) << " n " << n << " sf " << sf;
         }
     }
+    // constant extremes over lengths at and past the lane folds: the sum stays exact
+    std::vector<int32_t> big(4194240);
+    for (int32_t c : {INT32_MIN, INT32_MAX}) {
+        std::fill(big.begin(), big.end(), c);
+        for (int n : {2097119, 2097120, 2097121, 4194240}) {
+            const i128 S = i128(c) * n;
+            for (int sf : {0, 21, 22, 23, 40}) {
+                int32_t s, m;
+                ASSERT_EQ(vrxsSum_32s_Sfs(big.data(), n, &s, sf), vrxOk);
+                EXPECT_EQ(s, vt::scaled<int32_t>(S, sf)) << c << " n " << n << " sf " << sf;
+                ASSERT_EQ(vrxsMean_32s_Sfs(big.data(), n, &m, sf), vrxOk);
+                EXPECT_EQ(m, refMean32s(S, n, sf)) << c << " n " << n << " sf " << sf;
+            }
+        }
+    }
     // the deliberate (q + b) >> sf: a mean of 6 gives 1 and one of 7 gives 2 at sf 2
     int32_t m;
     const int32_t six[] = {6}, seven[] = {7}, three[] = {3}, five[] = {5}, mthree[] = {-3};
