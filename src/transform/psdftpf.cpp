@@ -257,7 +257,7 @@ template <class T> struct RowTab {
     alignas(64) T im[3][16][16];
 };
 template <class T> constexpr RowTab<T> makeRows() {
-    constexpr RootTab<T> w = makeRoots<T>();
+    const RootTab<T> w = makeRoots<T>();  // folded by g++, at load by others
     RowTab<T> t{};
     constexpr int kRadix[] = {7, 11, 13};
     for (int R : kRadix)
