@@ -108,15 +108,34 @@ VRX_INLINE void blockF(S* d, int st, int n, double x0, double x1, double c) {
     for (int j = 0; i < n; ++i, ++j) putF(d + i * st, k8 * h[8 + j] - h[j]);
 }
 
-// Fast double block: the first 8 values from the recurrence above, then
-// x[n] = K x[n-4] - x[n-8] with K = 2 cos 4w.
-VRX_INLINE void blockD(double* d, int st, int n, double x0, double x1, double c) {
+// Fast double block: the first 8 values of a stream from the recurrence
+// above.
+VRX_INLINE void headD(double* d, int st, int n, double x0, double x1, double c) {
     double r[4];
-    const int nd = n < 8 ? n : 8;
-    recurD(d, st, nd, x0, x1, c, r);
+    recurD(d, st, n < 8 ? n : 8, x0, x1, c, r);
+}
+
+// The rest of a fast double block, x[n] = K x[n-4] - x[n-8] with K = 2 cos
+// 4w, for the real stream (st 1) or both interleaved streams of a complex
+// one (st 2), which share K. The last two groups of four elements stay in
+// registers; every lane repeats the scalar step's multiply and subtract.
+VRX_INLINE void tailD(double* d, int st, int n, double c) {
+    if (n <= 8) return;
+    using D = simd::V<double>;
     const double tc = 2.0 * c;
     const double k2 = tc * tc - 2.0, k4 = k2 * k2 - 2.0;
-    for (int i = 8; i < n; ++i) d[i * st] = k4 * d[(i - 4) * st] - d[(i - 8) * st];
+    const D::M m = st == 1 ? D::M(0x0F) : D::kAll;
+    const D::R k = D::set1(k4);
+    D::R a = D::loadm(m, d), b = D::loadm(m, d + 4 * st);
+    int i = 8;
+    for (; i + 4 <= n; i += 4) {
+        const D::R x = D::sub(D::mul(k, b), a);
+        D::storem(d + i * st, m, x);
+        a = b;
+        b = x;
+    }
+    for (; i < n; ++i)
+        for (int s = 0; s < st; ++s) d[i * st + s] = k4 * d[(i - 4) * st + s] - d[(i - 8) * st + s];
 }
 
 template <class S, bool Cplx>
@@ -132,8 +151,9 @@ void toneFast(S* d, int len, double m, double phi, double w, ToneTier t) {
         toneSeed<Cplx>(t, x, c, s);
         S* p = d + static_cast<size_t>(k) * st;
         if constexpr (dbl) {
-            blockD(p, st, n, m * c[0], m * c[1], c[2]);
-            if constexpr (Cplx) blockD(p + 1, st, n, m * s[0], m * s[1], c[2]);
+            headD(p, st, n, m * c[0], m * c[1], c[2]);
+            if constexpr (Cplx) headD(p + 1, st, n, m * s[0], m * s[1], c[2]);
+            tailD(p, st, n, c[2]);
         } else {
             blockF(p, st, n, m * c[0], m * c[1], c[2]);
             if constexpr (Cplx) blockF(p + 1, st, n, m * s[0], m * s[1], c[2]);
