@@ -8,6 +8,7 @@
 
 #include "simd/simd.h"
 #include "vrx_base.h"
+#include "vrx_const.h"
 
 using namespace n0;
 
@@ -178,17 +179,8 @@ VRX_INLINE void upFixed(const T* s, T* d, int n, int ph) {
 
 template <class T>
 VRX_INLINE bool upMany(const T* s, T* d, int n, int f, int ph) {
-    if constexpr (sizeof(T) == 4 || sizeof(T) == 8) {
-        switch (f) {
-            case 3: upFixed<3>(s, d, n, ph); return true;
-            case 4: upFixed<4>(s, d, n, ph); return true;
-            case 5: upFixed<5>(s, d, n, ph); return true;
-            case 6: upFixed<6>(s, d, n, ph); return true;
-            case 7: upFixed<7>(s, d, n, ph); return true;
-            case 8: upFixed<8>(s, d, n, ph); return true;
-            default: break;
-        }
-    }
+    if constexpr (sizeof(T) == 4 || sizeof(T) == 8)
+        return withConst<3, 8>(f, [&](auto k) { upFixed<decltype(k)::value>(s, d, n, ph); });
     return false;
 }
 
@@ -262,28 +254,8 @@ VRX_INLINE void downFixed(const T* s, T* d, int count, int ph, int len) {
 
 template <class F, class T>
 VRX_INLINE void downPerm(const T* s, T* d, int count, int f, int ph, int len) {
-    switch (f) {
-        case 3: downFixed<F, 3>(s, d, count, ph, len); return;
-        case 4: downFixed<F, 4>(s, d, count, ph, len); return;
-        case 5: downFixed<F, 5>(s, d, count, ph, len); return;
-        case 6: downFixed<F, 6>(s, d, count, ph, len); return;
-        case 7: downFixed<F, 7>(s, d, count, ph, len); return;
-        case 8: downFixed<F, 8>(s, d, count, ph, len); return;
-        default: break;
-    }
-    if constexpr (sizeof(F) == 4) {
-        switch (f) {
-            case 9: downFixed<F, 9>(s, d, count, ph, len); return;
-            case 10: downFixed<F, 10>(s, d, count, ph, len); return;
-            case 11: downFixed<F, 11>(s, d, count, ph, len); return;
-            case 12: downFixed<F, 12>(s, d, count, ph, len); return;
-            case 13: downFixed<F, 13>(s, d, count, ph, len); return;
-            case 14: downFixed<F, 14>(s, d, count, ph, len); return;
-            case 15: downFixed<F, 15>(s, d, count, ph, len); return;
-            case 16: downFixed<F, 16>(s, d, count, ph, len); return;
-            default: break;
-        }
-    }
+    constexpr int kMax = sizeof(F) == 4 ? 16 : 8;
+    if (withConst<3, kMax>(f, [&](auto k) { downFixed<F, decltype(k)::value>(s, d, count, ph, len); })) return;
     downAny(s, d, count, f, ph);
 }
 VRX_INLINE void downMany(const uint32_t* s, uint32_t* d, int count, int f, int ph, int len) { downPerm<float>(s, d, count, f, ph, len); }

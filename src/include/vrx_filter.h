@@ -15,6 +15,7 @@
 
 #include "simd/simd.h"
 #include "vrx_base.h"
+#include "vrx_const.h"
 
 namespace n0::filt {
 
@@ -207,21 +208,8 @@ int rotRun(const K& k, int N, Input<S> x, S* out, int n) {
     for (int s = 0, j0 = 0; s < passes; ++s) {
         const int A = per + (s < extra);
         const int w = s + 1 < passes ? L * A : N - j0;
-        switch (A) {
-            case 4: rotPass<4>(k, j0, w, x, out, blocks, s == 0); break;
-            case 5: rotPass<5>(k, j0, w, x, out, blocks, s == 0); break;
-            case 6: rotPass<6>(k, j0, w, x, out, blocks, s == 0); break;
-            case 7: rotPass<7>(k, j0, w, x, out, blocks, s == 0); break;
-            case 8: rotPass<8>(k, j0, w, x, out, blocks, s == 0); break;
-            case 9: rotPass<9>(k, j0, w, x, out, blocks, s == 0); break;
-            case 10: rotPass<10>(k, j0, w, x, out, blocks, s == 0); break;
-            case 11: rotPass<11>(k, j0, w, x, out, blocks, s == 0); break;
-            case 12: rotPass<12>(k, j0, w, x, out, blocks, s == 0); break;
-            case 13: rotPass<13>(k, j0, w, x, out, blocks, s == 0); break;
-            case 14: rotPass<14>(k, j0, w, x, out, blocks, s == 0); break;
-            case 15: rotPass<15>(k, j0, w, x, out, blocks, s == 0); break;
-            default: rotPass<16>(k, j0, w, x, out, blocks, s == 0); break;
-        }
+        // A is 4..16: N >= 4L gives at least 4 slots a pass
+        withConst<4, 16>(A, [&](auto a) { rotPass<decltype(a)::value>(k, j0, w, x, out, blocks, s == 0); });
         j0 += w;
     }
     return blocks * L;
