@@ -162,6 +162,68 @@ struct Gen {
         c = b - p;
         borrow = br;
     }
+    // n subtractive words into xs, the borrow guessed: br_{n-1} = d_{n-1} >> 31,
+    // which is the true borrow sign(d_{n-1} + br_{n-2}) unless d_{n-1} is 0
+    // or 0x80000000 (the first word takes the state's borrow). With the
+    // guess the chain runs through the words alone, d_n = x_{n-2} - x_{n-3}:
+    //   x_n = x_{n-2} - (x_{n-3} + (18 & (d_n >> 31))) - [d_{n-1} < 0]
+    // where d_n >> 31 is also the sign of v_n. Per word: the sign of d_n
+    // picks x_{n-3} or x_{n-3} + 18 (cmov), the sign bit of d_{n-1} goes
+    // to the carry (d + d) and one subtract-with-borrow forms x_n; the
+    // longest path, x_{n-2} to x_n, is three operations for two words.
+    // The words and the end state are exact when no d_m of the words is 0
+    // or 0x80000000; the caller checks that (cleanWords) and otherwise
+    // redoes them with fill from the saved state.
+    VRX_INLINE void fillGuessed(uint32_t* xs, int n) {
+        uint32_t x1 = a, x2 = b, x3 = c;
+        uint32_t d0 = borrow, d1;  // sign bit: the borrow into the next word
+        // x_n from x2 = x_{n-2}, x3 = x_{n-3}, dp = d_{n-1} (spent); d_n
+        // into dn, x_n into x3 (x_{n-3} is dead after the step)
+        auto step = [](uint32_t x2_, uint32_t& x3_, uint32_t& dp, uint32_t& dn) {
+            uint32_t t, xn;
+            __asm__("lea 18(%[x3]), %[t]\n\t"
+                    "mov %[x2], %[dn]\n\t"
+                    "sub %[x3], %[dn]\n\t"
+                    "cmovns %[x3], %[t]\n\t"
+                    "add %[dp], %[dp]\n\t"
+                    "mov %[x2], %[xn]\n\t"
+                    "sbb %[t], %[xn]"
+                    : [t] "=&r"(t), [dn] "=&r"(dn), [xn] "=&r"(xn), [dp] "+r"(dp)
+                    : [x2] "r"(x2_), [x3] "r"(x3_)
+                    : "cc");
+            x3_ = xn;
+            return xn;
+        };
+        // six a round, so that the words (three) and the differences (two)
+        // rotate through the registers instead of being moved
+        int i = 0;
+        for (; i + 6 <= n; i += 6) {
+            xs[i] = step(x2, x3, d0, d1);      // now x_{n-1}, x_{n-2}, x_{n-3} = x3, x1, x2
+            xs[i + 1] = step(x1, x2, d1, d0);  // x2, x3, x1
+            xs[i + 2] = step(x3, x1, d0, d1);  // x1, x2, x3
+            xs[i + 3] = step(x2, x3, d1, d0);
+            xs[i + 4] = step(x1, x2, d0, d1);
+            xs[i + 5] = step(x3, x1, d1, d0);
+        }
+        for (; i < n; ++i) {
+            xs[i] = step(x2, x3, d0, d1);
+            const uint32_t xn = x3;
+            x3 = x2;
+            x2 = x1;
+            x1 = xn;
+            d0 = d1;
+        }
+        a = x1;
+        b = x2;
+        c = x3;
+        borrow = static_cast<uint32_t>(static_cast<int32_t>(d0) >> 31);
+    }
+    // The three newest words before w: w[-3] = c, w[-2] = b, w[-1] = a.
+    VRX_INLINE void prefix(uint32_t* w) const {
+        w[-3] = c;
+        w[-2] = b;
+        w[-1] = a;
+    }
     // One raw number, signed.
     VRX_INLINE int32_t next() {
         const uint32_t x = swb();
@@ -236,7 +298,21 @@ VRX_INLINE void putGroup(Vrx8u* d, int n, __m512d lo, __m512d hi) {
 }
 
 constexpr int kBlock = 240;  // subtractive words buffered per pass
-constexpr int kPiece = 48;   // words filled per piece converted (three a round)
+constexpr int kPiece = 48;   // words filled per piece converted (six a round)
+constexpr int kPad = 16;     // buffer words ahead of a block: the three before it
+
+// Whether the n words at w (with the three before them at w[-3..-1]) are
+// what the exact chain gives after fillGuessed: no difference
+// d_m = w[m-2] - w[m-3] of them is 0 or 0x80000000, i.e. d + d is never 0.
+VRX_INLINE bool cleanWords(const uint32_t* w, int n) {
+    VU::M bad = 0;
+    for (int j = 0; j < n; j += 16) {
+        const VU::M m = simd::tail<float>(static_cast<size_t>(n - j));
+        const VU::R d = VU::sub(VU::loadm(m, w + j - 2), VU::loadm(m, w + j - 3));
+        bad |= static_cast<VU::M>(m & VU::eq(VU::add(d, d), VU::zero()));
+    }
+    return bad == 0;
+}
 constexpr int kPairs = 64;   // normal pairs per batch
 
 template <class T>
@@ -266,22 +342,36 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
     // Two buffers of subtractive words: while the vector pass converts one
     // block, the scalar chain fills the next, a piece of kPiece words per
     // piece converted, so that the two run side by side in the core; the
-    // words are read a whole block after they were written.
-    alignas(64) uint32_t xs[2][kBlock];
+    // words are read a whole block after they were written. The chain
+    // guesses its borrows (fillGuessed); before a block is converted one
+    // vector pass checks its differences, and a block with a wrong guess is
+    // filled again by the exact chain from the state saved at its start.
+    // Each buffer holds the three words before its block (from kPad - 3 on),
+    // so that the differences of the block's first words are there too.
+    alignas(64) uint32_t xs[2][kPad + kBlock];
     int last = 16;  // numbers used of the last group
     VU::R lastLcg = lcg;
     int n = len < kBlock ? len : kBlock;
-    g.fill(xs[0], n);
+    Gen start = g;  // the state at the start of the block being filled
+    g.prefix(xs[0] + kPad);
+    g.fillGuessed(xs[0] + kPad, n);
     int cur = 0;
     for (int i0 = 0; i0 < len; i0 += kBlock, cur ^= 1) {
+        uint32_t* const w = xs[cur] + kPad;
+        if (!cleanWords(w, n)) {
+            g = start;
+            g.fill(w, n);
+        }
         const int rest = len - i0 - kBlock;
         const int nNext = rest <= 0 ? 0 : (rest < kBlock ? rest : kBlock);
+        start = g;
+        g.prefix(xs[cur ^ 1] + kPad);
         for (int j0 = 0; j0 < n; j0 += kPiece) {
-            if (j0 < nNext) g.fill(xs[cur ^ 1] + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
+            if (j0 < nNext) g.fillGuessed(xs[cur ^ 1] + kPad + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
             const int je = n - j0 < kPiece ? n : j0 + kPiece;
             for (int j = j0; j < je; j += 16) {
                 const int m = n - j < 16 ? n - j : 16;
-                const VU::R u = VU::add(VU::load(xs[cur] + j), lcg);
+                const VU::R u = VU::add(VU::load(w + j), lcg);
                 const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
                 const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
                 putGroup(pDst + i0 + j, m, lo, hi);
