@@ -196,8 +196,9 @@ struct Gen {
         };
         // six a round, so that the words (three) and the differences (two)
         // rotate through the registers instead of being moved
+        const int n6 = n - n % 6;
         int i = 0;
-        for (; i + 6 <= n; i += 6) {
+        for (; i < n6; i += 6) {
             xs[i] = step(x2, x3, d0, d1);      // now x_{n-1}, x_{n-2}, x_{n-3} = x3, x1, x2
             xs[i + 1] = step(x1, x2, d1, d0);  // x2, x3, x1
             xs[i + 2] = step(x3, x1, d0, d1);  // x1, x2, x3
@@ -305,13 +306,16 @@ constexpr int kPad = 16;     // buffer words ahead of a block: the three before 
 // what the exact chain gives after fillGuessed: no difference
 // d_m = w[m-2] - w[m-3] of them is 0 or 0x80000000, i.e. d + d is never 0.
 VRX_INLINE bool cleanWords(const uint32_t* w, int n) {
-    VU::M bad = 0;
-    for (int j = 0; j < n; j += 16) {
+    const VU::R low31 = VU::set1(0x7FFFFFFFu);
+    VU::M ok = VU::kAll;
+    int j = 0;
+    for (; j + 16 <= n; j += 16) ok &= VU::test(VU::sub(VU::load(w + j - 2), VU::load(w + j - 3)), low31);
+    if (j < n) {
         const VU::M m = simd::tail<float>(static_cast<size_t>(n - j));
         const VU::R d = VU::sub(VU::loadm(m, w + j - 2), VU::loadm(m, w + j - 3));
-        bad |= static_cast<VU::M>(m & VU::eq(VU::add(d, d), VU::zero()));
+        ok &= static_cast<VU::M>(VU::test(d, low31) | ~m);
     }
-    return bad == 0;
+    return ok == VU::kAll;
 }
 constexpr int kPairs = 64;   // normal pairs per batch
 
@@ -326,16 +330,10 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
 
     Gen g;
     g.load(s);
-    // Lanes hold the congruential words of the next sixteen numbers.
+    // Lanes hold the congruential words of the next sixteen numbers,
+    // lane i the word advanced i + 1 steps.
     alignas(64) uint32_t lanes[16];
-    {
-        uint32_t x = g.lcg;
-        for (int i = 0; i < 16; ++i) {
-            x = x * kLcgMul + kLcgAdd;
-            lanes[i] = x;
-        }
-    }
-    VU::R lcg = VU::load(lanes);
+    VU::R lcg = VU::add(VU::mullo(VU::set1(g.lcg), VU::load(kJumpLanes.mul)), VU::load(kJumpLanes.add));
     const VU::R jm = VU::set1(kJump16.mul), ja = VU::set1(kJump16.add);
     const VD::R scale = VD::set1(s.scale), mid = VD::set1(s.mid);
 
@@ -369,14 +367,20 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
         for (int j0 = 0; j0 < n; j0 += kPiece) {
             if (j0 < nNext) g.fillGuessed(xs[cur ^ 1] + kPad + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
             const int je = n - j0 < kPiece ? n : j0 + kPiece;
-            for (int j = j0; j < je; j += 16) {
-                const int m = n - j < 16 ? n - j : 16;
+            int j = j0;
+            for (; j + 16 <= je; j += 16) {
                 const VU::R u = VU::add(VU::load(w + j), lcg);
-                const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
-                const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
-                putGroup(pDst + i0 + j, m, lo, hi);
+                putGroup(pDst + i0 + j, 16, VD::fma(simd::lowInt32ToDouble(u), scale, mid),
+                         VD::fma(simd::highInt32ToDouble(u), scale, mid));
                 lastLcg = lcg;
-                last = m;
+                lcg = VU::add(VU::mullo(lcg, jm), ja);
+            }
+            if (j < je) {  // the call's last group, cut
+                const VU::R u = VU::add(VU::load(w + j), lcg);
+                putGroup(pDst + i0 + j, je - j, VD::fma(simd::lowInt32ToDouble(u), scale, mid),
+                         VD::fma(simd::highInt32ToDouble(u), scale, mid));
+                lastLcg = lcg;
+                last = je - j;
                 lcg = VU::add(VU::mullo(lcg, jm), ja);
             }
         }
