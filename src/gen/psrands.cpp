@@ -302,21 +302,6 @@ constexpr int kBlock = 240;  // subtractive words buffered per pass
 constexpr int kPiece = 48;   // words filled per piece converted (six a round)
 constexpr int kPad = 16;     // buffer words ahead of a block: the three before it
 
-// Whether the n words at w (with the three before them at w[-3..-1]) are
-// what the exact chain gives after fillGuessed: no difference
-// d_m = w[m-2] - w[m-3] of them is 0 or 0x80000000, i.e. d + d is never 0.
-VRX_INLINE bool cleanWords(const uint32_t* w, int n) {
-    const VU::R low31 = VU::set1(0x7FFFFFFFu);
-    VU::M ok = VU::kAll;
-    int j = 0;
-    for (; j + 16 <= n; j += 16) ok &= VU::test(VU::sub(VU::load(w + j - 2), VU::load(w + j - 3)), low31);
-    if (j < n) {
-        const VU::M m = simd::tail<float>(static_cast<size_t>(n - j));
-        const VU::R d = VU::sub(VU::loadm(m, w + j - 2), VU::loadm(m, w + j - 3));
-        ok &= static_cast<VU::M>(VU::test(d, low31) | ~m);
-    }
-    return ok == VU::kAll;
-}
 constexpr int kPairs = 64;   // normal pairs per batch
 
 template <class T>
@@ -341,49 +326,62 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
     // block, the scalar chain fills the next, a piece of kPiece words per
     // piece converted, so that the two run side by side in the core; the
     // words are read a whole block after they were written. The chain
-    // guesses its borrows (fillGuessed); before a block is converted one
-    // vector pass checks its differences, and a block with a wrong guess is
-    // filled again by the exact chain from the state saved at its start.
-    // Each buffer holds the three words before its block (from kPad - 3 on),
-    // so that the differences of the block's first words are there too.
+    // guesses its borrows (fillGuessed), and the vector pass checks the
+    // differences of the words it converts (each buffer holds the three
+    // words before its block, from kPad - 3 on). A block with a wrong guess
+    // is filled again by the exact chain from the state saved at its start
+    // and converted again, and the next block, filled from its wrong end
+    // state, is filled again from the right one.
     alignas(64) uint32_t xs[2][kPad + kBlock];
+    const VU::R low31 = VU::set1(0x7FFFFFFFu);
     int last = 16;  // numbers used of the last group
     VU::R lastLcg = lcg;
+    // Converts words j.. of block w (at pDst + i0) for m = 16 or fewer;
+    // returns the lanes whose difference is neither 0 nor 0x80000000.
+    auto group = [&](const uint32_t* w, int i0, int j, int m) {
+        const VU::M t = simd::tail<float>(static_cast<size_t>(m));
+        const VU::R x = VU::loadm(t, w + j);
+        const VU::R u = VU::add(x, lcg);
+        putGroup(pDst + i0 + j, m, VD::fma(simd::lowInt32ToDouble(u), scale, mid),
+                 VD::fma(simd::highInt32ToDouble(u), scale, mid));
+        lastLcg = lcg;
+        lcg = VU::add(VU::mullo(lcg, jm), ja);
+        return static_cast<VU::M>(VU::test(VU::sub(VU::loadm(t, w + j - 2), VU::loadm(t, w + j - 3)), low31) | ~t);
+    };
     int n = len < kBlock ? len : kBlock;
-    Gen start = g;  // the state at the start of the block being filled
+    Gen start = g;  // the state at the start of the block being converted
     g.prefix(xs[0] + kPad);
     g.fillGuessed(xs[0] + kPad, n);
     int cur = 0;
     for (int i0 = 0; i0 < len; i0 += kBlock, cur ^= 1) {
         uint32_t* const w = xs[cur] + kPad;
-        if (!cleanWords(w, n)) {
-            g = start;
-            g.fill(w, n);
-        }
+        uint32_t* const wNext = xs[cur ^ 1] + kPad;
         const int rest = len - i0 - kBlock;
         const int nNext = rest <= 0 ? 0 : (rest < kBlock ? rest : kBlock);
-        start = g;
-        g.prefix(xs[cur ^ 1] + kPad);
+        Gen startNext = g;
+        g.prefix(wNext);
+        const VU::R lcg0 = lcg;
+        VU::M ok = VU::kAll;
         for (int j0 = 0; j0 < n; j0 += kPiece) {
-            if (j0 < nNext) g.fillGuessed(xs[cur ^ 1] + kPad + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
+            if (j0 < nNext) g.fillGuessed(wNext + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
             const int je = n - j0 < kPiece ? n : j0 + kPiece;
             int j = j0;
-            for (; j + 16 <= je; j += 16) {
-                const VU::R u = VU::add(VU::load(w + j), lcg);
-                putGroup(pDst + i0 + j, 16, VD::fma(simd::lowInt32ToDouble(u), scale, mid),
-                         VD::fma(simd::highInt32ToDouble(u), scale, mid));
-                lastLcg = lcg;
-                lcg = VU::add(VU::mullo(lcg, jm), ja);
-            }
+            for (; j + 16 <= je; j += 16) ok &= group(w, i0, j, 16);
             if (j < je) {  // the call's last group, cut
-                const VU::R u = VU::add(VU::load(w + j), lcg);
-                putGroup(pDst + i0 + j, je - j, VD::fma(simd::lowInt32ToDouble(u), scale, mid),
-                         VD::fma(simd::highInt32ToDouble(u), scale, mid));
-                lastLcg = lcg;
+                ok &= group(w, i0, j, je - j);
                 last = je - j;
-                lcg = VU::add(VU::mullo(lcg, jm), ja);
             }
         }
+        if (ok != VU::kAll) {
+            g = start;
+            g.fill(w, n);
+            lcg = lcg0;
+            for (int j = 0; j < n; j += 16) group(w, i0, j, n - j < 16 ? n - j : 16);
+            startNext = g;
+            g.prefix(wNext);
+            g.fillGuessed(wNext, nNext);
+        }
+        start = startNext;
         // a next block longer than this one (only the first block can be
         // shorter, and then there is no next) is never left half filled
         n = nNext;
