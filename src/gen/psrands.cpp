@@ -8,6 +8,8 @@
 // sixteen jump-ahead lanes, so the uniform loop is a scalar chain of
 // subtractive words into a small buffer followed by a vector pass (sum,
 // conversion to double, one fused multiply-add, conversion to the type).
+// The uniform chain guesses each borrow from the sign of its difference,
+// and the vector pass finds the rare words where that can be wrong.
 #include "vrx_base.h"
 #include "vrx_layout.h"
 #include "simd/simd.h"
@@ -172,7 +174,7 @@ struct Gen {
     // to the carry (d + d) and one subtract-with-borrow forms x_n; the
     // longest path, x_{n-2} to x_n, is three operations for two words.
     // The words and the end state are exact when no d_m of the words is 0
-    // or 0x80000000; the caller checks that (cleanWords) and otherwise
+    // or 0x80000000; the caller checks that (d + d != 0) and otherwise
     // redoes them with fill from the saved state.
     VRX_INLINE void fillGuessed(uint32_t* xs, int n) {
         uint32_t x1 = a, x2 = b, x3 = c;
