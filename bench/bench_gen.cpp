@@ -1,10 +1,10 @@
 // Signal generators: window functions against a scalar loop that calls cos
 // for every weight (and liquid-dsp's per-sample window functions when it is
 // installed), Tone with both hints against a scalar sin loop; 1 Ki and
-// 64 Ki elements, side by side in one run. Random numbers against
-// std::mt19937 with the standard distributions and liquid-dsp's randf and
-// randnf (1 Ki, 64 Ki, 1 Mi); FIR design against liquid_firdes_kaiser at 31,
-// 255 and 4095 taps.
+// 64 Ki elements, side by side in one run. Random numbers (uniform in all
+// four types) against std::mt19937 with the standard distributions and
+// liquid-dsp's randf and randnf (1 Ki, 64 Ki, 1 Mi); FIR design against
+// liquid_firdes_kaiser at 31, 255 and 4095 taps.
 #include <benchmark/benchmark.h>
 #include <math.h>
 
@@ -179,10 +179,14 @@ void BM_RandUniform(benchmark::State& st) {
     std::vector<T> dst(n);
     std::vector<uint8_t> mem(64);
     auto* s = reinterpret_cast<VrxsRandUniformState*>(mem.data());
-    if constexpr (sizeof(T) == 4) vrxsRandUniformInit_32f(s, -1.0f, 1.0f, 1);
+    if constexpr (sizeof(T) == 1) vrxsRandUniformInit_8u(s, 0, 255, 1);
+    else if constexpr (sizeof(T) == 2) vrxsRandUniformInit_16s(s, -1000, 1000, 1);
+    else if constexpr (sizeof(T) == 4) vrxsRandUniformInit_32f(s, -1.0f, 1.0f, 1);
     else vrxsRandUniformInit_64f(s, -1.0, 1.0, 1);
     for (auto _ : st) {
-        if constexpr (sizeof(T) == 4) vrxsRandUniform_32f(dst.data(), n, s);
+        if constexpr (sizeof(T) == 1) vrxsRandUniform_8u(dst.data(), n, s);
+        else if constexpr (sizeof(T) == 2) vrxsRandUniform_16s(dst.data(), n, s);
+        else if constexpr (sizeof(T) == 4) vrxsRandUniform_32f(dst.data(), n, s);
         else vrxsRandUniform_64f(dst.data(), n, s);
         benchmark::DoNotOptimize(dst.data());
     }
@@ -300,6 +304,8 @@ BENCHMARK_TEMPLATE(BM_RandUniform, float) RAND_SIZES;
 BENCHMARK_TEMPLATE(BM_StdUniform, float) RAND_SIZES;
 BENCHMARK_TEMPLATE(BM_RandUniform, double) RAND_SIZES;
 BENCHMARK_TEMPLATE(BM_StdUniform, double) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_RandUniform, int16_t) RAND_SIZES;
+BENCHMARK_TEMPLATE(BM_RandUniform, uint8_t) RAND_SIZES;
 #ifdef VRX_HAVE_LIQUID
 BENCHMARK(BM_LiquidRandf) RAND_SIZES;
 #endif

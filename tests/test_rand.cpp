@@ -167,6 +167,32 @@ TEST(RandWords, RawNumbersFromSeeds) {
     }
 }
 
+// Streams in which a difference d = b - c of the subtractive words is 0 or
+// 0x80000000 while the borrow is set: there the borrow out is not the sign
+// of d, the one case the fast uniform chain must redo exactly. The words
+// are checked raw, in one call and in calls that put the word at the start
+// of a call, near a block's end and in a later block of a call.
+TEST(RandWords, RareBorrowWords) {
+    struct Row {
+        uint32_t seed;
+        int word;  // index of the first such word
+    };
+    const Row rows[] = {{24803u, 229009}, {7435u, 374423}};  // d == 0, d == 0x80000000
+    for (const Row& r : rows) {
+        const int n = r.word + 600;
+        Model m(r.seed);
+        std::vector<double> want(n);
+        for (double& w : want) w = static_cast<double>(m.next());
+        const std::vector<int> splits[] = {{n}, {r.word, n - r.word}, {r.word - 3, 5, n - r.word - 2},
+                                           {r.word - 237, n - r.word + 237}, {r.word - 401, n - r.word + 401}};
+        for (const auto& calls : splits) {
+            vt::Buffer st(64);
+            ASSERT_EQ(vrxsRandUniformInit_64f(st.as<VrxsRandUniformState>(), -2147483648.0, 2147483648.0, r.seed), vrxOk);
+            expectSame(runCalls<double>(false, st.data(), calls), want, "rare borrow", r.seed);
+        }
+    }
+}
+
 // ---------------------------------------------------------------- Uniform
 template <class T>
 void uniformCase(T low, T high) {

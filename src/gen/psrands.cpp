@@ -8,6 +8,8 @@
 // sixteen jump-ahead lanes, so the uniform loop is a scalar chain of
 // subtractive words into a small buffer followed by a vector pass (sum,
 // conversion to double, one fused multiply-add, conversion to the type).
+// The uniform chain guesses each borrow from the sign of its difference,
+// and the vector pass finds the rare words where that can be wrong.
 #include "vrx_base.h"
 #include "vrx_layout.h"
 #include "simd/simd.h"
@@ -162,6 +164,69 @@ struct Gen {
         c = b - p;
         borrow = br;
     }
+    // n subtractive words into xs, the borrow guessed: br_{n-1} = d_{n-1} >> 31,
+    // which is the true borrow sign(d_{n-1} + br_{n-2}) unless d_{n-1} is 0
+    // or 0x80000000 (the first word takes the state's borrow). With the
+    // guess the chain runs through the words alone, d_n = x_{n-2} - x_{n-3}:
+    //   x_n = x_{n-2} - (x_{n-3} + (18 & (d_n >> 31))) - [d_{n-1} < 0]
+    // where d_n >> 31 is also the sign of v_n. Per word: the sign of d_n
+    // picks x_{n-3} or x_{n-3} + 18 (cmov), the sign bit of d_{n-1} goes
+    // to the carry (d + d) and one subtract-with-borrow forms x_n; the
+    // longest path, x_{n-2} to x_n, is three operations for two words.
+    // The words and the end state are exact when no d_m of the words is 0
+    // or 0x80000000; the caller checks that (d + d != 0) and otherwise
+    // redoes them with fill from the saved state.
+    VRX_INLINE void fillGuessed(uint32_t* xs, int n) {
+        uint32_t x1 = a, x2 = b, x3 = c;
+        uint32_t d0 = borrow, d1;  // sign bit: the borrow into the next word
+        // x_n from x2 = x_{n-2}, x3 = x_{n-3}, dp = d_{n-1} (spent); d_n
+        // into dn, x_n into x3 (x_{n-3} is dead after the step)
+        auto step = [](uint32_t x2_, uint32_t& x3_, uint32_t& dp, uint32_t& dn) {
+            uint32_t t, xn;
+            __asm__("lea 18(%[x3]), %[t]\n\t"
+                    "mov %[x2], %[dn]\n\t"
+                    "sub %[x3], %[dn]\n\t"
+                    "cmovns %[x3], %[t]\n\t"
+                    "add %[dp], %[dp]\n\t"
+                    "mov %[x2], %[xn]\n\t"
+                    "sbb %[t], %[xn]"
+                    : [t] "=&r"(t), [dn] "=&r"(dn), [xn] "=&r"(xn), [dp] "+r"(dp)
+                    : [x2] "r"(x2_), [x3] "r"(x3_)
+                    : "cc");
+            x3_ = xn;
+            return xn;
+        };
+        // six a round, so that the words (three) and the differences (two)
+        // rotate through the registers instead of being moved
+        const int n6 = n - n % 6;
+        int i = 0;
+        for (; i < n6; i += 6) {
+            xs[i] = step(x2, x3, d0, d1);      // now x_{n-1}, x_{n-2}, x_{n-3} = x3, x1, x2
+            xs[i + 1] = step(x1, x2, d1, d0);  // x2, x3, x1
+            xs[i + 2] = step(x3, x1, d0, d1);  // x1, x2, x3
+            xs[i + 3] = step(x2, x3, d1, d0);
+            xs[i + 4] = step(x1, x2, d0, d1);
+            xs[i + 5] = step(x3, x1, d1, d0);
+        }
+        for (; i < n; ++i) {
+            xs[i] = step(x2, x3, d0, d1);
+            const uint32_t xn = x3;
+            x3 = x2;
+            x2 = x1;
+            x1 = xn;
+            d0 = d1;
+        }
+        a = x1;
+        b = x2;
+        c = x3;
+        borrow = static_cast<uint32_t>(static_cast<int32_t>(d0) >> 31);
+    }
+    // The three newest words before w: w[-3] = c, w[-2] = b, w[-1] = a.
+    VRX_INLINE void prefix(uint32_t* w) const {
+        w[-3] = c;
+        w[-2] = b;
+        w[-1] = a;
+    }
     // One raw number, signed.
     VRX_INLINE int32_t next() {
         const uint32_t x = swb();
@@ -236,7 +301,9 @@ VRX_INLINE void putGroup(Vrx8u* d, int n, __m512d lo, __m512d hi) {
 }
 
 constexpr int kBlock = 240;  // subtractive words buffered per pass
-constexpr int kPiece = 48;   // words filled per piece converted (three a round)
+constexpr int kPiece = 48;   // words filled per piece converted (six a round)
+constexpr int kPad = 16;     // buffer words ahead of a block: the three before it
+
 constexpr int kPairs = 64;   // normal pairs per batch
 
 template <class T>
@@ -250,46 +317,73 @@ VrxStatus uniformRun(T* pDst, int len, VrxsRandUniformState* pState, ObjId id) {
 
     Gen g;
     g.load(s);
-    // Lanes hold the congruential words of the next sixteen numbers.
+    // Lanes hold the congruential words of the next sixteen numbers,
+    // lane i the word advanced i + 1 steps.
     alignas(64) uint32_t lanes[16];
-    {
-        uint32_t x = g.lcg;
-        for (int i = 0; i < 16; ++i) {
-            x = x * kLcgMul + kLcgAdd;
-            lanes[i] = x;
-        }
-    }
-    VU::R lcg = VU::load(lanes);
+    VU::R lcg = VU::add(VU::mullo(VU::set1(g.lcg), VU::load(kJumpLanes.mul)), VU::load(kJumpLanes.add));
     const VU::R jm = VU::set1(kJump16.mul), ja = VU::set1(kJump16.add);
     const VD::R scale = VD::set1(s.scale), mid = VD::set1(s.mid);
 
     // Two buffers of subtractive words: while the vector pass converts one
     // block, the scalar chain fills the next, a piece of kPiece words per
     // piece converted, so that the two run side by side in the core; the
-    // words are read a whole block after they were written.
-    alignas(64) uint32_t xs[2][kBlock];
+    // words are read a whole block after they were written. The chain
+    // guesses its borrows (fillGuessed), and the vector pass checks the
+    // differences of the words it converts (each buffer holds the three
+    // words before its block, from kPad - 3 on). A block with a wrong guess
+    // is filled again by the exact chain from the state saved at its start
+    // and converted again, and the next block, filled from its wrong end
+    // state, is filled again from the right one.
+    alignas(64) uint32_t xs[2][kPad + kBlock];
+    const VU::R low31 = VU::set1(0x7FFFFFFFu);
     int last = 16;  // numbers used of the last group
     VU::R lastLcg = lcg;
+    // Converts words j.. of block w (at pDst + i0) for m = 16 or fewer;
+    // returns the lanes whose difference is neither 0 nor 0x80000000.
+    auto group = [&](const uint32_t* w, int i0, int j, int m) {
+        const VU::M t = simd::tail<float>(static_cast<size_t>(m));
+        const VU::R x = VU::loadm(t, w + j);
+        const VU::R u = VU::add(x, lcg);
+        putGroup(pDst + i0 + j, m, VD::fma(simd::lowInt32ToDouble(u), scale, mid),
+                 VD::fma(simd::highInt32ToDouble(u), scale, mid));
+        lastLcg = lcg;
+        lcg = VU::add(VU::mullo(lcg, jm), ja);
+        return static_cast<VU::M>(VU::test(VU::sub(VU::loadm(t, w + j - 2), VU::loadm(t, w + j - 3)), low31) | ~t);
+    };
     int n = len < kBlock ? len : kBlock;
-    g.fill(xs[0], n);
+    Gen start = g;  // the state at the start of the block being converted
+    g.prefix(xs[0] + kPad);
+    g.fillGuessed(xs[0] + kPad, n);
     int cur = 0;
     for (int i0 = 0; i0 < len; i0 += kBlock, cur ^= 1) {
+        uint32_t* const w = xs[cur] + kPad;
+        uint32_t* const wNext = xs[cur ^ 1] + kPad;
         const int rest = len - i0 - kBlock;
         const int nNext = rest <= 0 ? 0 : (rest < kBlock ? rest : kBlock);
+        Gen startNext = g;
+        g.prefix(wNext);
+        const VU::R lcg0 = lcg;
+        VU::M ok = VU::kAll;
         for (int j0 = 0; j0 < n; j0 += kPiece) {
-            if (j0 < nNext) g.fill(xs[cur ^ 1] + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
+            if (j0 < nNext) g.fillGuessed(wNext + j0, nNext - j0 < kPiece ? nNext - j0 : kPiece);
             const int je = n - j0 < kPiece ? n : j0 + kPiece;
-            for (int j = j0; j < je; j += 16) {
-                const int m = n - j < 16 ? n - j : 16;
-                const VU::R u = VU::add(VU::load(xs[cur] + j), lcg);
-                const VD::R lo = VD::fma(simd::lowInt32ToDouble(u), scale, mid);
-                const VD::R hi = VD::fma(simd::highInt32ToDouble(u), scale, mid);
-                putGroup(pDst + i0 + j, m, lo, hi);
-                lastLcg = lcg;
-                last = m;
-                lcg = VU::add(VU::mullo(lcg, jm), ja);
+            int j = j0;
+            for (; j + 16 <= je; j += 16) ok &= group(w, i0, j, 16);
+            if (j < je) {  // the call's last group, cut
+                ok &= group(w, i0, j, je - j);
+                last = je - j;
             }
         }
+        if (ok != VU::kAll) {
+            g = start;
+            g.fill(w, n);
+            lcg = lcg0;
+            for (int j = 0; j < n; j += 16) group(w, i0, j, n - j < 16 ? n - j : 16);
+            startNext = g;
+            g.prefix(wNext);
+            g.fillGuessed(wNext, nNext);
+        }
+        start = startNext;
         // a next block longer than this one (only the first block can be
         // shorter, and then there is no next) is never left half filled
         n = nNext;
