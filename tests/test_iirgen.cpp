@@ -81,8 +81,6 @@ TEST(IirGen, StatusesInOrder) {
     }
 }
 
-unsigned short x87Cw() { unsigned short cw; __asm__ __volatile__("fnstcw %0" : "=m"(cw)); return cw; }
-void setX87Cw(unsigned short cw) { __asm__ __volatile__("fldcw %0" ::"m"(cw)); }
 unsigned short x87Sw() { unsigned short sw; __asm__ __volatile__("fnstsw %0" : "=a"(sw)); return sw; }
 
 // The caller's x87 word with zero-divide unmasked and 53-bit precision, and
@@ -90,7 +88,7 @@ unsigned short x87Sw() { unsigned short sw; __asm__ __volatile__("fnstsw %0" : "
 // anything changed, and its values are those of the default words.
 TEST(IirGen, CallerControlWordsKept) {
     vt::MxcsrScope keep;
-    const unsigned short saved = x87Cw();
+    const unsigned short saved = vt::x87Cw();
     const unsigned short callerCw = static_cast<unsigned short>((saved & ~0x0304u & ~0x04u) | 0x0200u);
     for (const GoldenDesign& g : kGoldenDesigns) {
         if (g.order != 12 && g.band < 2) continue;
@@ -98,20 +96,20 @@ TEST(IirGen, CallerControlWordsKept) {
         double ref[2 * 25], got[2 * 25];
         ASSERT_EQ(vrxOk, designCall(g.band, g.f1, g.f2, g.ripple, g.order, ref, g.type));
         __asm__ __volatile__("fnclex");
-        setX87Cw(callerCw);
+        vt::setX87Cw(callerCw);
         _mm_setcsr(0x0000);  // all SSE exceptions unmasked, nearest
         const VrxStatus st = designCall(g.band, g.f1, g.f2, g.ripple, g.order, got, g.type);
         const unsigned mx = _mm_getcsr();
-        const unsigned short cw = x87Cw(), sw = x87Sw();
+        const unsigned short cw = vt::x87Cw(), sw = x87Sw();
         _mm_setcsr(0x1F80);
-        setX87Cw(saved);
+        vt::setX87Cw(saved);
         EXPECT_EQ(vrxOk, st);
         EXPECT_EQ(cw, callerCw);
         EXPECT_EQ(mx & ~0x3Fu, 0u) << "MXCSR control bits changed";
         EXPECT_EQ(sw & 0x04 & ~cw, 0) << "an unmasked zero-divide flag left pending";
         for (int i = 0; i < 2 * (m + 1); ++i) EXPECT_EQ(vt::dBits(got[i]), vt::dBits(ref[i])) << i;
     }
-    setX87Cw(saved);
+    vt::setX87Cw(saved);
 }
 
 // ------------------------------------------------------------ zero-phase

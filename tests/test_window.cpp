@@ -307,16 +307,6 @@ TEST(Window, SixteenBitUsesCurrentRoundingMode) {
 
 // ---------------------------------------------------- closed forms
 
-ld besselI0(ld x) {
-    ld sum = 1, term = 1, q = x * x / 4;
-    for (int k = 1; k < 200; ++k) {
-        term *= q / (static_cast<ld>(k) * k);
-        sum += term;
-        if (term < sum * 1e-22L) break;
-    }
-    return sum;
-}
-
 enum class Fam { Bartlett, Blackman, BlackmanStd, BlackmanOpt, Hann, Hamming, Kaiser };
 
 ld exactWeight(Fam f, int N, int n, ld alpha) {
@@ -335,8 +325,8 @@ ld exactWeight(Fam f, int N, int n, ld alpha) {
         if (f == Fam::BlackmanStd) alpha = -0.16L;
         return (alpha + 1) / 2 - 0.5L * std::cos(x) - alpha / 2 * std::cos(2 * x);
     case Fam::Kaiser:
-        return besselI0(std::fabs(alpha) * std::sqrt(static_cast<ld>(n) * (N - 1 - n))) /
-               besselI0(std::fabs(alpha) * (N - 1) / 2);
+        return vt::besselI0(std::fabs(alpha) * std::sqrt(static_cast<ld>(n) * (N - 1 - n))) /
+               vt::besselI0(std::fabs(alpha) * (N - 1) / 2);
     }
     return 0;
 }
