@@ -71,28 +71,19 @@ size_t head(const void* p, size_t n) {
     return h < n ? h : n;
 }
 
-float modelSum32f(const float* p, size_t n) {
-    size_t h = head(p, n);
-    float t = 0.0f;
-    for (size_t i = 0; i < h; ++i) t += p[i];
-    Totals d;
-    d.s[0] = t;
-    modelBody<4>(p + h, n - h, d);
-    return static_cast<float>((d.s[0] + d.s[1]) + (d.s[2] + d.s[3]));
-}
-
-// The complex sum: the head's two streams, then the body over 2n scalars,
-// the streams in alternate totals after the head's parity a.
-void modelSum32fc(const float* p, size_t n, double* re, double* im) {
-    size_t cnt = 2 * n, h = head(p, cnt), a = h & 1;
+// The Fast sums over cnt scalars: the head summed in single (complex: per
+// stream), then the body; complex streams alternate in the totals after the
+// head's parity a.
+Totals modelSumFast(const float* p, size_t cnt, bool cplx, size_t* a) {
+    const size_t h = head(p, cnt);
     float t[2] = {0.0f, 0.0f};
-    for (size_t i = 0; i < h; ++i) t[i & 1] += p[i];
+    for (size_t i = 0; i < h; ++i) t[cplx ? i & 1 : 0] += p[i];
     Totals d;
-    d.s[a] = t[0];
-    d.s[1 - a] = t[1];
+    *a = cplx ? h & 1 : 0;
+    d.s[*a] = t[0];
+    d.s[1 - *a] = t[1];
     modelBody<4>(p + h, cnt - h, d);
-    *re = d.s[a] + d.s[a + 2];
-    *im = d.s[1 - a] + d.s[3 - a];
+    return d;
 }
 
 // The Fast deviation: the head in double, the body in two accumulators.
@@ -118,13 +109,14 @@ TEST(SumFast, BitExactAgainstBlockingModelAtEveryHeadOffset) {
             fillWide(rng, p, 2 * n);
             float s, mean, sd;
             Vrx32fc c, cm;
-            double re, im;
-            modelSum32fc(p, n, &re, &im);
+            size_t a;
+            const Totals r = modelSumFast(p, n, false, &a), rc = modelSumFast(p, 2 * n, true, &a);
+            const double re = rc.s[a] + rc.s[a + 2], im = rc.s[1 - a] + rc.s[3 - a];
             ASSERT_EQ(vrxsSum_32f(p, int(n), &s, vrxAlgHintFast), vrxOk);
             ASSERT_EQ(vrxsSum_32fc(pc, int(n), &c, vrxAlgHintFast), vrxOk);
             ASSERT_EQ(vrxsMean_32f(p, int(n), &mean, vrxAlgHintFast), vrxOk);
             ASSERT_EQ(vrxsMean_32fc(pc, int(n), &cm, vrxAlgHintFast), vrxOk);
-            EXPECT_TRUE(sameBits(s, modelSum32f(p, n))) << "n " << n << " off " << off;
+            EXPECT_TRUE(sameBits(s, float((r.s[0] + r.s[1]) + (r.s[2] + r.s[3])))) << "n " << n << " off " << off;
             EXPECT_TRUE(sameBits(c.re, float(re)) && sameBits(c.im, float(im))) << "n " << n << " off " << off;
             // the mean divides the rounded single total; the complex mean the unrounded one
             EXPECT_TRUE(sameBits(mean, float(double(s) / double(n))));
