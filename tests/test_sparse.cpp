@@ -5,6 +5,7 @@
 #include <cmath>
 #include <complex>
 #include <functional>
+#include <memory>
 
 #include "vrx_test.h"
 
@@ -26,22 +27,14 @@ struct Api {
 };
 
 // E: the element type, S: the state type. FIR forms take no feedback count.
-template <class E, class S> struct Entry {
-    static const E* in(const float* p) { return reinterpret_cast<const E*>(p); }
-    static VrxStatus run(VrxStatus (*f)(const E*, E*, int, S*), const float* s, float* d, int n, void* st) {
-        return f(in(s), reinterpret_cast<E*>(d), n, static_cast<S*>(st));
-    }
-};
 #define SPARSE_KIND(name, t, E, Kind, S, iir, ...)                                                         \
     Api{name, sizeof(E) == 8, iir,                                                                        \
         [](int n1, int n2, int o1, int o2, int* s) { return vrxs##Kind##SparseGetStateSize_##t(__VA_ARGS__); }, \
         [](void** pp, const float* tp, const int* p, int n1, int n2, const float* l, uint8_t* b) {       \
-            return vrxs##Kind##SparseInit_##t(reinterpret_cast<S**>(pp), Entry<E, S>::in(tp), p, n1,      \
-                                              SPARSE_N2_##Kind Entry<E, S>::in(l), b); },               \
-        [](const float* s, float* d, int n, void* st) { return Entry<E, S>::run(vrxs##Kind##Sparse_##t, s, d, n, st); }, \
-        [](const void* st, float* l) {                                                                    \
-            return vrxs##Kind##SparseGetDlyLine_##t(static_cast<const S*>(st), reinterpret_cast<E*>(l)); }, \
-        [](void* st, const float* l) { return vrxs##Kind##SparseSetDlyLine_##t(static_cast<S*>(st), Entry<E, S>::in(l)); }}
+            return vrxs##Kind##SparseInit_##t((S**)pp, (const E*)tp, p, n1, SPARSE_N2_##Kind(const E*)l, b); }, \
+        [](const float* s, float* d, int n, void* st) { return vrxs##Kind##Sparse_##t((const E*)s, (E*)d, n, (S*)st); }, \
+        [](const void* st, float* l) { return vrxs##Kind##SparseGetDlyLine_##t((const S*)st, (E*)l); },  \
+        [](void* st, const float* l) { return vrxs##Kind##SparseSetDlyLine_##t((S*)st, (const E*)l); }}
 #define SPARSE_N2_FIR
 #define SPARSE_N2_IIR n2,
 
@@ -88,100 +81,72 @@ Filt makeFilt(vt::Rng& g, const Api& k, int n1, int o1, int n2, int minFb, int o
     return f;
 }
 
-std::vector<float> randomSignal(vt::Rng& g, size_t scalars) {
-    std::vector<float> v(scalars);
-    for (float& x : v) x = float(g.uniform() * 2 - 1);
-    return v;
-}
-
-// A state in its own block (size from the query), at an offset into it.
+// A state in a guarded block of the queried size, at a byte offset from
+// a 64-byte boundary.
 struct Box {
-    std::vector<uint8_t> mem;
+    std::unique_ptr<vt::Buffer> mem;
     void* st = nullptr;
     Box(const Api& k, const Filt& f, const float* line = nullptr, size_t off = 0) {
         int sz = 0;
         EXPECT_EQ(k.size(f.n1, f.n2, f.o1(), f.o2(), &sz), vrxOk);
-        mem.assign(size_t(sz) + off, 0);
-        EXPECT_EQ(k.init(&st, f.taps.data(), f.pos.data(), f.n1, f.n2, line, mem.data() + off), vrxOk);
+        mem = std::make_unique<vt::Buffer>(size_t(sz), off);
+        EXPECT_EQ(k.init(&st, f.taps.data(), f.pos.data(), f.n1, f.n2, line, mem->data()), vrxOk);
     }
+    std::vector<uint8_t> bytes() const { return vt::vec(mem->data(), mem->size()); }
 };
 
 // --------------------------------------------------------------- models
 using LC = std::complex<long double>;
 LC at(const std::vector<float>& v, bool c, long i) { return c ? LC(v[2 * i], v[2 * i + 1]) : LC(v[i], 0); }
 
-// Long double: the line (inputs then outputs, oldest first) before x.
-// bound receives, per output, what single precision may miss: one rounding
-// of the running sum per fused step (two for complex taps), plus the errors
-// of earlier outputs carried through the feedback taps.
-std::vector<LC> modelLong(const Api& k, const Filt& f, const std::vector<float>& line, const std::vector<float>& x,
-                          std::vector<long double>* bound) {
-    const long n = long(x.size()) / k.k(), o1 = f.o1(), o2 = f.o2();
-    const long double u = 0x1p-24L * (k.cplx ? 2 : 1) * (f.n1 + 2 * f.n2 + 1);
-    std::vector<LC> xs(o1 + n), ys(o2 + n);
-    std::vector<long double> bd(o2 + n, 0);
-    for (long i = 0; i < o1; ++i) xs[i] = line.empty() ? 0 : at(line, k.cplx, i);
-    for (long i = 0; i < o2; ++i) ys[i] = line.empty() ? 0 : at(line, k.cplx, o1 + i);
-    for (long i = 0; i < n; ++i) xs[o1 + i] = at(x, k.cplx, i);
-    for (long i = 0; i < n; ++i) {
-        LC acc = 0;
-        long double s = 0, carried = 0;
-        for (int t = 0; t < f.n1; ++t) {
-            LC term = at(f.taps, k.cplx, t) * xs[o1 + i - f.pos[t]];
-            acc += term;
-            s += std::abs(term);
-        }
-        for (int t = f.n1; t < f.n1 + f.n2; ++t) {
-            LC a = at(f.taps, k.cplx, t);
-            LC term = a * ys[o2 + i - f.pos[t]];
-            acc -= term;
-            s += std::abs(term);
-            carried += std::abs(a) * bd[o2 + i - f.pos[t]];
-        }
-        ys[o2 + i] = acc;
-        bd[o2 + i] = u * (s + carried) + carried + 1e-37L;
-    }
-    bound->assign(bd.begin() + o2, bd.end());
-    return std::vector<LC>(ys.begin() + o2, ys.end());
-}
-
-// Float, in the documented order of fused steps: the feed-forward chain from
-// +0 (complex: re*x first, then the cross term), then one fused subtraction
-// per feedback tap. The library must give these bits.
-std::vector<float> modelSteps(const Api& k, const Filt& f, const std::vector<float>& line, const std::vector<float>& x) {
+// Two models of the filter over x after the line (inputs then outputs,
+// oldest first). In float, in the documented order of fused steps: the
+// feed-forward chain from +0 (complex: re*x first, then the cross term), then
+// one fused subtraction per feedback tap (the same steps with the tap
+// negated); the library must give these bits. In long double, with per
+// output the bound of what single precision may miss: one rounding of the
+// running sum per fused step (two for complex taps), plus the errors of
+// earlier outputs carried through the feedback taps.
+struct Model { std::vector<float> steps; std::vector<LC> ref; std::vector<long double> bound; };
+Model model(const Api& k, const Filt& f, const std::vector<float>& line, const std::vector<float>& x) {
     const long c = k.k(), n = long(x.size()) / c, o1 = f.o1(), o2 = f.o2();
+    const long double u = 0x1p-24L * c * (f.n1 + 2 * f.n2 + 1);
     std::vector<float> xs(c * (o1 + n), 0.f), ys(c * (o2 + n), 0.f);
     if (!line.empty()) {
         std::copy(line.begin(), line.begin() + c * o1, xs.begin());
         std::copy(line.begin() + c * o1, line.end(), ys.begin());
     }
     std::copy(x.begin(), x.end(), xs.begin() + c * o1);
+    std::vector<LC> yl(o2 + n);
+    std::vector<long double> bd(o2 + n, 0);
+    for (long i = 0; i < o2; ++i) yl[i] = at(ys, k.cplx, i);
     for (long i = 0; i < n; ++i) {
         float re = 0.f, im = 0.f;
-        for (int t = 0; t < f.n1; ++t) {
-            const float* v = &xs[c * (o1 + i - f.pos[t])];
+        LC acc = 0;
+        long double s = 0, carried = 0;
+        for (int t = 0; t < f.n1 + f.n2; ++t) {
+            const bool fb = t >= f.n1;
+            const long j = fb ? o2 + i - f.pos[t] : o1 + i - f.pos[t];
+            const float* v = fb ? &ys[c * j] : &xs[c * j];
+            const float tr = fb ? -f.taps[c * t] : f.taps[c * t], ti = !k.cplx ? 0.f : fb ? -f.taps[c * t + 1] : f.taps[c * t + 1];
             if (!k.cplx) {
-                re = std::fmaf(f.taps[t], v[0], re);
+                re = std::fmaf(tr, v[0], re);
             } else {
-                const float tr = f.taps[2 * t], ti = f.taps[2 * t + 1];
                 re = std::fmaf(-ti, v[1], std::fmaf(tr, v[0], re));
                 im = std::fmaf(ti, v[0], std::fmaf(tr, v[1], im));
             }
-        }
-        for (int t = f.n1; t < f.n1 + f.n2; ++t) {
-            const float* v = &ys[c * (o2 + i - f.pos[t])];
-            if (!k.cplx) {
-                re = std::fmaf(-f.taps[t], v[0], re);
-            } else {
-                const float ar = f.taps[2 * t], ai = f.taps[2 * t + 1];
-                re = std::fmaf(ai, v[1], std::fmaf(-ar, v[0], re));
-                im = std::fmaf(-ai, v[0], std::fmaf(-ar, v[1], im));
-            }
+            const LC a = at(f.taps, k.cplx, t), term = a * (fb ? yl[j] : at(xs, k.cplx, j));
+            acc += fb ? -term : term;
+            s += std::abs(term);
+            if (fb) carried += std::abs(a) * bd[j];
         }
         ys[c * (o2 + i)] = re;
         if (k.cplx) ys[c * (o2 + i) + 1] = im;
+        yl[o2 + i] = acc;
+        bd[o2 + i] = u * (s + carried) + carried + 1e-37L;
     }
-    return std::vector<float>(ys.begin() + c * o2, ys.end());
+    return {std::vector<float>(ys.begin() + c * o2, ys.end()), std::vector<LC>(yl.begin() + o2, yl.end()),
+            std::vector<long double>(bd.begin() + o2, bd.end())};
 }
 
 std::vector<float> runWhole(const Api& k, const Filt& f, const std::vector<float>& x, const float* line = nullptr) {
@@ -195,9 +160,7 @@ std::vector<float> runWhole(const Api& k, const Filt& f, const std::vector<float
 // block (2048 real / 1024 complex samples), feedback from position 1 (one by
 // one), from 2..15 (partial groups) and from 16 up (whole registers), dense
 // stretches.
-struct Shape {
-    int n1, o1, n2, minFb, o2;
-};
+struct Shape { int n1, o1, n2, minFb, o2; };
 const Shape kShapes[] = {
     {1, 0, 1, 1, 1},       {1, 7, 1, 16, 16},     {3, 2, 2, 1, 2},        {5, 40, 3, 8, 33},
     {32, 4096, 4, 16, 4000}, {32, 31, 6, 17, 300}, {7, 2500, 2, 1500, 2600}, {12, 300, 5, 1, 5},
@@ -211,60 +174,51 @@ TEST(Sparse, ValuesMatchLongDoubleAndStepOrder) {
         for (const Shape& s : kShapes) {
             for (int len : {1, 15, 16, 17, 129, 5000}) {
                 Filt f = makeFilt(g, k, s.n1, s.o1, s.n2, s.minFb, s.o2, len != 15);
-                std::vector<float> line = len % 2 ? randomSignal(g, size_t(k.k()) * f.lineLen()) : std::vector<float>();
-                std::vector<float> x = randomSignal(g, size_t(k.k()) * len);
+                std::vector<float> line = len % 2 ? vt::noise(g.next(), size_t(k.k()) * f.lineLen()) : std::vector<float>();
+                std::vector<float> x = vt::noise(g.next(), size_t(k.k()) * len);
                 const unsigned csr = _mm_getcsr();
                 std::vector<float> y = runWhole(k, f, x, line.empty() ? nullptr : line.data());
                 EXPECT_EQ(_mm_getcsr(), csr);
-                std::vector<long double> bound;
-                std::vector<LC> ref = modelLong(k, f, line, x, &bound);
-                std::vector<float> steps = modelSteps(k, f, line, x);
-                int bad = 0;
-                for (int i = 0; i < len && bad < 5; ++i) {
-                    LC got = at(y, k.cplx, i);
-                    if (std::abs(got - ref[i]) > bound[i]) {
-                        ++bad;
-                        ADD_FAILURE() << k.name << " shape " << s.n1 << "/" << s.o1 << "/" << s.n2 << " len " << len
-                                      << " i " << i << " got " << double(got.real()) << " ref " << double(ref[i].real());
-                    }
-                }
-                EXPECT_EQ(0, memcmp(y.data(), steps.data(), y.size() * sizeof(float)))
+                const Model m = model(k, f, line, x);
+                for (int i = 0; i < len; ++i)
+                    ASSERT_LE(std::abs(at(y, k.cplx, i) - m.ref[i]), m.bound[i])
+                        << k.name << " shape " << s.n1 << "/" << s.o1 << "/" << s.n2 << " len " << len << " i " << i;
+                EXPECT_EQ(0, memcmp(y.data(), m.steps.data(), y.size() * sizeof(float)))
                     << k.name << " step order, shape " << s.n1 << "/" << s.o1 << " len " << len;
             }
         }
     }
 }
 
-// Random pieces, in place and out of place, give the bits of one call, and
-// the line going out is the same.
-TEST(Sparse, PiecesAndInPlaceEqualOneCall) {
+// Random pieces, in place and out of place, with the state at every start
+// modulo 64 bytes, give the bits of one call and the same line going out;
+// nothing outside the queried size is written.
+TEST(Sparse, PiecesInPlaceAndEveryStartEqualOneCall) {
     vt::Rng g(2);
     for (const Api& k : kinds()) {
         for (const Shape& s : kShapes) {
             Filt f = makeFilt(g, k, s.n1, s.o1, s.n2, s.minFb, s.o2);
             const int len = 9000;
-            std::vector<float> x = randomSignal(g, size_t(k.k()) * len);
+            std::vector<float> x = vt::noise(g.next(), size_t(k.k()) * len), want = runWhole(k, f, x);
+            std::vector<float> wantLine(size_t(k.k()) * f.lineLen() + 1, 0.f), line(wantLine);
             Box one(k, f);
-            std::vector<float> want(x.size());
-            ASSERT_EQ(k.run(x.data(), want.data(), len, one.st), vrxOk);
-            std::vector<float> wantLine(size_t(k.k()) * f.lineLen() + 1, 0.f);
+            ASSERT_EQ(k.run(x.data(), std::vector<float>(x.size()).data(), len, one.st), vrxOk);
             ASSERT_EQ(k.get(one.st, wantLine.data()), vrxOk);
-            for (int maxPiece : {70, 3000}) {
-                for (bool inPlace : {false, true}) {
-                    Box b(k, f, nullptr, size_t(g.range(0, 63)));
-                    std::vector<float> y = inPlace ? x : std::vector<float>(x.size());
-                    int done = 0;
-                    for (int p : vt::randomPieces(g, len, maxPiece)) {
-                        const float* src = (inPlace ? y.data() : x.data()) + size_t(k.k()) * done;
-                        ASSERT_EQ(k.run(src, y.data() + size_t(k.k()) * done, p, b.st), vrxOk);
-                        done += p;
-                    }
-                    EXPECT_EQ(0, memcmp(y.data(), want.data(), y.size() * sizeof(float)))
-                        << k.name << " pieces up to " << maxPiece << (inPlace ? " in place" : "");
-                    std::vector<float> line(wantLine.size(), 0.f);
-                    ASSERT_EQ(k.get(b.st, line.data()), vrxOk);
-                    EXPECT_EQ(line, wantLine) << k.name;
+            for (size_t off = 0; off < 64; off += 4) {
+                const int maxPiece = off % 8 ? 70 : 3000;
+                const bool inPlace = off % 16 >= 8;
+                Box b(k, f, nullptr, off);
+                std::vector<float> y = inPlace ? x : std::vector<float>(x.size());
+                int done = 0;
+                for (int p : vt::randomPieces(g, len, maxPiece)) {
+                    const float* src = (inPlace ? y.data() : x.data()) + size_t(k.k()) * done;
+                    ASSERT_EQ(k.run(src, y.data() + size_t(k.k()) * done, p, b.st), vrxOk);
+                    done += p;
                 }
+                ASSERT_EQ(k.get(b.st, line.data()), vrxOk);
+                EXPECT_EQ(y, want) << k.name << " pieces up to " << maxPiece << (inPlace ? " in place" : "");
+                EXPECT_EQ(line, wantLine) << k.name;
+                EXPECT_TRUE(b.mem->guardsIntact()) << k.name << " offset " << off;
             }
         }
     }
@@ -278,7 +232,7 @@ TEST(Sparse, DelayLineRoundTripAndContinuity) {
         for (const Shape& s : kShapes) {
             Filt f = makeFilt(g, k, s.n1, s.o1, s.n2, s.minFb, s.o2);
             const int c = k.k(), L = f.lineLen(), len = 3000;
-            std::vector<float> x = randomSignal(g, size_t(c) * 2 * len);
+            std::vector<float> x = vt::noise(g.next(), size_t(c) * 2 * len);
             std::vector<float> whole = runWhole(k, f, x);
             // first half, then the line out
             Box a(k, f);
@@ -287,56 +241,27 @@ TEST(Sparse, DelayLineRoundTripAndContinuity) {
             std::vector<float> line(size_t(c) * L + 1, 0.f);
             ASSERT_EQ(k.get(a.st, line.data()), vrxOk);
             // inputs, oldest first, then outputs; zeros before the first sample
-            for (long i = 0; i < long(c) * f.o1(); ++i) {
-                const long t = long(c) * (len - f.o1()) + i;
-                ASSERT_EQ(line[i], t < 0 ? 0.f : x[t]) << k.name << " input line " << i;
-            }
-            for (long i = 0; i < long(c) * f.o2(); ++i) {
-                const long t = long(c) * (len - f.o2()) + i;
-                ASSERT_EQ(line[long(c) * f.o1() + i], t < 0 ? 0.f : y[t]) << k.name << " output line " << i;
+            for (long i = 0; i < long(c) * L; ++i) {
+                const bool in = i < long(c) * f.o1();
+                const long t = in ? long(c) * (len - f.o1()) + i : long(c) * (len - f.o2() - f.o1()) + i;
+                ASSERT_EQ(line[i], t < 0 ? 0.f : (in ? x : y)[t]) << k.name << " line " << i;
             }
             // a fresh state from that line, by Init and by Set, continues the signal
-            Box b(k, f, line.data());
-            Box z(k, f);
+            Box b(k, f, line.data()), z(k, f);
             ASSERT_EQ(k.set(z.st, line.data()), vrxOk);
-            std::vector<float> yb(size_t(c) * len), yz(size_t(c) * len);
-            ASSERT_EQ(k.run(x.data() + size_t(c) * len, yb.data(), len, b.st), vrxOk);
-            ASSERT_EQ(k.run(x.data() + size_t(c) * len, yz.data(), len, z.st), vrxOk);
-            EXPECT_EQ(0, memcmp(yb.data(), whole.data() + size_t(c) * len, yb.size() * sizeof(float))) << k.name;
-            EXPECT_EQ(yz, yb) << k.name;
-            // Set with null after a run: back to zeros, the bits of a fresh state
-            ASSERT_EQ(k.set(a.st, nullptr), vrxOk);
-            ASSERT_EQ(k.run(x.data(), y.data(), len, a.st), vrxOk);
-            EXPECT_EQ(0, memcmp(y.data(), whole.data(), size_t(c) * len * sizeof(float))) << k.name;
+            for (void* st : {b.st, z.st}) {
+                std::vector<float> yb(size_t(c) * len);
+                ASSERT_EQ(k.run(x.data() + size_t(c) * len, yb.data(), len, st), vrxOk);
+                EXPECT_TRUE(std::equal(yb.begin(), yb.end(), whole.begin() + size_t(c) * len)) << k.name;
+            }
+            // Set with null after a run: zeros (nothing written past the line), the bits of a fresh state
             std::vector<float> zero(line.size(), 1.f);
             ASSERT_EQ(k.set(a.st, nullptr), vrxOk);
             ASSERT_EQ(k.get(a.st, zero.data()), vrxOk);
-            for (int i = 0; i < c * L; ++i) ASSERT_EQ(zero[i], 0.f);
-            EXPECT_EQ(zero[size_t(c) * L], 1.f) << "wrote past the line";
-        }
-    }
-}
-
-// The reported size holds the state at every start modulo 64 bytes; nothing
-// outside it is written by Init, runs and Set.
-TEST(Sparse, SizeQueryCoversEveryStart) {
-    vt::Rng g(4);
-    for (const Api& k : kinds()) {
-        Filt f = makeFilt(g, k, 9, 2100, 3, 20, 2300);
-        int sz = 0;
-        ASSERT_EQ(k.size(f.n1, f.n2, f.o1(), f.o2(), &sz), vrxOk);
-        // at least the windows: history plus a block, per signal
-        EXPECT_GE(sz, int(sizeof(float)) * k.k() * (f.o1() + f.o2() + 2048 / k.k()));
-        std::vector<float> x = randomSignal(g, size_t(k.k()) * 5000), want = runWhole(k, f, x);
-        for (size_t off = 0; off < 64; off += 4) {
-            vt::Buffer buf(size_t(sz), off);
-            void* st = nullptr;
-            ASSERT_EQ(k.init(&st, f.taps.data(), f.pos.data(), f.n1, f.n2, nullptr, buf.data()), vrxOk);
-            ASSERT_GE(static_cast<uint8_t*>(st), buf.data());
-            std::vector<float> y(x.size());
-            ASSERT_EQ(k.run(x.data(), y.data(), 5000, st), vrxOk);
-            EXPECT_EQ(y, want);
-            EXPECT_TRUE(buf.guardsIntact()) << k.name << " offset " << off;
+            ASSERT_EQ(k.run(x.data(), y.data(), len, a.st), vrxOk);
+            EXPECT_TRUE(std::equal(y.begin(), y.begin() + size_t(c) * len, whole.begin())) << k.name;
+            zero.back() -= 1.f;
+            EXPECT_EQ(zero, std::vector<float>(line.size(), 0.f)) << k.name;
         }
     }
 }
@@ -345,30 +270,21 @@ TEST(Sparse, SizeQueryCoversEveryStart) {
 constexpr uint8_t kFill = 0x5A;
 
 TEST(Sparse, SizeQueryStatuses) {
-    struct Case {
-        bool iir;
-        int n1, n2, o1, o2;
-        bool nullSize;
-        VrxStatus want;
-    };
+    struct Case { bool iir; int n1, n2, o1, o2; bool nullSize; VrxStatus want; };
     const Case cases[] = {
-        {false, 1, 0, 0, 0, false, vrxOk},
-        {false, 4, 0, 3, 0, false, vrxOk},
+        {false, 1, 0, 0, 0, false, vrxOk}, {false, 4, 0, 3, 0, false, vrxOk},
         {false, 4, 0, 2, 0, false, vrxErrSparseTaps},      // order < count - 1
         {false, 0, 0, 5, 0, false, vrxErrFirLen},          // no tap
         {false, -1, 0, -9, 0, false, vrxErrFirLen},        // the count before the order
         {false, 1, 0, -1, 0, false, vrxErrSparseTaps},     // negative order
-        {false, 1, 0, 2147483000, 0, false, vrxErrNoMemory},
-        {true, 1, 1, 0, 1, false, vrxOk},
+        {false, 1, 0, 2147483000, 0, false, vrxErrNoMemory}, {true, 1, 1, 0, 1, false, vrxOk},
         {true, 3, 2, 2, 2, false, vrxOk},
         {true, 3, 2, 1, 2, false, vrxErrSparseTaps},       // order1 < count1 - 1
         {true, 3, 2, 2, 1, false, vrxErrSparseTaps},       // order2 < count2
         {true, 1, 1, 0, 0, false, vrxErrSparseTaps},       // feedback order 0
         {true, 0, 1, 0, 1, false, vrxErrSparseTaps},       // no feed-forward tap
         {true, 1, 0, 0, 1, false, vrxErrSparseTaps},       // no feedback tap
-        {true, 0, 1, 0, 1, true, vrxErrNullPtr},
-        {true, 1, 1, 0, 2147483000, false, vrxErrNoMemory},
-    };
+        {true, 0, 1, 0, 1, true, vrxErrNullPtr}, {true, 1, 1, 0, 2147483000, false, vrxErrNoMemory}};
     for (const Api& k : kinds()) {
         for (const Case& c : cases) {
             if (c.iir != k.iir) continue;
@@ -382,14 +298,8 @@ TEST(Sparse, SizeQueryStatuses) {
 }
 
 TEST(Sparse, InitStatusesWriteNothing) {
-    struct Case {
-        const char* what;
-        bool iir;
-        std::vector<int> pos;
-        int n1, n2;
-        int nullArg;  // 0 ppState, 1 taps, 2 positions, 3 buffer, -1 none
-        VrxStatus want;
-    };
+    // nullArg: 0 ppState, 1 taps, 2 positions, 3 buffer, -1 none
+    struct Case { const char* what; bool iir; std::vector<int> pos; int n1, n2, nullArg; VrxStatus want; };
     const Case cases[] = {
         {"negative position", false, {-1, 3}, 2, 0, -1, vrxErrSparseTaps},
         {"equal positions", false, {0, 3, 3}, 3, 0, -1, vrxErrSparseTaps},
@@ -417,55 +327,33 @@ TEST(Sparse, InitStatusesWriteNothing) {
                                  c.nullArg == 2 ? nullptr : c.pos.data(), c.n1, c.n2, line.data(),
                                  c.nullArg == 3 ? nullptr : buf.data());
             EXPECT_EQ(r, c.want) << k.name << ": " << c.what;
-            if (r != vrxOk) {
-                EXPECT_EQ(st, reinterpret_cast<void*>(uintptr_t(0x1234))) << k.name << ": " << c.what;
-                bool clean = true;
-                for (uint8_t b : buf) clean &= b == kFill;
-                EXPECT_TRUE(clean) << k.name << ": " << c.what << ": buffer written";
-            }
+            if (r == vrxOk) continue;
+            EXPECT_EQ(st, reinterpret_cast<void*>(uintptr_t(0x1234))) << k.name << ": " << c.what;
+            EXPECT_EQ(buf, std::vector<uint8_t>(buf.size(), kFill)) << k.name << ": " << c.what << ": buffer written";
         }
     }
 }
 
-// Run, Get and Set: the length before the identity word -17; a state of the
-// other kind is refused; nothing written on failure.
+// Run, Get and Set refuse a zero identity word and the state of the other
+// FIR/IIR kind (-17), writing nothing.
 TEST(Sparse, RunAndLineStatuses) {
     vt::Rng g(5);
     for (const Api& k : kinds()) {
-        Filt f = makeFilt(g, k, 3, 10, 2, 1, 4);
-        Box b(k, f);
-        std::vector<uint8_t> stateBefore = b.mem;
-        std::vector<uint8_t> alien(b.mem.size() + 64, 0);  // zero word: no state
-        // the state of the other FIR/IIR kind of the same type
+        std::vector<uint8_t> alien(1 << 16, 0);
         const Api& other = kinds()[(&k - kinds().data()) ^ 2];
-        Filt fo = makeFilt(g, other, 3, 10, 2, 1, 4);
-        Box ob(other, fo);
+        Box ob(other, makeFilt(g, other, 3, 10, 2, 1, 4));
+        const std::vector<uint8_t> otherBefore = ob.bytes();
         std::vector<float> x(64, 1.f), y(64, 9.f), line(64, 9.f);
-        struct Case {
-            const char* what;
-            const float* src;
-            float* dst;
-            int len;
-            void* st;
-            VrxStatus want;
-        };
-        const Case cases[] = {
-            {"negative length, foreign state", x.data(), y.data(), -5, alien.data(), vrxErrBadLength},
-            {"zero word", x.data(), y.data(), 8, alien.data(), vrxErrBadSpec},
-            {"other kind's state", x.data(), y.data(), 8, ob.st, vrxErrBadSpec},
-        };
-        for (const Case& c : cases) {
-            EXPECT_EQ(k.run(c.src, c.dst, c.len, c.st), c.want) << k.name << ": " << c.what;
-            for (float v : y) ASSERT_EQ(v, 9.f) << k.name << ": " << c.what;
+        for (void* st : {(void*)alien.data(), ob.st}) {
+            EXPECT_EQ(k.run(x.data(), y.data(), 8, st), vrxErrBadSpec) << k.name;
+            EXPECT_EQ(k.get(st, line.data()), vrxErrBadSpec) << k.name;
+            EXPECT_EQ(k.set(st, line.data()), vrxErrBadSpec) << k.name;
+            EXPECT_EQ(k.set(st, nullptr), vrxErrBadSpec) << k.name;
         }
-        EXPECT_EQ(b.mem, stateBefore) << k.name << ": state written by a failed run";
-        EXPECT_EQ(k.get(alien.data(), line.data()), vrxErrBadSpec);
-        EXPECT_EQ(k.get(ob.st, line.data()), vrxErrBadSpec);
-        for (float v : line) ASSERT_EQ(v, 9.f) << k.name << ": line written on failure";
-        EXPECT_EQ(k.set(alien.data(), line.data()), vrxErrBadSpec);
-        EXPECT_EQ(k.set(ob.st, nullptr), vrxErrBadSpec);
-        EXPECT_EQ(b.mem, stateBefore) << k.name << ": state written by a failed Set";
-        for (uint8_t v : alien) ASSERT_EQ(v, 0);
+        EXPECT_EQ(y, std::vector<float>(64, 9.f)) << k.name << ": written on failure";
+        EXPECT_EQ(line, std::vector<float>(64, 9.f)) << k.name << ": line written on failure";
+        EXPECT_EQ(ob.bytes(), otherBefore) << k.name << ": a foreign state written";
+        EXPECT_EQ(alien, std::vector<uint8_t>(alien.size(), 0));
     }
 }
 

@@ -118,4 +118,12 @@ inline std::vector<CLD> refDft(const std::vector<CLD>& x, bool inverse) {
     return a;
 }
 
+// ------------------------------------------------------------ special
+// The modified Bessel function I0, by its power series in long double.
+inline LD besselI0(LD x) {
+    LD t = 1, s = 1;
+    for (int k = 1; k < 500 && t > 1e-22L * s; ++k) s += t *= (x / 2) * (x / 2) / ((LD)k * k);
+    return s;
+}
+
 }  // namespace vt

@@ -122,3 +122,11 @@ template <class E> std::vector<E> randElems(Rng& r, size_t n) {
 inline int16_t sat16(long double x) { return (int16_t)std::max(-32768.0L, std::min(32767.0L, nearbyintl(x))); }
 
 }  // namespace vt
+
+namespace vt {
+
+// The x87 control word, read and set.
+inline unsigned short x87Cw() { unsigned short cw; __asm__ __volatile__("fnstcw %0" : "=m"(cw)); return cw; }
+inline void setX87Cw(unsigned short cw) { __asm__ __volatile__("fldcw %0" ::"m"(cw)); }
+
+}  // namespace vt
