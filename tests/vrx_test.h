@@ -122,3 +122,12 @@ template <class E> std::vector<E> randElems(Rng& r, size_t n) {
 inline int16_t sat16(long double x) { return (int16_t)std::max(-32768.0L, std::min(32767.0L, nearbyintl(x))); }
 
 }  // namespace vt
+
+namespace vt {
+
+// Two vectors of the same length with the same bits (+0 differs from -0).
+template <class T> bool sameBitsAll(const std::vector<T>& a, const std::vector<T>& b) {
+    return a.size() == b.size() && (a.empty() || memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
+}
+
+}  // namespace vt
