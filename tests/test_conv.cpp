@@ -2,7 +2,6 @@
 // long-double reference; the path thresholds from both sides through the
 // exact work sizes; check orders; nothing written on failure.
 #include <complex>
-#include <functional>
 #include <limits>
 #include <vector>
 
@@ -14,23 +13,19 @@ using CLD = std::complex<long double>;
 using vt::randElems;
 using vt::toLC;
 
+// Per form: the size query's type, the Auto thresholds of the auto and the
+// cross correlation, the runs and the FFT plan sizes behind the work size.
 template <class E> struct Ty;
-template <> struct Ty<Vrx32f> {
-    static constexpr int kType = vrx32f, kAuto = 1200, kCross = 384;
-    static constexpr auto autoCorr = vrxsAutoCorrNorm_32f, cross = vrxsCrossCorrNorm_32f, fftSizes = vrxsFFTGetSize_R_32f;
-};
-template <> struct Ty<Vrx64f> {
-    static constexpr int kType = vrx64f, kAuto = 1200, kCross = 512;
-    static constexpr auto autoCorr = vrxsAutoCorrNorm_64f, cross = vrxsCrossCorrNorm_64f, fftSizes = vrxsFFTGetSize_R_64f;
-};
-template <> struct Ty<Vrx32fc> {
-    static constexpr int kType = vrx32fc, kAuto = 128, kCross = 256;
-    static constexpr auto autoCorr = vrxsAutoCorrNorm_32fc, cross = vrxsCrossCorrNorm_32fc, fftSizes = vrxsFFTGetSize_C_32fc;
-};
-template <> struct Ty<Vrx64fc> {
-    static constexpr int kType = vrx64fc, kAuto = 128, kCross = 512;
-    static constexpr auto autoCorr = vrxsAutoCorrNorm_64fc, cross = vrxsCrossCorrNorm_64fc, fftSizes = vrxsFFTGetSize_C_64fc;
-};
+#define CONV_TYPE(E, t, RC, autoMin, crossMin)                                                               \
+    template <> struct Ty<E> {                                                                                \
+        static constexpr int kType = vrx##t, kAuto = autoMin, kCross = crossMin;                              \
+        static constexpr auto autoCorr = vrxsAutoCorrNorm_##t, cross = vrxsCrossCorrNorm_##t;                 \
+        static constexpr auto fftSizes = vrxsFFTGetSize_##RC##_##t;                                           \
+    };
+CONV_TYPE(Vrx32f, 32f, R, 1200, 384)
+CONV_TYPE(Vrx64f, 64f, R, 1200, 512)
+CONV_TYPE(Vrx32fc, 32fc, C, 128, 256)
+CONV_TYPE(Vrx64fc, 64fc, C, 128, 512)
 template <class E> constexpr long double kEps = std::numeric_limits<typename vt::Elem<E>::S>::epsilon();
 
 long long up64(long long x) { return (x + 63) & ~63ll; }
@@ -88,15 +83,6 @@ template <class E> std::vector<Ref> refConv(const std::vector<E>& a, const std::
     std::vector<E> s(a.size() < b.size() ? a : b);  // the shorter, reversed; real only: conj is a no-op
     std::reverse(s.begin(), s.end());
     return refCross(s, a.size() < b.size() ? b : a, 1 - (long long)s.size(), int(a.size() + b.size() - 1));
-}
-
-void normalise(std::vector<Ref>& r, const std::function<long double(int)>& div) {
-    for (size_t n = 0; n < r.size(); ++n) {
-        const long double d = div(static_cast<int>(n));
-        if (d == 0) continue;
-        r[n].v /= d;
-        r[n].mag /= d;
-    }
 }
 
 // ================================================================ Convolve
@@ -312,15 +298,13 @@ TYPED_TEST(Corr, Definition) {
                                           : Ty<E>::cross(a.data(), c.n1, b.data(), c.n2, dst.as<E>(), c.dstLen, c.lowLag, c.alg | norm, work.data());
             ASSERT_EQ(st, vrxOk);
             EXPECT_TRUE(work.guardsIntact() && dst.guardsIntact());
-            auto ref = plain;
+            auto ref = plain;  // biased: over min(n1, n2); unbiased: over the lag's overlap, when there is one
             const int mn = std::min(c.n1, c.n2);
-            if (norm == vrxNormBiased) normalise(ref, [&](int) { return (long double)mn; });
-            if (norm == vrxNormUnbiased)
-                normalise(ref, [&](int n) {
-                    const long long lag = (long long)c.lowLag + n;
-                    const long long cnt = std::min<long long>(c.n1, c.n2 - lag) - std::max<long long>(0, -lag);
-                    return cnt > 0 ? (long double)cnt : 0.0L;
-                });
+            for (int n = 0; n < c.dstLen; ++n) {
+                const long long lag = (long long)c.lowLag + n, cnt = std::min<long long>(c.n1, c.n2 - lag) - std::max<long long>(0, -lag);
+                const long double div = norm == vrxNormBiased ? mn : norm == vrxNormUnbiased && cnt > 0 ? cnt : 1;
+                ref[n].v /= div, ref[n].mag /= div;
+            }
             if (!fft) expectClose(dst.as<E>(), ref, 0, 2 * (mn + 1) * kEps<E>, "direct");
             else expectClose(dst.as<E>(), ref, fftTol(a, b, order) / (norm == vrxNormBiased ? mn : 1), 0, "fft");
             const Lags g = lagsOf(c.n1, c.n2, c.dstLen, c.lowLag);
@@ -330,37 +314,17 @@ TYPED_TEST(Corr, Definition) {
     }
 }
 
-// The cross threshold from both sides, the D that counts being the one left
-// after the cut; no lag left: 64 bytes even on FFT.
-TYPED_TEST(Corr, CrossThreshold) {
-    using E = TypeParam;
-    const int t = Ty<E>::kCross;
-    struct { int n1, n2, D, lo; bool fft; } rows[] = {
-        {1000, 1000, t - 1, 0, false}, {1000, 1000, t, 0, true}, {1000, 2000, 2 * t - 1, 0, false},
-        {2000, 1000, 2 * t, -500, true}, {1000, 1000, t + 10, 990, false}, {1000, 1000, t + 10, -999 - 11, false},
-        {1000, 1000, t + 10, -999 - 10, true},
-    };
-    for (auto r : rows) {
-        int size = 0;
-        ASSERT_EQ(vrxsCrossCorrNormGetBufferSize(r.n1, r.n2, r.D, r.lo, Ty<E>::kType, vrxAlgAuto, &size), vrxOk);
-        EXPECT_EQ(size > 64, r.fft) << r.n1 << " " << r.n2 << " " << r.D << " " << r.lo;
-        EXPECT_EQ(size, expectedCrossSize<E>(r.n1, r.n2, r.D, r.lo, vrxAlgAuto));
-    }
-    int size = 0;
-    ASSERT_EQ(vrxsCrossCorrNormGetBufferSize(10, 10, 5, 50, Ty<E>::kType, vrxAlgFFT, &size), vrxOk);
-    EXPECT_EQ(size, 64);
-}
-
 // Exact sizes over many shapes, every selector; the lengths straddle the
 // auto threshold of min(srcLen, dstLen) (1200 real, 128 complex) through
-// either length.
-TYPED_TEST(Corr, SizesExact) {
+// either length. The cross threshold from both sides, the D that counts
+// being the one left after the cut; no lag left: 64 bytes even on FFT.
+TYPED_TEST(Corr, SizesExactAndCrossThreshold) {
     using E = TypeParam;
-    const int lens[] = {1, 2, 63, 64, 127, 128, 129, 383, 384, 600, 1199, 1200, 1201, 4096, 65536};
+    const int t = Ty<E>::kCross, lens[] = {1, 2, 63, 64, 127, 128, 129, 383, 384, 600, 1199, 1200, 1201, 4096, 65536};
+    int size = -1;
     for (int n1 : lens)
         for (int n2 : lens)
             for (int alg : {0, 1, 2}) {
-                int size = -1;
                 ASSERT_EQ(vrxsAutoCorrNormGetBufferSize(n1, n2, Ty<E>::kType, alg | vrxNormBiased, &size), vrxOk);
                 EXPECT_EQ(size, expectedAutoSize<E>(n1, n2, alg)) << n1 << " " << n2 << " " << alg;
                 for (int lo : {-n1 - 5, -n1 / 2, 0, n2 / 3, n2}) {
@@ -369,6 +333,16 @@ TYPED_TEST(Corr, SizesExact) {
                     EXPECT_EQ(size, expectedCrossSize<E>(n1, n2, D, lo, alg)) << n1 << " " << n2 << " " << lo;
                 }
             }
+    struct { int n1, n2, D, lo, alg; bool fft; } rows[] = {
+        {1000, 1000, t - 1, 0, 0, false}, {1000, 1000, t, 0, 0, true}, {1000, 2000, 2 * t - 1, 0, 0, false},
+        {2000, 1000, 2 * t, -500, 0, true}, {1000, 1000, t + 10, 990, 0, false}, {1000, 1000, t + 10, -999 - 11, 0, false},
+        {1000, 1000, t + 10, -999 - 10, 0, true}, {10, 10, 5, 50, vrxAlgFFT, false},
+    };
+    for (auto r : rows) {
+        ASSERT_EQ(vrxsCrossCorrNormGetBufferSize(r.n1, r.n2, r.D, r.lo, Ty<E>::kType, r.alg, &size), vrxOk);
+        EXPECT_EQ(size > 64, r.fft) << r.n1 << " " << r.n2 << " " << r.D << " " << r.lo;
+        EXPECT_EQ(size, expectedCrossSize<E>(r.n1, r.n2, r.D, r.lo, r.alg));
+    }
 }
 
 // A bad norm byte: the unnormalised result is written, then -228. Before

@@ -14,35 +14,33 @@ namespace {
 using vt::randElems;
 using vt::sameBits;
 
+// Per form: the state, the Auto thresholds (taps, iterations), the FFT
+// sizes of the plan inside and the state's tap region for N taps.
 template <class E> struct Form;
-template <> struct Form<Vrx32f> {
-    using State = VrxsFirState_32f;
-    static constexpr int kSel = vrx32f, kMinTaps = 52, kMinIters = 256;
-    static constexpr auto init = vrxsFIRSRInit_32f, run = vrxsFIRSR_32f;
-    static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_R_32f(o, 2, 0, P, T, W); }
-    static int64_t region(int64_t N) { return std::max<int64_t>((32 * N + 63) / 64 * 64, 32 * ((N + 16) & ~7)); }
-};
-template <> struct Form<Vrx64f> {
-    using State = VrxsFirState_64f;
-    static constexpr int kSel = vrx64f, kMinTaps = 34, kMinIters = 512;
-    static constexpr auto init = vrxsFIRSRInit_64f, run = vrxsFIRSR_64f;
-    static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_R_64f(o, 2, 0, P, T, W); }
-    static int64_t region(int64_t N) { return std::max<int64_t>((32 * N + 63) / 64 * 64, (16 * ((N + 2) & ~1) + 63) / 64 * 64); }
-};
-template <> struct Form<Vrx32fc> {
-    using State = VrxsFirState_32fc;
-    static constexpr int kSel = vrx32fc, kMinTaps = 18, kMinIters = 128;
-    static constexpr auto init = vrxsFIRSRInit_32fc, run = vrxsFIRSR_32fc;
-    static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_C_32fc(o, 2, 0, P, T, W); }
-    static int64_t region(int64_t N) { return (32 * N + 63) / 64 * 64; }
-};
-template <> struct Form<Vrx64fc> {
-    using State = VrxsFirState_64fc;
-    static constexpr int kSel = vrx64fc, kMinTaps = 21, kMinIters = 256;
-    static constexpr auto init = vrxsFIRSRInit_64fc, run = vrxsFIRSR_64fc;
-    static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_C_64fc(o, 2, 0, P, T, W); }
-    static int64_t region(int64_t N) { return std::max<int64_t>((16 * N + 63) / 64 * 64, 64 * N); }
-};
+#define FIR_FORM(E, t, RC, minTaps, minIters, REGION)                                                       \
+    template <> struct Form<E> {                                                                               \
+        using State = VrxsFirState_##t;                                                                       \
+        static constexpr int kSel = vrx##t, kMinTaps = minTaps, kMinIters = minIters;                       \
+        static constexpr auto init = vrxsFIRSRInit_##t, run = vrxsFIRSR_##t;                                 \
+        static void fft(int o, int* P, int* T, int* W) { vrxsFFTGetSize_##RC##_##t(o, 2, 0, P, T, W); }        \
+        static int64_t region(int64_t N) { return REGION; }                                                    \
+    };
+FIR_FORM(Vrx32f, 32f, R, 52, 256, std::max<int64_t>((32 * N + 63) / 64 * 64, 32 * ((N + 16) & ~7)))
+FIR_FORM(Vrx64f, 64f, R, 34, 512, std::max<int64_t>((32 * N + 63) / 64 * 64, (16 * ((N + 2) & ~1) + 63) / 64 * 64))
+FIR_FORM(Vrx32fc, 32fc, C, 18, 128, (32 * N + 63) / 64 * 64)
+FIR_FORM(Vrx64fc, 64fc, C, 21, 256, std::max<int64_t>((16 * N + 63) / 64 * 64, 64 * N))
+
+template <class E> std::vector<E> rnd(vt::Rng& r, int n) { return randElems<E>(r, static_cast<size_t>(n)); }
+template <class E> std::vector<E> concat(const std::vector<E>& hist, const E* x, int n) {
+    std::vector<E> ext(hist);
+    ext.insert(ext.end(), x, x + n);
+    return ext;
+}
+// The line a run leaves: the last N-1 samples of history and input.
+template <class E> std::vector<E> lineAfter(const std::vector<E>& hist, const E* x, int n) {
+    const std::vector<E> ext = concat(hist, x, n);
+    return std::vector<E>(ext.end() - ptrdiff_t(hist.size()), ext.end());
+}
 
 // A filter: its state and work buffer in plain vectors.
 template <class E>
@@ -60,6 +58,7 @@ struct Fir {
     VrxStatus run(const E* s, E* d, int n, const E* di, E* dd) { return F::run(s, d, n, st(), di, dd, buf.data()); }
 };
 
+// The first n elements with the same bits.
 template <class E> void expectSame(const std::vector<E>& got, const std::vector<E>& want, size_t n, const char* what) {
     for (size_t i = 0; i < n; ++i) ASSERT_TRUE(sameBits(got[i], want[i])) << what << " i=" << i;
 }
@@ -69,13 +68,13 @@ template <class E> void expectSame(const std::vector<E>& got, const std::vector<
 // then the cross term.
 template <class E>
 std::vector<E> model(const std::vector<E>& h, const std::vector<E>& hist, const E* x, int n) {
-    const int N = int(h.size());
-    std::vector<E> ext(hist), out(static_cast<size_t>(n));
-    ext.insert(ext.end(), x, x + n);
-    for (int i = 0; i < n; ++i) {
-        E a{};
-        for (int j = 0; j < N; ++j) {
-            const E g = h[static_cast<size_t>(N - 1 - j)], v = ext[static_cast<size_t>(i + j)];
+    const size_t N = h.size();
+    const std::vector<E> ext = concat(hist, x, n);
+    std::vector<E> out(static_cast<size_t>(n));
+    for (size_t i = 0; i < out.size(); ++i)
+        for (size_t j = 0; j < N; ++j) {
+            const E g = h[N - 1 - j], v = ext[i + j];
+            E& a = out[i];
             if constexpr (vt::Elem<E>::cplx) {
                 a.re = std::fma(-g.im, v.im, std::fma(g.re, v.re, a.re));
                 a.im = std::fma(g.im, v.re, std::fma(g.re, v.im, a.im));
@@ -83,8 +82,6 @@ std::vector<E> model(const std::vector<E>& h, const std::vector<E>& hist, const 
                 a = std::fma(g, v, a);
             }
         }
-        out[static_cast<size_t>(i)] = a;
-    }
     return out;
 }
 
@@ -92,27 +89,19 @@ std::vector<E> model(const std::vector<E>& h, const std::vector<E>& hist, const 
 // 8 eps log2(F) sum|h| max|x|.
 template <class E>
 void expectNearConv(const std::vector<E>& h, const std::vector<E>& hist, const E* x, int n, const E* got, const char* what) {
-    const int N = int(h.size());
+    const size_t N = h.size();
     int k = 1;
-    while ((1 << k) <= N) ++k;
+    while ((1u << k) <= N) ++k;
+    const std::vector<E> ext = concat(hist, x, n);
     long double sh = 0, mx = 0;
     for (auto& v : h) sh += std::abs(vt::toLC(v));
-    std::vector<E> ext(hist);
-    ext.insert(ext.end(), x, x + n);
     for (auto& v : ext) mx = std::max(mx, std::abs(vt::toLC(v)));
     const long double tol = 8.0L * std::numeric_limits<typename vt::Elem<E>::S>::epsilon() * (k + 1) * sh * mx + 1e-300L;
     for (int i = 0; i < n; ++i) {
         std::complex<long double> a = 0;
-        for (int j = 0; j < N; ++j) a += vt::toLC(h[static_cast<size_t>(N - 1 - j)]) * vt::toLC(ext[static_cast<size_t>(i + j)]);
+        for (size_t j = 0; j < N; ++j) a += vt::toLC(h[N - 1 - j]) * vt::toLC(ext[i + j]);
         ASSERT_LE(std::abs(a - vt::toLC(got[i])), tol) << what << " N=" << N << " n=" << n << " i=" << i;
     }
-}
-
-template <class E>
-std::vector<E> lineAfter(const std::vector<E>& hist, const E* x, int n) {
-    std::vector<E> ext(hist);
-    ext.insert(ext.end(), x, x + n);
-    return std::vector<E>(ext.end() - ptrdiff_t(hist.size()), ext.end());
 }
 
 template <class E> class FirForms : public ::testing::Test {};
@@ -134,7 +123,7 @@ TYPED_TEST(FirForms, PathsAgainstTheirReferences) {
     for (auto& row : rows)
         for (int N : row.taps)
             for (int n : row.iters) {
-                const auto h = randElems<E>(r, static_cast<size_t>(N)), hist = randElems<E>(r, static_cast<size_t>(N - 1)), x = randElems<E>(r, static_cast<size_t>(n));
+                const auto h = rnd<E>(r, N), hist = rnd<E>(r, N - 1), x = rnd<E>(r, n);
                 Fir<E> f(h, row.alg);
                 std::vector<E> out(static_cast<size_t>(n)), line(static_cast<size_t>(N));
                 ASSERT_EQ(f.run(x.data(), out.data(), n, hist.data(), line.data()), vrxOk);
@@ -154,13 +143,11 @@ TYPED_TEST(FirForms, AutoPathThresholdsFromBothSides) {
     vt::Rng r(13);
     for (int N : {F::kMinTaps - 1, F::kMinTaps})
         for (int n : {F::kMinIters - 1, F::kMinIters}) {
-            const auto h = randElems<E>(r, static_cast<size_t>(N)), hist = randElems<E>(r, static_cast<size_t>(N - 1)), x = randElems<E>(r, static_cast<size_t>(n));
+            const auto h = rnd<E>(r, N), hist = rnd<E>(r, N - 1), x = rnd<E>(r, n);
             std::vector<E> o[3];
-            int i = 0;
-            for (int alg : {vrxAlgAuto, vrxAlgDirect, vrxAlgFFT}) {
-                Fir<E> f(h, alg);
-                o[i].resize(static_cast<size_t>(n));
-                ASSERT_EQ(f.run(x.data(), o[i++].data(), n, hist.data(), nullptr), vrxOk);
+            for (int alg : {vrxAlgAuto, vrxAlgDirect, vrxAlgFFT}) {  // 0, 1, 2
+                o[alg].resize(static_cast<size_t>(n));
+                ASSERT_EQ(Fir<E>(h, alg).run(x.data(), o[alg].data(), n, hist.data(), nullptr), vrxOk);
             }
             const bool fft = N >= F::kMinTaps && n >= F::kMinIters;
             expectSame(o[0], fft ? o[2] : o[1], static_cast<size_t>(n), fft ? "auto as fft" : "auto as direct");
@@ -189,7 +176,7 @@ TYPED_TEST(FirForms, SizesFollowTheFormulasAndNothingIsWrittenOutside) {
         ASSERT_EQ(b, A(2 * N * e) + A((2 * N - 2) * e) + 32768 + Fl * e + W) << N;
         if (N > 300 && N != 4096) continue;  // the runs below: all small N and one large one
         const int n = N > 300 ? 9000 : 40 + N % 7 * 100;
-        const auto h = randElems<E>(r, static_cast<size_t>(N)), x = randElems<E>(r, static_cast<size_t>(n));
+        const auto h = rnd<E>(r, N), x = rnd<E>(r, n);
         for (int alg : {vrxAlgDirect, vrxAlgFFT}) {
             vt::Buffer spec(static_cast<size_t>(s), static_cast<size_t>(N % 64)), buf(static_cast<size_t>(b), static_cast<size_t>(N * 7 % 64));
             ASSERT_EQ(F::init(h.data(), N, alg, reinterpret_cast<typename F::State*>(spec.data())), vrxOk);
@@ -211,7 +198,7 @@ TYPED_TEST(FirForms, DelayLineCases) {
     vt::Rng r(15);
     for (int alg : {vrxAlgDirect, vrxAlgFFT})
         for (int N : {1, 2, 9, 40, 70}) {
-            const auto h = randElems<E>(r, static_cast<size_t>(N)), hist = randElems<E>(r, static_cast<size_t>(N - 1));
+            const auto h = rnd<E>(r, N), hist = rnd<E>(r, N - 1);
             const std::vector<E> zeros(static_cast<size_t>(N - 1), E{});
             Fir<E> f(h, alg);
             auto check = [&](const std::vector<E>& got, const std::vector<E>& hi, const std::vector<E>& x, const char* what) {
@@ -220,7 +207,7 @@ TYPED_TEST(FirForms, DelayLineCases) {
                 else expectNearConv(h, hi, x.data(), int(x.size()), got.data(), what);
             };
             for (int n : {1, std::max(1, N / 3), N + 5}) {
-                const auto x = randElems<E>(r, static_cast<size_t>(n));
+                const auto x = rnd<E>(r, n);
                 const auto wl = lineAfter(hist, x.data(), n);
                 std::vector<E> out(static_cast<size_t>(n)), line(static_cast<size_t>(N));
                 ASSERT_EQ(f.run(x.data(), out.data(), n, nullptr, line.data()), vrxOk);
@@ -261,7 +248,7 @@ TYPED_TEST(FirForms, InPlaceAndPiecesEqualOneCallUnderAnyControlWord) {
     for (int alg : {vrxAlgDirect, vrxAlgFFT, vrxAlgAuto})
         for (int N : {1, 5, 23, 60}) {
             const int n = int(32768 / sizeof(E)) * 2 + 77;
-            const auto h = randElems<E>(r, static_cast<size_t>(N)), hist = randElems<E>(r, static_cast<size_t>(N - 1)), x = randElems<E>(r, static_cast<size_t>(n));
+            const auto h = rnd<E>(r, N), hist = rnd<E>(r, N - 1), x = rnd<E>(r, n);
             Fir<E> f(h, alg);
             std::vector<E> out(static_cast<size_t>(n)), l1(static_cast<size_t>(N)), l2(static_cast<size_t>(N)), io(x), parts(static_cast<size_t>(n)), line(hist);
             vt::MxcsrScope keep;
@@ -309,7 +296,7 @@ TYPED_TEST(FirForms, ChecksInOrderAndNothingWrittenOnFailure) {
 // and saturated; the line holds the last input samples; in place the same.
 template <class S, class E, auto Run>
 void sixteenBit(vt::Rng& r, int alg, int N, int n) {
-    auto h = randElems<E>(r, static_cast<size_t>(N));
+    auto h = rnd<E>(r, N);
     if constexpr (!vt::Elem<E>::cplx)
         for (auto& v : h) v *= 2;  // real taps to |2|: saturation
     std::vector<S> x(static_cast<size_t>(n)), hist(static_cast<size_t>(N - 1)), out(static_cast<size_t>(n)), line(static_cast<size_t>(N));
@@ -317,21 +304,16 @@ void sixteenBit(vt::Rng& r, int alg, int N, int n) {
     r.fill(hist.data(), hist.size() * sizeof(S));
     Fir<E> f(h, alg);
     ASSERT_EQ(Run(x.data(), out.data(), n, f.st(), hist.data(), line.data(), f.buf.data()), vrxOk);
-    auto widen = [](const std::vector<S>& v) {
+    auto widen = [](const std::vector<S>& v) {  // S and E have the same parts
         std::vector<E> w(v.size());
-        for (size_t i = 0; i < v.size(); ++i) {
-            if constexpr (vt::Elem<E>::cplx) w[i] = E{float(v[i].re), float(v[i].im)};
-            else w[i] = E(v[i]);
-        }
+        for (size_t i = 0; i < v.size() * sizeof(E) / 4; ++i) reinterpret_cast<float*>(w.data())[i] = reinterpret_cast<const int16_t*>(v.data())[i];
         return w;
     };
     const auto xf = widen(x), want = model(h, widen(hist), xf.data(), n);
     for (int i = 0; i < n; ++i) {
         const auto w = vt::toLC(want[static_cast<size_t>(i)]);
-        S s;
-        if constexpr (vt::Elem<E>::cplx) s = S{vt::sat16(w.real()), vt::sat16(w.imag())};
-        else s = vt::sat16(w.real());
-        ASSERT_TRUE(sameBits(out[static_cast<size_t>(i)], s)) << "N=" << N << " i=" << i;
+        const int16_t parts[2] = {vt::sat16(w.real()), vt::sat16(w.imag())};
+        ASSERT_EQ(0, memcmp(&out[static_cast<size_t>(i)], parts, sizeof(S))) << "N=" << N << " i=" << i;
     }
     for (int i = 0; i < N - 1; ++i) ASSERT_TRUE(sameBits(line[static_cast<size_t>(i)], x[static_cast<size_t>(n - (N - 1) + i)]));
     std::vector<S> io(x);

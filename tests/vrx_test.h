@@ -128,5 +128,9 @@ namespace vt {
 // The x87 control word, read and set.
 inline unsigned short x87Cw() { unsigned short cw; __asm__ __volatile__("fnstcw %0" : "=m"(cw)); return cw; }
 inline void setX87Cw(unsigned short cw) { __asm__ __volatile__("fldcw %0" ::"m"(cw)); }
+// Two vectors of the same length with the same bits (+0 differs from -0).
+template <class T> bool sameBitsAll(const std::vector<T>& a, const std::vector<T>& b) {
+    return a.size() == b.size() && (a.empty() || memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
+}
 
 }  // namespace vt
