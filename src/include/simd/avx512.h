@@ -755,3 +755,10 @@ VRX_INLINE __m256i addPairMagnitudes16s(__m256i acc, const int16_t* p) {
     return _mm256_add_epi32(acc, _mm256_madd_epi16(x, sign));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Counting compares: each 32-bit lane of acc in the mask m goes up by 1.
+VRX_INLINE __m512i countLanes(__m512i acc, __mmask16 m) {
+    return _mm512_mask_sub_epi32(acc, m, acc, _mm512_set1_epi32(-1));
+}
+}  // namespace n0::simd
