@@ -762,3 +762,14 @@ VRX_INLINE __m512i countLanes(__m512i acc, __mmask16 m) {
     return _mm512_mask_sub_epi32(acc, m, acc, _mm512_set1_epi32(-1));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen floats at p each repeated in two adjacent lanes (a real operand
+// beside an interleaved complex one): p[0..7] fill lo, p[8..15] hi; one
+// load and two permutes.
+VRX_INLINE void spreadPairs16(const float* p, __m512& lo, __m512& hi) {
+    const __m512 a = _mm512_loadu_ps(p);
+    lo = _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
+    hi = _mm512_permutexvar_ps(_mm512_setr_epi32(8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13, 14, 14, 15, 15), a);
+}
+}  // namespace n0::simd
