@@ -218,30 +218,34 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
     lanes64Sum2(tot, even, odd);
 }
 
-// Exact total of count 16-bit values through AVX2 pair sums: step(acc, q)
-// adds sixteen values at q, summed in adjacent pairs, to the eight 32-bit
-// lanes of acc (a lane gathers some 2^10 pairs of a 65536-value block, far
-// from overflow); the lanes are widened into 64 bits once per block. A last
-// partial group of 16 goes through a zeroed copy.
+// Exact total of count 16-bit values through AVX2 pair sums: step(acc, i, n)
+// adds the n <= 16 values at offset i (n below 16 only in a last group),
+// summed in adjacent pairs, to the eight 32-bit lanes of acc (a lane
+// gathers some 2^10 pairs of a 65536-value block, far from overflow); the
+// lanes are widened into 64 bits once per block.
 template <class Step>
-VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
+VRX_INLINE int64_t pairBlocks16s(size_t count, Step step) {
     constexpr int U = 4;
     I64::R tot = I64::zero();
     inBlocks(count, 65536, [&](size_t b, size_t len) {
         __m256i a[U];
         unroll<U>([&](auto k) { a[k] = simd::zero256i(); });
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
-            if (n == 16) {
-                a[k] = step(a[k], p + b + i);
-            } else {
-                alignas(32) int16_t t[16] = {};
-                __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
-                a[k] = step(a[k], t);
-            }
-        });
+        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) { a[k] = step(a[k], b + i, n); });
         unroll<U>([&](auto k) { tot = I64::add(tot, simd::widen8x32sTo64(a[k])); });
     });
     return lanes64Sum(tot);
+}
+
+// The same with step(acc, q) on sixteen values at q: a last partial group
+// of 16 goes through a zeroed copy.
+template <class Step>
+VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
+    return pairBlocks16s(count, [&](__m256i acc, size_t i, size_t n) {
+        if (n == 16) return step(acc, p + i);
+        alignas(32) int16_t t[16] = {};
+        __builtin_memcpy(t, p + i, n * sizeof(int16_t));
+        return step(acc, t);
+    });
 }
 
 // Exact sum of count 16-bit values (even and odd positions together).

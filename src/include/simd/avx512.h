@@ -773,3 +773,16 @@ VRX_INLINE void spreadPairs16(const float* p, __m512& lo, __m512& hi) {
     hi = _mm512_permutexvar_ps(_mm512_setr_epi32(8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13, 14, 14, 15, 15), a);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values at a and b: the magnitudes of a - b (up to 65535)
+// less 32768 each, summed in adjacent pairs and added to the eight 32-bit
+// lanes of acc (AVX2, exact); the caller adds 32768 back for every value.
+VRX_INLINE __m256i addPairMagnitudesDiff16s(__m256i acc, const int16_t* a, const int16_t* b) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
+    const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
+    const __m256i d = _mm256_sub_epi16(_mm256_max_epi16(x, y), _mm256_min_epi16(x, y));
+    const __m256i t = _mm256_xor_si256(d, _mm256_set1_epi16(static_cast<short>(0x8000)));
+    return _mm256_add_epi32(acc, _mm256_madd_epi16(t, _mm256_set1_epi16(1)));
+}
+}  // namespace n0::simd
