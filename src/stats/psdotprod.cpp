@@ -10,11 +10,12 @@ using namespace n0::red;
 namespace {
 
 // ------------------------------------------------------- floating point
-// Real by real in the element precision: fused (32f, 64f).
+// Real by real in the element precision: fused (32f, 64f). Eight
+// accumulators keep both multiply-add pipes busy behind their latency.
 template <class T>
 T dotReal(const T* a, const T* b, size_t n) {
     using W = simd::V<T>;
-    constexpr int U = 4;
+    constexpr int U = 8;
     typename W::R acc[U];
     unroll<U>([&](auto k) { acc[k] = W::zero(); });
     sweep<U, W::N>(n, [&](auto k, size_t i, size_t c) {
