@@ -786,3 +786,23 @@ VRX_INLINE __m256i addPairMagnitudesDiff16s(__m256i acc, const int16_t* a, const
     return _mm256_add_epi32(acc, _mm256_madd_epi16(t, _mm256_set1_epi16(1)));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Exact sums of unsigned 32-bit lane values in two AVX2 registers without
+// widening each value: h gathers the high halves (v >> 16), w the values
+// themselves, wrapping. The low halves' sum is w - (h << 16) modulo 2^32,
+// exact while a lane gathers at most 65536 values.
+// Sixteen 16-bit values at p: their pair sums of squares (up to 2^31, read
+// as unsigned) added to h and w so.
+VRX_INLINE void pairSquaresSplit16s(const int16_t* p, __m256i& h, __m256i& w) {
+    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    const __m256i q = _mm256_madd_epi16(x, x);
+    h = _mm256_add_epi32(h, _mm256_srli_epi32(q, 16));
+    w = _mm256_add_epi32(w, q);
+}
+// The exact totals (h << 16) + low halves of the eight lanes, as 64-bit lanes.
+VRX_INLINE __m512i foldSplit32u(__m256i h, __m256i w) {
+    const __m256i lo = _mm256_sub_epi32(w, _mm256_slli_epi32(h, 16));
+    return _mm512_add_epi64(_mm512_slli_epi64(_mm512_cvtepu32_epi64(h), 16), _mm512_cvtepu32_epi64(lo));
+}
+}  // namespace n0::simd
