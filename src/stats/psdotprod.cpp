@@ -164,27 +164,32 @@ int64_t dot16s(const int16_t* a, const int16_t* b, size_t n) {
 
 // Exact complex 16-bit products: pair sums of 16-bit products in 32 bits
 // (each lowered by 1, so that two products of -32768 stay in range),
-// widened into 64-bit lanes; re = sum(re re + im im) - 2 sum(im im),
-// im = sum(re im + im re). A last partial group goes through zeroed copies,
-// whose pairs add -1 like every other and get it back with the count.
+// widened into 64-bit lanes: x = sum(re re' + ~im im'), z = sum(re im' +
+// im re'), and t = sum(im') in 32-bit lanes folded every 65536 values;
+// re = x + t, as -im = ~im + 1, and im = z. A last partial group goes
+// through zeroed copies, whose pairs add -1 like every other and get it
+// back with the count.
 void dot16sc(const int16_t* a, const int16_t* b, size_t cnt, int64_t* re, int64_t* im) {
     constexpr int U = 2;
-    I64::R x[U], y[U], z[U];
-    unroll<U>([&](auto k) { x[k] = I64::zero(); y[k] = I64::zero(); z[k] = I64::zero(); });
-    size_t pairs = 0;
-    sweep<U, 16>(cnt, [&](auto k, size_t i, size_t c) {
-        if (c == 16) {
-            simd::cplxDotLess1_16s(a + i, b + i, x[k], y[k], z[k]);
-        } else {
-            alignas(32) int16_t u[16] = {}, v[16] = {};
-            __builtin_memcpy(u, a + i, c * sizeof(int16_t));
-            __builtin_memcpy(v, b + i, c * sizeof(int16_t));
-            simd::cplxDotLess1_16s(u, v, x[k], y[k], z[k]);
-        }
-        pairs += 8;
+    I64::R x[U], z[U], t64 = I64::zero();
+    unroll<U>([&](auto k) { x[k] = I64::zero(); z[k] = I64::zero(); });
+    inBlocks(cnt, 65536, [&](size_t o, size_t len) {
+        __m256i t[U];
+        unroll<U>([&](auto k) { t[k] = simd::zero256i(); });
+        sweep<U, 16>(len, [&](auto k, size_t i, size_t c) {
+            if (c == 16) {
+                simd::cplxDotNotLess1_16s(a + o + i, b + o + i, x[k], z[k], t[k]);
+            } else {
+                alignas(32) int16_t u[16] = {}, v[16] = {};
+                __builtin_memcpy(u, a + o + i, c * sizeof(int16_t));
+                __builtin_memcpy(v, b + o + i, c * sizeof(int16_t));
+                simd::cplxDotNotLess1_16s(u, v, x[k], z[k], t[k]);
+            }
+        });
+        unroll<U>([&](auto k) { t64 = I64::add(t64, simd::widen8x32sTo64(t[k])); });
     });
-    const int64_t n = static_cast<int64_t>(pairs);
-    *re = lanes64Sum(combine<U>(x, I64::add)) + n - 2 * lanes64Sum(combine<U>(y, I64::add));
+    const int64_t n = static_cast<int64_t>((cnt + 15) / 16 * 8);
+    *re = lanes64Sum(combine<U>(x, I64::add)) + n + lanes64Sum(t64);
     *im = lanes64Sum(combine<U>(z, I64::add)) + n;
 }
 
