@@ -218,30 +218,34 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
     lanes64Sum2(tot, even, odd);
 }
 
-// Exact total of count 16-bit values through AVX2 pair sums: step(acc, q)
-// adds sixteen values at q, summed in adjacent pairs, to the eight 32-bit
-// lanes of acc (a lane gathers some 2^10 pairs of a 65536-value block, far
-// from overflow); the lanes are widened into 64 bits once per block. A last
-// partial group of 16 goes through a zeroed copy.
+// Exact total of count 16-bit values through AVX2 pair sums: step(acc, i, n)
+// adds the n <= 16 values at offset i (n below 16 only in a last group),
+// summed in adjacent pairs, to the eight 32-bit lanes of acc (a lane
+// gathers some 2^10 pairs of a 65536-value block, far from overflow); the
+// lanes are widened into 64 bits once per block.
 template <class Step>
-VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
+VRX_INLINE int64_t pairBlocks16s(size_t count, Step step) {
     constexpr int U = 4;
     I64::R tot = I64::zero();
     inBlocks(count, 65536, [&](size_t b, size_t len) {
         __m256i a[U];
         unroll<U>([&](auto k) { a[k] = simd::zero256i(); });
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
-            if (n == 16) {
-                a[k] = step(a[k], p + b + i);
-            } else {
-                alignas(32) int16_t t[16] = {};
-                __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
-                a[k] = step(a[k], t);
-            }
-        });
+        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) { a[k] = step(a[k], b + i, n); });
         unroll<U>([&](auto k) { tot = I64::add(tot, simd::widen8x32sTo64(a[k])); });
     });
     return lanes64Sum(tot);
+}
+
+// The same with step(acc, q) on sixteen values at q: a last partial group
+// of 16 goes through a zeroed copy.
+template <class Step>
+VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
+    return pairBlocks16s(count, [&](__m256i acc, size_t i, size_t n) {
+        if (n == 16) return step(acc, p + i);
+        alignas(32) int16_t t[16] = {};
+        __builtin_memcpy(t, p + i, n * sizeof(int16_t));
+        return step(acc, t);
+    });
 }
 
 // Exact sum of count 16-bit values (even and odd positions together).
@@ -280,50 +284,65 @@ VRX_INLINE int64_t sum32s(const int32_t* p, size_t count) {
     return lanes64Sum(tot);
 }
 
-// Exact sum and sum of squares of 16-bit values: S in 32-bit lanes folded
-// every 65536 values; Q from pair sums of squares, each up to 2^31 and
-// read as unsigned (so two values of -32768 give 2^31), zero-extended into
-// 64-bit lanes. A last partial group of 16 goes through a zeroed copy.
-VRX_INLINE uint64_t sumSqPairs16s(const int16_t* p, size_t count) {
-    constexpr int U = 4;
-    U64::R acc[U];
-    unroll<U>([&](auto k) { acc[k] = U64::zero(); });
-    sweep<U, 16>(count, [&](auto k, size_t i, size_t n) {
-        if (n == 16) {
-            acc[k] = U64::add(acc[k], simd::pairSquares16s(p + i));
-        } else {
-            alignas(32) int16_t b[16] = {};
-            __builtin_memcpy(b, p + i, n * sizeof(int16_t));
-            acc[k] = U64::add(acc[k], simd::pairSquares16s(b));
-        }
-    });
-    return static_cast<uint64_t>(lanes64Sum(combine<U>(acc, U64::add)));
-}
-
-// S and Q in one pass: S from pair sums in 32-bit lanes (each lane gathers
-// at most 2^11 pairs of a 65536-value block), folded into 64-bit lanes per
-// block; Q as in sumSqPairs16s.
-VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) {
-    constexpr int U = 2;
-    I64::R s64 = I64::zero();
-    U64::R q[U];
-    unroll<U>([&](auto k) { q[k] = U64::zero(); });
+// Exact sum of squares of 16-bit values: pair sums of squares, each up to
+// 2^31 and read as unsigned (so two values of -32768 give 2^31), gathered
+// per 32-bit lane as high halves and wrapping totals (simd::foldSplit32u);
+// a lane takes at most 2^12 pairs of a 65536-value block, which is then
+// folded into 64-bit lanes. A last partial group of 16 goes through a
+// zeroed copy.
+template <int U, class Extra>
+VRX_INLINE uint64_t sumSqBlocks16s(const int16_t* p, size_t count, Extra& extra) {
+    U64::R tot = U64::zero();
     inBlocks(count, 65536, [&](size_t b, size_t len) {
-        __m256i s[U];
-        unroll<U>([&](auto k) { s[k] = simd::zero256i(); });
+        __m256i h[U], w[U];
+        unroll<U>([&](auto k) { h[k] = simd::zero256i(); w[k] = simd::zero256i(); });
+        extra.start();
         sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
+            auto step = [&](const int16_t* q) {
+                simd::pairSquaresSplit16s(q, h[k], w[k]);
+                extra.add(k, q);
+            };
             if (n == 16) {
-                simd::sumAndSquares16s(p + b + i, s[k], q[k]);
+                step(p + b + i);
             } else {
                 alignas(32) int16_t t[16] = {};
                 __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
-                simd::sumAndSquares16s(t, s[k], q[k]);
+                step(t);
             }
         });
-        unroll<U>([&](auto k) { s64 = I64::add(s64, simd::widen8x32sTo64(s[k])); });
+        unroll<U>([&](auto k) { tot = U64::add(tot, simd::foldSplit32u(h[k], w[k])); });
+        extra.fold();
     });
-    *S = lanes64Sum(s64);
-    *Q = static_cast<uint64_t>(lanes64Sum(combine<U>(q, U64::add)));
+    return static_cast<uint64_t>(lanes64Sum(tot));
+}
+
+struct NoExtra {
+    VRX_INLINE void start() {}
+    template <class K> VRX_INLINE void add(K, const int16_t*) {}
+    VRX_INLINE void fold() {}
+};
+
+VRX_INLINE uint64_t sumSqPairs16s(const int16_t* p, size_t count) {
+    NoExtra none;
+    return sumSqBlocks16s<4>(p, count, none);
+}
+
+// S and Q in one pass: Q as in sumSqPairs16s; S from pair sums in 32-bit
+// lanes (each lane gathers at most 2^11 pairs of a 65536-value block),
+// folded into 64-bit lanes per block.
+// The pair sums of sumSq16s, two registers.
+struct PairSums16s {
+    __m256i s[2];
+    I64::R s64 = I64::zero();
+    VRX_INLINE void start() { s[0] = s[1] = simd::zero256i(); }
+    template <class K> VRX_INLINE void add(K k, const int16_t* q) { s[k] = simd::addPairSums16s(s[k], q); }
+    VRX_INLINE void fold() { s64 = I64::add(s64, I64::add(simd::widen8x32sTo64(s[0]), simd::widen8x32sTo64(s[1]))); }
+};
+
+VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) {
+    PairSums16s sums;
+    *Q = sumSqBlocks16s<2>(p, count, sums);
+    *S = lanes64Sum(sums.s64);
 }
 
 // ------------------------------------------------------- scalar helpers

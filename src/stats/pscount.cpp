@@ -309,20 +309,24 @@ VrxStatus N0(vrxsCountInRange_32s)(const Vrx32s* pSrc, int len, int* pCount, Vrx
     if (width <= 0) return vrxOk;
     const I32::R base = I32::set1(static_cast<int32_t>(static_cast<uint32_t>(lowerBound) + 1u));
     const U32::R w = U32::set1(static_cast<uint32_t>(width));
-    auto in = [&](I32::R x) { return static_cast<unsigned>(U32::lt(I32::sub(x, base), w)); };
-    int n0 = 0, n1 = 0, n2 = 0, n3 = 0, i = 0;
+    auto in = [&](I32::R x) { return U32::lt(I32::sub(x, base), w); };
+    // Counts in 32-bit lanes of four registers (a lane counts at most
+    // len / 16 elements).
+    I32::R c[4] = {I32::zero(), I32::zero(), I32::zero(), I32::zero()};
+    int i = 0;
     for (; i + 64 <= len; i += 64) {
-        n0 += __builtin_popcount(in(I32::load(pSrc + i)));
-        n1 += __builtin_popcount(in(I32::load(pSrc + i + 16)));
-        n2 += __builtin_popcount(in(I32::load(pSrc + i + 32)));
-        n3 += __builtin_popcount(in(I32::load(pSrc + i + 48)));
+        for (int k = 0; k < 4; ++k) c[k] = simd::countLanes(c[k], in(I32::load(pSrc + i + 16 * k)));
     }
-    for (; i + 16 <= len; i += 16) n0 += __builtin_popcount(in(I32::load(pSrc + i)));
+    for (; i + 16 <= len; i += 16) c[0] = simd::countLanes(c[0], in(I32::load(pSrc + i)));
     if (i < len) {
         const I32::M valid = simd::tail<int32_t>(static_cast<size_t>(len - i));
-        n1 += __builtin_popcount(in(I32::loadm(valid, pSrc + i)) & valid);
+        c[1] = simd::countLanes(c[1], in(I32::loadm(valid, pSrc + i)) & valid);
     }
-    *pCount = (n0 + n1) + (n2 + n3);
+    alignas(64) int32_t l[16];
+    I32::store(l, I32::add(I32::add(c[0], c[1]), I32::add(c[2], c[3])));
+    int n = 0;
+    for (int k = 0; k < 16; ++k) n += l[k];
+    *pCount = n;
     return vrxOk;
 }
 

@@ -163,20 +163,18 @@ uint32_t inf16(Diff16 s, size_t n) {
     return simd::maxLane16u(acc[0], acc[1]);
 }
 
-// The exact sum of magnitudes: blocks of 65536 in unsigned 32-bit lanes,
-// the block sums added in 64 bits.
-template <class Src>
-uint64_t l1_16(Src s, size_t n) {
-    constexpr int U = 4;
-    U64::R tot = U64::zero();
-    inBlocks(n, 65536, [&](size_t b, size_t len) {
-        I32::R acc[U];
-        unroll<U>([&](auto k) { acc[k] = I32::zero(); });
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t c) { acc[k] = I32::add(acc[k], I32::abs(s.at(b + i, c))); });
-        const I32::R a = combine<U>(acc, I32::add);
-        tot = U64::add(tot, U64::add(simd::lowTo64u(a), simd::highTo64u(a)));
+// The exact sum of magnitudes of a - b: AVX2 pair sums of the magnitudes
+// less 32768 each (so that the 16-bit multiply-add reads them as signed);
+// the 32768 of every value taken, zero-padded ones included, is added back.
+uint64_t l1_16(Diff16 s, size_t n) {
+    const int64_t t = pairBlocks16s(n, [&](__m256i acc, size_t i, size_t c) {
+        if (c == 16) return simd::addPairMagnitudesDiff16s(acc, s.a + i, s.b + i);
+        alignas(32) int16_t x[16] = {}, y[16] = {};
+        __builtin_memcpy(x, s.a + i, c * sizeof(int16_t));
+        __builtin_memcpy(y, s.b + i, c * sizeof(int16_t));
+        return simd::addPairMagnitudesDiff16s(acc, x, y);
     });
-    return static_cast<uint64_t>(lanes64Sum(tot));
+    return static_cast<uint64_t>(t + 32768 * static_cast<int64_t>((n + 15) & ~size_t(15)));
 }
 
 // One vector: pair sums of magnitudes by AVX2 multiply-adds.
