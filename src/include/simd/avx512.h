@@ -447,21 +447,6 @@ VRX_INLINE __m512d floatsToDouble(const float* p, size_t n) {
     if (n >= 8) return _mm512_cvtps_pd(_mm256_loadu_ps(p));
     return _mm512_cvtps_pd(_mm512_castps512_ps256(_mm512_maskz_loadu_ps(static_cast<__mmask16>(_bzhi_u32(0xFFu, static_cast<unsigned>(n))), p)));
 }
-// Sixteen 16-bit values at p: sums of squares of adjacent pairs (AVX2
-// multiply-add), each up to 2^31 and read as unsigned, zero-extended into
-// eight 64-bit lanes.
-VRX_INLINE __m512i pairSquares16s(const int16_t* p) {
-    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-    return _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x));
-}
-// Sixteen 16-bit values at p in one pass: their pair sums added to s
-// (eight 32-bit lanes) and their pair sums of squares, read as unsigned,
-// added to q (eight 64-bit lanes).
-VRX_INLINE void sumAndSquares16s(const int16_t* p, __m256i& s, __m512i& q) {
-    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-    s = _mm256_add_epi32(s, _mm256_madd_epi16(x, _mm256_set1_epi16(1)));
-    q = _mm512_add_epi64(q, _mm512_cvtepu32_epi64(_mm256_madd_epi16(x, x)));
-}
 // Eight 32-bit lanes sign-extended to 64 bits.
 VRX_INLINE __m512i widen8x32sTo64(__m256i a) { return _mm512_cvtepi32_epi64(a); }
 // Sixteen 16-bit values at p: the largest magnitude of each pair of lanes
@@ -668,23 +653,6 @@ VRX_INLINE void pairSumDiff16s(const int16_t* p, __m512i& s, __m512i& d) {
 }  // namespace n0::simd
 
 namespace n0::simd {
-// Sixteen 16-bit values at a and b read as eight complex pairs (re, im),
-// exact partial sums of their products in 32-bit pair lanes sign-extended
-// into 64-bit lanes: x = re re + im im - 1, y = im im, z = re im' + im re' - 1
-// (the -1 keeps two products of -32768 in range; the caller adds the pair
-// count back). The real part of the product is x - 2y (+ 1).
-VRX_INLINE void cplxDotLess1_16s(const int16_t* a, const int16_t* b, __m512i& x, __m512i& y, __m512i& z) {
-    const __m256i va = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
-    const __m256i vb = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
-    const __m256i one = _mm256_set1_epi32(1);
-    const __m256i swap = _mm256_setr_epi8(2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13,
-                                          2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13);
-    const __m256i im = _mm256_and_si256(va, _mm256_set1_epi32(static_cast<int>(0xFFFF0000u)));
-    x = _mm512_add_epi64(x, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(va, vb), one)));
-    y = _mm512_add_epi64(y, _mm512_cvtepi32_epi64(_mm256_madd_epi16(im, vb)));
-    z = _mm512_add_epi64(z, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(va, _mm256_shuffle_epi8(vb, swap)), one)));
-}
-
 // Eight 16-bit values at a by eight complex pairs at b, exact: the
 // products a re and a im sign-extended into 64-bit lanes and added to re
 // and im.
