@@ -562,6 +562,17 @@ template <class T, class Tr> struct Dft {
         const int N = p->length;
         const bool norm = Inv ? p->invNorm : p->fwdNorm;
         const T scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        // the fixed-length kernels straight from here: no frame for the other paths
+        if (p->path == kPathSmall && !isPow2(N)) {
+            smallRunC<T>(N, Inv, sRe, split ? sIm : sRe + 1, split ? 1 : 2, dRe, split ? dIm : dRe + 1, split ? 1 : 2, scale);
+            return vrxOk;
+        }
+        return runCPath<Inv>(p, split, sRe, sIm, dRe, dIm, pBuf, scale);
+    }
+    template <bool Inv>
+    __attribute__((noinline)) static VrxStatus runCPath(const Plan* p, bool split, const T* sRe, const T* sIm, T* dRe,
+                                                        T* dIm, Vrx8u* pBuf, T scale) {
+        const int N = p->length;
         const CRef<T> s = split ? CRef<T>{const_cast<T*>(sRe), const_cast<T*>(sIm), 1}
                                 : CRef<T>{const_cast<T*>(sRe), const_cast<T*>(sRe) + 1, 2};
         const CRef<T> d = split ? CRef<T>{dRe, dIm, 1} : CRef<T>{dRe, dRe + 1, 2};
@@ -569,7 +580,7 @@ template <class T, class Tr> struct Dft {
             smallC<Inv>(N, s, d, scale);
             return vrxOk;
         }
-        if (p->path == kPathFft) return Tr::fftRunC(K, Inv, sRe, sIm, dRe, dIm, p->innerPlan, pBuf);
+        if (p->path == kPathFft) return Tr::fftRunC(split ? Kind::Cs : Kind::C, Inv, sRe, sIm, dRe, dIm, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
         if (VrxStatus st = pathC<Inv>(p, s, d, !split, work)) return st;
         if (scale != T(0)) {
