@@ -333,6 +333,15 @@ template <class T, class Tr> struct Dft {
             tab[span + i] = base[int64_t(e) * bs].im;
         }
     }
+    // the direct table of a plan read back
+    struct DirTab {
+        int n, h, span;
+        const T* rc;
+        const uint8_t* gq;
+        explicit DirTab(const Plan* p)
+            : n(p->n), h(p->n / 2), span(dirSpan(p->n / 2)), rc(static_cast<const T*>(p->dirTab)),
+              gq(reinterpret_cast<const uint8_t*>(rc + 2 * span)) {}
+    };
     // the bin of register lane p < h: g^(-p) = n - g^(h-p) (1 at p = 0)
     static VRX_INLINE int dirBin(const uint8_t* gq, int n, int h, int p) { return p == 0 ? 1 : n - gq[h - p]; }
 
@@ -385,21 +394,20 @@ template <class T, class Tr> struct Dft {
     }
 
     template <bool Inv> static void dirC(const Plan* p, CRef<T> s, CRef<T> d, C* work) {
-        const int n = p->n, h = n / 2, span = dirSpan(h);
-        const T* rc = static_cast<const T*>(p->dirTab);
-        const uint8_t* gq = reinterpret_cast<const uint8_t*>(rc + 2 * span);
+        const DirTab t(p);
+        const int n = t.n, h = t.h, span = t.span;
         C* Sv = work;
         C* Dv = work + h;
         const C x0 = s.get(0);
         C sum = x0;
         for (int q = 0; q < h; ++q) {
-            const C a = s.get(gq[q]), b = s.get(n - gq[q]);
+            const C a = s.get(t.gq[q]), b = s.get(n - t.gq[q]);
             Sv[q] = {a.re + b.re, a.im + b.im};
             Dv[q] = {a.re - b.re, a.im - b.im};
         }
         for (int q = 0; q < h; ++q) sum = {sum.re + Sv[q].re, sum.im + Sv[q].im};
         alignas(64) T o[4][kL];
-        dirPasses<true>(rc, span, &Sv[0].re, &Dv[0].re, h, x0.re, x0.im, [&](const auto& r, int b, int p0) {
+        dirPasses<true>(t.rc, span, &Sv[0].re, &Dv[0].re, h, x0.re, x0.im, [&](const auto& r, int b, int p0) {
             // forward: X[k] = (A - Bi, Ai + Br), X[n-k] = (A + Bi, Ai - Br); the inverse swaps them
             S::store(o[0], S::sub(r.ar[b], r.bi[b]));
             S::store(o[1], S::add(r.ai[b], r.br[b]));
@@ -407,7 +415,7 @@ template <class T, class Tr> struct Dft {
             S::store(o[3], S::sub(r.ai[b], r.br[b]));
             const int m = h - p0 < kL ? h - p0 : kL;
             for (int i = 0; i < m; ++i) {
-                const int k = dirBin(gq, n, h, p0 + i);
+                const int k = dirBin(t.gq, n, h, p0 + i);
                 d.set(Inv ? n - k : k, {o[0][i], o[1][i]});
                 d.set(Inv ? k : n - k, {o[2][i], o[3][i]});
             }
@@ -416,25 +424,24 @@ template <class T, class Tr> struct Dft {
     }
     // real odd length, in place in d: reals to the odd form and back
     static void dirRFwd(const Plan* p, T* d, T* work) {
-        const int n = p->n, h = (n - 1) / 2, span = dirSpan(h);
-        const T* rc = static_cast<const T*>(p->dirTab);
-        const uint8_t* gq = reinterpret_cast<const uint8_t*>(rc + 2 * span);
+        const DirTab t(p);
+        const int n = t.n, h = t.h, span = t.span;
         T* Sv = work;
         T* Dv = work + h;
         const T x0 = d[0];
         T sum = x0;
         for (int q = 0; q < h; ++q) {
-            Sv[q] = d[gq[q]] + d[n - gq[q]];
-            Dv[q] = d[gq[q]] - d[n - gq[q]];
+            Sv[q] = d[t.gq[q]] + d[n - t.gq[q]];
+            Dv[q] = d[t.gq[q]] - d[n - t.gq[q]];
         }
         for (int q = 0; q < h; ++q) sum += Sv[q];
         alignas(64) T ore[kL], oim[kL];
-        dirPasses<false>(rc, span, Sv, Dv, h, x0, T(0), [&](const auto& r, int b, int p0) {
+        dirPasses<false>(t.rc, span, Sv, Dv, h, x0, T(0), [&](const auto& r, int b, int p0) {
             S::store(ore, r.ar[b]);
             S::store(oim, r.br[b]);
             const int m = h - p0 < kL ? h - p0 : kL;
             for (int i = 0; i < m; ++i) {
-                const int k = dirBin(gq, n, h, p0 + i);
+                const int k = dirBin(t.gq, n, h, p0 + i);
                 // X[k] = A + iB; the stored half has X[n-k] = A - iB
                 if (k <= h) {
                     d[2 * k - 1] = ore[i];
@@ -450,16 +457,15 @@ template <class T, class Tr> struct Dft {
     // x[j] and x[n-j] share the sums of R(k)*c and I(k)*s, k = g^q (the
     // conjugate where g^q is past the stored half)
     static void dirRInv(const Plan* p, T* d, T* work) {
-        const int n = p->n, h = n / 2, span = dirSpan(h);
-        const T* rc = static_cast<const T*>(p->dirTab);
-        const uint8_t* gq = reinterpret_cast<const uint8_t*>(rc + 2 * span);
+        const DirTab t(p);
+        const int n = t.n, h = t.h, span = t.span;
         T* Rv = work;
         T* Iv = work + h;
         const T r0 = d[0];
         T x0 = r0;
         for (int k = 1; k <= h; ++k) x0 += d[2 * k - 1] + d[2 * k - 1];
         for (int q = 0; q < h; ++q) {
-            const int k = gq[q];
+            const int k = t.gq[q];
             if (k <= h) {
                 Rv[q] = d[2 * k - 1];
                 Iv[q] = d[2 * k];
@@ -469,13 +475,13 @@ template <class T, class Tr> struct Dft {
             }
         }
         alignas(64) T o[2][kL];
-        dirPasses<false>(rc, span, Rv, Iv, h, T(0), T(0), [&](const auto& r, int b, int p0) {
+        dirPasses<false>(t.rc, span, Rv, Iv, h, T(0), T(0), [&](const auto& r, int b, int p0) {
             const typename S::R c0 = S::add(r.ar[b], r.ar[b]), s0 = S::add(r.br[b], r.br[b]), rr = S::set1(r0);
             S::store(o[0], S::add(rr, S::add(c0, s0)));
             S::store(o[1], S::add(rr, S::sub(c0, s0)));
             const int m = h - p0 < kL ? h - p0 : kL;
             for (int i = 0; i < m; ++i) {
-                const int j = dirBin(gq, n, h, p0 + i);
+                const int j = dirBin(t.gq, n, h, p0 + i);
                 d[j] = o[0][i];
                 d[n - j] = o[1][i];
             }
