@@ -995,13 +995,128 @@ template <class T, int N> VRX_INLINE void smallK(const Cx<T>* x, Cx<T>* y) {
     else smallCt<T, T, 3, 5>(x, y);
 }
 
+// Lengths 12 and 15 of interleaved complex values as R1 x 3 in registers of
+// complex lanes: register r holds x[3r .. 3r+2], the radix R1 (4 or 5) runs
+// across the registers, lane n2 of register k1 takes w_N^(n2*k1), a
+// transposition puts k1 in the lanes, and the radix 3 across the registers
+// leaves X[k1 + R1*k2] in lane k1 of register k2, ready to store.
+template <class T, int N> struct VecSmall {
+    using S = simd::V<T>;
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    static constexpr int kC = S::N / 2;                  // complex lanes of a register
+    static constexpr int R1 = N / 3;                     // 4 or 5
+    static constexpr int G = (R1 + kC - 1) / kC;         // registers of a row of R1 lanes
+    static constexpr int kPairs = ((R1 < kC ? R1 : kC) + 1) / 2;  // permutes of one register of a row
+    // the factors of register k1 as (c, c) and (-s, s) per lane
+    alignas(64) T cr[R1][S::N] = {}, ci[R1][S::N] = {};
+    // idx[n2][p][q]: the permute that brings lane n2 of registers p*kC + 2q
+    // and p*kC + 2q + 1 into lanes 2q and 2q + 1 (the rows are then blended)
+    alignas(64) I idx[3][G][kPairs][S::N] = {};
+    constexpr VecSmall() {
+        for (int k1 = 0; k1 < R1; ++k1)
+            for (int n2 = 0; n2 < 3; ++n2) {
+                const long double a = kTwoPi * ((n2 * k1) % N) / N;
+                long double c = __builtin_cosl(a), sn = -__builtin_sinl(a);
+                // the quarter turns are exact
+                if (c < 1e-15L && c > -1e-15L) c = 0;
+                if (sn < 1e-15L && sn > -1e-15L) sn = 0;
+                cr[k1][2 * n2] = cr[k1][2 * n2 + 1] = static_cast<T>(c);
+                ci[k1][2 * n2] = static_cast<T>(-sn);
+                ci[k1][2 * n2 + 1] = static_cast<T>(sn);
+            }
+        for (int n2 = 0; n2 < 3; ++n2)
+            for (int p = 0; p < G; ++p)
+                for (int q = 0; q < kPairs; ++q)
+                    for (int l = 0; l < kC; ++l)
+                        for (int h = 0; h < 2; ++h)
+                            idx[n2][p][q][2 * l + h] = static_cast<I>((l == 2 * q + 1 ? S::N : 0) + 2 * n2 + h);
+    }
+};
+template <class T, int N> inline constexpr VecSmall<T, N> kVecSmall{};
+
+template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T scale) {
+    using S = simd::V<T>;
+    using R = typename S::R;
+    using K = VecSmall<T, N>;
+    constexpr const K& k = kVecSmall<T, N>;
+    constexpr int R1 = K::R1, kC = K::kC, G = K::G;
+    const R conjM = S::set2(T(0), T(-0.0));
+    auto mulI = [&](R v) { return S::xorb(S::swapPair(v), S::set2(T(-0.0), T(0))); };  // i*v
+    R a[R1], f[R1];
+#pragma GCC unroll 8
+    for (int r = 0; r < R1; ++r) {
+        a[r] = S::loadm(simd::tail<T>(6), s + 6 * r);
+        if (Inv) a[r] = S::xorb(a[r], conjM);
+    }
+    if constexpr (R1 == 4) {
+        const R p0 = S::add(a[0], a[2]), m0 = S::sub(a[0], a[2]);
+        const R p1 = S::add(a[1], a[3]), m1 = S::sub(a[1], a[3]);
+        const R mi = S::xorb(S::swapPair(m1), conjM);  // -i*m1
+        f[0] = S::add(p0, p1);
+        f[2] = S::sub(p0, p1);
+        f[1] = S::add(m0, mi);
+        f[3] = S::sub(m0, mi);
+    } else {
+        const Cx<T>* W = kRoots<T>.r[5];
+        const R c1 = S::set1(W[1].re), s1 = S::set1(W[1].im), c2 = S::set1(W[2].re), s2 = S::set1(W[2].im);
+        const R t1 = S::add(a[1], a[4]), t2 = S::add(a[2], a[3]);
+        const R d1 = S::sub(a[1], a[4]), d2 = S::sub(a[2], a[3]);
+        f[0] = S::add(S::add(a[0], t1), t2);
+        const R a1 = S::add(S::add(a[0], S::mul(c1, t1)), S::mul(c2, t2));
+        const R a2 = S::add(S::add(a[0], S::mul(c2, t1)), S::mul(c1, t2));
+        const R b1 = mulI(S::add(S::mul(s1, d1), S::mul(s2, d2)));
+        const R b2 = mulI(S::sub(S::mul(s2, d1), S::mul(s1, d2)));
+        f[1] = S::add(a1, b1);
+        f[4] = S::sub(a1, b1);
+        f[2] = S::add(a2, b2);
+        f[3] = S::sub(a2, b2);
+    }
+#pragma GCC unroll 8
+    for (int k1 = 1; k1 < R1; ++k1)
+        f[k1] = S::add(S::mul(f[k1], S::loada(k.cr[k1])), S::mul(S::swapPair(f[k1]), S::loada(k.ci[k1])));
+    R g[3][G];
+#pragma GCC unroll 4
+    for (int n2 = 0; n2 < 3; ++n2)
+#pragma GCC unroll 2
+        for (int p = 0; p < G; ++p) {
+            const int first = p * kC, cnt = R1 - first < kC ? R1 - first : kC;
+            R t = S::zero();
+            for (int q = 0; 2 * q < cnt; ++q) {
+                const R u = S::permute2(f[first + 2 * q], _mm512_load_si512(k.idx[n2][p][q]),
+                                        f[first + (2 * q + 1 < cnt ? 2 * q + 1 : 2 * q)]);
+                t = q == 0 ? u : S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, u);
+            }
+            g[n2][p] = t;
+        }
+    const T s3 = kRoots<T>.r[3][1].im;
+#pragma GCC unroll 2
+    for (int p = 0; p < G; ++p) {
+        const int cnt = R1 - p * kC < kC ? R1 - p * kC : kC;
+        const R t = S::add(g[1][p], g[2][p]), dd = S::sub(g[1][p], g[2][p]);
+        const R am = S::sub(g[0][p], S::mul(S::set1(T(0.5)), t));
+        const R sd = S::mul(S::swapPair(dd), S::set2(-s3, s3));
+        R e[3] = {S::add(g[0][p], t), S::add(am, sd), S::sub(am, sd)};
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 3; ++k2) {
+            R v = e[k2];
+            if (Inv) v = S::xorb(v, conjM);
+            if (scale != T(0)) v = S::mul(v, S::set1(scale));
+            S::storem(d + 2 * (R1 * k2 + p * kC), simd::tail<T>(2 * cnt), v);
+        }
+    }
+}
+
 // One whole call of a fixed length: the values go from the source into
 // registers, through the kernel and out to the destination with no copy
 // through memory (s may be d: every value is read before one is written).
 // The inverse is the conjugate of the forward transform of the conjugate.
 template <class T, int N, bool Inv, int ss>
-void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
+VRX_INLINE void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
     constexpr int ds = ss;
+    if constexpr (ss == 2 && (N == 12 || N == 15)) {
+        smallVec<T, N, Inv>(sRe, dRe, scale);
+        return;
+    }
     if constexpr (ss == 2) {  // interleaved: one base each, so that pairs load and store together
         sIm = sRe + 1;
         dIm = dRe + 1;

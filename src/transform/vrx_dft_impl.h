@@ -229,8 +229,8 @@ template <class T, class Tr> struct Dft {
                 p->workSize = static_cast<int32_t>(c.pf.work);
                 break;
             case kPathDir: {
-                C* d = reinterpret_cast<C*>(cs.take<T>(int64_t(3) * n));
-                for (int64_t k = 0; k < n; ++k) d[k] = base[k * bs];
+                T* d = cs.take<T>(int64_t(3) * n);
+                dirTables(d, n, base, bs);
                 p->dirTab = d;
                 p->workSize = e * n + 64;
                 break;
@@ -294,186 +294,197 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- direct path
 
-    // Bins k0 .. k0+L-1 at once: the lanes walk 2*((j*k) mod n), the offsets
-    // of the roots w^(j*k) in the table read as reals (bins past the last
-    // repeat it).
+    // The direct lengths are odd primes n. With g a generator of the nonzero
+    // residues, h = (n-1)/2, a[q] = x[g^q] and b[t] = w^(g^t) = (c[t], s[t]),
+    // bin g^(-p) is x[0] + sum_q a[q] b[q-p] (Rader): the roots of a register
+    // of bins p .. p+L-1 are consecutive. As g^h = -1, a[q+h] = x[n - g^q] and
+    // b[t+h] = conj(b[t]), so with S = a[q] + a[q+h], D = a[q] - a[q+h] the
+    // bins g^(-p) and n - g^(-p) share the sums A = sum S*c[q-p] and
+    // B = sum D*s[q-p] (A + iB and A - iB), half the products of the plain sum.
+    //
+    // Table (3n values of T): rc[v] = c[h-1-v], rs[v] = s[h-1-v] (indices
+    // mod n-1) for v < dirSpan(h), so that register p0 reads rc + p0 + h-1-q;
+    // then g^q, q < h, as bytes.
     using S = simd::V<T>;
-    using U = simd::V<uint32_t>;
     static constexpr int kL = S::N;
-    // Lanes k0 .. k0+L-1 (past the last repeat it) walk the root index
-    // (j*k mod n) times unit: q += unit*k per j, less unit*n past it (the
-    // unsigned min picks the wrapped lane).
-    struct WalkBase {
-        U::R q, step, lim;
-        VRX_INLINE WalkBase(int k0, int last, int n, uint32_t unit)
-            : q(U::zero()),
-              step(U::min(U::add(U::set1(uint32_t(k0)), simd::iota32()), U::set1(uint32_t(last)))),
-              lim(U::set1(unit * uint32_t(n))) {
-            if (unit == 2) step = U::add(step, step);
+    static constexpr int dirSpan(int h) { return (h + kL - 1) / kL * kL + h - 1; }
+    static void dirTables(T* tab, int n, const C* base, int bs) {
+        const int h = (n - 1) / 2, span = dirSpan(h);
+        int g = 2;
+        for (;; ++g) {  // the least generator: g^t != 1 for 0 < t < n-1
+            int v = 1, t = 1;
+            for (; t < n - 1; ++t) {
+                v = v * g % n;
+                if (v == 1) break;
+            }
+            if (t == n - 1) break;
         }
-        VRX_INLINE void next() {
-            q = U::add(q, step);
-            q = U::min(q, U::sub(q, lim));
+        uint8_t* gq = reinterpret_cast<uint8_t*>(tab + 2 * span);
+        int v = 1;
+        for (int q = 0; q < h; ++q) {
+            gq[q] = static_cast<uint8_t>(v);
+            v = v * g % n;
         }
+        for (int i = 0; i < span; ++i) {
+            const int t = ((h - 1 - i) % (n - 1) + (n - 1)) % (n - 1);
+            int e = 1;  // g^t mod n
+            for (int u = 0; u < t; ++u) e = e * g % n;
+            tab[i] = base[int64_t(e) * bs].re;
+            tab[span + i] = base[int64_t(e) * bs].im;
+        }
+    }
+    // the direct table of a plan read back
+    struct DirTab {
+        int n, h, span;
+        const T* rc;
+        const uint8_t* gq;
+        explicit DirTab(const Plan* p)
+            : n(p->n), h(p->n / 2), span(dirSpan(p->n / 2)), rc(static_cast<const T*>(p->dirTab)),
+              gq(reinterpret_cast<const uint8_t*>(rc + 2 * span)) {}
     };
-    // the roots gathered from the interleaved table (offsets in reals)
-    struct DirWalk : WalkBase {
-        const T* w;
-        VRX_INLINE DirWalk(int k0, int last, int n, const T* W) : WalkBase(k0, last, n, 2), w(W) {}
-        VRX_INLINE typename S::R re() const { return simd::gatherAt(w, this->q); }
-        VRX_INLINE typename S::R im() const { return simd::gatherAt(w + 1, this->q); }
+    // the bin of register lane p < h: g^(-p) = n - g^(h-p) (1 at p = 0)
+    static VRX_INLINE int dirBin(const uint8_t* gq, int n, int h, int p) { return p == 0 ? 1 : n - gq[h - p]; }
+
+    // A and B of bins p0 .. p0+NB*L-1 (NB registers) from the pair sums S, D
+    // (interleaved complex values when Cplx); A starts at (a0r, a0i).
+    template <int NB> struct DirSums {
+        typename S::R ar[NB], ai[NB], br[NB], bi[NB];
     };
-    // The roots of a direct length up to 4 L (8 L double) in
-    // registers, real and imaginary parts apart: a lane's root is a permute
-    // of a register pair, the pairs past the first blended in by index,
-    // instead of a gather.
-    static constexpr int kPairs = sizeof(T) == 4 ? 2 : 4;
-    static constexpr int kRegMax = 2 * kPairs * kL;
-    struct RegRoots {
-        typename S::R re[2 * kPairs], im[2 * kPairs];
-        int pairs;
-        explicit RegRoots(const T* W, int n) : pairs((n + 2 * kL - 1) / (2 * kL)) {
-            for (int r = 0; r < 2 * pairs; ++r) {
-                const int left = n - r * kL, c = left < 0 ? 0 : left > kL ? kL : left;  // complex values of register r
-                const typename S::R lo = S::loadm(simd::tail<T>(2 * c < kL ? 2 * c : kL), W + 2 * r * kL);
-                const typename S::R hi = S::loadm(simd::tail<T>(2 * c > kL ? 2 * c - kL : 0), W + 2 * r * kL + kL);
-                simd::deinterleave(lo, hi, re[r], im[r]);
+    template <bool Cplx, int NB>
+    static VRX_INLINE DirSums<NB> dirSums(const T* rc, const T* rs, const T* Sv, const T* Dv, int h, int p0, T a0r, T a0i) {
+        DirSums<NB> o;
+        for (int b = 0; b < NB; ++b) {
+            o.ar[b] = S::set1(a0r);
+            o.ai[b] = S::set1(a0i);
+            o.br[b] = o.bi[b] = S::zero();
+        }
+        const T* pc = rc + p0 + h - 1;
+        const T* ps = rs + p0 + h - 1;
+        for (int q = 0; q < h; ++q) {
+#pragma GCC unroll 2
+            for (int b = 0; b < NB; ++b) {
+                const typename S::R c = S::load(pc - q + b * kL), t = S::load(ps - q + b * kL);
+                if constexpr (Cplx) {
+                    o.ar[b] = S::add(o.ar[b], S::mul(S::set1(Sv[2 * q]), c));
+                    o.ai[b] = S::add(o.ai[b], S::mul(S::set1(Sv[2 * q + 1]), c));
+                    o.br[b] = S::add(o.br[b], S::mul(S::set1(Dv[2 * q]), t));
+                    o.bi[b] = S::add(o.bi[b], S::mul(S::set1(Dv[2 * q + 1]), t));
+                } else {
+                    o.ar[b] = S::add(o.ar[b], S::mul(S::set1(Sv[q]), c));
+                    o.br[b] = S::add(o.br[b], S::mul(S::set1(Dv[q]), t));
+                }
             }
         }
-    };
-    struct DirPerm : WalkBase {
-        const RegRoots* t;
-        VRX_INLINE DirPerm(int k0, int last, int n, const RegRoots* R) : WalkBase(k0, last, n, 1), t(R) {}
-        VRX_INLINE typename S::R pick(const typename S::R* v) const {
-            const U::R q = this->q;
-            typename S::R a = simd::permuteAt(v[0], v[1], q);
-            for (int p = 1; p < t->pairs; ++p) {
-                const typename S::M m = static_cast<typename S::M>(U::ge(q, U::set1(uint32_t(2 * kL * p))));
-                a = S::blend(m, a, simd::permuteAt(v[2 * p], v[2 * p + 1], q));
-            }
-            return a;
+        return o;
+    }
+    // f(r, b, p0): the sums of register b of a pass over bins p0 ..; two
+    // registers a pass while two are left, so that the sums hide their latency
+    template <bool Cplx, class F>
+    static VRX_INLINE void dirPasses(const T* rc, int span, const T* Sv, const T* Dv, int h, T a0r, T a0i, F&& f) {
+        int p0 = 0;
+        for (; p0 + kL < h; p0 += 2 * kL) {
+            const DirSums<2> r = dirSums<Cplx, 2>(rc, rc + span, Sv, Dv, h, p0, a0r, a0i);
+            f(r, 0, p0);
+            f(r, 1, p0 + kL);
         }
-        VRX_INLINE typename S::R re() const { return pick(t->re); }
-        VRX_INLINE typename S::R im() const { return pick(t->im); }
-    };
-    // f.template operator()<Walk>(ctx): the walk of the table the length allows
-    template <class F> static VRX_INLINE void withWalk(const T* W, int n, F&& f) {
-        if (n <= kRegMax) {
-            const RegRoots R(W, n);
-            f.template operator()<DirPerm>(&R);
-        } else {
-            f.template operator()<DirWalk>(W);
+        if (p0 < h) {
+            const DirSums<1> r = dirSums<Cplx, 1>(rc, rc + span, Sv, Dv, h, p0, a0r, a0i);
+            f(r, 0, p0);
         }
     }
 
-    // The direct lengths are odd (primes: every even length factors), so
-    // inputs j and n-j pair up: with S = x[j] + x[n-j], D = x[j] - x[n-j]
-    // and w^(jk) = (c, t), bins k and n-k share the sums of S*c and D*t,
-    // half the products of the plain sum. Lanes run k = 1 .. h.
     template <bool Inv> static void dirC(const Plan* p, CRef<T> s, CRef<T> d, C* work) {
-        const int n = p->n, h = n / 2;
-        const T* W = static_cast<const T*>(p->dirTab);
+        const DirTab t(p);
+        const int n = t.n, h = t.h, span = t.span;
         C* Sv = work;
         C* Dv = work + h;
         const C x0 = s.get(0);
         C sum = x0;
-        for (int j = 1; j <= h; ++j) {
-            const C a = s.get(j), b = s.get(n - j);
-            Sv[j - 1] = {a.re + b.re, a.im + b.im};
-            Dv[j - 1] = {a.re - b.re, a.im - b.im};
+        for (int q = 0; q < h; ++q) {
+            const C a = s.get(t.gq[q]), b = s.get(n - t.gq[q]);
+            Sv[q] = {a.re + b.re, a.im + b.im};
+            Dv[q] = {a.re - b.re, a.im - b.im};
         }
-        for (int j = 0; j < h; ++j) sum = {sum.re + Sv[j].re, sum.im + Sv[j].im};
+        for (int q = 0; q < h; ++q) sum = {sum.re + Sv[q].re, sum.im + Sv[q].im};
         alignas(64) T o[4][kL];
-        withWalk(W, n, [&]<class Walk>(auto ctx) {
-        for (int k0 = 1; k0 <= h; k0 += kL) {
-            Walk q(k0, h, n, ctx);
-            typename S::R A = S::set1(x0.re), B = S::set1(x0.im), P = S::zero(), Q = S::zero();
-            for (int j = 0; j < h; ++j) {
-                q.next();
-                const typename S::R c = q.re(), t = q.im();
-                A = S::add(A, S::mul(S::set1(Sv[j].re), c));
-                B = S::add(B, S::mul(S::set1(Sv[j].im), c));
-                P = S::add(P, S::mul(S::set1(Dv[j].im), t));
-                Q = S::add(Q, S::mul(S::set1(Dv[j].re), t));
-            }
-            // forward: X[k] = (A - P, B + Q), X[n-k] = (A + P, B - Q); the inverse swaps them
-            S::store(o[0], S::sub(A, P));
-            S::store(o[1], S::add(B, Q));
-            S::store(o[2], S::add(A, P));
-            S::store(o[3], S::sub(B, Q));
-            const int m = h + 1 - k0 < kL ? h + 1 - k0 : kL;
+        dirPasses<true>(t.rc, span, &Sv[0].re, &Dv[0].re, h, x0.re, x0.im, [&](const auto& r, int b, int p0) {
+            // forward: X[k] = (A - Bi, Ai + Br), X[n-k] = (A + Bi, Ai - Br); the inverse swaps them
+            S::store(o[0], S::sub(r.ar[b], r.bi[b]));
+            S::store(o[1], S::add(r.ai[b], r.br[b]));
+            S::store(o[2], S::add(r.ar[b], r.bi[b]));
+            S::store(o[3], S::sub(r.ai[b], r.br[b]));
+            const int m = h - p0 < kL ? h - p0 : kL;
             for (int i = 0; i < m; ++i) {
-                const int k = k0 + i;
+                const int k = dirBin(t.gq, n, h, p0 + i);
                 d.set(Inv ? n - k : k, {o[0][i], o[1][i]});
                 d.set(Inv ? k : n - k, {o[2][i], o[3][i]});
             }
-        }
         });
         d.set(0, sum);
     }
     // real odd length, in place in d: reals to the odd form and back
     static void dirRFwd(const Plan* p, T* d, T* work) {
-        const int n = p->n, h = (n - 1) / 2;
-        const T* W = static_cast<const T*>(p->dirTab);
+        const DirTab t(p);
+        const int n = t.n, h = t.h, span = t.span;
         T* Sv = work;
         T* Dv = work + h;
         const T x0 = d[0];
         T sum = x0;
-        for (int j = 1; j <= h; ++j) {
-            Sv[j - 1] = d[j] + d[n - j];
-            Dv[j - 1] = d[j] - d[n - j];
+        for (int q = 0; q < h; ++q) {
+            Sv[q] = d[t.gq[q]] + d[n - t.gq[q]];
+            Dv[q] = d[t.gq[q]] - d[n - t.gq[q]];
         }
-        for (int j = 0; j < h; ++j) sum += Sv[j];
+        for (int q = 0; q < h; ++q) sum += Sv[q];
         alignas(64) T ore[kL], oim[kL];
-        withWalk(W, n, [&]<class Walk>(auto ctx) {
-        for (int k0 = 1; k0 <= h; k0 += kL) {
-            Walk q(k0, h, n, ctx);
-            typename S::R sr = S::set1(x0), si = S::zero();
-            for (int j = 0; j < h; ++j) {
-                q.next();
-                sr = S::add(sr, S::mul(S::set1(Sv[j]), q.re()));
-                si = S::add(si, S::mul(S::set1(Dv[j]), q.im()));
-            }
-            S::store(ore, sr);
-            S::store(oim, si);
-            const int m = h + 1 - k0 < kL ? h + 1 - k0 : kL;
+        dirPasses<false>(t.rc, span, Sv, Dv, h, x0, T(0), [&](const auto& r, int b, int p0) {
+            S::store(ore, r.ar[b]);
+            S::store(oim, r.br[b]);
+            const int m = h - p0 < kL ? h - p0 : kL;
             for (int i = 0; i < m; ++i) {
-                const int k = k0 + i;
-                d[2 * k - 1] = ore[i];
-                d[2 * k] = oim[i];
+                const int k = dirBin(t.gq, n, h, p0 + i);
+                // X[k] = A + iB; the stored half has X[n-k] = A - iB
+                if (k <= h) {
+                    d[2 * k - 1] = ore[i];
+                    d[2 * k] = oim[i];
+                } else {
+                    d[2 * (n - k) - 1] = ore[i];
+                    d[2 * (n - k)] = -oim[i];
+                }
             }
-        }
         });
         d[0] = sum;
     }
-    // x[j] and x[n-j] share the sums of R(k)*c and I(k)*t
+    // x[j] and x[n-j] share the sums of R(k)*c and I(k)*s, k = g^q (the
+    // conjugate where g^q is past the stored half)
     static void dirRInv(const Plan* p, T* d, T* work) {
-        const int n = p->n, h = n / 2;
-        const T* W = static_cast<const T*>(p->dirTab);
-        memcpy(work, d, sizeof(T) * n);
-        T x0 = work[0];
-        for (int k = 1; k <= h; ++k) x0 += work[2 * k - 1] + work[2 * k - 1];
-        alignas(64) T o[2][kL];
-        withWalk(W, n, [&]<class Walk>(auto ctx) {
-        for (int j0 = 1; j0 <= h; j0 += kL) {
-            Walk q(j0, h, n, ctx);
-            typename S::R C0 = S::zero(), S0 = S::zero();
-            for (int k = 1; k <= h; ++k) {
-                q.next();
-                C0 = S::add(C0, S::mul(S::set1(work[2 * k - 1]), q.re()));
-                S0 = S::add(S0, S::mul(S::set1(work[2 * k]), q.im()));
-            }
-            const typename S::R r0 = S::set1(work[0]);
-            C0 = S::add(C0, C0);
-            S0 = S::add(S0, S0);
-            S::store(o[0], S::add(r0, S::add(C0, S0)));
-            S::store(o[1], S::add(r0, S::sub(C0, S0)));
-            const int m = h + 1 - j0 < kL ? h + 1 - j0 : kL;
-            for (int i = 0; i < m; ++i) {
-                d[j0 + i] = o[0][i];
-                d[n - j0 - i] = o[1][i];
+        const DirTab t(p);
+        const int n = t.n, h = t.h, span = t.span;
+        T* Rv = work;
+        T* Iv = work + h;
+        const T r0 = d[0];
+        T x0 = r0;
+        for (int k = 1; k <= h; ++k) x0 += d[2 * k - 1] + d[2 * k - 1];
+        for (int q = 0; q < h; ++q) {
+            const int k = t.gq[q];
+            if (k <= h) {
+                Rv[q] = d[2 * k - 1];
+                Iv[q] = d[2 * k];
+            } else {
+                Rv[q] = d[2 * (n - k) - 1];
+                Iv[q] = -d[2 * (n - k)];
             }
         }
+        alignas(64) T o[2][kL];
+        dirPasses<false>(t.rc, span, Rv, Iv, h, T(0), T(0), [&](const auto& r, int b, int p0) {
+            const typename S::R c0 = S::add(r.ar[b], r.ar[b]), s0 = S::add(r.br[b], r.br[b]), rr = S::set1(r0);
+            S::store(o[0], S::add(rr, S::add(c0, s0)));
+            S::store(o[1], S::add(rr, S::sub(c0, s0)));
+            const int m = h - p0 < kL ? h - p0 : kL;
+            for (int i = 0; i < m; ++i) {
+                const int j = dirBin(t.gq, n, h, p0 + i);
+                d[j] = o[0][i];
+                d[n - j] = o[1][i];
+            }
         });
         d[0] = x0;
     }
@@ -562,6 +573,17 @@ template <class T, class Tr> struct Dft {
         const int N = p->length;
         const bool norm = Inv ? p->invNorm : p->fwdNorm;
         const T scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        // the fixed-length kernels straight from here: no frame for the other paths
+        if (p->path == kPathSmall && !isPow2(N)) {
+            smallRunC<T>(N, Inv, sRe, split ? sIm : sRe + 1, split ? 1 : 2, dRe, split ? dIm : dRe + 1, split ? 1 : 2, scale);
+            return vrxOk;
+        }
+        return runCPath<Inv>(p, split, sRe, sIm, dRe, dIm, pBuf, scale);
+    }
+    template <bool Inv>
+    __attribute__((noinline)) static VrxStatus runCPath(const Plan* p, bool split, const T* sRe, const T* sIm, T* dRe,
+                                                        T* dIm, Vrx8u* pBuf, T scale) {
+        const int N = p->length;
         const CRef<T> s = split ? CRef<T>{const_cast<T*>(sRe), const_cast<T*>(sIm), 1}
                                 : CRef<T>{const_cast<T*>(sRe), const_cast<T*>(sRe) + 1, 2};
         const CRef<T> d = split ? CRef<T>{dRe, dIm, 1} : CRef<T>{dRe, dRe + 1, 2};
@@ -569,7 +591,7 @@ template <class T, class Tr> struct Dft {
             smallC<Inv>(N, s, d, scale);
             return vrxOk;
         }
-        if (p->path == kPathFft) return Tr::fftRunC(K, Inv, sRe, sIm, dRe, dIm, p->innerPlan, pBuf);
+        if (p->path == kPathFft) return Tr::fftRunC(split ? Kind::Cs : Kind::C, Inv, sRe, sIm, dRe, dIm, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
         if (VrxStatus st = pathC<Inv>(p, s, d, !split, work)) return st;
         if (scale != T(0)) {
