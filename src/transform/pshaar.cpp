@@ -137,21 +137,32 @@ VRX_INLINE void storePairs(int16_t* p, I::R a, I::R b) {
 VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
     if (VrxStatus st = checkArgs(len, x, lo, hi)) return st;
     const int e = sf > INT32_MAX - 1 ? INT32_MAX : sf + 1;
-    const Scale16 sc(e);
     const int pairs = len / 2;
-    auto block = [&](int i, bool nt) {
-        I::R s0, d0, s1, d1;
-        simd::pairSumDiff16s(x + 2 * i, s0, d0);
-        simd::pairSumDiff16s(x + 2 * i + 32, s1, d1);
-        simd::narrowSat16sJoin(lo + i, sc(s0), sc(s1), nt);
-        simd::narrowSat16sJoin(hi + i, sc(d0), sc(d1), nt);
-    };
+    // Large calls stream from lo's 64-byte boundary when hi is on one too.
     int i = 0, head = 0;
-    if (streamFrom(lo, size_t(len) * 2 * sizeof(int16_t), pairs, head) && head == 0 && at64(hi)) {
-        for (; i + 32 <= pairs; i += 32) block(i, true);
-        simd::streamFence();
+    const bool nt = streamFrom(lo, size_t(len) * 2 * sizeof(int16_t), pairs, head) && head == 0 && at64(hi);
+    auto walk = [&](int step, auto block) {
+        if (nt) {
+            for (; i + step <= pairs; i += step) block(i, true);
+            simd::streamFence();
+        }
+        for (; i + step <= pairs; i += step) block(i, false);
+    };
+    if (e == 1) {
+        // the mean and half the difference: 16-bit lanes throughout
+        walk(16, [&](int k, bool s) { simd::pairHalves16s(x + 2 * k, lo + k, hi + k, s); });
+    } else if (e == 0) {
+        walk(16, [&](int k, bool s) { simd::pairSumDiffSat16s(x + 2 * k, lo + k, hi + k, s); });
+    } else {
+        const Scale16 sc(e);
+        walk(32, [&](int k, bool s) {
+            I::R s0, d0, s1, d1;
+            simd::pairSumDiff16s(x + 2 * k, s0, d0);
+            simd::pairSumDiff16s(x + 2 * k + 32, s1, d1);
+            simd::narrowSat16sJoin(lo + k, sc(s0), sc(s1), s);
+            simd::narrowSat16sJoin(hi + k, sc(d0), sc(d1), s);
+        });
     }
-    for (; i + 32 <= pairs; i += 32) block(i, false);
     for (; i < pairs; ++i) {
         lo[i] = scale1(int32_t(x[2 * i]) + x[2 * i + 1], e);
         hi[i] = scale1(int32_t(x[2 * i + 1]) - x[2 * i], e);

@@ -755,3 +755,42 @@ VRX_INLINE __m256i addPairMagnitudes16s(__m256i acc, const int16_t* p) {
     return _mm256_add_epi32(acc, _mm256_madd_epi16(x, sign));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// 16 pairs (a, b) of 16-bit values at p, split in order by two truncating
+// narrows: lo = (a + b) / 2 and hi = (b - a) / 2 rounded to nearest, ties
+// to even (hi saturated: 32767.5 gives 32767), each 16 values stored from
+// lo and hi; nt: non-temporal stores (lo and hi on 32-byte boundaries).
+// The halves come from unsigned rounding averages of the values offset by
+// 2^15, taken back one where the sum is odd and the average rounded to odd.
+VRX_INLINE void pairHalves16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
+    const __m512i w = _mm512_xor_si512(_mm512_loadu_si512(p), _mm512_set1_epi32(static_cast<int>(0x80008000u)));
+    const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
+    const __m256i sgn = _mm256_set1_epi16(static_cast<int16_t>(0x8000));
+    const __m256i odd = _mm256_and_si256(_mm256_xor_si256(a, b), _mm256_set1_epi16(1));
+    const __m256i s = _mm256_avg_epu16(a, b);                                          // ceil((a + b) / 2) + 2^15
+    const __m256i d = _mm256_avg_epu16(b, _mm256_xor_si256(a, _mm256_set1_epi16(-1)));  // floor((b - a) / 2) + 2^15
+    const __m256i rs = _mm256_sub_epi16(_mm256_xor_si256(s, sgn), _mm256_and_si256(odd, s));
+    const __m256i rd = _mm256_adds_epi16(_mm256_xor_si256(d, sgn), _mm256_and_si256(odd, d));
+    if (nt) {
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(lo), rs);
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(hi), rd);
+    } else {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(lo), rs);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(hi), rd);
+    }
+}
+// The same split with lo = a + b and hi = b - a, saturated.
+VRX_INLINE void pairSumDiffSat16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
+    const __m512i w = _mm512_loadu_si512(p);
+    const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
+    const __m256i rs = _mm256_adds_epi16(a, b), rd = _mm256_subs_epi16(b, a);
+    if (nt) {
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(lo), rs);
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(hi), rd);
+    } else {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(lo), rs);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(hi), rd);
+    }
+}
+}  // namespace n0::simd
