@@ -16,49 +16,94 @@
 namespace n0::haar {
 namespace {
 
-// Large calls (see map::streamWorth) store the results with non-temporal
-// stores from lo's 64-byte boundary on; hi streams too when it shares that
-// boundary, else it takes ordinary stores. Only the speed changes.
-template <class T>
-VRX_INLINE bool streamFrom(const T* lo, size_t bytes, int pairs, int& head) {
-    if (!map::streamWorth(bytes) || (reinterpret_cast<uintptr_t>(lo) & (sizeof(T) - 1))) return false;
-    const int h = static_cast<int>(map::headTo64(lo));
-    head = h < pairs ? h : pairs;
-    return true;
-}
 template <class W, class T>
 VRX_INLINE void put(T* p, typename W::R v, bool nt) {
     if (nt) W::stream(p, v);
     else W::store(p, v);
 }
 VRX_INLINE bool at64(const void* p) { return (reinterpret_cast<uintptr_t>(p) & 63) == 0; }
+template <class T>
+VRX_INLINE bool elementAligned(const T* p) { return (reinterpret_cast<uintptr_t>(p) & (sizeof(T) - 1)) == 0; }
 
+// Large calls (see map::streamWorth) store the results with non-temporal
+// stores from lo's 64-byte boundary on. Only the speed changes.
+template <class T>
+VRX_INLINE bool streamFrom(const T* lo, size_t bytes, int pairs, int& head) {
+    if (!map::streamWorth(bytes) || !elementAligned(lo)) return false;
+    const int h = static_cast<int>(map::headTo64(lo));
+    head = h < pairs ? h : pairs;
+    return true;
+}
+
+// Lane j of the result is lane j + N - m of the pair (a, b): b moved up m
+// lanes behind the last m lanes of a.
+template <class T>
+VRX_INLINE __m512i upIndex(int m) {
+    const __m512i i32 = simd::V<int32_t>::add(simd::iota32(), simd::V<int32_t>::set1(simd::V<T>::N - m));
+    if constexpr (sizeof(T) == 4) return i32;
+    else return simd::lowTo64u(i32);
+}
+
+// The forward loop stores every vector on a 64-byte boundary: a scalar head
+// brings lo to one, and hi, m lanes past a boundary there, gets each result
+// moved up m lanes and joined with the last m lanes of the one before (a
+// masked store at each end). Each source pair is loaded once; folded into
+// both permutes of the split the load would be read twice, which a source
+// off its boundary pays with two split lines each.
 template <class T>
 VrxStatus fwd(const T* x, int len, T* lo, T* hi) {
     if (VrxStatus st = checkArgs(len, x, lo, hi)) return st;
     using W = simd::V<T>;
+    using R = typename W::R;
+    constexpr int N = W::N;
     const int pairs = len / 2;
-    const typename W::R half = W::set1(T(0.5));
+    const R half = W::set1(T(0.5));
     auto one = [&](int i) {
         const T h = (x[2 * i + 1] - x[2 * i]) * T(0.5);
         hi[i] = h;
         lo[i] = h + x[2 * i];
     };
-    auto block = [&](int i, bool ntLo, bool ntHi) {
-        typename W::R ev, od;
-        simd::deinterleave(W::load(x + 2 * i), W::load(x + 2 * i + W::N), ev, od);
-        const typename W::R h = W::mul(W::sub(od, ev), half);
-        put<W>(hi + i, h, ntHi);
-        put<W>(lo + i, W::add(h, ev), ntLo);
+    auto calc = [&](int i, R& l) {  // the high values of pairs i .. i + N - 1, l the low ones
+        R ev, od;
+        simd::deinterleave(simd::keepInRegister(W::load(x + 2 * i)), simd::keepInRegister(W::load(x + 2 * i + N)), ev, od);
+        const R h = W::mul(W::sub(od, ev), half);
+        l = W::add(h, ev);
+        return h;
     };
-    int i = 0, head = 0;
-    if (streamFrom(lo, size_t(len) * 2 * sizeof(T), pairs, head)) {
-        for (; i < head; ++i) one(i);
-        const bool ntHi = at64(hi + i);
-        for (; i + W::N <= pairs; i += W::N) block(i, true, ntHi);
-        simd::streamFence();
+    int i = 0;
+    if (pairs >= 2 * N) {
+        const int a = static_cast<int>(map::headTo64(lo));
+        for (; i < a; ++i) one(i);
+        const bool nt = map::streamWorth(size_t(len) * 2 * sizeof(T)) && elementAligned(lo) && elementAligned(hi);
+        const int m = static_cast<int>((reinterpret_cast<uintptr_t>(hi + i) & 63) / sizeof(T));
+        R l;
+        if (m == 0 || !elementAligned(hi)) {
+            for (; i + N <= pairs; i += N) {
+                const R h = calc(i, l);
+                put<W>(lo + i, l, nt);
+                put<W>(hi + i, h, nt && m == 0);
+            }
+        } else {
+            const __m512i up = upIndex<T>(m);
+            R prev = calc(i, l);
+            put<W>(lo + i, l, nt);
+            W::storem(hi + i - m, static_cast<typename W::M>(~simd::tail<T>(m)), W::permute2(prev, up, prev));
+            for (i += N; i + N <= pairs; i += N) {
+                const R h = calc(i, l);
+                put<W>(lo + i, l, nt);
+                put<W>(hi + i - m, W::permute2(prev, up, h), nt);
+                prev = h;
+            }
+            W::storem(hi + i - m, simd::tail<T>(m), W::permute2(prev, up, prev));
+        }
+        if (nt) simd::streamFence();
     }
-    for (; i + W::N <= pairs; i += W::N) block(i, false, false);
+    for (; i + N <= pairs; i += N) {
+        R l;
+        const R h = calc(i, l);
+        W::store(lo + i, l);
+        W::store(hi + i, h);
+    }
     for (; i < pairs; ++i) one(i);
     if (len & 1) lo[pairs] = x[len - 1];
     return vrxOk;

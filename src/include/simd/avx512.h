@@ -794,3 +794,14 @@ VRX_INLINE void pairSumDiffSat16s(const int16_t* p, int16_t* lo, int16_t* hi, bo
     }
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// v unchanged, through an empty asm: a register just loaded reaches all its
+// uses as a register, where the compiler would fold the load into each of
+// two permutes and read memory twice.
+template <class R>
+VRX_INLINE R keepInRegister(R v) {
+    asm("" : "+v"(v));
+    return v;
+}
+}  // namespace n0::simd
