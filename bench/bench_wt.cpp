@@ -3,8 +3,8 @@
 // objects (M = 2): taps 4, 8, 16, 32; 4 Ki and 256 Ki outputs per band,
 // fed in calls of 4096 outputs. The counter ns_per_pair is nanoseconds per
 // output pair (one low and one high value, or two samples). Typed forms
-// run beside the 32f state. Haar against a scalar loop at 4 Ki elements
-// and against memcpy of the source bytes at 4 Mi.
+// run beside the 32f state. Haar, forward and inverse, against a scalar
+// loop at 4 Ki elements and against memcpy of the same bytes at 4 Mi.
 #include <benchmark/benchmark.h>
 #include <string.h>
 
@@ -245,6 +245,41 @@ void BM_HaarScalar(benchmark::State& st) {
 }
 
 template <class T>
+void BM_HaarInv(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    const auto lo = signal<T>(n / 2, 1000.0), hi = signal<T>(n / 2, 500.0);
+    std::vector<T> x(n);
+    for (auto _ : st) {
+        if constexpr (sizeof(T) == 2) vrxsWTHaarInv_16s_Sfs(lo.data(), hi.data(), x.data(), n, 0);
+        else if constexpr (sizeof(T) == 4) vrxsWTHaarInv_32f(lo.data(), hi.data(), x.data(), n);
+        else vrxsWTHaarInv_64f(lo.data(), hi.data(), x.data(), n);
+        benchmark::DoNotOptimize(x.data());
+    }
+    st.SetBytesProcessed(int64_t(st.iterations()) * n * sizeof(T));
+}
+
+template <class T>
+void BM_HaarInvScalar(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    const auto lo = signal<T>(n / 2, 1000.0), hi = signal<T>(n / 2, 500.0);
+    std::vector<T> x(n);
+    for (auto _ : st) {
+        for (int i = 0; i < n / 2; ++i) {
+            if constexpr (sizeof(T) == 2) {  // sf 0: low - high and low + high, saturated
+                const int a = lo[i] - hi[i], b = lo[i] + hi[i];
+                x[2 * i] = static_cast<T>(a > 32767 ? 32767 : a < -32768 ? -32768 : a);
+                x[2 * i + 1] = static_cast<T>(b > 32767 ? 32767 : b < -32768 ? -32768 : b);
+            } else {
+                x[2 * i] = lo[i] - hi[i];
+                x[2 * i + 1] = lo[i] + hi[i];
+            }
+        }
+        benchmark::DoNotOptimize(x.data());
+    }
+    st.SetBytesProcessed(int64_t(st.iterations()) * n * sizeof(T));
+}
+
+template <class T>
 void BM_Memcpy(benchmark::State& st) {
     const int n = static_cast<int>(st.range(0));
     const auto x = signal<T>(n, 1000.0);
@@ -265,6 +300,12 @@ BENCHMARK(BM_Memcpy<double>)->Name("Memcpy_64f")->Arg(4 << 20);
 BENCHMARK(BM_HaarFwd<int16_t>)->Name("WTHaarFwd_16s_Sfs")->Arg(4096)->Arg(4 << 20);
 BENCHMARK(BM_HaarScalar<int16_t>)->Name("HaarScalar_16s")->Arg(4096);
 BENCHMARK(BM_Memcpy<int16_t>)->Name("Memcpy_16s")->Arg(4 << 20);
+BENCHMARK(BM_HaarInv<float>)->Name("WTHaarInv_32f")->Arg(4096)->Arg(4 << 20);
+BENCHMARK(BM_HaarInvScalar<float>)->Name("HaarInvScalar_32f")->Arg(4096);
+BENCHMARK(BM_HaarInv<double>)->Name("WTHaarInv_64f")->Arg(4096)->Arg(4 << 20);
+BENCHMARK(BM_HaarInvScalar<double>)->Name("HaarInvScalar_64f")->Arg(4096);
+BENCHMARK(BM_HaarInv<int16_t>)->Name("WTHaarInv_16s_Sfs")->Arg(4096)->Arg(4 << 20);
+BENCHMARK(BM_HaarInvScalar<int16_t>)->Name("HaarInvScalar_16s")->Arg(4096);
 
 }  // namespace
 

@@ -53,15 +53,16 @@ TEST(Haar, LargeCallsExact) {
 }
 
 // The forward brings lo to a 64-byte boundary by a head and moves hi's
-// results up onto its own boundaries: every pair of element offsets, at
-// lengths about the shortest that takes this way.
+// results up onto its own boundaries; the inverse brings its destination to
+// one when the boundary falls on a pair: every pair of element offsets, at
+// lengths about the shortest that takes these ways.
 template <class T>
 void floatsAnyOffsets() {
     constexpr int N = 64 / sizeof(T);
     for (size_t lo = 0; lo < 64; lo += sizeof(T))
         for (size_t hi = 0; hi < 64; hi += sizeof(T)) {
             SCOPED_TRACE(testing::Message() << "lo " << lo << " hi " << hi);
-            floatsExact<T>({4 * N - 1, 4 * N, 4 * N + 1, 6 * N + 3, 8 * N + 2}, {(lo + hi) % 64, lo, hi, 0});
+            floatsExact<T>({4 * N - 1, 4 * N, 4 * N + 1, 6 * N + 3, 8 * N + 2}, {(lo + hi) % 64, lo, hi, hi});
         }
 }
 TEST(Haar, FloatsAnyOffsets) {

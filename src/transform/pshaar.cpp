@@ -25,16 +25,6 @@ VRX_INLINE bool at64(const void* p) { return (reinterpret_cast<uintptr_t>(p) & 6
 template <class T>
 VRX_INLINE bool elementAligned(const T* p) { return (reinterpret_cast<uintptr_t>(p) & (sizeof(T) - 1)) == 0; }
 
-// Large calls (see map::streamWorth) store the results with non-temporal
-// stores from lo's 64-byte boundary on. Only the speed changes.
-template <class T>
-VRX_INLINE bool streamFrom(const T* lo, size_t bytes, int pairs, int& head) {
-    if (!map::streamWorth(bytes) || !elementAligned(lo)) return false;
-    const int h = static_cast<int>(map::headTo64(lo));
-    head = h < pairs ? h : pairs;
-    return true;
-}
-
 // Lane j of the result is lane j + N - m of the pair (a, b): b moved up m
 // lanes behind the last m lanes of a.
 template <class T>
@@ -109,30 +99,36 @@ VrxStatus fwd(const T* x, int len, T* lo, T* hi) {
     return vrxOk;
 }
 
+// The inverse stores on x's 64-byte boundaries after a head when they fall
+// on a pair (x aligned to the element and an even count of elements up to
+// the first one), and loads each vector once.
 template <class T>
 VrxStatus inv(const T* lo, const T* hi, T* x, int len) {
     if (VrxStatus st = checkArgs(len, lo, hi, x)) return st;
     using W = simd::V<T>;
+    using R = typename W::R;
+    constexpr int N = W::N;
     const int pairs = len / 2;
     auto one = [&](int i) {
         x[2 * i] = lo[i] - hi[i];
         x[2 * i + 1] = lo[i] + hi[i];
     };
     auto block = [&](int i, bool nt) {
-        const typename W::R l = W::load(lo + i), h = W::load(hi + i);
-        typename W::R a, b;
+        const R l = simd::keepInRegister(W::load(lo + i)), h = simd::keepInRegister(W::load(hi + i));
+        R a, b;
         simd::interleave(W::sub(l, h), W::add(l, h), a, b);
         put<W>(x + 2 * i, a, nt);
-        put<W>(x + 2 * i + W::N, b, nt);
+        put<W>(x + 2 * i + N, b, nt);
     };
-    int i = 0, head = 0;
-    // x's boundary falls on a pair when x is aligned to the element
-    if (streamFrom(x, size_t(len) * 2 * sizeof(T), pairs, head) && head % 2 == 0) {
+    int i = 0;
+    const int head = static_cast<int>(map::headTo64(x));
+    if (pairs >= 2 * N && elementAligned(x) && head % 2 == 0) {
+        const bool nt = map::streamWorth(size_t(len) * 2 * sizeof(T));
         for (; i < head / 2; ++i) one(i);
-        for (; i + W::N <= pairs; i += W::N) block(i, true);
-        simd::streamFence();
+        for (; i + N <= pairs; i += N) block(i, nt);
+        if (nt) simd::streamFence();
     }
-    for (; i + W::N <= pairs; i += W::N) block(i, false);
+    for (; i + N <= pairs; i += N) block(i, false);
     for (; i < pairs; ++i) one(i);
     if (len & 1) x[len - 1] = lo[pairs];
     return vrxOk;
@@ -183,9 +179,9 @@ VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
     if (VrxStatus st = checkArgs(len, x, lo, hi)) return st;
     const int e = sf > INT32_MAX - 1 ? INT32_MAX : sf + 1;
     const int pairs = len / 2;
-    // Large calls stream from lo's 64-byte boundary when hi is on one too.
-    int i = 0, head = 0;
-    const bool nt = streamFrom(lo, size_t(len) * 2 * sizeof(int16_t), pairs, head) && head == 0 && at64(hi);
+    // Large calls stream when lo and hi are both on 64-byte boundaries.
+    int i = 0;
+    const bool nt = map::streamWorth(size_t(len) * 2 * sizeof(int16_t)) && at64(lo) && at64(hi);
     auto walk = [&](int step, auto block) {
         if (nt) {
             for (; i + step <= pairs; i += step) block(i, true);
