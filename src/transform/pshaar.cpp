@@ -214,12 +214,16 @@ VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
 
 VrxStatus inv16s(const int16_t* lo, const int16_t* hi, int16_t* x, int len, int sf) {
     if (VrxStatus st = checkArgs(len, lo, hi, x)) return st;
-    const Scale16 sc(sf);
     const int pairs = len / 2;
     int i = 0;
-    for (; i + 16 <= pairs; i += 16) {
-        const I::R l = simd::widen16s(lo + i), h = simd::widen16s(hi + i);
-        storePairs(x + 2 * i, sc(I::sub(l, h)), sc(I::add(l, h)));
+    if (sf == 0) {  // plain differences and sums: 16-bit lanes throughout
+        for (; i + 16 <= pairs; i += 16) simd::pairsDiffSumSat16s(lo + i, hi + i, x + 2 * i);
+    } else {
+        const Scale16 sc(sf);
+        for (; i + 16 <= pairs; i += 16) {
+            const I::R l = simd::widen16s(lo + i), h = simd::widen16s(hi + i);
+            storePairs(x + 2 * i, sc(I::sub(l, h)), sc(I::add(l, h)));
+        }
     }
     for (; i < pairs; ++i) {
         x[2 * i] = scale1(int32_t(lo[i]) - hi[i], sf);

@@ -805,3 +805,15 @@ VRX_INLINE R keepInRegister(R v) {
     return v;
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// 16 values at lo and at hi to 16 pairs from x: x[2i] = lo[i] - hi[i] and
+// x[2i+1] = lo[i] + hi[i], saturated.
+VRX_INLINE void pairsDiffSumSat16s(const int16_t* lo, const int16_t* hi, int16_t* x) {
+    const __m256i l = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lo)), h = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(hi));
+    const __m256i d = _mm256_subs_epi16(l, h), s = _mm256_adds_epi16(l, h);
+    const __m256i a = _mm256_unpacklo_epi16(d, s), b = _mm256_unpackhi_epi16(d, s);  // pairs 0-3, 8-11 and 4-7, 12-15
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(x), _mm256_permute2x128_si256(a, b, 0x20));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(x + 16), _mm256_permute2x128_si256(a, b, 0x31));
+}
+}  // namespace n0::simd
