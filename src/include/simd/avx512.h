@@ -757,6 +757,17 @@ VRX_INLINE __m256i addPairMagnitudes16s(__m256i acc, const int16_t* p) {
 }  // namespace n0::simd
 
 namespace n0::simd {
+// 256-bit registers a and b stored at p and q; nt: non-temporal stores (p
+// and q on 32-byte boundaries).
+VRX_INLINE void storeTwo16s(int16_t* p, __m256i a, int16_t* q, __m256i b, bool nt) {
+    if (nt) {
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(p), a);
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(q), b);
+    } else {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), a);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), b);
+    }
+}
 // 16 pairs (a, b) of 16-bit values at p, split in order by two truncating
 // narrows: lo = (a + b) / 2 and hi = (b - a) / 2 rounded to nearest, ties
 // to even (hi saturated: 32767.5 gives 32767), each 16 values stored from
@@ -772,26 +783,14 @@ VRX_INLINE void pairHalves16s(const int16_t* p, int16_t* lo, int16_t* hi, bool n
     const __m256i d = _mm256_avg_epu16(b, _mm256_xor_si256(a, _mm256_set1_epi16(-1)));  // floor((b - a) / 2) + 2^15
     const __m256i rs = _mm256_sub_epi16(_mm256_xor_si256(s, sgn), _mm256_and_si256(odd, s));
     const __m256i rd = _mm256_adds_epi16(_mm256_xor_si256(d, sgn), _mm256_and_si256(odd, d));
-    if (nt) {
-        _mm256_stream_si256(reinterpret_cast<__m256i*>(lo), rs);
-        _mm256_stream_si256(reinterpret_cast<__m256i*>(hi), rd);
-    } else {
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(lo), rs);
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(hi), rd);
-    }
+    storeTwo16s(lo, rs, hi, rd, nt);
 }
 // The same split with lo = a + b and hi = b - a, saturated.
 VRX_INLINE void pairSumDiffSat16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
     const __m512i w = _mm512_loadu_si512(p);
     const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
     const __m256i rs = _mm256_adds_epi16(a, b), rd = _mm256_subs_epi16(b, a);
-    if (nt) {
-        _mm256_stream_si256(reinterpret_cast<__m256i*>(lo), rs);
-        _mm256_stream_si256(reinterpret_cast<__m256i*>(hi), rd);
-    } else {
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(lo), rs);
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(hi), rd);
-    }
+    storeTwo16s(lo, rs, hi, rd, nt);
 }
 }  // namespace n0::simd
 
@@ -813,7 +812,6 @@ VRX_INLINE void pairsDiffSumSat16s(const int16_t* lo, const int16_t* hi, int16_t
     const __m256i l = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lo)), h = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(hi));
     const __m256i d = _mm256_subs_epi16(l, h), s = _mm256_adds_epi16(l, h);
     const __m256i a = _mm256_unpacklo_epi16(d, s), b = _mm256_unpackhi_epi16(d, s);  // pairs 0-3, 8-11 and 4-7, 12-15
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(x), _mm256_permute2x128_si256(a, b, 0x20));
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(x + 16), _mm256_permute2x128_si256(a, b, 0x31));
+    storeTwo16s(x, _mm256_permute2x128_si256(a, b, 0x20), x + 16, _mm256_permute2x128_si256(a, b, 0x31), false);
 }
 }  // namespace n0::simd
