@@ -3,9 +3,10 @@
 // objects (M = 2): taps 4, 8, 16, 32; 4 Ki and 256 Ki outputs per band,
 // fed in calls of 4096 outputs. The counter ns_per_pair is nanoseconds per
 // output pair (one low and one high value, or two samples). Typed forms
-// run beside the 32f state. Haar against a scalar loop at 4 Ki elements
-// and against memcpy of the source bytes at 4 Mi.
+// run beside the 32f state. Haar, forward and inverse, against a scalar
+// loop at 4 Ki elements and against memcpy of the same bytes at 4 Mi.
 #include <benchmark/benchmark.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include <complex>
@@ -206,11 +207,36 @@ BENCHMARK(BM_WTInv<Vrx8u, 1, VrxsWtInvState_32f8u, vrxsWTInvInit_32f8u, vrxsWTIn
 BENCHMARK(BM_WTInv<Vrx16s, 7, VrxsWtInvState_32f16s, vrxsWTInvInit_32f16s, vrxsWTInv_32f16s>)->Name("WTInv_32f16s")->Apply(FilterArgs);
 
 // ----------------------------------------------------------------- Haar
+// Every Haar run, ours and the loops it is compared with, reads and writes
+// the same kind of buffers: on 64-byte boundaries (second argument 0), or
+// each its own fixed distance past one (1: the source 16 bytes, the first
+// result 48, the second 32), as heap blocks fall. The timings at 4 Ki move
+// with the alignment, and separate heap blocks would give each side its own.
+template <class T>
+class Aligned {
+public:
+    Aligned(size_t n, size_t off) : raw_(static_cast<char*>(aligned_alloc(64, ((n * sizeof(T) + 63) & ~size_t(63)) + 64))), p_(reinterpret_cast<T*>(raw_ + off)) {}
+    Aligned(const std::vector<T>& v, size_t off) : Aligned(v.size(), off) { memcpy(p_, v.data(), v.size() * sizeof(T)); }
+    ~Aligned() { free(raw_); }
+    Aligned(const Aligned&) = delete;
+    Aligned& operator=(const Aligned&) = delete;
+    T* data() const { return p_; }
+    T& operator[](size_t i) const { return p_[i]; }
+private:
+    char* raw_;
+    T* p_;
+};
+// byte offsets of the source and the two results for a run's second argument
+struct HaarOffsets {
+    size_t src, r1, r2;
+    explicit HaarOffsets(int64_t misaligned) : src(misaligned ? 16 : 0), r1(misaligned ? 48 : 0), r2(misaligned ? 32 : 0) {}
+};
+
 template <class T>
 void BM_HaarFwd(benchmark::State& st) {
     const int n = static_cast<int>(st.range(0));
-    const auto x = signal<T>(n, 1000.0);
-    std::vector<T> lo(n / 2), hi(n / 2);
+    const HaarOffsets o(st.range(1));
+    const Aligned<T> x(signal<T>(n, 1000.0), o.src), lo(n / 2, o.r1), hi(n / 2, o.r2);
     for (auto _ : st) {
         if constexpr (sizeof(T) == 2) vrxsWTHaarFwd_16s_Sfs(x.data(), n, lo.data(), hi.data(), 0);
         else if constexpr (sizeof(T) == 4) vrxsWTHaarFwd_32f(x.data(), n, lo.data(), hi.data());
@@ -223,8 +249,8 @@ void BM_HaarFwd(benchmark::State& st) {
 template <class T>
 void BM_HaarScalar(benchmark::State& st) {
     const int n = static_cast<int>(st.range(0));
-    const auto x = signal<T>(n, 1000.0);
-    std::vector<T> lo(n / 2), hi(n / 2);
+    const HaarOffsets o(st.range(1));
+    const Aligned<T> x(signal<T>(n, 1000.0), o.src), lo(n / 2, o.r1), hi(n / 2, o.r2);
     for (auto _ : st) {
         for (int i = 0; i < n / 2; ++i) {
             if constexpr (sizeof(T) == 2) {
@@ -245,10 +271,45 @@ void BM_HaarScalar(benchmark::State& st) {
 }
 
 template <class T>
+void BM_HaarInv(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    const HaarOffsets o(st.range(1));
+    const Aligned<T> lo(signal<T>(n / 2, 1000.0), o.src), hi(signal<T>(n / 2, 500.0), o.r2), x(n, o.r1);
+    for (auto _ : st) {
+        if constexpr (sizeof(T) == 2) vrxsWTHaarInv_16s_Sfs(lo.data(), hi.data(), x.data(), n, 0);
+        else if constexpr (sizeof(T) == 4) vrxsWTHaarInv_32f(lo.data(), hi.data(), x.data(), n);
+        else vrxsWTHaarInv_64f(lo.data(), hi.data(), x.data(), n);
+        benchmark::DoNotOptimize(x.data());
+    }
+    st.SetBytesProcessed(int64_t(st.iterations()) * n * sizeof(T));
+}
+
+template <class T>
+void BM_HaarInvScalar(benchmark::State& st) {
+    const int n = static_cast<int>(st.range(0));
+    const HaarOffsets o(st.range(1));
+    const Aligned<T> lo(signal<T>(n / 2, 1000.0), o.src), hi(signal<T>(n / 2, 500.0), o.r2), x(n, o.r1);
+    for (auto _ : st) {
+        for (int i = 0; i < n / 2; ++i) {
+            if constexpr (sizeof(T) == 2) {  // sf 0: low - high and low + high, saturated
+                const int a = lo[i] - hi[i], b = lo[i] + hi[i];
+                x[2 * i] = static_cast<T>(a > 32767 ? 32767 : a < -32768 ? -32768 : a);
+                x[2 * i + 1] = static_cast<T>(b > 32767 ? 32767 : b < -32768 ? -32768 : b);
+            } else {
+                x[2 * i] = lo[i] - hi[i];
+                x[2 * i + 1] = lo[i] + hi[i];
+            }
+        }
+        benchmark::DoNotOptimize(x.data());
+    }
+    st.SetBytesProcessed(int64_t(st.iterations()) * n * sizeof(T));
+}
+
+template <class T>
 void BM_Memcpy(benchmark::State& st) {
     const int n = static_cast<int>(st.range(0));
-    const auto x = signal<T>(n, 1000.0);
-    std::vector<T> y(n);
+    const HaarOffsets o(st.range(1));
+    const Aligned<T> x(signal<T>(n, 1000.0), o.src), y(n, o.r1);
     for (auto _ : st) {
         memcpy(y.data(), x.data(), n * sizeof(T));
         benchmark::DoNotOptimize(y.data());
@@ -256,15 +317,25 @@ void BM_Memcpy(benchmark::State& st) {
     st.SetBytesProcessed(int64_t(st.iterations()) * n * sizeof(T));
 }
 
-BENCHMARK(BM_HaarFwd<float>)->Name("WTHaarFwd_32f")->Arg(4096)->Arg(4 << 20);
-BENCHMARK(BM_HaarScalar<float>)->Name("HaarScalar_32f")->Arg(4096);
-BENCHMARK(BM_Memcpy<float>)->Name("Memcpy_32f")->Arg(4 << 20);
-BENCHMARK(BM_HaarFwd<double>)->Name("WTHaarFwd_64f")->Arg(4096)->Arg(4 << 20);
-BENCHMARK(BM_HaarScalar<double>)->Name("HaarScalar_64f")->Arg(4096);
-BENCHMARK(BM_Memcpy<double>)->Name("Memcpy_64f")->Arg(4 << 20);
-BENCHMARK(BM_HaarFwd<int16_t>)->Name("WTHaarFwd_16s_Sfs")->Arg(4096)->Arg(4 << 20);
-BENCHMARK(BM_HaarScalar<int16_t>)->Name("HaarScalar_16s")->Arg(4096);
-BENCHMARK(BM_Memcpy<int16_t>)->Name("Memcpy_16s")->Arg(4 << 20);
+void HaarSmallArgs(benchmark::internal::Benchmark* b) { b->Args({4096, 0})->Args({4096, 1}); }
+void HaarLargeArgs(benchmark::internal::Benchmark* b) { b->Args({4 << 20, 0})->Args({4 << 20, 1}); }
+void HaarArgs(benchmark::internal::Benchmark* b) { HaarSmallArgs(b); HaarLargeArgs(b); }
+
+BENCHMARK(BM_HaarFwd<float>)->Name("WTHaarFwd_32f")->Apply(HaarArgs);
+BENCHMARK(BM_HaarScalar<float>)->Name("HaarScalar_32f")->Apply(HaarSmallArgs);
+BENCHMARK(BM_Memcpy<float>)->Name("Memcpy_32f")->Apply(HaarLargeArgs);
+BENCHMARK(BM_HaarFwd<double>)->Name("WTHaarFwd_64f")->Apply(HaarArgs);
+BENCHMARK(BM_HaarScalar<double>)->Name("HaarScalar_64f")->Apply(HaarSmallArgs);
+BENCHMARK(BM_Memcpy<double>)->Name("Memcpy_64f")->Apply(HaarLargeArgs);
+BENCHMARK(BM_HaarFwd<int16_t>)->Name("WTHaarFwd_16s_Sfs")->Apply(HaarArgs);
+BENCHMARK(BM_HaarScalar<int16_t>)->Name("HaarScalar_16s")->Apply(HaarSmallArgs);
+BENCHMARK(BM_Memcpy<int16_t>)->Name("Memcpy_16s")->Apply(HaarLargeArgs);
+BENCHMARK(BM_HaarInv<float>)->Name("WTHaarInv_32f")->Apply(HaarArgs);
+BENCHMARK(BM_HaarInvScalar<float>)->Name("HaarInvScalar_32f")->Apply(HaarSmallArgs);
+BENCHMARK(BM_HaarInv<double>)->Name("WTHaarInv_64f")->Apply(HaarArgs);
+BENCHMARK(BM_HaarInvScalar<double>)->Name("HaarInvScalar_64f")->Apply(HaarSmallArgs);
+BENCHMARK(BM_HaarInv<int16_t>)->Name("WTHaarInv_16s_Sfs")->Apply(HaarArgs);
+BENCHMARK(BM_HaarInvScalar<int16_t>)->Name("HaarInvScalar_16s")->Apply(HaarSmallArgs);
 
 }  // namespace
 

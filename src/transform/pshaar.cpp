@@ -16,78 +16,119 @@
 namespace n0::haar {
 namespace {
 
-// Large calls (see map::streamWorth) store the results with non-temporal
-// stores from lo's 64-byte boundary on; hi streams too when it shares that
-// boundary, else it takes ordinary stores. Only the speed changes.
-template <class T>
-VRX_INLINE bool streamFrom(const T* lo, size_t bytes, int pairs, int& head) {
-    if (!map::streamWorth(bytes) || (reinterpret_cast<uintptr_t>(lo) & (sizeof(T) - 1))) return false;
-    const int h = static_cast<int>(map::headTo64(lo));
-    head = h < pairs ? h : pairs;
-    return true;
-}
 template <class W, class T>
 VRX_INLINE void put(T* p, typename W::R v, bool nt) {
     if (nt) W::stream(p, v);
     else W::store(p, v);
 }
 VRX_INLINE bool at64(const void* p) { return (reinterpret_cast<uintptr_t>(p) & 63) == 0; }
+template <class T>
+VRX_INLINE bool elementAligned(const T* p) { return (reinterpret_cast<uintptr_t>(p) & (sizeof(T) - 1)) == 0; }
 
+// Lane j of the result is lane j + N - m of the pair (a, b): b moved up m
+// lanes behind the last m lanes of a.
+template <class T>
+VRX_INLINE __m512i upIndex(int m) {
+    const __m512i i32 = simd::V<int32_t>::add(simd::iota32(), simd::V<int32_t>::set1(simd::V<T>::N - m));
+    if constexpr (sizeof(T) == 4) return i32;
+    else return simd::lowTo64u(i32);
+}
+
+// The forward loop stores every vector on a 64-byte boundary: a scalar head
+// brings lo to one, and hi, m lanes past a boundary there, gets each result
+// moved up m lanes and joined with the last m lanes of the one before (a
+// masked store at each end). Each source pair is loaded once; folded into
+// both permutes of the split the load would be read twice, which a source
+// off its boundary pays with two split lines each.
 template <class T>
 VrxStatus fwd(const T* x, int len, T* lo, T* hi) {
     if (VrxStatus st = checkArgs(len, x, lo, hi)) return st;
     using W = simd::V<T>;
+    using R = typename W::R;
+    constexpr int N = W::N;
     const int pairs = len / 2;
-    const typename W::R half = W::set1(T(0.5));
+    const R half = W::set1(T(0.5));
     auto one = [&](int i) {
         const T h = (x[2 * i + 1] - x[2 * i]) * T(0.5);
         hi[i] = h;
         lo[i] = h + x[2 * i];
     };
-    auto block = [&](int i, bool ntLo, bool ntHi) {
-        typename W::R ev, od;
-        simd::deinterleave(W::load(x + 2 * i), W::load(x + 2 * i + W::N), ev, od);
-        const typename W::R h = W::mul(W::sub(od, ev), half);
-        put<W>(hi + i, h, ntHi);
-        put<W>(lo + i, W::add(h, ev), ntLo);
+    auto calc = [&](int i, R& l) {  // the high values of pairs i .. i + N - 1, l the low ones
+        R ev, od;
+        simd::deinterleave(simd::keepInRegister(W::load(x + 2 * i)), simd::keepInRegister(W::load(x + 2 * i + N)), ev, od);
+        const R h = W::mul(W::sub(od, ev), half);
+        l = W::add(h, ev);
+        return h;
     };
-    int i = 0, head = 0;
-    if (streamFrom(lo, size_t(len) * 2 * sizeof(T), pairs, head)) {
-        for (; i < head; ++i) one(i);
-        const bool ntHi = at64(hi + i);
-        for (; i + W::N <= pairs; i += W::N) block(i, true, ntHi);
-        simd::streamFence();
+    int i = 0;
+    if (pairs >= 2 * N) {
+        const int a = static_cast<int>(map::headTo64(lo));
+        for (; i < a; ++i) one(i);
+        const bool nt = map::streamWorth(size_t(len) * 2 * sizeof(T)) && elementAligned(lo) && elementAligned(hi);
+        const int m = static_cast<int>((reinterpret_cast<uintptr_t>(hi + i) & 63) / sizeof(T));
+        R l;
+        if (m == 0 || !elementAligned(hi)) {
+            for (; i + N <= pairs; i += N) {
+                const R h = calc(i, l);
+                put<W>(lo + i, l, nt);
+                put<W>(hi + i, h, nt && m == 0);
+            }
+        } else {
+            const __m512i up = upIndex<T>(m);
+            R prev = calc(i, l);
+            put<W>(lo + i, l, nt);
+            W::storem(hi + i - m, static_cast<typename W::M>(~simd::tail<T>(m)), W::permute2(prev, up, prev));
+            for (i += N; i + N <= pairs; i += N) {
+                const R h = calc(i, l);
+                put<W>(lo + i, l, nt);
+                put<W>(hi + i - m, W::permute2(prev, up, h), nt);
+                prev = h;
+            }
+            W::storem(hi + i - m, simd::tail<T>(m), W::permute2(prev, up, prev));
+        }
+        if (nt) simd::streamFence();
     }
-    for (; i + W::N <= pairs; i += W::N) block(i, false, false);
+    for (; i + N <= pairs; i += N) {
+        R l;
+        const R h = calc(i, l);
+        W::store(lo + i, l);
+        W::store(hi + i, h);
+    }
     for (; i < pairs; ++i) one(i);
     if (len & 1) lo[pairs] = x[len - 1];
     return vrxOk;
 }
 
+// The inverse stores on x's 64-byte boundaries after a head when they fall
+// on a pair (x aligned to the element and an even count of elements up to
+// the first one), and loads each vector once.
 template <class T>
 VrxStatus inv(const T* lo, const T* hi, T* x, int len) {
     if (VrxStatus st = checkArgs(len, lo, hi, x)) return st;
     using W = simd::V<T>;
+    using R = typename W::R;
+    constexpr int N = W::N;
     const int pairs = len / 2;
     auto one = [&](int i) {
         x[2 * i] = lo[i] - hi[i];
         x[2 * i + 1] = lo[i] + hi[i];
     };
     auto block = [&](int i, bool nt) {
-        const typename W::R l = W::load(lo + i), h = W::load(hi + i);
-        typename W::R a, b;
+        const R l = simd::keepInRegister(W::load(lo + i)), h = simd::keepInRegister(W::load(hi + i));
+        R a, b;
         simd::interleave(W::sub(l, h), W::add(l, h), a, b);
         put<W>(x + 2 * i, a, nt);
-        put<W>(x + 2 * i + W::N, b, nt);
+        put<W>(x + 2 * i + N, b, nt);
     };
-    int i = 0, head = 0;
-    // x's boundary falls on a pair when x is aligned to the element
-    if (streamFrom(x, size_t(len) * 2 * sizeof(T), pairs, head) && head % 2 == 0) {
+    int i = 0;
+    const int head = static_cast<int>(map::headTo64(x));
+    if (pairs >= 2 * N && elementAligned(x) && head % 2 == 0) {
+        const bool nt = map::streamWorth(size_t(len) * 2 * sizeof(T));
         for (; i < head / 2; ++i) one(i);
-        for (; i + W::N <= pairs; i += W::N) block(i, true);
-        simd::streamFence();
+        for (; i + N <= pairs; i += N) block(i, nt);
+        if (nt) simd::streamFence();
     }
-    for (; i + W::N <= pairs; i += W::N) block(i, false);
+    for (; i + N <= pairs; i += N) block(i, false);
     for (; i < pairs; ++i) one(i);
     if (len & 1) x[len - 1] = lo[pairs];
     return vrxOk;
@@ -137,21 +178,32 @@ VRX_INLINE void storePairs(int16_t* p, I::R a, I::R b) {
 VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
     if (VrxStatus st = checkArgs(len, x, lo, hi)) return st;
     const int e = sf > INT32_MAX - 1 ? INT32_MAX : sf + 1;
-    const Scale16 sc(e);
     const int pairs = len / 2;
-    auto block = [&](int i, bool nt) {
-        I::R s0, d0, s1, d1;
-        simd::pairSumDiff16s(x + 2 * i, s0, d0);
-        simd::pairSumDiff16s(x + 2 * i + 32, s1, d1);
-        simd::narrowSat16sJoin(lo + i, sc(s0), sc(s1), nt);
-        simd::narrowSat16sJoin(hi + i, sc(d0), sc(d1), nt);
+    // Large calls stream when lo and hi are both on 64-byte boundaries.
+    int i = 0;
+    const bool nt = map::streamWorth(size_t(len) * 2 * sizeof(int16_t)) && at64(lo) && at64(hi);
+    auto walk = [&](int step, auto block) {
+        if (nt) {
+            for (; i + step <= pairs; i += step) block(i, true);
+            simd::streamFence();
+        }
+        for (; i + step <= pairs; i += step) block(i, false);
     };
-    int i = 0, head = 0;
-    if (streamFrom(lo, size_t(len) * 2 * sizeof(int16_t), pairs, head) && head == 0 && at64(hi)) {
-        for (; i + 32 <= pairs; i += 32) block(i, true);
-        simd::streamFence();
+    if (e == 1) {
+        // the mean and half the difference: 16-bit lanes throughout
+        walk(16, [&](int k, bool s) { simd::pairHalves16s(x + 2 * k, lo + k, hi + k, s); });
+    } else if (e == 0) {
+        walk(16, [&](int k, bool s) { simd::pairSumDiffSat16s(x + 2 * k, lo + k, hi + k, s); });
+    } else {
+        const Scale16 sc(e);
+        walk(32, [&](int k, bool s) {
+            I::R s0, d0, s1, d1;
+            simd::pairSumDiff16s(x + 2 * k, s0, d0);
+            simd::pairSumDiff16s(x + 2 * k + 32, s1, d1);
+            simd::narrowSat16sJoin(lo + k, sc(s0), sc(s1), s);
+            simd::narrowSat16sJoin(hi + k, sc(d0), sc(d1), s);
+        });
     }
-    for (; i + 32 <= pairs; i += 32) block(i, false);
     for (; i < pairs; ++i) {
         lo[i] = scale1(int32_t(x[2 * i]) + x[2 * i + 1], e);
         hi[i] = scale1(int32_t(x[2 * i + 1]) - x[2 * i], e);
@@ -162,12 +214,16 @@ VrxStatus fwd16s(const int16_t* x, int len, int16_t* lo, int16_t* hi, int sf) {
 
 VrxStatus inv16s(const int16_t* lo, const int16_t* hi, int16_t* x, int len, int sf) {
     if (VrxStatus st = checkArgs(len, lo, hi, x)) return st;
-    const Scale16 sc(sf);
     const int pairs = len / 2;
     int i = 0;
-    for (; i + 16 <= pairs; i += 16) {
-        const I::R l = simd::widen16s(lo + i), h = simd::widen16s(hi + i);
-        storePairs(x + 2 * i, sc(I::sub(l, h)), sc(I::add(l, h)));
+    if (sf == 0) {  // plain differences and sums: 16-bit lanes throughout
+        for (; i + 16 <= pairs; i += 16) simd::pairsDiffSumSat16s(lo + i, hi + i, x + 2 * i);
+    } else {
+        const Scale16 sc(sf);
+        for (; i + 16 <= pairs; i += 16) {
+            const I::R l = simd::widen16s(lo + i), h = simd::widen16s(hi + i);
+            storePairs(x + 2 * i, sc(I::sub(l, h)), sc(I::add(l, h)));
+        }
     }
     for (; i < pairs; ++i) {
         x[2 * i] = scale1(int32_t(lo[i]) - hi[i], sf);

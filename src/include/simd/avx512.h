@@ -732,6 +732,44 @@ VRX_INLINE __m512i countLanes(__m512i acc, __mmask16 m) {
 }  // namespace n0::simd
 
 namespace n0::simd {
+// 256-bit registers a and b stored at p and q; nt: non-temporal stores (p
+// and q on 32-byte boundaries).
+VRX_INLINE void storeTwo16s(int16_t* p, __m256i a, int16_t* q, __m256i b, bool nt) {
+    if (nt) {
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(p), a);
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(q), b);
+    } else {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), a);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), b);
+    }
+}
+// 16 pairs (a, b) of 16-bit values at p, split in order by two truncating
+// narrows: lo = (a + b) / 2 and hi = (b - a) / 2 rounded to nearest, ties
+// to even (hi saturated: 32767.5 gives 32767), each 16 values stored from
+// lo and hi; nt: non-temporal stores (lo and hi on 32-byte boundaries).
+// The halves come from unsigned rounding averages of the values offset by
+// 2^15, taken back one where the sum is odd and the average rounded to odd.
+VRX_INLINE void pairHalves16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
+    const __m512i w = _mm512_xor_si512(_mm512_loadu_si512(p), _mm512_set1_epi32(static_cast<int>(0x80008000u)));
+    const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
+    const __m256i sgn = _mm256_set1_epi16(static_cast<int16_t>(0x8000));
+    const __m256i odd = _mm256_and_si256(_mm256_xor_si256(a, b), _mm256_set1_epi16(1));
+    const __m256i s = _mm256_avg_epu16(a, b);                                          // ceil((a + b) / 2) + 2^15
+    const __m256i d = _mm256_avg_epu16(b, _mm256_xor_si256(a, _mm256_set1_epi16(-1)));  // floor((b - a) / 2) + 2^15
+    const __m256i rs = _mm256_sub_epi16(_mm256_xor_si256(s, sgn), _mm256_and_si256(odd, s));
+    const __m256i rd = _mm256_adds_epi16(_mm256_xor_si256(d, sgn), _mm256_and_si256(odd, d));
+    storeTwo16s(lo, rs, hi, rd, nt);
+}
+// The same split with lo = a + b and hi = b - a, saturated.
+VRX_INLINE void pairSumDiffSat16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
+    const __m512i w = _mm512_loadu_si512(p);
+    const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
+    const __m256i rs = _mm256_adds_epi16(a, b), rd = _mm256_subs_epi16(b, a);
+    storeTwo16s(lo, rs, hi, rd, nt);
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
 // Sixteen floats at p each repeated in two adjacent lanes (a real operand
 // beside an interleaved complex one): p[0..7] fill lo, p[8..15] hi; one
 // load and two permutes.
@@ -739,6 +777,17 @@ VRX_INLINE void spreadPairs16(const float* p, __m512& lo, __m512& hi) {
     const __m512 a = _mm512_loadu_ps(p);
     lo = _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
     hi = _mm512_permutexvar_ps(_mm512_setr_epi32(8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13, 14, 14, 15, 15), a);
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// v unchanged, through an empty asm: a register just loaded reaches all its
+// uses as a register, where the compiler would fold the load into each of
+// two permutes and read memory twice.
+template <class R>
+VRX_INLINE R keepInRegister(R v) {
+    asm("" : "+v"(v));
+    return v;
 }
 }  // namespace n0::simd
 
@@ -792,5 +841,16 @@ VRX_INLINE void cplxDotNotLess1_16s(const int16_t* a, const int16_t* b, __m512i&
     x = _mm512_add_epi64(x, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(na, vb), one)));
     z = _mm512_add_epi64(z, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(va, _mm256_shuffle_epi8(vb, swap)), one)));
     t = _mm256_add_epi32(t, _mm256_madd_epi16(vb, _mm256_set1_epi32(0x00010000)));
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// 16 values at lo and at hi to 16 pairs from x: x[2i] = lo[i] - hi[i] and
+// x[2i+1] = lo[i] + hi[i], saturated.
+VRX_INLINE void pairsDiffSumSat16s(const int16_t* lo, const int16_t* hi, int16_t* x) {
+    const __m256i l = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lo)), h = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(hi));
+    const __m256i d = _mm256_subs_epi16(l, h), s = _mm256_adds_epi16(l, h);
+    const __m256i a = _mm256_unpacklo_epi16(d, s), b = _mm256_unpackhi_epi16(d, s);  // pairs 0-3, 8-11 and 4-7, 12-15
+    storeTwo16s(x, _mm256_permute2x128_si256(a, b, 0x20), x + 16, _mm256_permute2x128_si256(a, b, 0x31), false);
 }
 }  // namespace n0::simd
