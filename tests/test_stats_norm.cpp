@@ -142,19 +142,26 @@ TEST(NormRules, IntegerNormsAgainstExactTotalsAtEveryScale) {
 
 // ------------------------------------------------------- dot products
 // Runs of -32768 at every length to 300 (the pair sums sit at the edge of
-// 32 bits: (-32768 - 32768i)^2 = 2^31 i), then random data a quarter -32768.
+// 32 bits: (-32768 - 32768i)^2 = 2^31 i), then random data a quarter -32768,
+// then imaginary parts at opposite extremes past a 65536-value block (the
+// sums of the second operand's imaginary parts carried across it).
 TEST(DotProd16s, ExactOnMinus32768RunsAndRandomData) {
     Rng rng(13);
-    std::vector<std::pair<int, bool>> runs;
-    for (int n = 1; n <= 300; ++n) runs.push_back({n, true});
-    for (int n : {1, 7, 33, 1000, 65537}) runs.push_back({n, false});
-    for (auto [n, allMin] : runs) {
-        auto draw = [&](int k) {
+    enum Kind { kMin, kRandom, kImagExtremes };
+    std::vector<std::pair<int, Kind>> runs;
+    for (int n = 1; n <= 300; ++n) runs.push_back({n, kMin});
+    for (int n : {1, 7, 33, 1000, 65537}) runs.push_back({n, kRandom});
+    runs.push_back({65537, kImagExtremes});
+    for (auto [n, kind] : runs) {
+        // imag: the value of every odd element under kImagExtremes
+        auto draw = [&](int k, int16_t imag) {
             std::vector<int16_t> v(k);
-            for (auto& x : v) x = allMin || !(rng.next() & 3) ? int16_t(-32768) : int16_t(rng.next());
+            for (int i = 0; i < k; ++i)
+                v[i] = kind == kImagExtremes && (i & 1) ? imag
+                       : kind == kMin || !(rng.next() & 3) ? int16_t(-32768) : int16_t(rng.next());
             return v;
         };
-        const auto a = draw(n), b = draw(2 * n), c = draw(2 * n);
+        const auto a = draw(n, 0), b = draw(2 * n, 32767), c = draw(2 * n, -32768);
         i128 v = 0, rr = 0, ri = 0, sr = 0, si = 0;
         for (int i = 0; i < n; ++i) {
             v += int64_t(a[i]) * b[i];
