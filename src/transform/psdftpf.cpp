@@ -1032,13 +1032,13 @@ template <class T, int N> struct VecSmall {
                             idx[n2][p][q][2 * l + h] = static_cast<I>((l == 2 * q + 1 ? S::N : 0) + 2 * n2 + h);
     }
 };
-template <class T, int N> inline constexpr VecSmall<T, N> kVecSmall{};
+template <class T, int N> inline const VecSmall<T, N> kVecSmall{};  // built at load where cosl does not fold
 
 template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T scale) {
     using S = simd::V<T>;
     using R = typename S::R;
     using K = VecSmall<T, N>;
-    constexpr const K& k = kVecSmall<T, N>;
+    const K& k = kVecSmall<T, N>;
     constexpr int R1 = K::R1, kC = K::kC, G = K::G;
     const R conjM = S::set2(T(0), T(-0.0));
     auto mulI = [&](R v) { return S::xorb(S::swapPair(v), S::set2(T(-0.0), T(0))); };  // i*v
