@@ -728,6 +728,8 @@ VRX_INLINE void fourStep(const SrcRef<T>& src, T* out, T* re, T* im) {
 #pragma GCC unroll 2
             for (int hh = 0; hh < HD; ++hh) {
                 const int h = HD * half + hh;
+                // the tile transpose of inRegisters written out again: one
+                // shared helper for both measured 5-9% slower at orders 8-10
                 typename W::R rr[V], ri[V], tr[V], ti[V];
 #pragma GCC unroll 16
                 for (int j = 0; j < V; ++j) {

@@ -750,7 +750,7 @@ VRX_INLINE void storeTwo16s(int16_t* p, __m256i a, int16_t* q, __m256i b, bool n
 // The halves come from unsigned rounding averages of the values offset by
 // 2^15, taken back one where the sum is odd and the average rounded to odd.
 VRX_INLINE void pairHalves16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
-    const __m512i w = _mm512_xor_si512(_mm512_loadu_si512(p), _mm512_set1_epi32(static_cast<int>(0x80008000u)));
+    const __m512i w = _mm512_xor_si512(loadPairs16(p), _mm512_set1_epi32(static_cast<int>(0x80008000u)));
     const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
     const __m256i sgn = _mm256_set1_epi16(static_cast<int16_t>(0x8000));
     const __m256i odd = _mm256_and_si256(_mm256_xor_si256(a, b), _mm256_set1_epi16(1));
@@ -762,7 +762,7 @@ VRX_INLINE void pairHalves16s(const int16_t* p, int16_t* lo, int16_t* hi, bool n
 }
 // The same split with lo = a + b and hi = b - a, saturated.
 VRX_INLINE void pairSumDiffSat16s(const int16_t* p, int16_t* lo, int16_t* hi, bool nt) {
-    const __m512i w = _mm512_loadu_si512(p);
+    const __m512i w = loadPairs16(p);
     const __m256i a = _mm512_cvtepi32_epi16(w), b = _mm512_cvtepi32_epi16(_mm512_srli_epi32(w, 16));
     const __m256i rs = _mm256_adds_epi16(a, b), rd = _mm256_subs_epi16(b, a);
     storeTwo16s(lo, rs, hi, rd, nt);
