@@ -4,6 +4,8 @@
 // reference conversion written here in double precision.
 #include <math.h>
 
+#include <optional>
+
 #include "vrx_test.h"
 #include "vrx_testhooks.h"
 
@@ -16,11 +18,20 @@ struct SoftwarePath {
     ~SoftwarePath() { vrxSetFeatureMask(old); }
 };
 
-// f(0) on the hardware path, then f(1) on the software path.
-template <class F> void onBothPaths(F f) {
-    f(0);
-    SoftwarePath soft;
-    f(1);
+// run(dst) on the hardware path, then on the software path: both must
+// write ref(i) at every i, compared as bits.
+template <class D, class Run, class Ref>
+void expectBothPaths(size_t n, Run run, Ref ref, int mode) {
+    std::vector<D> hw(n), sw(n);
+    run(hw);
+    {
+        SoftwarePath soft;
+        run(sw);
+    }
+    for (size_t i = 0; i < n; ++i) {
+        ASSERT_EQ(vt::bitsOf(hw[i]), vt::bitsOf(sw[i])) << "software path, i " << i << " mode " << mode;
+        ASSERT_EQ(vt::bitsOf(hw[i]), vt::bitsOf(ref(i))) << "i " << i << " mode " << mode;
+    }
 }
 
 using vt::bitsF;
@@ -36,14 +47,8 @@ uint32_t refHalfToFloat(uint16_t h) {
     return sign | fBits(static_cast<float>(v));
 }
 
-// Rounds q >= 0 to an integer: nearest-even or toward zero.
-double roundMode(double q, bool near) {
-    double fl = floor(q);
-    if (!near) return fl;
-    double diff = q - fl;
-    if (diff > 0.5 || (diff == 0.5 && fmod(fl, 2.0) != 0.0)) return fl + 1;
-    return fl;
-}
+// q rounded to an integer: nearest-even or toward zero.
+double roundMode(double q, bool near) { return near ? nearbyint(q) : trunc(q); }
 
 // float to binary16 in the given mode.
 uint16_t refFloatToHalf(float x, bool near) {
@@ -63,21 +68,27 @@ uint16_t refFloatToHalf(float x, bool near) {
     return sign | static_cast<uint16_t>(((E + 15) << 10) | (static_cast<int>(r) - 1024));
 }
 
+// The reference of 16f16s: the exact value times 2^-sf, NaN to the lower
+// bound, rounded and saturated.
+int16_t refHalfToShort(uint16_t h, bool near, int sf) {
+    float f = bitsF(refHalfToFloat(h));
+    if (isnan(f)) return INT16_MIN;
+    double v = ldexp(static_cast<double>(f), -sf);
+    if (v >= 32767.0) return INT16_MAX;
+    if (v <= -32768.0) return INT16_MIN;
+    return static_cast<int16_t>(roundMode(v, near));
+}
+
 std::vector<uint16_t> allHalves() {
     std::vector<uint16_t> v(65536);
     for (int i = 0; i < 65536; ++i) v[i] = static_cast<uint16_t>(i);
     return v;
 }
 
-
-TEST(Convert16f, HalfToFloatEveryPattern) {
-    auto h = allHalves();
-    std::vector<float> hw(65536), sw(65536);
-    onBothPaths([&](int soft) { chunked(h, soft ? sw : hw, vrxsConvert_16f32f); });
-    for (int i = 0; i < 65536; ++i) {
-        ASSERT_EQ(fBits(hw[i]), fBits(sw[i])) << std::hex << i;
-        ASSERT_EQ(fBits(hw[i]), refHalfToFloat(static_cast<uint16_t>(i))) << std::hex << i;
-    }
+std::vector<Vrx16s> allShorts() {
+    std::vector<Vrx16s> v(65536);
+    for (int i = 0; i < 65536; ++i) v[i] = static_cast<Vrx16s>(i - 32768);
+    return v;
 }
 
 // Float patterns: every combination of sign, exponent and the ten mantissa
@@ -91,79 +102,40 @@ std::vector<float> floatGrid() {
     return v;
 }
 
-TEST(Convert16f, FloatToHalfBothModesBothPaths) {
-    auto x = floatGrid();
-    std::vector<uint16_t> hw(x.size()), sw(x.size());
-    for (int mode : {1, 0}) {
-        onBothPaths([&](int soft) {
-            ASSERT_EQ(vrxsConvert_32f16f(x.data(), (soft ? sw : hw).data(), static_cast<int>(x.size()), mode), vrxOk);
-        });
-        for (size_t i = 0; i < x.size(); ++i) {
-            ASSERT_EQ(hw[i], sw[i]) << std::hex << fBits(x[i]) << " mode " << mode;
-            ASSERT_EQ(hw[i], refFloatToHalf(x[i], mode == vrxRndNear)) << std::hex << fBits(x[i]) << " mode " << mode;
-        }
-    }
+TEST(Convert16f, HalfToFloatEveryPattern) {
+    const auto h = allHalves();
+    expectBothPaths<float>(h.size(), [&](auto& d) { chunked(h, d, vrxsConvert_16f32f); },
+                           [](size_t i) { return bitsF(refHalfToFloat(uint16_t(i))); }, 0);
 }
 
-TEST(Convert16f, FloatToHalfTailsAndOtherModes) {
+// Both modes on the grid; every mode other than 1 and 2 rounds toward zero
+// (random values), each in pieces of every tail length.
+TEST(Convert16f, FloatToHalfEveryMode) {
+    const auto grid = floatGrid();
     vt::Rng rng(7);
     std::vector<float> x(3000);
     for (auto& f : x) f = static_cast<float>((rng.uniform() - 0.5) * ldexp(1.0, static_cast<int>(rng.range(-30, 18))));
-    std::vector<uint16_t> a(x.size()), b(x.size());
-    // every mode other than 1 and 2 rounds toward zero
-    for (int mode : {0, 3, -1, 100}) {
-        onBothPaths([&](int soft) {
-            chunked(x, soft ? b : a, [mode](const Vrx32f* s, Vrx16f* d, int n) { return vrxsConvert_32f16f(s, d, n, mode); });
-        });
-        for (size_t i = 0; i < x.size(); ++i) {
-            ASSERT_EQ(a[i], refFloatToHalf(x[i], false));
-            ASSERT_EQ(b[i], a[i]);
-        }
-    }
+    for (auto [mode, src] : {std::pair{1, &grid}, {0, &grid}, {3, &x}, {-1, &x}, {100, &x}})
+        expectBothPaths<Vrx16f>(src->size(),
+            [&, mode = mode, src = src](auto& d) { chunked(*src, d, [mode](const Vrx32f* s, Vrx16f* o, int n) { return vrxsConvert_32f16f(s, o, n, mode); }); },
+            [&, mode = mode, src = src](size_t i) { return refFloatToHalf((*src)[i], mode == vrxRndNear); }, mode);
 }
 
 TEST(Convert16f, ShortToHalfEveryValue) {
-    std::vector<Vrx16s> s(65536);
-    for (int i = 0; i < 65536; ++i) s[i] = static_cast<Vrx16s>(i - 32768);
-    std::vector<uint16_t> hw(65536), sw(65536);
-    for (int mode : {1, 0, 5}) {
-        onBothPaths([&](int soft) {
-            chunked(s, soft ? sw : hw, [mode](const Vrx16s* a, Vrx16f* d, int n) { return vrxsConvert_16s16f(a, d, n, mode); });
-        });
-        for (int i = 0; i < 65536; ++i) {
-            ASSERT_EQ(hw[i], sw[i]) << s[i];
-            ASSERT_EQ(hw[i], refFloatToHalf(static_cast<float>(s[i]), mode == vrxRndNear)) << s[i] << " mode " << mode;
-        }
-    }
-}
-
-// The reference of 16f16s: the exact value times 2^-sf, NaN to the lower
-// bound, rounded and saturated.
-int16_t refHalfToShort(uint16_t h, bool near, int sf) {
-    float f = bitsF(refHalfToFloat(h));
-    if (isnan(f)) return INT16_MIN;
-    double v = ldexp(static_cast<double>(f), -sf);
-    if (v >= 32767.0) return INT16_MAX;
-    if (v <= -32768.0) return INT16_MIN;
-    double r = v < 0 ? -roundMode(-v, near) : roundMode(v, near);
-    return static_cast<int16_t>(r);
+    const auto s = allShorts();
+    for (int mode : {1, 0, 5})
+        expectBothPaths<Vrx16f>(s.size(),
+            [&](auto& d) { chunked(s, d, [mode](const Vrx16s* a, Vrx16f* o, int n) { return vrxsConvert_16s16f(a, o, n, mode); }); },
+            [&](size_t i) { return refFloatToHalf(static_cast<float>(s[i]), mode == vrxRndNear); }, mode);
 }
 
 TEST(Convert16f, HalfToShortEveryPatternScaled) {
-    auto h = allHalves();
-    std::vector<Vrx16s> hw(65536), sw(65536);
-    for (int mode : {1, 0}) {
-        for (int sf = -20; sf <= 40; ++sf) {
-            onBothPaths([&](int soft) {
-                chunked(h, soft ? sw : hw, [=](const Vrx16f* s, Vrx16s* d, int n) { return vrxsConvert_16f16s_Sfs(s, d, n, mode, sf); });
-            });
-            for (int i = 0; i < 65536; ++i) {
-                ASSERT_EQ(hw[i], sw[i]) << std::hex << i << std::dec << " sf " << sf;
-                ASSERT_EQ(hw[i], refHalfToShort(static_cast<uint16_t>(i), mode == vrxRndNear, sf))
-                    << std::hex << i << std::dec << " sf " << sf << " mode " << mode;
-            }
-        }
-    }
+    const auto h = allHalves();
+    for (int mode : {1, 0})
+        for (int sf = -20; sf <= 40; ++sf)
+            expectBothPaths<Vrx16s>(h.size(),
+                [&](auto& d) { chunked(h, d, [=](const Vrx16f* s, Vrx16s* o, int n) { return vrxsConvert_16f16s_Sfs(s, o, n, mode, sf); }); },
+                [&](size_t i) { return refHalfToShort(uint16_t(i), mode == vrxRndNear, sf); }, mode * 1000 + sf);
 }
 
 // Both paths give the same bits under every caller rounding mode, with
@@ -173,57 +145,51 @@ TEST(Convert16f, HalfToShortEveryPatternScaled) {
 // short to half and half to short. Every call gives the caller's control
 // word back and leaves no invalid flag.
 TEST(Convert16f, PathsAgreeUnderEveryControlWord) {
-    auto h = allHalves();
+    const auto h = allHalves();
+    const auto s = allShorts();
     std::vector<float> f(65536);
     ASSERT_EQ(vrxsConvert_16f32f(h.data(), f.data(), 65536), vrxOk);
-    for (float x : {-65520.0f, 1e-9f, 3.0e-5f, 1e10f, 0.0f}) f.push_back(x);
-    const uint32_t signaling = 0x7F800001;  // written as bits: a float copy may quiet it
-    memcpy(&f.back(), &signaling, 4);
-    std::vector<Vrx16s> s(65536);
-    for (int i = 0; i < 65536; ++i) s[i] = static_cast<Vrx16s>(i - 32768);
+    for (float x : {-65520.0f, 1e-9f, 3.0e-5f, 1e10f}) f.push_back(x);
+    f.push_back(bitsF(0x7F800001));  // a signaling NaN
     for (int mode : {1, 0}) {
         std::vector<uint8_t> first;
         for (unsigned rc : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero})
             for (unsigned extra : {0u, vt::kFtz, vt::kFtz | vt::kDaz})
                 for (int path = 0; path < 2; ++path) {
-                    std::vector<float> f2(65536);
-                    std::vector<uint16_t> h2(f.size()), h3(65536);
-                    std::vector<Vrx16s> s2(65536);
-                    const uint64_t old = vrxSetFeatureMask(path ? ~VRX_CPU_F16C : ~0ull);
+                    // the four results one after the other, as bytes
+                    std::vector<uint8_t> all(65536 * 4 + f.size() * 2 + 65536 * 4);
+                    auto* f2 = reinterpret_cast<float*>(all.data());
+                    auto* h2 = reinterpret_cast<Vrx16f*>(f2 + 65536);
+                    Vrx16f* h3 = h2 + f.size();
+                    auto* s2 = reinterpret_cast<Vrx16s*>(h3 + 65536);
+                    std::optional<SoftwarePath> soft;
+                    if (path) soft.emplace();
                     vt::MxcsrScope scope;
                     const unsigned w = 0x1F80 | rc | extra;
-                    auto check = [&](VrxStatus st, const char* what) {
-                        EXPECT_EQ(st, vrxOk) << what;
-                        EXPECT_EQ(_mm_getcsr() & ~0x3Eu, w) << what << " rc " << rc << " path " << path;
-                        _mm_setcsr(w);
-                    };
                     _mm_setcsr(w);
-                    check(vrxsConvert_16f32f(h.data(), f2.data(), 65536), "16f32f");
-                    check(vrxsConvert_32f16f(f.data(), h2.data(), static_cast<int>(f.size()), mode), "32f16f");
-                    check(vrxsConvert_16s16f(s.data(), h3.data(), 65536, mode), "16s16f");
-                    check(vrxsConvert_16f16s_Sfs(h.data(), s2.data(), 65536, mode, -10), "16f16s");
-                    vrxSetFeatureMask(old);
-                    std::vector<uint8_t> all;
-                    auto add = [&](const auto& v) { all.insert(all.end(), (const uint8_t*)v.data(), (const uint8_t*)(v.data() + v.size())); };
-                    add(f2), add(h2), add(h3), add(s2);
+                    for (VrxStatus st : {vrxsConvert_16f32f(h.data(), f2, 65536), vrxsConvert_32f16f(f.data(), h2, int(f.size()), mode),
+                                         vrxsConvert_16s16f(s.data(), h3, 65536, mode), vrxsConvert_16f16s_Sfs(h.data(), s2, 65536, mode, -10)})
+                        EXPECT_EQ(st, vrxOk);
+                    EXPECT_EQ(_mm_getcsr() & ~0x3Eu, w) << "rc " << rc << " path " << path;
                     if (first.empty()) first = all;
                     ASSERT_TRUE(all == first) << "mode " << mode << " rc " << rc << " csr " << extra << " path " << path;
                 }
     }
 }
 
+// Rounding 2 is refused, after the pointer and length checks, writing nothing.
 TEST(Convert16f, FinancialModeRejectedAfterPointerAndLength) {
     float x[4] = {1, 2, 3, 4};
     Vrx16f h[4] = {0xAAAA, 0xAAAA, 0xAAAA, 0xAAAA};
     Vrx16s s[4] = {1, 2, 3, 4};
     for (int path = 0; path < 2; ++path) {
-        uint64_t old = vrxSetFeatureMask(path ? ~VRX_CPU_F16C : ~0ull);
+        std::optional<SoftwarePath> soft;
+        if (path) soft.emplace();
         EXPECT_EQ(vrxsConvert_32f16f(x, h, 4, vrxRndFinancial), vrxErrRounding);
         EXPECT_EQ(vrxsConvert_16s16f(s, h, 4, vrxRndFinancial), vrxErrRounding);
         EXPECT_EQ(vrxsConvert_16f16s_Sfs(h, s, 4, vrxRndFinancial, 0), vrxErrRounding);
         EXPECT_EQ(vrxsConvert_32f16f(nullptr, h, 4, vrxRndFinancial), vrxErrNullPtr);
         EXPECT_EQ(vrxsConvert_32f16f(x, h, 0, vrxRndFinancial), vrxErrBadLength);
-        vrxSetFeatureMask(old);
     }
     for (int i = 0; i < 4; ++i) EXPECT_EQ(h[i], 0xAAAA);
     EXPECT_EQ(s[0], 1);
