@@ -342,7 +342,7 @@ VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
         pDst[1] = p - q;
         const T* tab = static_cast<const T*>(plan->recombFwdTab);
         if (recombTwoLevel<T>(order)) realRecombine2<T>(pDst, N / 2, tab);
-        else realRecombine1<T, recombPlanar<T>(8)>(pDst, N / 2, tab);
+        else realRecombine1<T, kOneLevelPlanar<T>>(pDst, N / 2, tab);
     }
     permToForm<T>(pDst, N, f);
     return vrxOk;
@@ -379,7 +379,7 @@ VrxStatus invReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
     const T r0 = s[0];
     const T* tab = static_cast<const T*>(plan->recombInvTab);
     if (recombTwoLevel<T>(order)) ccsRecombine<T, true, false>(s, pDst, N / 2, tab);
-    else ccsRecombine<T, false, recombPlanar<T>(8)>(s, pDst, N / 2, tab);
+    else ccsRecombine<T, false, kOneLevelPlanar<T>>(s, pDst, N / 2, tab);
     pDst[0] = r0 + rh;
     pDst[1] = r0 - rh;
     uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;

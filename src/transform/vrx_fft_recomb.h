@@ -13,7 +13,8 @@ namespace n0::fft {
 // 5, 2, 6, 3, 7), so that the factors load as they are. Every other table
 // stores its factors in pairs by two: first(k), first(k+1), second(k),
 // second(k+1) for k = 1, 3, 5, ...
-template <class T> constexpr bool recombPlanar(int order) { return sizeof(T) == 8 && !recombTwoLevel<T>(order); }
+template <class T> inline constexpr bool kOneLevelPlanar = sizeof(T) == 8;
+template <class T> constexpr bool recombPlanar(int order) { return kOneLevelPlanar<T> && !recombTwoLevel<T>(order); }
 
 constexpr int kLaneK(int i) { return (i >> 1) + ((i & 1) ? 4 : 0); }
 // the lane of k within its block (inverse of kLaneK)
