@@ -192,11 +192,29 @@ template <class T, bool Planar = false> VRX_INLINE void factor(const T* tab, int
     b = tab[ib];
 }
 
+// The norm scale of a plan applied to the recombination's outputs (Sc), so
+// that the complex transform before it needs no pass of its own for it.
+template <class T, bool Sc> struct OutScale {
+    using S = SV<T>;
+    typename S::V v;
+    T t;
+    explicit VRX_INLINE OutScale(T scale) : v(S::splat(scale)), t(scale) {}
+    VRX_INLINE typename S::V operator()(typename S::V x) const {
+        if constexpr (Sc) return S::mulv(x, v);
+        else return x;
+    }
+    VRX_INLINE T operator()(T x) const {
+        if constexpr (Sc) return x * t;
+        else return x;
+    }
+};
+
 // Forward recombination in place of the half-length spectrum into Perm,
 // k = 1 .. M/2, single-level factors c = 0.5*cos, s = 0.5 - 0.5*sin.
-template <class T, bool Planar> void realRecombine1(T* z, int64_t M, const T* tab) {
+template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, const T* tab, T scale) {
     using S = SV<T>;
     using V = typename S::V;
+    const OutScale<T, Sc> o(scale);
     int64_t k = vectorBlocks<T, Planar>(M, [&](const auto& ln, int64_t k0) {
         V xr, xi, yr, yi, c, s;
         ln.load(z, M, k0, xr, xi, yr, yi);
@@ -204,7 +222,7 @@ template <class T, bool Planar> void realRecombine1(T* z, int64_t M, const T* ta
         const V dr = S::sub(xr, yr), di = S::add(xi, yi);
         const V P = S::add(S::mulv(dr, s), S::mulv(c, di));
         const V Q = S::sub(S::mulv(di, s), S::mulv(c, dr));
-        ln.store(z, M, k0, S::add(yr, P), S::sub(Q, yi), S::sub(xr, P), S::sub(Q, xi));
+        ln.store(z, M, k0, o(S::add(yr, P)), o(S::sub(Q, yi)), o(S::sub(xr, P)), o(S::sub(Q, xi)));
     });
     for (; k <= M / 2; ++k) {
         T c, s;
@@ -213,10 +231,10 @@ template <class T, bool Planar> void realRecombine1(T* z, int64_t M, const T* ta
         const T dr = xr - yr, di = xi + yi;
         const T P = dr * s + c * di;
         const T Q = di * s - c * dr;
-        z[2 * k] = yr + P;
-        z[2 * k + 1] = Q - yi;
-        z[2 * (M - k)] = xr - P;
-        z[2 * (M - k) + 1] = Q - xi;
+        z[2 * k] = o(yr + P);
+        z[2 * k + 1] = o(Q - yi);
+        z[2 * (M - k)] = o(xr - P);
+        z[2 * (M - k) + 1] = o(Q - xi);
     }
 }
 
@@ -233,9 +251,10 @@ template <class T> VRX_INLINE void twoLevelW(const T* tab, int64_t k, T& wr, T& 
     wi = fr * gi + fi * gr;
 }
 
-template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
+template <class T, bool Sc> void realRecombine2(T* z, int64_t M, const T* tab, T scale) {
     using S = SV<T>;
     using V = typename S::V;
+    const OutScale<T, Sc> o(scale);
     const T* coarse = tab + 2 * kFine;
     const V hv = S::splat(T(0.5));
     // blocks divide kFine: a block never crosses a coarse step
@@ -252,7 +271,7 @@ template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
         const V pr = S::sub(S::mulv(wr, dr), S::mulv(wi, di));
         const V pi = S::add(S::mulv(wr, di), S::mulv(wi, dr));
         const V nr = S::sub(S::splat(T(0)), pr);
-        ln.store(z, M, k0, S::add(ar, pi), S::add(ai, nr), S::sub(ar, pi), S::sub(nr, ai));
+        ln.store(z, M, k0, o(S::add(ar, pi)), o(S::add(ai, nr)), o(S::sub(ar, pi)), o(S::sub(nr, ai)));
     });
     const T h = T(0.5);
     for (; k <= M / 2; ++k) {
@@ -263,19 +282,20 @@ template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
         const T dr = h * (xr - yr), di = h * (xi + yi);
         const T pr = wr * dr - wi * di, pi = wr * di + wi * dr;
         const T nr = T(0) - pr;
-        z[2 * k] = ar + pi;
-        z[2 * k + 1] = ai + nr;
-        z[2 * (M - k)] = ar - pi;
-        z[2 * (M - k) + 1] = nr - ai;
+        z[2 * k] = o(ar + pi);
+        z[2 * k + 1] = o(ai + nr);
+        z[2 * (M - k)] = o(ar - pi);
+        z[2 * (M - k) + 1] = o(nr - ai);
     }
 }
 
 // Inverse recombination of a Perm spectrum s (values from index 2 on) into
 // the half-length spectrum in d, twice its value, k = 1 .. M/2; the head
 // is set by the caller. d may be s.
-template <class T, bool Two, bool Planar> void ccsRecombine(const T* s, T* d, int64_t M, const T* tab) {
+template <class T, bool Two, bool Planar, bool Sc> void ccsRecombine(const T* s, T* d, int64_t M, const T* tab, T scale) {
     using S = SV<T>;
     using V = typename S::V;
+    const OutScale<T, Sc> o(scale);
     const T* coarse = tab + 2 * kFine;
     int64_t k = vectorBlocks<T, Planar>(M, [&](const auto& ln, int64_t k0) {
         V xr, xi, yr, yi, a, b;
@@ -294,7 +314,7 @@ template <class T, bool Two, bool Planar> void ccsRecombine(const T* s, T* d, in
         const V U = S::sub(S::mulv(b, dr), S::mulv(a, di));
         const V Tt = S::add(S::mulv(a, dr), S::mulv(b, di));
         const V sr = S::add(xr, yr), si = S::sub(xi, yi);
-        ln.store(d, M, k0, S::add(sr, U), S::add(si, Tt), S::sub(sr, U), S::sub(Tt, si));
+        ln.store(d, M, k0, o(S::add(sr, U)), o(S::add(si, Tt)), o(S::sub(sr, U)), o(S::sub(Tt, si)));
     });
     for (; k <= M / 2; ++k) {
         T a, b;
@@ -305,11 +325,24 @@ template <class T, bool Two, bool Planar> void ccsRecombine(const T* s, T* d, in
         const T U = b * dr - a * di;
         const T Tt = a * dr + b * di;
         const T sr = xr + yr, si = xi - yi;
-        d[2 * k] = sr + U;
-        d[2 * k + 1] = si + Tt;
-        d[2 * (M - k)] = sr - U;
-        d[2 * (M - k) + 1] = Tt - si;
+        d[2 * k] = o(sr + U);
+        d[2 * k + 1] = o(si + Tt);
+        d[2 * (M - k)] = o(sr - U);
+        d[2 * (M - k) + 1] = o(Tt - si);
     }
+}
+
+// The recombinations of a plan of the given order, scaled when Sc; the
+// head (k = 0) is the caller's.
+template <class T, bool Sc> void recombineFwd(T* z, int order, const T* tab, T scale) {
+    const int64_t M = (int64_t(1) << order) / 2;
+    if (recombTwoLevel<T>(order)) realRecombine2<T, Sc>(z, M, tab, scale);
+    else realRecombine1<T, kOneLevelPlanar<T>, Sc>(z, M, tab, scale);
+}
+template <class T, bool Sc> void recombineInv(const T* s, T* d, int order, const T* tab, T scale) {
+    const int64_t M = (int64_t(1) << order) / 2;
+    if (recombTwoLevel<T>(order)) ccsRecombine<T, true, false, Sc>(s, d, M, tab, scale);
+    else ccsRecombine<T, false, kOneLevelPlanar<T>, Sc>(s, d, M, tab, scale);
 }
 
 // ------------------------------------------------------------ transforms
@@ -333,16 +366,21 @@ VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
     if (order <= 4) {
         smallReal<T, false>(order, pSrc, pDst, scale);
     } else {
-        // N reals as N/2 complex values; the scale goes with the complex
-        // transform, before the (linear) recombination
+        // N reals as N/2 complex values; the scale goes with the (linear)
+        // recombination, on its outputs
         uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
-        complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, scale, work);
+        complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, T(0), work);
         const T p = pDst[0], q = pDst[1];
-        pDst[0] = p + q;
-        pDst[1] = p - q;
         const T* tab = static_cast<const T*>(plan->recombFwdTab);
-        if (recombTwoLevel<T>(order)) realRecombine2<T>(pDst, N / 2, tab);
-        else realRecombine1<T, kOneLevelPlanar<T>>(pDst, N / 2, tab);
+        if (scale != T(0)) {
+            pDst[0] = (p + q) * scale;
+            pDst[1] = (p - q) * scale;
+            recombineFwd<T, true>(pDst, order, tab, scale);
+        } else {
+            pDst[0] = p + q;
+            pDst[1] = p - q;
+            recombineFwd<T, false>(pDst, order, tab, scale);
+        }
     }
     permToForm<T>(pDst, N, f);
     return vrxOk;
@@ -376,14 +414,21 @@ VrxStatus invReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
         smallReal<T, true>(order, s, pDst, scale);
         return vrxOk;
     }
+    // the scale goes with the recombination's outputs, before the complex
+    // transform
     const T r0 = s[0];
     const T* tab = static_cast<const T*>(plan->recombInvTab);
-    if (recombTwoLevel<T>(order)) ccsRecombine<T, true, false>(s, pDst, N / 2, tab);
-    else ccsRecombine<T, false, kOneLevelPlanar<T>>(s, pDst, N / 2, tab);
-    pDst[0] = r0 + rh;
-    pDst[1] = r0 - rh;
+    if (scale != T(0)) {
+        recombineInv<T, true>(s, pDst, order, tab, scale);
+        pDst[0] = (r0 + rh) * scale;
+        pDst[1] = (r0 - rh) * scale;
+    } else {
+        recombineInv<T, false>(s, pDst, order, tab, scale);
+        pDst[0] = r0 + rh;
+        pDst[1] = r0 - rh;
+    }
     uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
-    complexTransform<T, true>(plan, order - 1, pDst, nullptr, pDst, nullptr, false, scale, work);
+    complexTransform<T, true>(plan, order - 1, pDst, nullptr, pDst, nullptr, false, T(0), work);
     return vrxOk;
 }
 
