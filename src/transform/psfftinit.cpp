@@ -3,6 +3,7 @@
 #include "vrx_fft_sintab.h"
 #include "vrx_tiers.h"
 #include "vrx_fft_own.h"
+#include "vrx_fft_recomb.h"
 
 #include <math.h>
 
@@ -64,31 +65,32 @@ void owns_initTabTwdBase_32f(int order, float* tab) {
     N0(vrxsCos_32f_A24)(tab + e + 1, tab + e + 1, static_cast<int>(q - e));
 }
 
-// Recombination tables of a real plan of order n, theta(k) = 2*pi*k/N.
-// Factors are stored in pairs by two: first(k), first(k+1), second(k),
-// second(k+1) for k = 1, 3, 5, ..., so that two factors of one kind load
-// together. Single level (k = 1 .. N/4): forward 0.5*cos and 0.5 - 0.5*sin,
-// inverse cos and -sin. Two levels: a fine part of kRecombFine factors
-// cos, -sin for k = 1 .. kRecombFine in the same pairing, then the coarse
-// factors (cos, -sin) of theta(kRecombFine*j), j = 0 .. N/(4*kRecombFine) - 1,
-// adjacent; both directions hold the same values.
+// Recombination tables of a real plan of order n, theta(k) = 2*pi*k/N, in
+// the layouts of vrx_fft_recomb.h. Single level (k = 1 .. N/4): forward
+// 0.5*cos and 0.5 - 0.5*sin, inverse cos and -sin. Two levels: a fine part
+// of kRecombFine factors cos, -sin for k = 1 .. kRecombFine, then the
+// coarse factors (cos, -sin) of theta(kRecombFine*j), j = 0 ..
+// N/(4*kRecombFine) - 1, adjacent; both directions hold the same values.
 
-template <class T> VRX_INLINE void putPaired(T* d, int64_t k, T first, T second) {
-    const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
-    d[4 * g + odd] = first;
-    d[4 * g + 2 + odd] = second;
+template <bool Planar, class T> VRX_INLINE void putFactors(T* d, int64_t k, T first, T second) {
+    int64_t a, b;
+    recombSlots<Planar>(k, a, b);
+    d[a] = first;
+    d[b] = second;
 }
 
 template <class T> void buildRecomb(int order, const SineTab<T>& st, T* d, bool fwd) {
     const int64_t N = int64_t(1) << order;
     const int64_t q = N / 4;
     const bool two = recombTwoLevel<T>(order);
+    const bool planar = recombPlanar<T>(order);
     const int64_t nFine = two ? kRecombFine : q;
     for (int64_t k = 1; k <= nFine; ++k) {
         T c, s;
         st.cosSin(k, order, c, s);
-        if (fwd && !two) putPaired(d, k, T(0.5) * c, T(0.5) - T(0.5) * s);
-        else putPaired(d, k, c, -s);
+        const T a = fwd && !two ? T(0.5) * c : c, b = fwd && !two ? T(0.5) - T(0.5) * s : -s;
+        if (planar) putFactors<true>(d, k, a, b);
+        else putFactors<false>(d, k, a, b);
     }
     T* e = d + 2 * nFine;
     if (two) {

@@ -2,6 +2,7 @@
 // with the three packed spectrum forms CCS, Pack and Perm. Up to N = 16 the
 // transforms are straight-line real kernels.
 #include "vrx_fft.h"
+#include "vrx_fft_recomb.h"
 #include "vrx_fft_simd.h"
 #include "vrx_layout.h"
 
@@ -101,12 +102,75 @@ template <class T, bool Half> struct Lanes {
     }
 };
 
+// Double precision over a planar table: the front block splits into real
+// and imaginary lanes by in-lane unpacks, which leave k in the order
+// kLaneK; the back block, read backwards, is split and reversed into the
+// same order by one index permute per register, and put back the same way.
+struct BackSel {
+    alignas(64) int64_t re[8], im[8], lo[8], hi[8];
+    constexpr BackSel() : re{}, im{}, lo{}, hi{} {
+        for (int i = 0; i < 8; ++i) {
+            re[i] = 2 * (7 - kLaneK(i));   // lane i: element 7 - kLaneK(i) of the back block
+            im[i] = re[i] + 1;
+        }
+        for (int p = 0; p < 4; ++p) {
+            // element p of the back block (first register) and 4 + p (second)
+            lo[2 * p] = kSlotOf(7 - p);
+            lo[2 * p + 1] = 8 + kSlotOf(7 - p);
+            hi[2 * p] = kSlotOf(3 - p);
+            hi[2 * p + 1] = 8 + kSlotOf(3 - p);
+        }
+    }
+};
+inline constexpr BackSel kBackSel{};
+
+struct PlanarLanes {
+    using S = SV<double>;
+    using W = n0::simd::V<double>;
+    using V = __m512d;
+    static constexpr int B = 8;
+    __m512i re, im, lo, hi;
+    VRX_INLINE PlanarLanes() {
+        re = S::ldi(kBackSel.re); im = S::ldi(kBackSel.im); lo = S::ldi(kBackSel.lo); hi = S::ldi(kBackSel.hi);
+    }
+    VRX_INLINE void load(const double* z, int64_t M, int64_t k, V& xr, V& xi, V& yr, V& yi) const {
+        const double* f = z + 2 * k;
+        const double* b = z + 2 * (M - k - B + 1);
+        const V f0 = W::load(f), f1 = W::load(f + 8), b0 = W::load(b), b1 = W::load(b + 8);
+        xr = n0::simd::unpackLo(f0, f1);
+        xi = n0::simd::unpackHi(f0, f1);
+        yr = S::perm(b0, re, b1);
+        yi = S::perm(b0, im, b1);
+    }
+    VRX_INLINE void store(double* z, int64_t M, int64_t k, V fr, V fi, V br, V bi) const {
+        double* f = z + 2 * k;
+        double* b = z + 2 * (M - k - B + 1);
+        W::store(f, n0::simd::unpackLo(fr, fi));
+        W::store(f + 8, n0::simd::unpackHi(fr, fi));
+        W::store(b, S::perm(br, lo, bi));
+        W::store(b + 8, S::perm(br, hi, bi));
+    }
+    // the block of k .. k+7 (k = 1 + 8g): eight first factors, eight second
+    VRX_INLINE void factors(const double* tab, int64_t k, V& a, V& b) const {
+        const double* t = tab + 2 * (k - 1);
+        a = W::load(t);
+        b = W::load(t + 8);
+    }
+};
+
 // Runs step(lanes, k) over blocks of k = 1 .. M/2 and returns the first k
 // left to the scalar form. The last block reaches k = M/2, where front and
 // back stand on one value: every load comes before the stores and the back
 // store lands last, as in the scalar form, which has the same arithmetic.
-template <class T, class Step> VRX_INLINE int64_t vectorBlocks(int64_t M, Step step) {
+template <class T, bool Planar, class Step> VRX_INLINE int64_t vectorBlocks(int64_t M, Step step) {
     constexpr int L = SV<T>::L;
+    if constexpr (Planar) {
+        static_assert(sizeof(T) == 8, "planar tables are double precision");
+        if ((M / 2) % 8 != 0) return 1;
+        const PlanarLanes ln;
+        for (int64_t k = 1; k <= M / 2; k += 8) step(ln, k);
+        return M / 2 + 1;
+    }
     if (M / 2 >= L) {
         const Lanes<T, false> ln;
         for (int64_t k = 1; k <= M / 2; k += L) step(ln, k);
@@ -120,38 +184,57 @@ template <class T, class Step> VRX_INLINE int64_t vectorBlocks(int64_t M, Step s
     return 1;
 }
 
-// The two factors of k in a table in pairs by two.
-template <class T> VRX_INLINE void factor(const T* tab, int64_t k, T& a, T& b) {
-    const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
-    a = tab[4 * g + odd];
-    b = tab[4 * g + 2 + odd];
+// The two factors of k from a table in either layout.
+template <class T, bool Planar = false> VRX_INLINE void factor(const T* tab, int64_t k, T& a, T& b) {
+    int64_t ia, ib;
+    recombSlots<Planar>(k, ia, ib);
+    a = tab[ia];
+    b = tab[ib];
 }
+
+// The norm scale of a plan applied to the recombination's outputs (Sc), so
+// that the complex transform before it needs no pass of its own for it.
+template <class T, bool Sc> struct OutScale {
+    using S = SV<T>;
+    typename S::V v;
+    T t;
+    explicit VRX_INLINE OutScale(T scale) : v(S::splat(scale)), t(scale) {}
+    VRX_INLINE typename S::V operator()(typename S::V x) const {
+        if constexpr (Sc) return S::mulv(x, v);
+        else return x;
+    }
+    VRX_INLINE T operator()(T x) const {
+        if constexpr (Sc) return x * t;
+        else return x;
+    }
+};
 
 // Forward recombination in place of the half-length spectrum into Perm,
 // k = 1 .. M/2, single-level factors c = 0.5*cos, s = 0.5 - 0.5*sin.
-template <class T> void realRecombine1(T* z, int64_t M, const T* tab) {
+template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, const T* tab, T scale) {
     using S = SV<T>;
     using V = typename S::V;
-    int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
+    const OutScale<T, Sc> o(scale);
+    int64_t k = vectorBlocks<T, Planar>(M, [&](const auto& ln, int64_t k0) {
         V xr, xi, yr, yi, c, s;
         ln.load(z, M, k0, xr, xi, yr, yi);
         ln.factors(tab, k0, c, s);
         const V dr = S::sub(xr, yr), di = S::add(xi, yi);
         const V P = S::add(S::mulv(dr, s), S::mulv(c, di));
         const V Q = S::sub(S::mulv(di, s), S::mulv(c, dr));
-        ln.store(z, M, k0, S::add(yr, P), S::sub(Q, yi), S::sub(xr, P), S::sub(Q, xi));
+        ln.store(z, M, k0, o(S::add(yr, P)), o(S::sub(Q, yi)), o(S::sub(xr, P)), o(S::sub(Q, xi)));
     });
     for (; k <= M / 2; ++k) {
         T c, s;
-        factor(tab, k, c, s);
+        factor<T, Planar>(tab, k, c, s);
         const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (M - k)], yi = z[2 * (M - k) + 1];
         const T dr = xr - yr, di = xi + yi;
         const T P = dr * s + c * di;
         const T Q = di * s - c * dr;
-        z[2 * k] = yr + P;
-        z[2 * k + 1] = Q - yi;
-        z[2 * (M - k)] = xr - P;
-        z[2 * (M - k) + 1] = Q - xi;
+        z[2 * k] = o(yr + P);
+        z[2 * k + 1] = o(Q - yi);
+        z[2 * (M - k)] = o(xr - P);
+        z[2 * (M - k) + 1] = o(Q - xi);
     }
 }
 
@@ -168,13 +251,14 @@ template <class T> VRX_INLINE void twoLevelW(const T* tab, int64_t k, T& wr, T& 
     wi = fr * gi + fi * gr;
 }
 
-template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
+template <class T, bool Sc> void realRecombine2(T* z, int64_t M, const T* tab, T scale) {
     using S = SV<T>;
     using V = typename S::V;
+    const OutScale<T, Sc> o(scale);
     const T* coarse = tab + 2 * kFine;
     const V hv = S::splat(T(0.5));
     // blocks divide kFine: a block never crosses a coarse step
-    int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
+    int64_t k = vectorBlocks<T, false>(M, [&](const auto& ln, int64_t k0) {
         const int64_t j = (k0 - 1) / kFine, kf = k0 - j * kFine;
         const V gr = S::splat(coarse[2 * j]), gi = S::splat(coarse[2 * j + 1]);
         V xr, xi, yr, yi, fr, fi;
@@ -187,7 +271,7 @@ template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
         const V pr = S::sub(S::mulv(wr, dr), S::mulv(wi, di));
         const V pi = S::add(S::mulv(wr, di), S::mulv(wi, dr));
         const V nr = S::sub(S::splat(T(0)), pr);
-        ln.store(z, M, k0, S::add(ar, pi), S::add(ai, nr), S::sub(ar, pi), S::sub(nr, ai));
+        ln.store(z, M, k0, o(S::add(ar, pi)), o(S::add(ai, nr)), o(S::sub(ar, pi)), o(S::sub(nr, ai)));
     });
     const T h = T(0.5);
     for (; k <= M / 2; ++k) {
@@ -198,21 +282,22 @@ template <class T> void realRecombine2(T* z, int64_t M, const T* tab) {
         const T dr = h * (xr - yr), di = h * (xi + yi);
         const T pr = wr * dr - wi * di, pi = wr * di + wi * dr;
         const T nr = T(0) - pr;
-        z[2 * k] = ar + pi;
-        z[2 * k + 1] = ai + nr;
-        z[2 * (M - k)] = ar - pi;
-        z[2 * (M - k) + 1] = nr - ai;
+        z[2 * k] = o(ar + pi);
+        z[2 * k + 1] = o(ai + nr);
+        z[2 * (M - k)] = o(ar - pi);
+        z[2 * (M - k) + 1] = o(nr - ai);
     }
 }
 
 // Inverse recombination of a Perm spectrum s (values from index 2 on) into
 // the half-length spectrum in d, twice its value, k = 1 .. M/2; the head
 // is set by the caller. d may be s.
-template <class T, bool Two> void ccsRecombine(const T* s, T* d, int64_t M, const T* tab) {
+template <class T, bool Two, bool Planar, bool Sc> void ccsRecombine(const T* s, T* d, int64_t M, const T* tab, T scale) {
     using S = SV<T>;
     using V = typename S::V;
+    const OutScale<T, Sc> o(scale);
     const T* coarse = tab + 2 * kFine;
-    int64_t k = vectorBlocks<T>(M, [&](const auto& ln, int64_t k0) {
+    int64_t k = vectorBlocks<T, Planar>(M, [&](const auto& ln, int64_t k0) {
         V xr, xi, yr, yi, a, b;
         ln.load(s, M, k0, xr, xi, yr, yi);
         if constexpr (!Two) {
@@ -229,22 +314,35 @@ template <class T, bool Two> void ccsRecombine(const T* s, T* d, int64_t M, cons
         const V U = S::sub(S::mulv(b, dr), S::mulv(a, di));
         const V Tt = S::add(S::mulv(a, dr), S::mulv(b, di));
         const V sr = S::add(xr, yr), si = S::sub(xi, yi);
-        ln.store(d, M, k0, S::add(sr, U), S::add(si, Tt), S::sub(sr, U), S::sub(Tt, si));
+        ln.store(d, M, k0, o(S::add(sr, U)), o(S::add(si, Tt)), o(S::sub(sr, U)), o(S::sub(Tt, si)));
     });
     for (; k <= M / 2; ++k) {
         T a, b;
-        if constexpr (!Two) factor(tab, k, a, b);
+        if constexpr (!Two) factor<T, Planar>(tab, k, a, b);
         else twoLevelW(tab, k, a, b);
         const T xr = s[2 * k], xi = s[2 * k + 1], yr = s[2 * (M - k)], yi = s[2 * (M - k) + 1];
         const T dr = xr - yr, di = xi + yi;
         const T U = b * dr - a * di;
         const T Tt = a * dr + b * di;
         const T sr = xr + yr, si = xi - yi;
-        d[2 * k] = sr + U;
-        d[2 * k + 1] = si + Tt;
-        d[2 * (M - k)] = sr - U;
-        d[2 * (M - k) + 1] = Tt - si;
+        d[2 * k] = o(sr + U);
+        d[2 * k + 1] = o(si + Tt);
+        d[2 * (M - k)] = o(sr - U);
+        d[2 * (M - k) + 1] = o(Tt - si);
     }
+}
+
+// The recombinations of a plan of the given order, scaled when Sc; the
+// head (k = 0) is the caller's.
+template <class T, bool Sc> void recombineFwd(T* z, int order, const T* tab, T scale) {
+    const int64_t M = (int64_t(1) << order) / 2;
+    if (recombTwoLevel<T>(order)) realRecombine2<T, Sc>(z, M, tab, scale);
+    else realRecombine1<T, kOneLevelPlanar<T>, Sc>(z, M, tab, scale);
+}
+template <class T, bool Sc> void recombineInv(const T* s, T* d, int order, const T* tab, T scale) {
+    const int64_t M = (int64_t(1) << order) / 2;
+    if (recombTwoLevel<T>(order)) ccsRecombine<T, true, false, Sc>(s, d, M, tab, scale);
+    else ccsRecombine<T, false, kOneLevelPlanar<T>, Sc>(s, d, M, tab, scale);
 }
 
 // ------------------------------------------------------------ transforms
@@ -268,16 +366,21 @@ VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
     if (order <= 4) {
         smallReal<T, false>(order, pSrc, pDst, scale);
     } else {
-        // N reals as N/2 complex values; the scale goes with the complex
-        // transform, before the (linear) recombination
+        // N reals as N/2 complex values; the scale goes with the (linear)
+        // recombination, on its outputs
         uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
-        complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, scale, work);
+        complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, T(0), work);
         const T p = pDst[0], q = pDst[1];
-        pDst[0] = p + q;
-        pDst[1] = p - q;
         const T* tab = static_cast<const T*>(plan->recombFwdTab);
-        if (recombTwoLevel<T>(order)) realRecombine2<T>(pDst, N / 2, tab);
-        else realRecombine1<T>(pDst, N / 2, tab);
+        if (scale != T(0)) {
+            pDst[0] = (p + q) * scale;
+            pDst[1] = (p - q) * scale;
+            recombineFwd<T, true>(pDst, order, tab, scale);
+        } else {
+            pDst[0] = p + q;
+            pDst[1] = p - q;
+            recombineFwd<T, false>(pDst, order, tab, scale);
+        }
     }
     permToForm<T>(pDst, N, f);
     return vrxOk;
@@ -311,14 +414,21 @@ VrxStatus invReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
         smallReal<T, true>(order, s, pDst, scale);
         return vrxOk;
     }
+    // the scale goes with the recombination's outputs, before the complex
+    // transform
     const T r0 = s[0];
     const T* tab = static_cast<const T*>(plan->recombInvTab);
-    if (recombTwoLevel<T>(order)) ccsRecombine<T, true>(s, pDst, N / 2, tab);
-    else ccsRecombine<T, false>(s, pDst, N / 2, tab);
-    pDst[0] = r0 + rh;
-    pDst[1] = r0 - rh;
+    if (scale != T(0)) {
+        recombineInv<T, true>(s, pDst, order, tab, scale);
+        pDst[0] = (r0 + rh) * scale;
+        pDst[1] = (r0 - rh) * scale;
+    } else {
+        recombineInv<T, false>(s, pDst, order, tab, scale);
+        pDst[0] = r0 + rh;
+        pDst[1] = r0 - rh;
+    }
     uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
-    complexTransform<T, true>(plan, order - 1, pDst, nullptr, pDst, nullptr, false, scale, work);
+    complexTransform<T, true>(plan, order - 1, pDst, nullptr, pDst, nullptr, false, T(0), work);
     return vrxOk;
 }
 

@@ -854,3 +854,11 @@ VRX_INLINE void pairsDiffSumSat16s(const int16_t* lo, const int16_t* hi, int16_t
     storeTwo16s(x, _mm256_permute2x128_si256(a, b, 0x20), x + 16, _mm256_permute2x128_si256(a, b, 0x31), false);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Within each 128-bit quarter, the low lanes of a and b (a0 b0 a2 b2 ...)
+// and the high lanes (a1 b1 a3 b3 ...): two registers of interleaved pairs
+// to their first and second members, and back.
+VRX_INLINE __m512d unpackLo(__m512d a, __m512d b) { return _mm512_unpacklo_pd(a, b); }
+VRX_INLINE __m512d unpackHi(__m512d a, __m512d b) { return _mm512_unpackhi_pd(a, b); }
+}  // namespace n0::simd
