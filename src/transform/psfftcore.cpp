@@ -172,11 +172,12 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
 }
 
 template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
-    CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
+    // half the adds on the multiply unit (CVec::addM)
+    CV t0 = a0 + a2, t1 = a0 - a2, t2 = CV::addM(a1, a3), t3 = CV::template rot<Inv>(CV::subM(a1, a3));
     o[0] = t0 + t2;
-    o[1] = t1 + t3;
+    o[1] = CV::addM(t1, t3);
     o[2] = t0 - t2;
-    o[3] = t1 - t3;
+    o[3] = CV::subM(t1, t3);
 }
 
 template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o) {

@@ -24,8 +24,9 @@ enum class Out { Group, Cx, Split };
 template <class T> struct GOps {
     using G = GVec<T>;
     static constexpr int V = G::V;
-    static VRX_INLINE G add(G a, G b) { return {G::add(a.re, b.re), G::add(a.im, b.im)}; }
-    static VRX_INLINE G sub(G a, G b) { return {G::sub(a.re, b.re), G::sub(a.im, b.im)}; }
+    // the real parts on the add unit, the imaginary parts on the multiply unit
+    static VRX_INLINE G add(G a, G b) { return {G::add(a.re, b.re), G::addM(a.im, b.im)}; }
+    static VRX_INLINE G sub(G a, G b) { return {G::sub(a.re, b.re), G::subM(a.im, b.im)}; }
     // a*x (forward) or a*conj(x) (inverse)
     template <bool Inv> static VRX_INLINE G mulG(G a, G x) {
         if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};

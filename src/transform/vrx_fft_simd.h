@@ -47,6 +47,9 @@ template <class T, int V> struct CVec {
     VRX_INLINE void store(Cx<T>* p) const { W::store(reinterpret_cast<T*>(p), v); }
     friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {W::add(a.v, b.v)}; }
     friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {W::sub(a.v, b.v)}; }
+    // a + b and a - b on the multiply unit, the same bits (as GVec::addM)
+    static VRX_INLINE CVec addM(CVec a, CVec b) { return {W::fma(b.v, W::set1(T(1)), a.v)}; }
+    static VRX_INLINE CVec subM(CVec a, CVec b) { return {W::fnma(b.v, W::set1(T(1)), a.v)}; }
     // the sign of the real (even) or of the imaginary (odd) lanes flipped
     static VRX_INLINE R negEven(R x) { return W::xorb(x, W::set2(T(-0.0), T(0))); }
     static VRX_INLINE R negOdd(R x) { return W::xorb(x, W::set2(T(0), T(-0.0))); }
@@ -82,6 +85,8 @@ template <> struct CVec<float, 4> {
     VRX_INLINE void store(Cx<float>* p) const { _mm256_storeu_ps(reinterpret_cast<float*>(p), v); }
     friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {_mm256_add_ps(a.v, b.v)}; }
     friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {_mm256_sub_ps(a.v, b.v)}; }
+    static VRX_INLINE CVec addM(CVec a, CVec b) { return {_mm256_fmadd_ps(b.v, _mm256_set1_ps(1.0f), a.v)}; }
+    static VRX_INLINE CVec subM(CVec a, CVec b) { return {_mm256_fnmadd_ps(b.v, _mm256_set1_ps(1.0f), a.v)}; }
     static VRX_INLINE __m256 negAll(__m256 x) { return _mm256_xor_ps(x, _mm256_set1_ps(-0.0f)); }
     template <bool Inv> static VRX_INLINE CVec mul(CVec a, CVec w) {
         __m256 wr = _mm256_moveldup_ps(w.v), wi = _mm256_movehdup_ps(w.v);
@@ -126,6 +131,12 @@ template <class T> struct GVec {
     }
     static VRX_INLINE R add(R a, R b) { return W::add(a, b); }
     static VRX_INLINE R sub(R a, R b) { return W::sub(a, b); }
+    // a + b and a - b on the multiply unit, as b*1 + a and -(b*1) + a: the
+    // product is exact and the sum rounded once, the same bits as add and
+    // sub. A butterfly does half its adds this way, so that they share the
+    // multiply units (the add units bound the butterflies otherwise).
+    static VRX_INLINE R addM(R a, R b) { return W::fma(b, W::set1(T(1)), a); }
+    static VRX_INLINE R subM(R a, R b) { return W::fnma(b, W::set1(T(1)), a); }
     static VRX_INLINE R mulv(R a, R b) { return W::mul(a, b); }
     static VRX_INLINE R splat(T c) { return W::set1(c); }
     static VRX_INLINE void storeHalf(T* p, R v) { W::store(p, v); }
