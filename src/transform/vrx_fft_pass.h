@@ -17,9 +17,10 @@
 
 namespace n0::fft {
 
-// Where a pass writes: the group form, interleaved complex values, or the
-// real and imaginary parts into two separate arrays.
-enum class Out { Group, Cx, Split };
+// Where a pass writes: the group form, interleaved complex values, the
+// real and imaginary parts into two separate arrays, or interleaved values
+// from groups whose lanes stand in the order pairLane.
+enum class Out { Group, Cx, Split, Paired };
 
 template <class T> struct GOps {
     using G = GVec<T>;
@@ -52,6 +53,7 @@ template <class T> struct GOps {
     template <Out O> static VRX_INLINE void put(G v, T* out, T* re, T* im, int64_t e) {
         if constexpr (O == Out::Group) v.store(out + 2 * e);
         else if constexpr (O == Out::Cx) v.storeCx(out + 2 * e);
+        else if constexpr (O == Out::Paired) v.storePaired(out + 2 * e);
         else { G::storeHalf(re + e, v.re); G::storeHalf(im + e, v.im); }
     }
 };

@@ -112,6 +112,35 @@ template <> struct CVec<float, 4> {
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm256_setr_ps(w.re, w.im, w.re, w.im, w.re, w.im, w.re, w.im)}; }
 };
 
+// The lane order of the in-lane shuffles: pairLoad leaves column
+// pairLane(p) of its V values in lane p, and pairStore writes lane p to
+// position pairLane(p).
+template <class T> constexpr int pairLane(int p) {
+    if constexpr (sizeof(T) == 4) return (p & 1) + 2 * (p >> 2) + ((p & 2) ? 8 : 0);
+    else return (p >> 1) + ((p & 1) ? 4 : 0);
+}
+// V interleaved values to real and imaginary parts by in-lane shuffles, the
+// lanes in the order pairLane, and back by in-lane unpacks, lane p written
+// to position pairLane(p) (raw, as the transposes).
+VRX_INLINE void pairLoad(const float* p, __m512& re, __m512& im) {
+    const __m512 lo = simd::V<float>::load(p), hi = simd::V<float>::load(p + 16);
+    re = _mm512_shuffle_ps(lo, hi, 0x88);
+    im = _mm512_shuffle_ps(lo, hi, 0xDD);
+}
+VRX_INLINE void pairLoad(const double* p, __m512d& re, __m512d& im) {
+    const __m512d lo = simd::V<double>::load(p), hi = simd::V<double>::load(p + 8);
+    re = _mm512_unpacklo_pd(lo, hi);
+    im = _mm512_unpackhi_pd(lo, hi);
+}
+VRX_INLINE void pairStore(float* p, __m512 re, __m512 im) {
+    simd::V<float>::store(p, _mm512_unpacklo_ps(re, im));
+    simd::V<float>::store(p + 16, _mm512_unpackhi_ps(re, im));
+}
+VRX_INLINE void pairStore(double* p, __m512d re, __m512d im) {
+    simd::V<double>::store(p, _mm512_unpacklo_pd(re, im));
+    simd::V<double>::store(p + 8, _mm512_unpackhi_pd(re, im));
+}
+
 // The group form between passes: V complex values stored as V real parts
 // followed by V imaginary parts, one register each (V = 16 for float, 8
 // for double), so that complex products need no shuffles.
@@ -122,6 +151,8 @@ template <class T> struct GVec {
     R re, im;
     static VRX_INLINE GVec load(const T* p) { return {W::load(p), W::load(p + V)}; }
     VRX_INLINE void store(T* p) const { W::store(p, re); W::store(p + V, im); }
+    // writes the V values interleaved, lane q to position pairLane(q)
+    VRX_INLINE void storePaired(T* p) const { pairStore(p, re, im); }
     // writes the V values interleaved again
     VRX_INLINE void storeCx(T* p) const {
         R lo, hi;
