@@ -131,35 +131,39 @@ template <> VRX_INLINE void transposeV<CVec<double, 4>>(CVec<double, 4>* a) {
     for (int i = 0; i < 4; ++i) a[i].v = o[i];
 }
 
-template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
-template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o);
+template <class CV, bool Inv, bool M = true> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
+template <class T, class CV, bool Inv, bool M = true> VRX_INLINE void vbfly8(const CV* a, CV* o);
 
-// Vertical transform of R = 4 or 8 registers, natural order in and out.
-template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
+// Vertical transform of R = 4 or 8 registers, natural order in and out;
+// M: half the adds on the multiply unit (CVec::addM).
+template <class T, class CV, int R, bool Inv, bool M = true> VRX_INLINE void vdft(CV* a) {
     static_assert(R == 4 || R == 8, "radix 4 or 8");
     CV o[R];
-    if constexpr (R == 4) vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
-    else vbfly8<T, CV, Inv>(a, o);
+    if constexpr (R == 4) vbfly4<CV, Inv, M>(a[0], a[1], a[2], a[3], o);
+    else vbfly8<T, CV, Inv, M>(a, o);
 #pragma GCC unroll 8
     for (int i = 0; i < R; ++i) a[i] = o[i];
 }
 
 // In-register kernel of N = R*V: columns of the R x V matrix, lane factors,
-// transposes of V x V blocks, rows; output stored in natural order.
+// transposes of V x V blocks, rows; output stored in natural order. At 16
+// points all adds stay on the add unit: a chain of dependent operations
+// bounds that kernel, and the multiply-add's longer latency lengthened it.
 template <class T, int V, int R, bool Inv, bool Scale>
 VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
     using CV = CVec<T, V>;
+    constexpr bool M = R * V > 16;
     CV a[R];
 #pragma GCC unroll 8
     for (int r = 0; r < R; ++r) a[r] = CV::load(src + r * V);
-    vdft<T, CV, R, Inv>(a);
+    vdft<T, CV, R, Inv, M>(a);
 #pragma GCC unroll 8
     for (int k = 1; k < R; ++k)
         a[k] = CV::template mulSplit<Inv>(a[k], CV::load(&kLaneTwSplit<T, R, V>.wr[k * V]), CV::load(&kLaneTwSplit<T, R, V>.wi[k * V]));
 #pragma GCC unroll 2
     for (int b = 0; b < R / V; ++b) {
         transposeV<CV>(a + b * V);
-        vdft<T, CV, V, Inv>(a + b * V);
+        vdft<T, CV, V, Inv, M>(a + b * V);
     }
 #pragma GCC unroll 2
     for (int b = 0; b < R / V; ++b)
@@ -171,20 +175,27 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
         }
 }
 
-template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
-    // half the adds on the multiply unit (CVec::addM)
-    CV t0 = a0 + a2, t1 = a0 - a2, t2 = CV::addM(a1, a3), t3 = CV::template rot<Inv>(CV::subM(a1, a3));
-    o[0] = t0 + t2;
-    o[1] = CV::addM(t1, t3);
-    o[2] = t0 - t2;
-    o[3] = CV::subM(t1, t3);
+template <class CV, bool Inv, bool M> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
+    if constexpr (M) {
+        CV t0 = a0 + a2, t1 = a0 - a2, t2 = CV::addM(a1, a3), t3 = CV::template rot<Inv>(CV::subM(a1, a3));
+        o[0] = t0 + t2;
+        o[1] = CV::addM(t1, t3);
+        o[2] = t0 - t2;
+        o[3] = CV::subM(t1, t3);
+    } else {
+        CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
+        o[0] = t0 + t2;
+        o[1] = t1 + t3;
+        o[2] = t0 - t2;
+        o[3] = t1 - t3;
+    }
 }
 
-template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o) {
+template <class T, class CV, bool Inv, bool M> VRX_INLINE void vbfly8(const CV* a, CV* o) {
     const T c = sqrtHalf<T>();
     CV e[4], d[4];
-    vbfly4<CV, Inv>(a[0], a[2], a[4], a[6], e);
-    vbfly4<CV, Inv>(a[1], a[3], a[5], a[7], d);
+    vbfly4<CV, Inv, M>(a[0], a[2], a[4], a[6], e);
+    vbfly4<CV, Inv, M>(a[1], a[3], a[5], a[7], d);
     d[1] = CV::scale(d[1] + CV::template rot<Inv>(d[1]), c);
     d[2] = CV::template rot<Inv>(d[2]);
     d[3] = CV::template rot<Inv>(CV::scale(d[3] + CV::template rot<Inv>(d[3]), c));
