@@ -131,35 +131,39 @@ template <> VRX_INLINE void transposeV<CVec<double, 4>>(CVec<double, 4>* a) {
     for (int i = 0; i < 4; ++i) a[i].v = o[i];
 }
 
-template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
-template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o);
+template <class CV, bool Inv, bool M = true> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o);
+template <class T, class CV, bool Inv, bool M = true> VRX_INLINE void vbfly8(const CV* a, CV* o);
 
-// Vertical transform of R = 4 or 8 registers, natural order in and out.
-template <class T, class CV, int R, bool Inv> VRX_INLINE void vdft(CV* a) {
+// Vertical transform of R = 4 or 8 registers, natural order in and out;
+// M: half the adds on the multiply unit (CVec::addM).
+template <class T, class CV, int R, bool Inv, bool M = true> VRX_INLINE void vdft(CV* a) {
     static_assert(R == 4 || R == 8, "radix 4 or 8");
     CV o[R];
-    if constexpr (R == 4) vbfly4<CV, Inv>(a[0], a[1], a[2], a[3], o);
-    else vbfly8<T, CV, Inv>(a, o);
+    if constexpr (R == 4) vbfly4<CV, Inv, M>(a[0], a[1], a[2], a[3], o);
+    else vbfly8<T, CV, Inv, M>(a, o);
 #pragma GCC unroll 8
     for (int i = 0; i < R; ++i) a[i] = o[i];
 }
 
 // In-register kernel of N = R*V: columns of the R x V matrix, lane factors,
-// transposes of V x V blocks, rows; output stored in natural order.
+// transposes of V x V blocks, rows; output stored in natural order. At 16
+// points all adds stay on the add unit: a chain of dependent operations
+// bounds that kernel, and the multiply-add's longer latency lengthened it.
 template <class T, int V, int R, bool Inv, bool Scale>
 VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
     using CV = CVec<T, V>;
+    constexpr bool M = R * V > 16;
     CV a[R];
 #pragma GCC unroll 8
     for (int r = 0; r < R; ++r) a[r] = CV::load(src + r * V);
-    vdft<T, CV, R, Inv>(a);
+    vdft<T, CV, R, Inv, M>(a);
 #pragma GCC unroll 8
     for (int k = 1; k < R; ++k)
         a[k] = CV::template mulSplit<Inv>(a[k], CV::load(&kLaneTwSplit<T, R, V>.wr[k * V]), CV::load(&kLaneTwSplit<T, R, V>.wi[k * V]));
 #pragma GCC unroll 2
     for (int b = 0; b < R / V; ++b) {
         transposeV<CV>(a + b * V);
-        vdft<T, CV, V, Inv>(a + b * V);
+        vdft<T, CV, V, Inv, M>(a + b * V);
     }
 #pragma GCC unroll 2
     for (int b = 0; b < R / V; ++b)
@@ -171,19 +175,27 @@ VRX_INLINE void smallVec(const Cx<T>* src, Cx<T>* dst, T scale) {
         }
 }
 
-template <class CV, bool Inv> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
-    CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
-    o[0] = t0 + t2;
-    o[1] = t1 + t3;
-    o[2] = t0 - t2;
-    o[3] = t1 - t3;
+template <class CV, bool Inv, bool M> VRX_INLINE void vbfly4(CV a0, CV a1, CV a2, CV a3, CV* o) {
+    if constexpr (M) {
+        CV t0 = a0 + a2, t1 = a0 - a2, t2 = CV::addM(a1, a3), t3 = CV::template rot<Inv>(CV::subM(a1, a3));
+        o[0] = t0 + t2;
+        o[1] = CV::addM(t1, t3);
+        o[2] = t0 - t2;
+        o[3] = CV::subM(t1, t3);
+    } else {
+        CV t0 = a0 + a2, t1 = a0 - a2, t2 = a1 + a3, t3 = CV::template rot<Inv>(a1 - a3);
+        o[0] = t0 + t2;
+        o[1] = t1 + t3;
+        o[2] = t0 - t2;
+        o[3] = t1 - t3;
+    }
 }
 
-template <class T, class CV, bool Inv> VRX_INLINE void vbfly8(const CV* a, CV* o) {
+template <class T, class CV, bool Inv, bool M> VRX_INLINE void vbfly8(const CV* a, CV* o) {
     const T c = sqrtHalf<T>();
     CV e[4], d[4];
-    vbfly4<CV, Inv>(a[0], a[2], a[4], a[6], e);
-    vbfly4<CV, Inv>(a[1], a[3], a[5], a[7], d);
+    vbfly4<CV, Inv, M>(a[0], a[2], a[4], a[6], e);
+    vbfly4<CV, Inv, M>(a[1], a[3], a[5], a[7], d);
     d[1] = CV::scale(d[1] + CV::template rot<Inv>(d[1]), c);
     d[2] = CV::template rot<Inv>(d[2]);
     d[3] = CV::template rot<Inv>(CV::scale(d[3] + CV::template rot<Inv>(d[3]), c));
@@ -465,25 +477,41 @@ VRX_INLINE void runPass(const PassStep& p, Cx<T>* W, Cx<T>* out, T* re, T* im, i
 // and the radix-8 pass at s = 4 that completes the schedule, without leaving
 // the registers; the eight blocks of 16 are the eight lanes, lane j holding
 // the block that the last pass takes as its sub-block j.
+// Interleaved output takes the lanes of a block in the order pairLane, so
+// that in-lane unpacks store it; the factors of the last pass, W_128^(j*k),
+// are constants in the lane order of the output form.
+template <bool Pair> struct Radix7Tw {
+    float f[7 * 32];
+    constexpr Radix7Tw() : f{} {
+        for (int j = 1; j < 8; ++j)
+            for (int p = 0; p < 16; ++p) {
+                const Cx<float> w = fixW<float>(j * (Pair ? pairLane<float>(p) : p), 128);
+                f[32 * (j - 1) + p] = w.re;
+                f[32 * (j - 1) + 16 + p] = w.im;
+            }
+    }
+};
+template <bool Pair> inline constexpr Radix7Tw<Pair> kRadix7Tw{};
+
 template <bool Inv, Out O, bool Split>
 void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, const Cx<float>* tw) {
     using CV = CVec<float, 8>;
     using G = GVec<float>;
+    constexpr bool Pair = O == Out::Cx;
     CV fr[9], fi[9];
     loadFirstFactors<float, CV, 16>(tw, fr, fi);
     CV a[16];
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
     vdftTw<float, CV, 16, Inv>(a, fr, fi);
     __m512 r[16], o[16];
-    for (int q = 0; q < 16; ++q) r[q] = a[q].v;
+    for (int q = 0; q < 16; ++q) r[q] = a[Pair ? pairLane<float>(q) : q].v;
     groupTranspose16f(r, o);
-    const float* t = reinterpret_cast<const float*>(tw + kSchedules<float>.s[7].off[2]);
     G c[8];
     for (int j = 0; j < 8; ++j) {
         G g{o[2 * j], o[2 * j + 1]};
-        c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, t + 32 * (j - 1));
+        c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, kRadix7Tw<Pair>.f + 32 * (j - 1));
     }
-    bfly8Group<float, Inv, O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
+    bfly8Group<float, Inv, Pair ? Out::Paired : O>(c, reinterpret_cast<float*>(out), re, im, 0, 16, sqrtHalf<float>());
 }
 
 // ------------------------------------------------------------ whole transforms in registers
@@ -549,13 +577,6 @@ template <class T, int R, bool Inv> VRX_INLINE void sdft(GVec<T>* a) {
     }
 }
 
-// The lane order of the in-lane shuffles: pairLoad leaves column
-// pairLane(p) of its V values in lane p, and pairStore writes lane p to
-// position pairLane(p).
-template <class T> constexpr int pairLane(int p) {
-    if constexpr (sizeof(T) == 4) return (p & 1) + 2 * (p >> 2) + ((p & 2) ? 8 : 0);
-    else return (p >> 1) + ((p & 1) ? 4 : 0);
-}
 // Factors W_N^(k1*n2) of the in-register transforms of C columns: row k1
 // holds, per V columns, the V real parts then the V imaginary parts, lane p
 // for column n2 = pairLane(p) (Perm) or p of those V.
@@ -577,28 +598,6 @@ template <class T, int M, bool Perm, int C> inline constexpr LaneTwGroup<T, M, P
 // Transpose of V x V reals (o[e] lane q = r[q] lane e).
 VRX_INLINE void transposeReals(const __m512* r, __m512* o) { groupTranspose16f(r, o); }
 VRX_INLINE void transposeReals(const __m512d* r, __m512d* o) { groupTranspose8d(r, o); }
-
-// V interleaved values to real and imaginary parts by in-lane shuffles, the
-// lanes in the order pairLane, and back by in-lane unpacks, lane p written
-// to position pairLane(p) (raw, as the transposes).
-VRX_INLINE void pairLoad(const float* p, __m512& re, __m512& im) {
-    const __m512 lo = simd::V<float>::load(p), hi = simd::V<float>::load(p + 16);
-    re = _mm512_shuffle_ps(lo, hi, 0x88);
-    im = _mm512_shuffle_ps(lo, hi, 0xDD);
-}
-VRX_INLINE void pairLoad(const double* p, __m512d& re, __m512d& im) {
-    const __m512d lo = simd::V<double>::load(p), hi = simd::V<double>::load(p + 8);
-    re = _mm512_unpacklo_pd(lo, hi);
-    im = _mm512_unpackhi_pd(lo, hi);
-}
-VRX_INLINE void pairStore(float* p, __m512 re, __m512 im) {
-    simd::V<float>::store(p, _mm512_unpacklo_ps(re, im));
-    simd::V<float>::store(p + 16, _mm512_unpackhi_ps(re, im));
-}
-VRX_INLINE void pairStore(double* p, __m512d re, __m512d im) {
-    simd::V<double>::store(p, _mm512_unpacklo_pd(re, im));
-    simd::V<double>::store(p + 8, _mm512_unpackhi_pd(re, im));
-}
 
 // A transform of N = R*C points (C = V or 2V columns, R >= V rows) with one
 // pass over memory: x[C*n1 + n2] is column n2 of row n1, a row held V

@@ -17,15 +17,17 @@
 
 namespace n0::fft {
 
-// Where a pass writes: the group form, interleaved complex values, or the
-// real and imaginary parts into two separate arrays.
-enum class Out { Group, Cx, Split };
+// Where a pass writes: the group form, interleaved complex values, the
+// real and imaginary parts into two separate arrays, or interleaved values
+// from groups whose lanes stand in the order pairLane.
+enum class Out { Group, Cx, Split, Paired };
 
 template <class T> struct GOps {
     using G = GVec<T>;
     static constexpr int V = G::V;
-    static VRX_INLINE G add(G a, G b) { return {G::add(a.re, b.re), G::add(a.im, b.im)}; }
-    static VRX_INLINE G sub(G a, G b) { return {G::sub(a.re, b.re), G::sub(a.im, b.im)}; }
+    // the real parts on the add unit, the imaginary parts on the multiply unit
+    static VRX_INLINE G add(G a, G b) { return {G::add(a.re, b.re), G::addM(a.im, b.im)}; }
+    static VRX_INLINE G sub(G a, G b) { return {G::sub(a.re, b.re), G::subM(a.im, b.im)}; }
     // a*x (forward) or a*conj(x) (inverse)
     template <bool Inv> static VRX_INLINE G mulG(G a, G x) {
         if constexpr (!Inv) return {G::sub(G::mulv(a.re, x.re), G::mulv(a.im, x.im)), G::add(G::mulv(a.im, x.re), G::mulv(a.re, x.im))};
@@ -51,6 +53,7 @@ template <class T> struct GOps {
     template <Out O> static VRX_INLINE void put(G v, T* out, T* re, T* im, int64_t e) {
         if constexpr (O == Out::Group) v.store(out + 2 * e);
         else if constexpr (O == Out::Cx) v.storeCx(out + 2 * e);
+        else if constexpr (O == Out::Paired) v.storePaired(out + 2 * e);
         else { G::storeHalf(re + e, v.re); G::storeHalf(im + e, v.im); }
     }
 };

@@ -47,6 +47,9 @@ template <class T, int V> struct CVec {
     VRX_INLINE void store(Cx<T>* p) const { W::store(reinterpret_cast<T*>(p), v); }
     friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {W::add(a.v, b.v)}; }
     friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {W::sub(a.v, b.v)}; }
+    // a + b and a - b on the multiply unit, the same bits (as GVec::addM)
+    static VRX_INLINE CVec addM(CVec a, CVec b) { return {W::fma(b.v, W::set1(T(1)), a.v)}; }
+    static VRX_INLINE CVec subM(CVec a, CVec b) { return {W::fnma(b.v, W::set1(T(1)), a.v)}; }
     // the sign of the real (even) or of the imaginary (odd) lanes flipped
     static VRX_INLINE R negEven(R x) { return W::xorb(x, W::set2(T(-0.0), T(0))); }
     static VRX_INLINE R negOdd(R x) { return W::xorb(x, W::set2(T(0), T(-0.0))); }
@@ -82,6 +85,8 @@ template <> struct CVec<float, 4> {
     VRX_INLINE void store(Cx<float>* p) const { _mm256_storeu_ps(reinterpret_cast<float*>(p), v); }
     friend VRX_INLINE CVec operator+(CVec a, CVec b) { return {_mm256_add_ps(a.v, b.v)}; }
     friend VRX_INLINE CVec operator-(CVec a, CVec b) { return {_mm256_sub_ps(a.v, b.v)}; }
+    static VRX_INLINE CVec addM(CVec a, CVec b) { return {_mm256_fmadd_ps(b.v, _mm256_set1_ps(1.0f), a.v)}; }
+    static VRX_INLINE CVec subM(CVec a, CVec b) { return {_mm256_fnmadd_ps(b.v, _mm256_set1_ps(1.0f), a.v)}; }
     static VRX_INLINE __m256 negAll(__m256 x) { return _mm256_xor_ps(x, _mm256_set1_ps(-0.0f)); }
     template <bool Inv> static VRX_INLINE CVec mul(CVec a, CVec w) {
         __m256 wr = _mm256_moveldup_ps(w.v), wi = _mm256_movehdup_ps(w.v);
@@ -107,6 +112,35 @@ template <> struct CVec<float, 4> {
     static VRX_INLINE CVec bcast(Cx<float> w) { return {_mm256_setr_ps(w.re, w.im, w.re, w.im, w.re, w.im, w.re, w.im)}; }
 };
 
+// The lane order of the in-lane shuffles: pairLoad leaves column
+// pairLane(p) of its V values in lane p, and pairStore writes lane p to
+// position pairLane(p).
+template <class T> constexpr int pairLane(int p) {
+    if constexpr (sizeof(T) == 4) return (p & 1) + 2 * (p >> 2) + ((p & 2) ? 8 : 0);
+    else return (p >> 1) + ((p & 1) ? 4 : 0);
+}
+// V interleaved values to real and imaginary parts by in-lane shuffles, the
+// lanes in the order pairLane, and back by in-lane unpacks, lane p written
+// to position pairLane(p) (raw, as the transposes).
+VRX_INLINE void pairLoad(const float* p, __m512& re, __m512& im) {
+    const __m512 lo = simd::V<float>::load(p), hi = simd::V<float>::load(p + 16);
+    re = _mm512_shuffle_ps(lo, hi, 0x88);
+    im = _mm512_shuffle_ps(lo, hi, 0xDD);
+}
+VRX_INLINE void pairLoad(const double* p, __m512d& re, __m512d& im) {
+    const __m512d lo = simd::V<double>::load(p), hi = simd::V<double>::load(p + 8);
+    re = _mm512_unpacklo_pd(lo, hi);
+    im = _mm512_unpackhi_pd(lo, hi);
+}
+VRX_INLINE void pairStore(float* p, __m512 re, __m512 im) {
+    simd::V<float>::store(p, _mm512_unpacklo_ps(re, im));
+    simd::V<float>::store(p + 16, _mm512_unpackhi_ps(re, im));
+}
+VRX_INLINE void pairStore(double* p, __m512d re, __m512d im) {
+    simd::V<double>::store(p, _mm512_unpacklo_pd(re, im));
+    simd::V<double>::store(p + 8, _mm512_unpackhi_pd(re, im));
+}
+
 // The group form between passes: V complex values stored as V real parts
 // followed by V imaginary parts, one register each (V = 16 for float, 8
 // for double), so that complex products need no shuffles.
@@ -117,6 +151,8 @@ template <class T> struct GVec {
     R re, im;
     static VRX_INLINE GVec load(const T* p) { return {W::load(p), W::load(p + V)}; }
     VRX_INLINE void store(T* p) const { W::store(p, re); W::store(p + V, im); }
+    // writes the V values interleaved, lane q to position pairLane(q)
+    VRX_INLINE void storePaired(T* p) const { pairStore(p, re, im); }
     // writes the V values interleaved again
     VRX_INLINE void storeCx(T* p) const {
         R lo, hi;
@@ -126,6 +162,12 @@ template <class T> struct GVec {
     }
     static VRX_INLINE R add(R a, R b) { return W::add(a, b); }
     static VRX_INLINE R sub(R a, R b) { return W::sub(a, b); }
+    // a + b and a - b on the multiply unit, as b*1 + a and -(b*1) + a: the
+    // product is exact and the sum rounded once, the same bits as add and
+    // sub. A butterfly does half its adds this way, so that they share the
+    // multiply units (the add units bound the butterflies otherwise).
+    static VRX_INLINE R addM(R a, R b) { return W::fma(b, W::set1(T(1)), a); }
+    static VRX_INLINE R subM(R a, R b) { return W::fnma(b, W::set1(T(1)), a); }
     static VRX_INLINE R mulv(R a, R b) { return W::mul(a, b); }
     static VRX_INLINE R splat(T c) { return W::set1(c); }
     static VRX_INLINE void storeHalf(T* p, R v) { W::store(p, v); }
