@@ -854,3 +854,12 @@ VRX_INLINE void pairsDiffSumSat16s(const int16_t* lo, const int16_t* hi, int16_t
     storeTwo16s(x, _mm256_permute2x128_si256(a, b, 0x20), x + 16, _mm256_permute2x128_si256(a, b, 0x31), false);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// The eight floats at p, each repeated in two adjacent lanes: one 256-bit
+// load and one permute (a real operand beside an interleaved complex one).
+VRX_INLINE __m512 spreadPairs8(const float* p) {
+    const __m512i idx = _mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7);
+    return _mm512_permutexvar_ps(idx, _mm512_castps256_ps512(_mm256_loadu_ps(p)));
+}
+}  // namespace n0::simd
