@@ -99,12 +99,15 @@ void dot32f32fc(const float* a, const float* b, size_t n, float* re, float* im) 
 }
 
 // Loaders: i and c count values of the interleaved complex operand.
+// Each operand is read once: the registers reach both products as
+// registers, not as two loads folded into them.
 template <class T>
 struct LoadCC {  // complex by complex, same type
     const T* a;
     const T* b;
     template <class Fn> VRX_INLINE void operator()(size_t i, size_t c, Fn f) const {
         using W = simd::V<T>;
+        if (c == size_t(W::N)) return f(simd::keepInRegister(W::load(a + i)), simd::keepInRegister(W::load(b + i)));
         const auto m = simd::tail<T>(c);
         f(W::loadm(m, a + i), W::loadm(m, b + i));
     }
