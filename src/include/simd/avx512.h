@@ -863,3 +863,8 @@ VRX_INLINE __m512 spreadPairs8(const float* p) {
     return _mm512_permutexvar_ps(idx, _mm512_castps256_ps512(_mm256_loadu_ps(p)));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Each 32-bit lane's right neighbour: lanes 1..15 of lo, then lane 0 of hi.
+VRX_INLINE __m512i nextLanes32(__m512i lo, __m512i hi) { return _mm512_alignr_epi32(hi, lo, 1); }
+}  // namespace n0::simd
