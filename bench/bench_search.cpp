@@ -229,6 +229,19 @@ void BM_scalar_ZeroCrossing_32f(benchmark::State& st) {
         return float(c);
     });
 }
+void BM_vrx_ZeroCrossing_32f_SignDiff(benchmark::State& st) {
+    reduce<float>(st, [](const float* p, size_t n) { float r; vrxsZeroCrossing_32f(p, int(n), &r, vrxZcSignDiff); return r; });
+}
+void BM_scalar_ZeroCrossing_32f_SignDiff(benchmark::State& st) {
+    reduce<float>(st, [](const float* p, size_t n) {
+        int c = 0;
+        for (size_t i = 0; i + 1 < n; ++i) {
+            const int a = (p[i] > 0.0f) - (p[i] < 0.0f), b = (p[i + 1] > 0.0f) - (p[i + 1] < 0.0f);
+            c += a > b ? a - b : b - a;
+        }
+        return 0.5f * float(c);
+    });
+}
 void BM_vrx_MaxOrder_16s(benchmark::State& st) {
     reduce<int16_t>(st, [](const int16_t* p, size_t n) { int o; vrxsMaxOrder_16s(p, int(n), &o); return o; });
 }
@@ -248,6 +261,8 @@ BENCHMARK(BM_vrx_ZeroCrossing_16s32f)->Apply(sizes);
 BENCHMARK(BM_scalar_ZeroCrossing_16s32f)->Apply(sizes);
 BENCHMARK(BM_vrx_ZeroCrossing_32f)->Apply(sizes);
 BENCHMARK(BM_scalar_ZeroCrossing_32f)->Apply(sizes);
+BENCHMARK(BM_vrx_ZeroCrossing_32f_SignDiff)->Apply(sizes);
+BENCHMARK(BM_scalar_ZeroCrossing_32f_SignDiff)->Apply(sizes);
 BENCHMARK(BM_vrx_MaxOrder_16s)->Apply(sizes);
 BENCHMARK(BM_scalar_MaxOrder_16s)->Apply(sizes);
 BENCHMARK(BM_vrx_MaxOrder_32f)->Apply(sizes);

@@ -206,8 +206,28 @@ VRX_INLINE int64_t zc32f(const float* p, int pairs, int type) {
     }
     if (type == vrxZcSignBit)
         return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return signBitsDiffer(simd::bitsOf(a), simd::bitsOf(b)); });
+    // The sign measure: s(x) in -1, 0, 1 is formed once a value, and the
+    // partners' signs are the same lanes shifted down by one with the first
+    // lane of the next group (a round reads x[i] .. x[i + 47], and x[pairs]
+    // is the last value); the last pairs through masked loads.
     auto sgn = [&](Fl::R x) { return I32::blend(Fl::gt(x, z), I32::blend(Fl::lt(x, z), zi, none), one); };
-    return pairSum32f(p, pairs, [&](Fl::R a, Fl::R b) { return I32::abs(I32::sub(sgn(b), sgn(a))); });
+    auto step = [](I32::R acc, I32::R sa, I32::R sb) { return I32::add(acc, I32::abs(I32::sub(sb, sa))); };
+    I32::R acc0 = I32::zero(), acc1 = I32::zero();
+    int i = 0;
+    if (pairs >= 47) {
+        I32::R cur = sgn(Fl::load(p));
+        for (; i + 47 <= pairs; i += 32) {
+            const I32::R n1 = sgn(Fl::load(p + i + 16)), n2 = sgn(Fl::load(p + i + 32));
+            acc0 = step(acc0, cur, simd::nextLanes32(cur, n1));
+            acc1 = step(acc1, n1, simd::nextLanes32(n1, n2));
+            cur = n2;
+        }
+    }
+    for (; i < pairs; i += 16) {
+        const Fl::M m = i + 16 <= pairs ? Fl::kAll : simd::tail<float>(static_cast<size_t>(pairs - i));
+        acc0 = step(acc0, sgn(Fl::loadm(m, p + i)), sgn(Fl::loadm(m, p + i + 1)));
+    }
+    return laneSum(I32::add(acc0, acc1));
 }
 
 // The sign-bit measure on 16-bit data without widening: 32 values a

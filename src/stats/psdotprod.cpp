@@ -76,21 +76,19 @@ void dotRealCplx(size_t cnt, Ld ld, typename W::T* re, typename W::T* im) {
     W::reduceAdd2(combine<U>(acc, W::add), re, im);
 }
 
-// Real by complex in single precision, n complex elements: 32 real values
-// a round, each group of 16 spread over the re and im lanes of its
-// partners by one load and two permutes, into four accumulators; the rest
-// by eights. Products and sums rounded apart.
+// Real by complex in single precision, n complex elements: groups of
+// eight real values, each spread over the re and im lanes of its partners
+// by one 256-bit load and one permute, group g into accumulator g mod 4;
+// the last partial group into accumulator 0. Products and sums rounded
+// apart.
 void dot32f32fc(const float* a, const float* b, size_t n, float* re, float* im) {
     F::R acc[4];
     unroll<4>([&](auto k) { acc[k] = F::zero(); });
     size_t j = 0;
     for (; j + 32 <= n; j += 32) {
-        unroll<2>([&](auto k) {
-            F::R lo, hi;
-            simd::spreadPairs16(a + j + 16 * k, lo, hi);
-            const float* q = b + 2 * (j + 16 * k);
-            acc[2 * k] = F::add(acc[2 * k], F::mul(lo, F::load(q)));
-            acc[2 * k + 1] = F::add(acc[2 * k + 1], F::mul(hi, F::load(q + 16)));
+        unroll<4>([&](auto k) {
+            const size_t i = j + 8 * k;
+            acc[k] = F::add(acc[k], F::mul(simd::spreadPairs8(a + i), F::load(b + 2 * i)));
         });
     }
     for (; j < n; j += 8) {
@@ -101,12 +99,15 @@ void dot32f32fc(const float* a, const float* b, size_t n, float* re, float* im) 
 }
 
 // Loaders: i and c count values of the interleaved complex operand.
+// Each operand is read once: the registers reach both products as
+// registers, not as two loads folded into them.
 template <class T>
 struct LoadCC {  // complex by complex, same type
     const T* a;
     const T* b;
     template <class Fn> VRX_INLINE void operator()(size_t i, size_t c, Fn f) const {
         using W = simd::V<T>;
+        if (c == size_t(W::N)) return f(simd::keepInRegister(W::load(a + i)), simd::keepInRegister(W::load(b + i)));
         const auto m = simd::tail<T>(c);
         f(W::loadm(m, a + i), W::loadm(m, b + i));
     }

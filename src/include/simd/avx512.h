@@ -862,3 +862,17 @@ namespace n0::simd {
 VRX_INLINE __m512d unpackLo(__m512d a, __m512d b) { return _mm512_unpacklo_pd(a, b); }
 VRX_INLINE __m512d unpackHi(__m512d a, __m512d b) { return _mm512_unpackhi_pd(a, b); }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// The eight floats at p, each repeated in two adjacent lanes: one 256-bit
+// load and one permute (a real operand beside an interleaved complex one).
+VRX_INLINE __m512 spreadPairs8(const float* p) {
+    const __m512i idx = _mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7);
+    return _mm512_permutexvar_ps(idx, _mm512_castps256_ps512(_mm256_loadu_ps(p)));
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// Each 32-bit lane's right neighbour: lanes 1..15 of lo, then lane 0 of hi.
+VRX_INLINE __m512i nextLanes32(__m512i lo, __m512i hi) { return _mm512_alignr_epi32(hi, lo, 1); }
+}  // namespace n0::simd
