@@ -761,18 +761,19 @@ template <class T> void directInv(const Plan* p, const T* y, T* x) {
 
 // ------------------------------------------------------------ chirp path
 
+// The convolution with the conjugate chirp: zeros past len, the forward
+// FFT, the product with filterTab, the inverse FFT. The product with the
+// chirp that finishes it is left to the caller's final pass.
 template <class T>
 VrxStatus convolve(const Plan* p, typename Width<T>::C* a, int64_t len, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
     const int M = p->convLength;
     const auto* inner = static_cast<const typename W::CPlan*>(p->innerPlan);
-    const C* chirp = static_cast<const C*>(p->chirpTab);
     if (VrxStatus st = W::zero(a + len, M - static_cast<int>(len))) return st;
     if (VrxStatus st = W::cFwd(a, inner, work)) return st;
     if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, M)) return st;
-    if (VrxStatus st = W::cInv(a, inner, work)) return st;
-    return W::mulI(chirp, a, static_cast<int>(len));
+    return W::cInv(a, inner, work);
 }
 
 // Vector pieces of the chirp path's linear passes: L complex values as a
@@ -812,6 +813,12 @@ template <class T> struct CV {
         return simd::reverseLanes(F::loadm(static_cast<M>(~simd::tail<T>(L - cnt)), p - (L - 1)));
     }
     static VRX_INLINE void storeR(T* p, int64_t cnt, R v) { F::storem(p, simd::tail<T>(cnt), v); }
+    // (ar, ai) times (wr, wi)
+    static VRX_INLINE void mul(R& ar, R& ai, R wr, R wi) {
+        const R re = F::sub(F::mul(ar, wr), F::mul(ai, wi));
+        ai = F::add(F::mul(ar, wi), F::mul(ai, wr));
+        ar = re;
+    }
     static VRX_INLINE void storeRRev(T* p, int64_t cnt, R v) {
         F::storem(p - (L - 1), static_cast<M>(~simd::tail<T>(L - cnt)), simd::reverseLanes(v));
     }
@@ -838,10 +845,12 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
             V::store(a + n, c, F::mul(v, wr), F::mul(v, wi));
         }
         if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
+        // rotTab holds postTab times the chirp
+        const C* rot = static_cast<const C*>(p->rotTab);
         for (int64_t k = 0; k < N; k += L) {
             const int64_t c = N - k < L ? N - k : L;
             R pr, pi, ar, ai;
-            V::load(post + k, c, pr, pi);
+            V::load(rot + k, c, pr, pi);
             V::load(a + k, c, ar, ai);
             V::storeR(y + k, c, F::sub(F::mul(pr, ar), F::mul(pi, ai)));
         }
@@ -849,21 +858,22 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     }
     const int64_t h = N / 2;
     // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h)
-    for (int64_t j = 0; j < h; ++j) {
-        const int64_t m0 = 2 * j, m1 = 2 * j + 1;
-        a[j].re = m0 < h ? x[2 * m0] : x[2 * N - 2 * m0 - 1];
-        a[j].im = m1 < h ? x[2 * m1] : x[2 * N - 2 * m1 - 1];
-    }
+    splitEvenOdd<T>(x, &a->re, N);
     if (VrxStatus st = W::mulI(chirp, a, static_cast<int>(h))) return st;
     if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
     const C* rot = static_cast<const C*>(p->rotTab);
-    const T z0r = a[0].re, z0i = a[0].im;
-    // 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
+    const T z0r = a[0].re * chirp[0].re - a[0].im * chirp[0].im;
+    const T z0i = a[0].re * chirp[0].im + a[0].im * chirp[0].re;
+    // Z = a times the chirp; 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
     for (int64_t k = 1; k < h; k += L) {
         const int64_t c = h - k < L ? h - k : L;
-        R zr, zi, mr, mi, rr, ri, pr, pi;
+        R zr, zi, mr, mi, rr, ri, pr, pi, wr, wi;
         V::load(a + k, c, zr, zi);
+        V::load(chirp + k, c, wr, wi);
+        V::mul(zr, zi, wr, wi);
         V::loadRev(a + h - k, c, mr, mi);
+        V::loadRev(chirp + h - k, c, wr, wi);
+        V::mul(mr, mi, wr, wi);
         mi = F::neg(mi);
         V::load(rot + k, c, rr, ri);
         V::load(post + k, c, pr, pi);
@@ -899,14 +909,17 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
             V::store(a + k, c, F::mul(v, wr), F::mul(v, wi));
         }
         if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
+        const C* chirp = static_cast<const C*>(p->chirpTab);
         for (int64_t n = 0; n < N; n += L) {
             const int64_t c = N - n < L ? N - n : L;
-            R ar, ai;
+            R ar, ai, wr, wi;
             V::load(a + n, c, ar, ai);
-            V::storeR(x + n, c, ar);
+            V::load(chirp + n, c, wr, wi);
+            V::storeR(x + n, c, F::sub(F::mul(ar, wr), F::mul(ai, wi)));
         }
         return vrxOk;
     }
+    const C* chirp = static_cast<const C*>(p->chirpTab);
     const int64_t h = N / 2;
     const T s0 = post[0].re;
     // R'(k) = post[k] (y[k] - i y[N-k]); R'(0) = s0 y[0], R'(h) = s0 y[h]
@@ -916,8 +929,9 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         const T Ar = pr + qr, Dr = pr - qr;
         const T cr = rot[0].re, ci = rot[0].im;
         const T er = cr * Dr - ci * T(0), ei = cr * T(0) + ci * Dr;
-        a[0].re = Ar - ei;
-        a[0].im = -(T(0) + er);
+        const T zr = Ar - ei, zi = -(T(0) + er);
+        a[0].re = zr * chirp[0].re - zi * chirp[0].im;
+        a[0].im = zr * chirp[0].im + zi * chirp[0].re;
     }
     for (int64_t k = 1; k < h; k += L) {
         const int64_t c = h - k < L ? h - k : L;
@@ -931,17 +945,22 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         const R qr = F::add(F::mul(hr, u2), F::mul(hi, v2)), qi = F::neg(F::sub(F::mul(hi, u2), F::mul(hr, v2)));
         const R Ar = F::add(pr, qr), Ai = F::add(pi, qi), Dr = F::sub(pr, qr), Di = F::sub(pi, qi);
         const R er = F::sub(F::mul(cr, Dr), F::mul(ci, Di)), ei = F::add(F::mul(cr, Di), F::mul(ci, Dr));
-        V::store(a + k, c, F::sub(Ar, ei), F::neg(F::add(Ai, er)));
+        R zr = F::sub(Ar, ei), zi = F::neg(F::add(Ai, er)), wr, wi;
+        V::load(chirp + k, c, wr, wi);
+        V::mul(zr, zi, wr, wi);
+        V::store(a + k, c, zr, zi);
     }
-    if (VrxStatus st = W::mulI(static_cast<const C*>(p->chirpTab), a, static_cast<int>(h))) return st;
     if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
-    // t[2j] = re, t[2j+1] = -im; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
-    for (int64_t j = 0; j < h; ++j) {
-        const int64_t m0 = 2 * j, m1 = 2 * j + 1;
-        const T t0 = a[j].re, t1 = -a[j].im;
-        x[m0 < h ? 2 * m0 : 2 * N - 2 * m0 - 1] = t0;
-        x[m1 < h ? 2 * m1 : 2 * N - 2 * m1 - 1] = t1;
+    // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
+    for (int64_t j = 0; j < h; j += L) {
+        const int64_t c = h - j < L ? h - j : L;
+        R ar, ai, wr, wi;
+        V::load(a + j, c, ar, ai);
+        V::load(chirp + j, c, wr, wi);
+        V::mul(ar, ai, wr, wi);
+        V::store(a + j, c, ar, F::neg(ai));
     }
+    joinEvenOdd<T>(&a->re, x, N);
     return vrxOk;
 }
 
