@@ -316,7 +316,8 @@ VrxStatus init(ObjId id, void** ppPlan, int N, int hint, uint8_t* pSpecMem, uint
                     setC<T>(o.postC[0], s0, s0);
                 }
             } else {
-                // post: c_k exp(-i t); inverse rotation: the same times the chirp
+                // post: c_k exp(-i t); rotation: the same times the chirp (the
+                // forward final pass and the inverse pre-multiplication)
                 for (int64_t k = 0; k < h; ++k) {
                     const double t = M_PI * static_cast<double>(k) / (2.0 * N);
                     const double ck = k ? c1 : c0;
