@@ -593,6 +593,17 @@ template <class Fn> VRX_INLINE void byRegs(int regs, Fn f) {
     else f(std::integral_constant<int, 0>{});
 }
 
+// f(std::integral_constant<int, n>) for the n = 0 .. 4 scalar lanes.
+template <class Fn> VRX_INLINE void byCount(int n, Fn f) {
+    switch (n) {
+        case 1: f(std::integral_constant<int, 1>{}); break;
+        case 2: f(std::integral_constant<int, 2>{}); break;
+        case 3: f(std::integral_constant<int, 3>{}); break;
+        case 4: f(std::integral_constant<int, 4>{}); break;
+        default: break;
+    }
+}
+
 // Registers for `lanes` lanes: a last partial register only when it holds
 // more than a quarter of its lanes; the rest run as scalars.
 template <class T> VRX_INLINE int vectorRegs(int lanes) {
@@ -666,18 +677,33 @@ template <class T> void directFwd(const Plan* p, const T* x, T* y) {
         }
     });
     const int L4 = 4 * N, q = 3 * N;
-    for (int k = kv + 1; k <= K; ++k) {
-        const T* ca = (k & 1) ? d : s;
-        const T* cb = ((N - k) & 1) ? da : sa;
-        const int st = 2 * k;
-        T A = T(0), B = T(0);
-        for (int i = 0, j = k; i < m; ++i, j = addMod(j, st, L4)) {
-            A += ca[i] * tab[j];
-            B += cb[i] * tab[addMod(j, q, L4)];
+    byCount(K - kv, [&](auto nc) {
+        constexpr int NL = decltype(nc)::value;
+        const T* ca[NL + 1];
+        const T* cb[NL + 1];
+        int j[NL + 1], st[NL + 1];
+        T A[NL + 1], B[NL + 1];
+        for (int l = 0; l < NL; ++l) {
+            const int k = kv + 1 + l;
+            ca[l] = (k & 1) ? d : s;
+            cb[l] = ((N - k) & 1) ? da : sa;
+            j[l] = k;
+            st[l] = 2 * k;
+            A[l] = B[l] = T(0);
         }
-        if (N - k != k) y[N - k] = B * c1;
-        y[k] = A * c1;
-    }
+        for (int i = 0; i < m; ++i) {
+            for (int l = 0; l < NL; ++l) {
+                A[l] += ca[l][i] * tab[j[l]];
+                B[l] += cb[l][i] * tab[addMod(j[l], q, L4)];
+                j[l] = addMod(j[l], st[l], L4);
+            }
+        }
+        for (int l = 0; l < NL; ++l) {
+            const int k = kv + 1 + l;
+            if (N - k != k) y[N - k] = B[l] * c1;
+            y[k] = A[l] * c1;
+        }
+    });
     y[0] = sum * c0;
 }
 
@@ -745,19 +771,38 @@ template <class T> void directInv(const Plan* p, const T* y, T* x) {
         }
     });
     const int L4 = 4 * N, q = 3 * N;
-    for (int n = nv; n < m; ++n) {
-        const int st = 2 * n + 1;
-        T C[2] = {T(0), T(0)}, S[2] = {T(0), T(0)};
-        for (int t = 0, j = 0; t < terms; ++t, j = addMod(j, st, L4)) {
-            C[t & 1] += w[t] * tab[j];
-            S[t & 1] += v[t] * tab[addMod(j, q, L4)];
+    byCount(m - nv, [&](auto nc) {
+        constexpr int NL = decltype(nc)::value;
+        int j[NL + 1], st[NL + 1];
+        T C0[NL + 1], C1[NL + 1], S0[NL + 1], S1[NL + 1];
+        for (int l = 0; l < NL; ++l) {
+            j[l] = 0;
+            st[l] = 2 * (nv + l) + 1;
+            C0[l] = C1[l] = S0[l] = S1[l] = T(0);
         }
-        const T sp = S[0] + S[1], sm = odd ? S[1] - S[0] : S[0] - S[1];
-        const T hi = (C[0] - C[1]) + ((n & 1) ? -sm : sm);
-        const T lo = (C[0] + C[1]) + ((n & 1) ? -sp : sp);
-        if (N - 1 - n != n) x[N - 1 - n] = hi;
-        x[n] = lo;
-    }
+        // terms in pairs, even t then odd t
+        for (int t = 0; t < terms; t += 2) {
+            for (int l = 0; l < NL; ++l) {
+                C0[l] += w[t] * tab[j[l]];
+                S0[l] += v[t] * tab[addMod(j[l], q, L4)];
+                j[l] = addMod(j[l], st[l], L4);
+            }
+            if (t + 1 == terms) break;
+            for (int l = 0; l < NL; ++l) {
+                C1[l] += w[t + 1] * tab[j[l]];
+                S1[l] += v[t + 1] * tab[addMod(j[l], q, L4)];
+                j[l] = addMod(j[l], st[l], L4);
+            }
+        }
+        for (int l = 0; l < NL; ++l) {
+            const int n = nv + l;
+            const T sp = S0[l] + S1[l], sm = odd ? S1[l] - S0[l] : S0[l] - S1[l];
+            const T hi = (C0[l] - C1[l]) + ((n & 1) ? -sm : sm);
+            const T lo = (C0[l] + C1[l]) + ((n & 1) ? -sp : sp);
+            if (N - 1 - n != n) x[N - 1 - n] = hi;
+            x[n] = lo;
+        }
+    });
 }
 
 // ------------------------------------------------------------ chirp path
