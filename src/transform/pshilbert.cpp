@@ -3,6 +3,7 @@
 // cleared) and a complex inverse DFT, both inner plans scaling the inverse.
 #include "vrx_base.h"
 #include "vrx_layout.h"
+#include "simd/simd.h"
 
 #include <string.h>
 
@@ -33,6 +34,24 @@ VrxStatus innerSizes(int N, VrxAlgHint hint, int* s, int* i, int* w, int* s2, in
 int max4(int a, int b, int c, int d) {
     const int x = a > b ? a : b, y = c > d ? c : d;
     return x > y ? x : y;
+}
+
+// The bin edit in one pass over the spectrum's floats: bins 1 .. m doubled
+// (x + x, exact), bins h+1 .. N-1 cleared; DC and, for even N, bin h kept.
+void editBins(Vrx32fc* spec, int N) {
+    using F = n0::simd::V<float>;
+    constexpr int L = F::N;
+    const int h = N / 2, m = (N % 2 == 0) ? h - 1 : h;
+    float* d = &spec[1].re;
+    const int nd = 2 * m;
+    for (int i = 0; i < nd; i += L) {
+        const auto k = n0::simd::tail<float>(nd - i < L ? nd - i : L);
+        const F::R v = F::loadm(k, d + i);
+        F::storem(d + i, k, F::add(v, v));
+    }
+    float* z = &spec[h + 1].re;
+    const int nz = 2 * (N - 1 - h);
+    for (int i = 0; i < nz; i += L) F::storem(z + i, n0::simd::tail<float>(nz - i < L ? nz - i : L), F::zero());
 }
 
 }  // namespace
@@ -83,8 +102,6 @@ VrxStatus N0(vrxsHilbert_32f32fc)(const Vrx32f* pSrc, Vrx32fc* pDst, const VrxsH
     }
     uint8_t* buf = align16(pBuf);
     if (VrxStatus st = N0(vrxsDFTFwd_RToCCS_32f)(pSrc, reinterpret_cast<Vrx32f*>(pDst), p->planR, buf)) return st;
-    const int h = N / 2, m = (N % 2 == 0) ? h - 1 : h;
-    if (m > 0) N0(vrxsAdd_32fc_I)(pDst + 1, pDst + 1, m);
-    if (N - 1 - h > 0) N0(vrxsZero_32fc)(pDst + h + 1, N - 1 - h);
+    editBins(pDst, N);
     return N0(vrxsDFTInv_CToC_32fc)(pDst, pDst, p->planC, buf);
 }

@@ -316,7 +316,8 @@ VrxStatus init(ObjId id, void** ppPlan, int N, int hint, uint8_t* pSpecMem, uint
                     setC<T>(o.postC[0], s0, s0);
                 }
             } else {
-                // post: c_k exp(-i t); inverse rotation: the same times the chirp
+                // post: c_k exp(-i t); rotation: the same times the chirp (the
+                // forward final pass and the inverse pre-multiplication)
                 for (int64_t k = 0; k < h; ++k) {
                     const double t = M_PI * static_cast<double>(k) / (2.0 * N);
                     const double ck = k ? c1 : c0;
@@ -518,33 +519,41 @@ template <class T> void preInv(const T* y, const T* q, T* v, int64_t N) {
 
 // ------------------------------------------------------------ direct path
 
-// The sums run across outputs, one lane each, three registers of lanes at
-// a time: lane k needs cos((2i+1) k pi/(2N)) for i = 0, 1, ..., the table
-// entry at index (2i+1)k mod 4N. Every eighth term reads the table (cos at
-// the index, sin at the index minus N); the terms between turn the pair by
-// the lane's step angle, so that seven of eight table reads are rotations
-// and the three registers' rotations overlap. Terms add in the order of i.
+// The sums run across outputs, one lane each, and every lane serves two
+// outputs: cos((2i+1)(N-k) pi/(2N)) = (-1)^i sin((2i+1) k pi/(2N)), so the
+// lane of output k walks the (cos, sin) pair of its angle and gives output
+// N-k from the sine. Each eighth term reads the pair from the table (cos at
+// index j, sin at j + 3N, mod 4N); the terms between turn it by the lane's
+// step angle. Lanes left over past the last full register, when they are
+// few, run as scalars straight off the table. Terms add in order.
 using I32 = simd::VInt<int32_t, 4>;
-constexpr int kGroup = 3;
+constexpr int kMaxHalf = 24;  // above half the longest direct length
 
 // a + b reduced once modulo 4N (both below 4N).
 VRX_INLINE I32::R addMod(I32::R a, I32::R b, I32::R L4) {
     const I32::R t = I32::add(a, b);
     return I32::blend(I32::ge(t, L4), t, I32::sub(t, L4));
 }
+VRX_INLINE int addMod(int a, int b, int L4) { return a + b >= L4 ? a + b - L4 : a + b; }
 
 template <class T> VRX_INLINE typename simd::V<T>::R tabAt(const T* tab, I32::R idx) { return simd::gatherAt(tab, idx); }
 
-// acc[b] = sum over t < terms of coef(t, b) * cos(2 pi (start[b] + t step[b])/(4N)),
-// b < G.
-template <class T, int G, class Coef>
-VRX_INLINE void walkSum(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Coef coef,
-                        typename simd::V<T>::R* acc) {
+template <int J, int E, class Fn> VRX_INLINE void unrollTo(Fn&& f) {
+    if constexpr (J < E) {
+        f(std::integral_constant<int, J>{});
+        unrollTo<J + 1, E>(f);
+    }
+}
+
+// For t < terms, body(t, parity of t, c, s) with c[b], s[b] the cosine and
+// sine of lane angle start[b] + t step[b] (table units), b < G.
+template <class T, int G, class Body>
+VRX_INLINE void walk(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Body body) {
     using F = simd::V<T>;
-    const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);  // sin at j is cos at j + 3N mod 4N
-    typename F::R c[kGroup], s[kGroup], cr[kGroup], sr[kGroup], sum[kGroup];
-    I32::R idx[kGroup], step8[kGroup];
-#pragma GCC unroll 3
+    using R = typename F::R;
+    const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);
+    R c[G], s[G], cr[G], sr[G];
+    I32::R idx[G], step8[G];
     for (int b = 0; b < G; ++b) {
         cr[b] = tabAt(tab, step[b]);
         sr[b] = tabAt(tab, addMod(step[b], q, L4));
@@ -552,130 +561,265 @@ VRX_INLINE void walkSum(const T* tab, int N, const I32::R* start, const I32::R* 
         s8 = addMod(s8, s8, L4);
         step8[b] = addMod(s8, s8, L4);
         idx[b] = start[b];
-        sum[b] = F::zero();
     }
-    for (int t = 0; t < terms; ++t) {
-        if ((t & 7) == 0) {
-#pragma GCC unroll 3
-            for (int b = 0; b < G; ++b) {
-                c[b] = tabAt(tab, idx[b]);
-                s[b] = tabAt(tab, addMod(idx[b], q, L4));
-                idx[b] = addMod(idx[b], step8[b], L4);
+    for (int t0 = 0; t0 < terms; t0 += 8) {
+        const int u = terms - t0;
+        unrollTo<0, 8>([&](auto jc) {
+            constexpr int j = decltype(jc)::value;
+            if (j >= u) return;
+            if constexpr (j == 0) {
+                for (int b = 0; b < G; ++b) {
+                    c[b] = tabAt(tab, idx[b]);
+                    s[b] = tabAt(tab, addMod(idx[b], q, L4));
+                    idx[b] = addMod(idx[b], step8[b], L4);
+                }
+            } else {
+                for (int b = 0; b < G; ++b) {
+                    const R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
+                    s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
+                    c[b] = nc;
+                }
             }
-        } else {
-#pragma GCC unroll 3
-            for (int b = 0; b < G; ++b) {
-                const typename F::R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
-                s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
-                c[b] = nc;
-            }
-        }
-#pragma GCC unroll 3
-        for (int b = 0; b < G; ++b) sum[b] = F::add(sum[b], F::mul(coef(t, b), c[b]));
+            body(t0 + j, std::integral_constant<int, j & 1>{}, c, s);
+        });
     }
-    for (int b = 0; b < G; ++b) acc[b] = sum[b];  // the sums stay in registers in the loop
 }
 
-// f(std::integral_constant<int, G>) for G = min(kGroup, blocks).
-template <class Fn> VRX_INLINE void byGroup(int blocks, Fn f) {
-    if (blocks >= 3) f(std::integral_constant<int, 3>{});
-    else if (blocks == 2) f(std::integral_constant<int, 2>{});
-    else f(std::integral_constant<int, 1>{});
+// f(std::integral_constant<int, G>) for G = regs, 0 .. 3.
+template <class Fn> VRX_INLINE void byRegs(int regs, Fn f) {
+    if (regs >= 3) f(std::integral_constant<int, 3>{});
+    else if (regs == 2) f(std::integral_constant<int, 2>{});
+    else if (regs == 1) f(std::integral_constant<int, 1>{});
+    else f(std::integral_constant<int, 0>{});
 }
 
-template <class T> void directFwd(const Plan* p, const T* x, T* y, T* w) {
+// f(std::integral_constant<int, n>) for the n = 0 .. 4 scalar lanes.
+template <class Fn> VRX_INLINE void byCount(int n, Fn f) {
+    switch (n) {
+        case 1: f(std::integral_constant<int, 1>{}); break;
+        case 2: f(std::integral_constant<int, 2>{}); break;
+        case 3: f(std::integral_constant<int, 3>{}); break;
+        case 4: f(std::integral_constant<int, 4>{}); break;
+        default: break;
+    }
+}
+
+// Registers for `lanes` lanes: a last partial register only when it holds
+// more than a quarter of its lanes; the rest run as scalars.
+template <class T> VRX_INLINE int vectorRegs(int lanes) {
+    constexpr int L = simd::V<T>::N;
+    return lanes / L + (lanes % L > L / 4 ? 1 : 0);
+}
+
+// Lanes with an odd lane number (mask).
+template <class T> VRX_INLINE typename simd::V<T>::M oddLanes() {
+    return static_cast<typename simd::V<T>::M>(0xAAAAu);
+}
+
+// Forward: y[0] = c0 sum s; lane k (1 <= k <= N/2) sums the coefficients of
+// output k (s for even k, d for odd k) against the cosines, and those of
+// output N-k, sign alternating with i, against the sines.
+template <class T> void directFwd(const Plan* p, const T* x, T* y) {
     using F = simd::V<T>;
+    using R = typename F::R;
+    using M = typename F::M;
     constexpr int L = F::N;
     const int N = p->length, n2 = N / 2, m = (N + 1) / 2;
     const T* tab = static_cast<const T*>(p->dirTab);
-    T* s = w;
-    T* d = w + m;
+    T s[kMaxHalf], d[kMaxHalf], sa[kMaxHalf], da[kMaxHalf];
     for (int i = 0; i < n2; ++i) {
         s[i] = x[i] + x[N - 1 - i];
         d[i] = x[i] - x[N - 1 - i];
     }
-    if (N & 1) s[n2] = x[n2];
-    const I32::R last = I32::set1(N - 1), one = I32::set1(1);
-    const typename F::R c0 = F::set1(static_cast<T>(p->scale0)), c1 = F::set1(static_cast<T>(p->scale1));
-    // even outputs sum s, odd outputs sum d; the middle sample of odd N
-    // has no difference term
-    for (int g = 0; g < N; g += kGroup * L) {
-        I32::R k[kGroup], step[kGroup];
-        typename F::M odd[kGroup];
-        typename F::R acc[kGroup];
-        for (int b = 0; b < kGroup; ++b) {
-            k[b] = I32::min(I32::add(I32::set1(g + b * L), simd::iota32()), last);
-            step[b] = I32::add(k[b], k[b]);
-            odd[b] = static_cast<typename F::M>(I32::test(k[b], one));
-        }
-        byGroup((N - g + L - 1) / L, [&](auto gc) {
-            walkSum<T, decltype(gc)::value>(
-                tab, N, k, step, m,
-                [&](int i, int b) { return F::blend(odd[b], F::set1(s[i]), i < n2 ? F::set1(d[i]) : F::zero()); }, acc);
-        });
-        for (int b = 0; b < kGroup; ++b) {
-            const int k0 = g + b * L;
-            if (k0 >= N) break;
-            const typename F::M first = static_cast<typename F::M>(I32::eq(k[b], I32::zero()));
-            F::storem(y + k0, simd::tail<T>(N - k0 < L ? N - k0 : L), F::mul(acc[b], F::blend(first, c1, c0)));
-        }
+    if (N & 1) {
+        s[n2] = x[n2];
+        d[n2] = T(0);
     }
+    for (int i = 0; i < m; ++i) {
+        sa[i] = (i & 1) ? -s[i] : s[i];
+        da[i] = (i & 1) ? -d[i] : d[i];
+    }
+    const T c0 = static_cast<T>(p->scale0), c1 = static_cast<T>(p->scale1);
+    T sum = s[0];
+    for (int i = 1; i < m; ++i) sum += s[i];
+    const int K = n2, regs = vectorRegs<T>(K), kv = regs * L < K ? regs * L : K;
+    // lane l holds k = 1 + l (+ L per register): odd k on even lanes
+    const M kOdd = static_cast<M>(~oddLanes<T>());
+    const M nkOdd = (N & 1) ? oddLanes<T>() : kOdd;
+    byRegs(regs, [&](auto gc) {
+        constexpr int G = decltype(gc)::value;
+        if constexpr (G > 0) {
+            I32::R start[G], step[G];
+            R a[G], b[G];
+            for (int r = 0; r < G; ++r) {
+                start[r] = I32::add(I32::set1(1 + r * L), simd::iota32());
+                step[r] = I32::add(start[r], start[r]);
+                a[r] = b[r] = F::zero();
+            }
+            walk<T, G>(tab, N, start, step, m, [&](int i, auto, const R* c, const R* sn) {
+                const R ca = F::blend(kOdd, F::set1(s[i]), F::set1(d[i]));
+                const R cb = F::blend(nkOdd, F::set1(sa[i]), F::set1(da[i]));
+                for (int r = 0; r < G; ++r) {
+                    a[r] = F::add(a[r], F::mul(ca, c[r]));
+                    b[r] = F::add(b[r], F::mul(cb, sn[r]));
+                }
+            });
+            const R sc = F::set1(c1);
+            // outputs N-k first: for even N the lane k = N/2 is written by its cosine sum last
+            for (int r = 0; r < G; ++r) {
+                const int cnt = kv - r * L < L ? kv - r * L : L;
+                F::storem(y + N - r * L - L, static_cast<M>(~simd::tail<T>(L - cnt)), simd::reverseLanes(F::mul(b[r], sc)));
+            }
+            for (int r = 0; r < G; ++r) {
+                const int cnt = kv - r * L < L ? kv - r * L : L;
+                F::storem(y + 1 + r * L, simd::tail<T>(cnt), F::mul(a[r], sc));
+            }
+        }
+    });
+    const int L4 = 4 * N, q = 3 * N;
+    byCount(K - kv, [&](auto nc) {
+        constexpr int NL = decltype(nc)::value;
+        const T* ca[NL + 1];
+        const T* cb[NL + 1];
+        int j[NL + 1], st[NL + 1];
+        T A[NL + 1], B[NL + 1];
+        for (int l = 0; l < NL; ++l) {
+            const int k = kv + 1 + l;
+            ca[l] = (k & 1) ? d : s;
+            cb[l] = ((N - k) & 1) ? da : sa;
+            j[l] = k;
+            st[l] = 2 * k;
+            A[l] = B[l] = T(0);
+        }
+        for (int i = 0; i < m; ++i) {
+            for (int l = 0; l < NL; ++l) {
+                A[l] += ca[l][i] * tab[j[l]];
+                B[l] += cb[l][i] * tab[addMod(j[l], q, L4)];
+                j[l] = addMod(j[l], st[l], L4);
+            }
+        }
+        for (int l = 0; l < NL; ++l) {
+            const int k = kv + 1 + l;
+            if (N - k != k) y[N - k] = B[l] * c1;
+            y[k] = A[l] * c1;
+        }
+    });
+    y[0] = sum * c0;
 }
 
-template <class T> void directInv(const Plan* p, const T* y, T* x, T* w) {
+// Inverse: lane n (n < (N+1)/2) walks t = 0 .. N/2 over the angle (2n+1) t,
+// the coefficient c_t y[t] against the cosine and c_{N-t} y[N-t] (t < N-t)
+// against the sine, even and odd t apart; then
+// x[n] = C0 + C1 + (-1)^n (S0 + S1), x[N-1-n] = C0 - C1 + (-1)^n (S0 - S1)
+// for even N and (-1)^n (S1 - S0) for odd N.
+template <class T> void directInv(const Plan* p, const T* y, T* x) {
     using F = simd::V<T>;
+    using R = typename F::R;
+    using M = typename F::M;
     constexpr int L = F::N;
     const int N = p->length, n2 = N / 2, m = (N + 1) / 2;
     const T* tab = static_cast<const T*>(p->dirTab);
     const T c0 = static_cast<T>(p->scale0), c1 = static_cast<T>(p->scale1);
-    // scaled copy, even k first, then odd k (the source may be the destination)
-    T* we = w;
-    T* wo = w + m;
-    for (int k = 0; k < N; k += 2) we[k / 2] = y[k] * (k ? c1 : c0);
-    for (int k = 1; k < N; k += 2) wo[k / 2] = y[k] * c1;
-    const I32::R lastN = I32::set1(m - 1);
-    // x[n] = E + O, x[N-1-n] = E - O, E over even k, O over odd k; the
-    // middle output of odd N is E alone
-    for (int g = 0; g < m; g += kGroup * L) {
-        I32::R n21[kGroup], step[kGroup], zero[kGroup];
-        typename F::R e[kGroup], o[kGroup];
-        for (int b = 0; b < kGroup; ++b) {
-            const I32::R n = I32::min(I32::add(I32::set1(g + b * L), simd::iota32()), lastN);
-            n21[b] = I32::add(I32::add(n, n), I32::set1(1));
-            step[b] = I32::add(n21[b], n21[b]);
-            zero[b] = I32::zero();
-        }
-        byGroup((m - g + L - 1) / L, [&](auto gc) {
-            walkSum<T, decltype(gc)::value>(tab, N, zero, step, m, [&](int t, int) { return F::set1(we[t]); }, e);
-            walkSum<T, decltype(gc)::value>(tab, N, n21, step, n2, [&](int t, int) { return F::set1(wo[t]); }, o);
-        });
-        for (int b = 0; b < kGroup; ++b) {
-            const int n0 = g + b * L;
-            if (n0 >= m) break;
-            const int cnt = m - n0 < L ? m - n0 : L;                          // outputs x[n]
-            const int pairs = n2 - n0 < 0 ? 0 : (n2 - n0 < L ? n2 - n0 : L);  // lanes with a mirror
-            const typename F::M mid = static_cast<typename F::M>(~simd::tail<T>(pairs));
-            F::storem(x + n0, simd::tail<T>(cnt), F::add(e[b], F::blend(mid, o[b], F::zero())));
-            F::storem(x + N - n0 - L, static_cast<typename F::M>(~simd::tail<T>(L - pairs)),
-                      simd::reverseLanes(F::sub(e[b], o[b])));
-        }
+    const int terms = n2 + 1;
+    T w[kMaxHalf], v[kMaxHalf];
+    w[0] = y[0] * c0;
+    v[0] = T(0);
+    for (int t = 1; t < terms; ++t) {
+        w[t] = y[t] * c1;
+        v[t] = N - t > t ? y[N - t] * c1 : T(0);
     }
+    const bool odd = N & 1;
+    const int regs = vectorRegs<T>(m), nv = regs * L < m ? regs * L : m;
+    const M neg = oddLanes<T>();
+    byRegs(regs, [&](auto gc) {
+        constexpr int G = decltype(gc)::value;
+        if constexpr (G > 0) {
+            I32::R start[G], step[G];
+            R c0r[G], c1r[G], s0r[G], s1r[G];
+            for (int r = 0; r < G; ++r) {
+                const I32::R n = I32::add(I32::set1(r * L), simd::iota32());
+                step[r] = I32::add(I32::add(n, n), I32::set1(1));
+                start[r] = I32::zero();
+                c0r[r] = c1r[r] = s0r[r] = s1r[r] = F::zero();
+            }
+            walk<T, G>(tab, N, start, step, terms, [&](int t, auto par, const R* c, const R* sn) {
+                const R wt = F::set1(w[t]), vt = F::set1(v[t]);
+                for (int r = 0; r < G; ++r) {
+                    if constexpr (decltype(par)::value == 0) {
+                        c0r[r] = F::add(c0r[r], F::mul(wt, c[r]));
+                        s0r[r] = F::add(s0r[r], F::mul(vt, sn[r]));
+                    } else {
+                        c1r[r] = F::add(c1r[r], F::mul(wt, c[r]));
+                        s1r[r] = F::add(s1r[r], F::mul(vt, sn[r]));
+                    }
+                }
+            });
+            R lo[G];
+            for (int r = 0; r < G; ++r) {
+                const R sp = F::add(s0r[r], s1r[r]);
+                const R sm = odd ? F::sub(s1r[r], s0r[r]) : F::sub(s0r[r], s1r[r]);
+                lo[r] = F::add(F::add(c0r[r], c1r[r]), F::blend(neg, sp, F::neg(sp)));
+                const R hi = F::add(F::sub(c0r[r], c1r[r]), F::blend(neg, sm, F::neg(sm)));
+                const int cnt = nv - r * L < L ? nv - r * L : L;
+                // mirrors first: the middle output of odd N is written from its direct sum last
+                F::storem(x + N - r * L - L, static_cast<M>(~simd::tail<T>(L - cnt)), simd::reverseLanes(hi));
+            }
+            for (int r = 0; r < G; ++r) {
+                const int cnt = nv - r * L < L ? nv - r * L : L;
+                F::storem(x + r * L, simd::tail<T>(cnt), lo[r]);
+            }
+        }
+    });
+    const int L4 = 4 * N, q = 3 * N;
+    byCount(m - nv, [&](auto nc) {
+        constexpr int NL = decltype(nc)::value;
+        int j[NL + 1], st[NL + 1];
+        T C0[NL + 1], C1[NL + 1], S0[NL + 1], S1[NL + 1];
+        for (int l = 0; l < NL; ++l) {
+            j[l] = 0;
+            st[l] = 2 * (nv + l) + 1;
+            C0[l] = C1[l] = S0[l] = S1[l] = T(0);
+        }
+        // terms in pairs, even t then odd t
+        for (int t = 0; t < terms; t += 2) {
+            for (int l = 0; l < NL; ++l) {
+                C0[l] += w[t] * tab[j[l]];
+                S0[l] += v[t] * tab[addMod(j[l], q, L4)];
+                j[l] = addMod(j[l], st[l], L4);
+            }
+            if (t + 1 == terms) break;
+            for (int l = 0; l < NL; ++l) {
+                C1[l] += w[t + 1] * tab[j[l]];
+                S1[l] += v[t + 1] * tab[addMod(j[l], q, L4)];
+                j[l] = addMod(j[l], st[l], L4);
+            }
+        }
+        for (int l = 0; l < NL; ++l) {
+            const int n = nv + l;
+            const T sp = S0[l] + S1[l], sm = odd ? S1[l] - S0[l] : S0[l] - S1[l];
+            const T hi = (C0[l] - C1[l]) + ((n & 1) ? -sm : sm);
+            const T lo = (C0[l] + C1[l]) + ((n & 1) ? -sp : sp);
+            if (N - 1 - n != n) x[N - 1 - n] = hi;
+            x[n] = lo;
+        }
+    });
 }
 
 // ------------------------------------------------------------ chirp path
 
+// The convolution with the conjugate chirp: zeros past len, the forward
+// FFT, the product with filterTab, the inverse FFT. The product with the
+// chirp that finishes it is left to the caller's final pass.
 template <class T>
 VrxStatus convolve(const Plan* p, typename Width<T>::C* a, int64_t len, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
     const int M = p->convLength;
     const auto* inner = static_cast<const typename W::CPlan*>(p->innerPlan);
-    const C* chirp = static_cast<const C*>(p->chirpTab);
     if (VrxStatus st = W::zero(a + len, M - static_cast<int>(len))) return st;
     if (VrxStatus st = W::cFwd(a, inner, work)) return st;
     if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, M)) return st;
-    if (VrxStatus st = W::cInv(a, inner, work)) return st;
-    return W::mulI(chirp, a, static_cast<int>(len));
+    return W::cInv(a, inner, work);
 }
 
 // Vector pieces of the chirp path's linear passes: L complex values as a
@@ -715,6 +859,12 @@ template <class T> struct CV {
         return simd::reverseLanes(F::loadm(static_cast<M>(~simd::tail<T>(L - cnt)), p - (L - 1)));
     }
     static VRX_INLINE void storeR(T* p, int64_t cnt, R v) { F::storem(p, simd::tail<T>(cnt), v); }
+    // (ar, ai) times (wr, wi)
+    static VRX_INLINE void mul(R& ar, R& ai, R wr, R wi) {
+        const R re = F::sub(F::mul(ar, wr), F::mul(ai, wi));
+        ai = F::add(F::mul(ar, wi), F::mul(ai, wr));
+        ar = re;
+    }
     static VRX_INLINE void storeRRev(T* p, int64_t cnt, R v) {
         F::storem(p - (L - 1), static_cast<M>(~simd::tail<T>(L - cnt)), simd::reverseLanes(v));
     }
@@ -741,10 +891,12 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
             V::store(a + n, c, F::mul(v, wr), F::mul(v, wi));
         }
         if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
+        // rotTab holds postTab times the chirp
+        const C* rot = static_cast<const C*>(p->rotTab);
         for (int64_t k = 0; k < N; k += L) {
             const int64_t c = N - k < L ? N - k : L;
             R pr, pi, ar, ai;
-            V::load(post + k, c, pr, pi);
+            V::load(rot + k, c, pr, pi);
             V::load(a + k, c, ar, ai);
             V::storeR(y + k, c, F::sub(F::mul(pr, ar), F::mul(pi, ai)));
         }
@@ -752,21 +904,22 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     }
     const int64_t h = N / 2;
     // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h)
-    for (int64_t j = 0; j < h; ++j) {
-        const int64_t m0 = 2 * j, m1 = 2 * j + 1;
-        a[j].re = m0 < h ? x[2 * m0] : x[2 * N - 2 * m0 - 1];
-        a[j].im = m1 < h ? x[2 * m1] : x[2 * N - 2 * m1 - 1];
-    }
+    splitEvenOdd<T>(x, &a->re, N);
     if (VrxStatus st = W::mulI(chirp, a, static_cast<int>(h))) return st;
     if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
     const C* rot = static_cast<const C*>(p->rotTab);
-    const T z0r = a[0].re, z0i = a[0].im;
-    // 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
+    const T z0r = a[0].re * chirp[0].re - a[0].im * chirp[0].im;
+    const T z0i = a[0].re * chirp[0].im + a[0].im * chirp[0].re;
+    // Z = a times the chirp; 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
     for (int64_t k = 1; k < h; k += L) {
         const int64_t c = h - k < L ? h - k : L;
-        R zr, zi, mr, mi, rr, ri, pr, pi;
+        R zr, zi, mr, mi, rr, ri, pr, pi, wr, wi;
         V::load(a + k, c, zr, zi);
+        V::load(chirp + k, c, wr, wi);
+        V::mul(zr, zi, wr, wi);
         V::loadRev(a + h - k, c, mr, mi);
+        V::loadRev(chirp + h - k, c, wr, wi);
+        V::mul(mr, mi, wr, wi);
         mi = F::neg(mi);
         V::load(rot + k, c, rr, ri);
         V::load(post + k, c, pr, pi);
@@ -802,14 +955,17 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
             V::store(a + k, c, F::mul(v, wr), F::mul(v, wi));
         }
         if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
+        const C* chirp = static_cast<const C*>(p->chirpTab);
         for (int64_t n = 0; n < N; n += L) {
             const int64_t c = N - n < L ? N - n : L;
-            R ar, ai;
+            R ar, ai, wr, wi;
             V::load(a + n, c, ar, ai);
-            V::storeR(x + n, c, ar);
+            V::load(chirp + n, c, wr, wi);
+            V::storeR(x + n, c, F::sub(F::mul(ar, wr), F::mul(ai, wi)));
         }
         return vrxOk;
     }
+    const C* chirp = static_cast<const C*>(p->chirpTab);
     const int64_t h = N / 2;
     const T s0 = post[0].re;
     // R'(k) = post[k] (y[k] - i y[N-k]); R'(0) = s0 y[0], R'(h) = s0 y[h]
@@ -819,8 +975,9 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         const T Ar = pr + qr, Dr = pr - qr;
         const T cr = rot[0].re, ci = rot[0].im;
         const T er = cr * Dr - ci * T(0), ei = cr * T(0) + ci * Dr;
-        a[0].re = Ar - ei;
-        a[0].im = -(T(0) + er);
+        const T zr = Ar - ei, zi = -(T(0) + er);
+        a[0].re = zr * chirp[0].re - zi * chirp[0].im;
+        a[0].im = zr * chirp[0].im + zi * chirp[0].re;
     }
     for (int64_t k = 1; k < h; k += L) {
         const int64_t c = h - k < L ? h - k : L;
@@ -834,17 +991,22 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         const R qr = F::add(F::mul(hr, u2), F::mul(hi, v2)), qi = F::neg(F::sub(F::mul(hi, u2), F::mul(hr, v2)));
         const R Ar = F::add(pr, qr), Ai = F::add(pi, qi), Dr = F::sub(pr, qr), Di = F::sub(pi, qi);
         const R er = F::sub(F::mul(cr, Dr), F::mul(ci, Di)), ei = F::add(F::mul(cr, Di), F::mul(ci, Dr));
-        V::store(a + k, c, F::sub(Ar, ei), F::neg(F::add(Ai, er)));
+        R zr = F::sub(Ar, ei), zi = F::neg(F::add(Ai, er)), wr, wi;
+        V::load(chirp + k, c, wr, wi);
+        V::mul(zr, zi, wr, wi);
+        V::store(a + k, c, zr, zi);
     }
-    if (VrxStatus st = W::mulI(static_cast<const C*>(p->chirpTab), a, static_cast<int>(h))) return st;
     if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
-    // t[2j] = re, t[2j+1] = -im; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
-    for (int64_t j = 0; j < h; ++j) {
-        const int64_t m0 = 2 * j, m1 = 2 * j + 1;
-        const T t0 = a[j].re, t1 = -a[j].im;
-        x[m0 < h ? 2 * m0 : 2 * N - 2 * m0 - 1] = t0;
-        x[m1 < h ? 2 * m1 : 2 * N - 2 * m1 - 1] = t1;
+    // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
+    for (int64_t j = 0; j < h; j += L) {
+        const int64_t c = h - j < L ? h - j : L;
+        R ar, ai, wr, wi;
+        V::load(a + j, c, ar, ai);
+        V::load(chirp + j, c, wr, wi);
+        V::mul(ar, ai, wr, wi);
+        V::store(a + j, c, ar, F::neg(ai));
     }
+    joinEvenOdd<T>(&a->re, x, N);
     return vrxOk;
 }
 
@@ -886,8 +1048,8 @@ VrxStatus run(const T* src, T* dst, const void* planV, uint8_t* pBuf) {
         uint8_t* work = buf + sizeof(C) * static_cast<size_t>(p->convLength);
         return Inv ? convInv<T>(p, src, dst, a, work) : convFwd<T>(p, src, dst, a, work);
     }
-    if (Inv) directInv<T>(p, src, dst, reinterpret_cast<T*>(buf));
-    else directFwd<T>(p, src, dst, reinterpret_cast<T*>(buf));
+    if (Inv) directInv<T>(p, src, dst);
+    else directFwd<T>(p, src, dst);
     return vrxOk;
 }
 
