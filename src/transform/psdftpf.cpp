@@ -518,6 +518,94 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
     }
 }
 
+// A later stage whose l finished sub-transforms are fewer than the lanes
+// (and m above 1): the registers run across t = q + l*k, contiguous in the
+// input for each j, c = l*floor(NL/l) lanes a register (whole groups of l),
+// lane i taking k = t0/l + i/l for its twiddles. The R x c tile goes out
+// as R*c contiguous values b[R*t0 + p], p = q + l*(r + R*kk), assembled in
+// registers so that every store but the last is a whole register.
+template <class T, int RC> struct TTile {
+    static constexpr int NL = simd::V<T>::N;
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    alignas(64) I src[NL][RC][NL] = {};   // [l][vo][i]: source lane of output lane i
+    alignas(64) I grp[NL][NL] = {};       // [l][i]: i / l, the twiddle offset of lane i
+    typename simd::V<T>::M msk[NL][RC][RC] = {};  // [l][vo][r]: lanes taken from register r
+    constexpr TTile() {
+        for (int l = 2; l < NL; ++l) {
+            const int c = l * (NL / l);
+            for (int i = 0; i < NL; ++i) grp[l][i] = static_cast<I>(i / l);
+            for (int p = 0; p < RC * c; ++p) {
+                const int vo = p / NL, i = p % NL;
+                const int kk = p / (l * RC), r = (p / l) % RC, q = p % l;
+                src[l][vo][i] = static_cast<I>(q + l * kk);
+                msk[l][vo][r] = static_cast<typename simd::V<T>::M>(msk[l][vo][r] | (1u << i));
+            }
+        }
+    }
+};
+template <class T, int RC> inline constexpr TTile<T, RC> kTTile{};
+
+template <class T, int RC>
+void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N, R = RC;
+    constexpr const TTile<T, RC>& tt = kTTile<T, RC>;
+    CV<T> v[R], y[R];
+    const int64_t total = l * m, c = l * (NL / l);
+    const __m512i gx = _mm512_load_si512(tt.grp[l]);
+    for (int64_t t0 = 0; t0 < total; t0 += c) {
+        const int cnt = total - t0 < c ? static_cast<int>(total - t0) : static_cast<int>(c);
+        const typename S::M mk = simd::tail<T>(cnt);
+        for (int j = 0; j < R; ++j) {
+            const int64_t i = j * total + t0;
+            v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+        }
+        dftR<T, VE<T>>(R, W, v, y);
+        const int64_t kb = t0 / l;
+        const int kc = m - kb < NL ? static_cast<int>(m - kb) : NL;
+        const typename S::M tm = simd::tail<T>(kc);
+        for (int r = 1; r < R; ++r) {
+            const T* t = tw + int64_t(r - 1) * 2 * m + kb;
+            const typename S::R wr0 = S::loadm(tm, t), wi0 = S::loadm(tm, t + m);
+            const VE<T> wr{S::permute2(wr0, gx, wr0)}, wi{S::permute2(wi0, gx, wi0)};
+            y[r] = {y[r].re * wr - y[r].im * wi, y[r].re * wi + y[r].im * wr};
+        }
+        const int valid = R * cnt;
+        T* oRe = bRe + R * t0;
+        T* oIm = bIm + R * t0;
+        for (int vo = 0; vo < R && NL * vo < valid; ++vo) {
+            typename S::R orr = S::zero(), oii = S::zero();
+            const __m512i ix = _mm512_load_si512(tt.src[l][vo]);
+            for (int r = 0; r < R; ++r) {
+                const typename S::M mr = tt.msk[l][vo][r];
+                if (!mr) continue;
+                orr = simd::permuteMerge(orr, mr, ix, y[r].re.r);
+                oii = simd::permuteMerge(oii, mr, ix, y[r].im.r);
+            }
+            const int left = valid - NL * vo;
+            if (left >= NL) {
+                S::store(oRe + NL * vo, orr);
+                S::store(oIm + NL * vo, oii);
+            } else {
+                S::storem(oRe + NL * vo, simd::tail<T>(left), orr);
+                S::storem(oIm + NL * vo, simd::tail<T>(left), oii);
+            }
+        }
+    }
+}
+
+// Returns false for a radix without a tile kernel.
+template <class T>
+bool runStageT(int R, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm) {
+    switch (R) {
+        case 2: stageT<T, 2>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        case 3: stageT<T, 3>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        case 4: stageT<T, 4>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        case 5: stageT<T, 5>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        default: return false;
+    }
+}
+
 template <class T, bool Il>
 void runStageK(int R, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm, bool neg) {
     switch (R) {
@@ -959,7 +1047,10 @@ void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
         const int64_t m = last ? 1 : p->rec[st].rest;
         const T* tw = last ? nullptr : static_cast<const T*>(p->rec[st].tw);
         const Cx<T>* W = rootsOf<T>(R, last ? p->lastGen : p->rec[st].gen);
-        if (!last) runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, bRe, bIm, false);
+        if (!last) {
+            if (!(2 * l <= simd::V<T>::N && m > 1 && runStageT<T>(R, l, m, tw, W, aRe, aIm, bRe, bIm)))
+                runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, bRe, bIm, false);
+        }
         else if (split) {
             runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, dRe, dIm, false);
             if (inv)
