@@ -575,6 +575,7 @@ template <class T, class Tr> struct Dft {
         const T scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
+            if (!split && (N == 12 || N == 15)) return smallVecC<T, Inv>(N, sRe, dRe, scale);
             smallRunC<T>(N, Inv, sRe, split ? sIm : sRe + 1, split ? 1 : 2, dRe, split ? dIm : dRe + 1, split ? 1 : 2, scale);
             return vrxOk;
         }
@@ -614,13 +615,20 @@ template <class T, class Tr> struct Dft {
         if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
         const int N = p->length;
         const T scale = p->fwdNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        // the fixed-length kernels straight from here: no frame for the other paths
+        if (p->path == kPathSmall && !isPow2(N)) {
+            if (form == fft::Form::CCS && (N == 12 || N == 15)) return smallVecRCcs<T>(N, src, dst, scale);
+            smallRunRFwd<T>(N, src, dst, scale, form);
+            return vrxOk;
+        }
+        return runRFwdPath(p, src, dst, pBuf, form, scale);
+    }
+    __attribute__((noinline)) static VrxStatus runRFwdPath(const Plan* p, const T* src, T* dst, Vrx8u* pBuf,
+                                                           fft::Form form, T scale) {
+        const int N = p->length;
         if (p->path == kPathFft) return Tr::fftRunR(false, form, src, dst, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
         if (p->path == kPathSmall) {
-            if (!isPow2(N)) {
-                smallRunRFwd<T>(N, src, dst, scale, form);
-                return vrxOk;
-            }
             fft::smallReal<T, false>(log2i(N), src, dst, scale);
         } else {
             if (N % 2) {
@@ -648,12 +656,17 @@ template <class T, class Tr> struct Dft {
         if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
         const int N = p->length;
         const T scale = p->invNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
-        if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
-        uint8_t* work = fft::align64(pBuf);
         if (p->path == kPathSmall && !isPow2(N)) {
             smallRunRInv<T>(N, src, dst, scale, form);
             return vrxOk;
         }
+        return runRInvPath(p, src, dst, pBuf, form, scale);
+    }
+    __attribute__((noinline)) static VrxStatus runRInvPath(const Plan* p, const T* src, T* dst, Vrx8u* pBuf,
+                                                           fft::Form form, T scale) {
+        const int N = p->length;
+        if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
+        uint8_t* work = fft::align64(pBuf);
         fromForm(src, dst, N, form);
         if (p->path == kPathSmall) {
             fft::smallReal<T, true>(log2i(N), dst, dst, scale);
