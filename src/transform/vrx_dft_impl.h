@@ -608,13 +608,24 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- real dispatch
 
-    static VrxStatus runRFwd(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
+    // The checks of a real entry in their order; the plan and the scale of the direction.
+    VRX_INLINE static VrxStatus openR(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, bool inv,
+                                      const Plan** pp, T* scale) {
         const Plan* p;
         if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(Kind::R)), &p)) return st;
         if (!src || !dst) return vrxErrNullPtr;
         if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        const bool norm = inv ? p->invNorm : p->fwdNorm;
+        *scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        *pp = p;
+        return vrxOk;
+    }
+
+    static VrxStatus runRFwd(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
+        const Plan* p;
+        T scale;
+        if (VrxStatus st = openR(planMem, src, dst, pBuf, false, &p, &scale)) return st;
         const int N = p->length;
-        const T scale = p->fwdNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
             if (form == fft::Form::CCS && (N == 12 || N == 15)) return smallVecRCcs<T>(N, src, dst, scale);
@@ -651,11 +662,9 @@ template <class T, class Tr> struct Dft {
 
     static VrxStatus runRInv(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
         const Plan* p;
-        if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(Kind::R)), &p)) return st;
-        if (!src || !dst) return vrxErrNullPtr;
-        if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        T scale;
+        if (VrxStatus st = openR(planMem, src, dst, pBuf, true, &p, &scale)) return st;
         const int N = p->length;
-        const T scale = p->invNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
         if (p->path == kPathSmall && !isPow2(N)) {
             smallRunRInv<T>(N, src, dst, scale, form);
             return vrxOk;
