@@ -721,12 +721,58 @@ template <class T, class Tr> struct Dft {
         }
     }
 
+    // Lane permutes of the vector recombination: pair j from pair kC-1-j,
+    // and the table rows a, b of bin k0 + j from a group of four per two bins.
+    struct RecIdx {
+        static constexpr int NL = simd::V<T>::N, kC = NL / 2;
+        using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+        alignas(64) I rev[NL] = {}, a[NL] = {}, b[NL] = {};
+        constexpr RecIdx() {
+            for (int j = 0; j < kC; ++j)
+                for (int h = 0; h < 2; ++h) {
+                    rev[2 * j + h] = static_cast<I>(2 * (kC - 1 - j) + h);
+                    a[2 * j + h] = static_cast<I>(4 * (j / 2) + j % 2);
+                    b[2 * j + h] = static_cast<I>(4 * (j / 2) + 2 + j % 2);
+                }
+        }
+    };
+    static constexpr RecIdx kRecIdx{};
+
     // Half-length spectrum z (H complex values) to Perm, in place.
     static void recombineFwd(T* z, int64_t H, const T* tab) {
+        using S = simd::V<T>;
+        using R = typename S::R;
+        constexpr int NL = S::N, kC = NL / 2;
         const T p0 = z[0], q0 = z[1];
         z[0] = p0 + q0;
         z[1] = p0 - q0;
-        for (int64_t k = 1; 2 * k <= H; ++k) {
+        int64_t k = 1;
+        if (H >= 4 * kC) {
+            // kC bins k0 .. k0+kC-1 a register as (re, im) pairs, their
+            // partners H-k reversed into the same lanes; the bins past H/2
+            // are masked off, and the partner side is stored last (bin H/2)
+            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
+                          ib = _mm512_load_si512(kRecIdx.b);
+            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
+            for (; 2 * k <= H; k += kC) {
+                const int64_t last = H / 2;
+                const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
+                const typename S::M mx = simd::tail<T>(2 * cnt);
+                const typename S::M my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
+                T* py = z + 2 * (H - k - kC + 1);
+                const R x = S::loadm(mx, z + 2 * k);
+                const R y = S::permute2(S::loadm(my, py), rev, S::zero());
+                const R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
+                const R c = S::permute2(t, ia, t), sn = S::permute2(t, ib, t);
+                const R xc = S::xorb(x, conj), yc = S::xorb(y, conj);
+                const R d = S::sub(x, yc);  // (xr - yr, xi + yi)
+                const R pq = S::add(S::mul(d, sn), S::xorb(S::mul(S::swapPair(d), c), conj));  // (P, Q)
+                S::storem(z + 2 * k, mx, S::add(yc, pq));
+                S::storem(py, my, S::permute2(S::add(xc, S::xorb(pq, negRe)), rev, S::zero()));
+            }
+            return;
+        }
+        for (; 2 * k <= H; ++k) {
             T c, s;
             getPair(tab, k, c, s);
             const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
