@@ -787,8 +787,34 @@ template <class T, class Tr> struct Dft {
     }
     // Perm to twice the half-length spectrum, in place.
     static void recombineInv(T* z, int64_t H, const T* tab) {
+        using S = simd::V<T>;
+        using R = typename S::R;
+        constexpr int NL = S::N, kC = NL / 2;
         const T r0 = z[0], rh = z[1];
-        for (int64_t k = 1; 2 * k <= H; ++k) {
+        int64_t k = 1;
+        if (H >= 4 * kC) {
+            // the registers of the forward recombination
+            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
+                          ib = _mm512_load_si512(kRecIdx.b);
+            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
+            for (; 2 * k <= H; k += kC) {
+                const int64_t last = H / 2;
+                const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
+                const typename S::M mx = simd::tail<T>(2 * cnt);
+                const typename S::M my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
+                T* py = z + 2 * (H - k - kC + 1);
+                const R x = S::loadm(mx, z + 2 * k);
+                const R y = S::permute2(S::loadm(my, py), rev, S::zero());
+                const R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
+                const R a = S::permute2(t, ia, t), b = S::permute2(t, ib, t);
+                const R yc = S::xorb(y, conj);
+                const R d = S::sub(x, yc), sm = S::add(x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
+                const R ut = S::add(S::mul(d, b), S::xorb(S::mul(S::swapPair(d), a), negRe));  // (U, T)
+                S::storem(z + 2 * k, mx, S::add(sm, ut));
+                S::storem(py, my, S::permute2(S::add(S::xorb(sm, conj), S::xorb(ut, negRe)), rev, S::zero()));
+            }
+        }
+        for (; 2 * k <= H; ++k) {
             T a, b;
             getPair(tab, k, a, b);
             const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
