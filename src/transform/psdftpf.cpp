@@ -442,13 +442,10 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
             if (neg) v[j].im = -v[j].im;
         }
         dftR<T, VE<T>>(R, W, v, y);
-        S::store(ore, y[0].re.r);
-        S::store(oim, y[0].im.r);
         for (int r = 1; r < R; ++r) {
             const T* t = tw + int64_t(r - 1) * 2 * m + k;
             const VE<T> wr{S::loadm(mk, t)}, wi{S::loadm(mk, t + m)};
-            S::store(ore + r * NL, (y[r].re * wr - y[r].im * wi).r);
-            S::store(oim + r * NL, (y[r].re * wi + y[r].im * wr).r);
+            y[r] = {y[r].re * wr - y[r].im * wi, y[r].re * wi + y[r].im * wr};
         }
         if constexpr (RC != 0) {
             // the R x NL tile to NL x R in registers: output register v lane i
@@ -459,15 +456,24 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
                 const __m512i ix = _mm512_load_si512(tr.idx[vo]);
                 for (int r = 0; r < R; ++r) {
                     const typename S::M mr = tr.msk[vo][r];
-                    orr = simd::permuteMerge(orr, mr, ix, S::load(ore + r * NL));
-                    oii = simd::permuteMerge(oii, mr, ix, S::load(oim + r * NL));
+                    if (!mr) continue;
+                    orr = simd::permuteMerge(orr, mr, ix, y[r].re.r);
+                    oii = simd::permuteMerge(oii, mr, ix, y[r].im.r);
                 }
                 const int left = valid - NL * vo;
-                const typename S::M mo = simd::tail<T>(left < NL ? left : NL);
-                S::storem(bRe + k * R + NL * vo, mo, orr);
-                S::storem(bIm + k * R + NL * vo, mo, oii);
+                if (left >= NL) {
+                    S::store(bRe + k * R + NL * vo, orr);
+                    S::store(bIm + k * R + NL * vo, oii);
+                } else {
+                    S::storem(bRe + k * R + NL * vo, simd::tail<T>(left), orr);
+                    S::storem(bIm + k * R + NL * vo, simd::tail<T>(left), oii);
+                }
             }
         } else {
+            for (int r = 0; r < R; ++r) {
+                S::store(ore + r * NL, y[r].re.r);
+                S::store(oim + r * NL, y[r].im.r);
+            }
             for (int i = 0; i < cnt; ++i) {
                 T* dr = bRe + (k + i) * R;
                 T* di = bIm + (k + i) * R;
@@ -515,6 +521,94 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
                 }
             }
         }
+    }
+}
+
+// A later stage whose l finished sub-transforms are fewer than the lanes
+// (and m above 1): the registers run across t = q + l*k, contiguous in the
+// input for each j, c = l*floor(NL/l) lanes a register (whole groups of l),
+// lane i taking k = t0/l + i/l for its twiddles. The R x c tile goes out
+// as R*c contiguous values b[R*t0 + p], p = q + l*(r + R*kk), assembled in
+// registers so that every store but the last is a whole register.
+template <class T, int RC> struct TTile {
+    static constexpr int NL = simd::V<T>::N;
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    alignas(64) I src[NL][RC][NL] = {};   // [l][vo][i]: source lane of output lane i
+    alignas(64) I grp[NL][NL] = {};       // [l][i]: i / l, the twiddle offset of lane i
+    typename simd::V<T>::M msk[NL][RC][RC] = {};  // [l][vo][r]: lanes taken from register r
+    constexpr TTile() {
+        for (int l = 2; l < NL; ++l) {
+            const int c = l * (NL / l);
+            for (int i = 0; i < NL; ++i) grp[l][i] = static_cast<I>(i / l);
+            for (int p = 0; p < RC * c; ++p) {
+                const int vo = p / NL, i = p % NL;
+                const int kk = p / (l * RC), r = (p / l) % RC, q = p % l;
+                src[l][vo][i] = static_cast<I>(q + l * kk);
+                msk[l][vo][r] = static_cast<typename simd::V<T>::M>(msk[l][vo][r] | (1u << i));
+            }
+        }
+    }
+};
+template <class T, int RC> inline constexpr TTile<T, RC> kTTile{};
+
+template <class T, int RC>
+void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N, R = RC;
+    constexpr const TTile<T, RC>& tt = kTTile<T, RC>;
+    CV<T> v[R], y[R];
+    const int64_t total = l * m, c = l * (NL / l);
+    const __m512i gx = _mm512_load_si512(tt.grp[l]);
+    for (int64_t t0 = 0; t0 < total; t0 += c) {
+        const int cnt = total - t0 < c ? static_cast<int>(total - t0) : static_cast<int>(c);
+        const typename S::M mk = simd::tail<T>(cnt);
+        for (int j = 0; j < R; ++j) {
+            const int64_t i = j * total + t0;
+            v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+        }
+        dftR<T, VE<T>>(R, W, v, y);
+        const int64_t kb = t0 / l;
+        const int kc = m - kb < NL ? static_cast<int>(m - kb) : NL;
+        const typename S::M tm = simd::tail<T>(kc);
+        for (int r = 1; r < R; ++r) {
+            const T* t = tw + int64_t(r - 1) * 2 * m + kb;
+            const typename S::R wr0 = S::loadm(tm, t), wi0 = S::loadm(tm, t + m);
+            const VE<T> wr{S::permute2(wr0, gx, wr0)}, wi{S::permute2(wi0, gx, wi0)};
+            y[r] = {y[r].re * wr - y[r].im * wi, y[r].re * wi + y[r].im * wr};
+        }
+        const int valid = R * cnt;
+        T* oRe = bRe + R * t0;
+        T* oIm = bIm + R * t0;
+        for (int vo = 0; vo < R && NL * vo < valid; ++vo) {
+            typename S::R orr = S::zero(), oii = S::zero();
+            const __m512i ix = _mm512_load_si512(tt.src[l][vo]);
+            for (int r = 0; r < R; ++r) {
+                const typename S::M mr = tt.msk[l][vo][r];
+                if (!mr) continue;
+                orr = simd::permuteMerge(orr, mr, ix, y[r].re.r);
+                oii = simd::permuteMerge(oii, mr, ix, y[r].im.r);
+            }
+            const int left = valid - NL * vo;
+            if (left >= NL) {
+                S::store(oRe + NL * vo, orr);
+                S::store(oIm + NL * vo, oii);
+            } else {
+                S::storem(oRe + NL * vo, simd::tail<T>(left), orr);
+                S::storem(oIm + NL * vo, simd::tail<T>(left), oii);
+            }
+        }
+    }
+}
+
+// Returns false for a radix without a tile kernel.
+template <class T>
+bool runStageT(int R, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm) {
+    switch (R) {
+        case 2: stageT<T, 2>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        case 3: stageT<T, 3>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        case 4: stageT<T, 4>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        case 5: stageT<T, 5>(l, m, tw, W, aRe, aIm, bRe, bIm); return true;
+        default: return false;
     }
 }
 
@@ -959,7 +1053,10 @@ void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
         const int64_t m = last ? 1 : p->rec[st].rest;
         const T* tw = last ? nullptr : static_cast<const T*>(p->rec[st].tw);
         const Cx<T>* W = rootsOf<T>(R, last ? p->lastGen : p->rec[st].gen);
-        if (!last) runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, bRe, bIm, false);
+        if (!last) {
+            if (!(2 * l <= simd::V<T>::N && m > 1 && runStageT<T>(R, l, m, tw, W, aRe, aIm, bRe, bIm)))
+                runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, bRe, bIm, false);
+        }
         else if (split) {
             runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, dRe, dIm, false);
             if (inv)
@@ -1000,6 +1097,17 @@ template <class T, int N> VRX_INLINE void smallK(const Cx<T>* x, Cx<T>* y) {
 // across the registers, lane n2 of register k1 takes w_N^(n2*k1), a
 // transposition puts k1 in the lanes, and the radix 3 across the registers
 // leaves X[k1 + R1*k2] in lane k1 of register k2, ready to store.
+// Lane i of the even lanes 0, 2, 4 takes element i/2 (the real parts of
+// three complex lanes).
+template <class T> struct Expand3 {
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    alignas(64) I idx[simd::V<T>::N] = {};
+    constexpr Expand3() {
+        for (int i = 0; i < simd::V<T>::N; ++i) idx[i] = static_cast<I>(i / 2 < 3 ? i / 2 : 0);
+    }
+};
+template <class T> inline constexpr Expand3<T> kExpand3{};
+
 template <class T, int N> struct VecSmall {
     using S = simd::V<T>;
     using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
@@ -1034,7 +1142,9 @@ template <class T, int N> struct VecSmall {
 };
 template <class T, int N> inline const VecSmall<T, N> kVecSmall{};  // built at load where cosl does not fold
 
-template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T scale) {
+// Real: the source is N reals (as x + 0i) and the destination takes the
+// bins 0 .. N/2 as CCS, their zero imaginary parts written as zeros.
+template <class T, int N, bool Inv, bool Real = false> VRX_INLINE void smallVec(const T* s, T* d, T scale) {
     using S = simd::V<T>;
     using R = typename S::R;
     using K = VecSmall<T, N>;
@@ -1045,8 +1155,14 @@ template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T
     R a[R1], f[R1];
 #pragma GCC unroll 8
     for (int r = 0; r < R1; ++r) {
-        a[r] = S::loadm(simd::tail<T>(6), s + 6 * r);
-        if (Inv) a[r] = S::xorb(a[r], conjM);
+        if constexpr (Real) {
+            // three reals to the even lanes 0, 2, 4, zeros between
+            const __m512i ex = _mm512_load_si512(kExpand3<T>.idx);
+            a[r] = simd::permuteMerge(S::zero(), static_cast<typename S::M>(0x15), ex, S::loadm(simd::tail<T>(3), s + 3 * r));
+        } else {
+            a[r] = S::loadm(simd::tail<T>(6), s + 6 * r);
+            if (Inv) a[r] = S::xorb(a[r], conjM);
+        }
     }
     if constexpr (R1 == 4) {
         const R p0 = S::add(a[0], a[2]), m0 = S::sub(a[0], a[2]);
@@ -1101,10 +1217,38 @@ template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T
             R v = e[k2];
             if (Inv) v = S::xorb(v, conjM);
             if (scale != T(0)) v = S::mul(v, S::set1(scale));
-            S::storem(d + 2 * (R1 * k2 + p * kC), simd::tail<T>(2 * cnt), v);
+            const int k0 = R1 * k2 + p * kC;
+            if constexpr (Real) {
+                // the bins up to N/2 only
+                const int left = N / 2 + 1 - k0;
+                if (left > 0) {
+                    // the imaginary parts of bin 0 and (even N) bin N/2 are zeros
+                    unsigned zm = k0 == 0 ? 2u : 0u;
+                    if (N % 2 == 0 && left <= cnt) zm |= 2u << (2 * (left - 1));
+                    if (zm) v = S::blend(static_cast<typename S::M>(zm), v, S::zero());
+                    S::storem(d + 2 * k0, simd::tail<T>(2 * (left < cnt ? left : cnt)), v);
+                }
+            } else {
+                S::storem(d + 2 * k0, simd::tail<T>(2 * cnt), v);
+            }
         }
     }
 }
+
+}  // namespace
+
+template <class T, bool Inv> VrxStatus smallVecC(int N, const T* s, T* d, T scale) {
+    if (N == 12) smallVec<T, 12, Inv>(s, d, scale);
+    else smallVec<T, 15, Inv>(s, d, scale);
+    return vrxOk;
+}
+template <class T> VrxStatus smallVecRCcs(int N, const T* s, T* d, T scale) {
+    if (N == 12) smallVec<T, 12, false, true>(s, d, scale);
+    else smallVec<T, 15, false, true>(s, d, scale);
+    return vrxOk;
+}
+
+namespace {
 
 // One whole call of a fixed length: the values go from the source into
 // registers, through the kernel and out to the destination with no copy
@@ -1267,7 +1411,10 @@ template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form
     template const Cx<T>* smallRoots<T>(int);                                                            \
     template void smallRunC<T>(int, bool, const T*, const T*, int, T*, T*, int, T);                     \
     template void smallRunRFwd<T>(int, const T*, T*, T, fft::Form);                                      \
-    template void smallRunRInv<T>(int, const T*, T*, T, fft::Form);
+    template void smallRunRInv<T>(int, const T*, T*, T, fft::Form);                                      \
+    template VrxStatus smallVecC<T, false>(int, const T*, T*, T);                                        \
+    template VrxStatus smallVecC<T, true>(int, const T*, T*, T);                                         \
+    template VrxStatus smallVecRCcs<T>(int, const T*, T*, T);
 
 VRX_DFTPF_INSTANTIATE(float)
 VRX_DFTPF_INSTANTIATE(double)

@@ -575,6 +575,7 @@ template <class T, class Tr> struct Dft {
         const T scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
+            if (!split && (N == 12 || N == 15)) return smallVecC<T, Inv>(N, sRe, dRe, scale);
             smallRunC<T>(N, Inv, sRe, split ? sIm : sRe + 1, split ? 1 : 2, dRe, split ? dIm : dRe + 1, split ? 1 : 2, scale);
             return vrxOk;
         }
@@ -607,20 +608,38 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- real dispatch
 
-    static VrxStatus runRFwd(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
+    // The checks of a real entry in their order; the plan and the scale of the direction.
+    VRX_INLINE static VrxStatus openR(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, bool inv,
+                                      const Plan** pp, T* scale) {
         const Plan* p;
         if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(Kind::R)), &p)) return st;
         if (!src || !dst) return vrxErrNullPtr;
         if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        const bool norm = inv ? p->invNorm : p->fwdNorm;
+        *scale = norm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        *pp = p;
+        return vrxOk;
+    }
+
+    static VrxStatus runRFwd(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
+        const Plan* p;
+        T scale;
+        if (VrxStatus st = openR(planMem, src, dst, pBuf, false, &p, &scale)) return st;
         const int N = p->length;
-        const T scale = p->fwdNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
+        // the fixed-length kernels straight from here: no frame for the other paths
+        if (p->path == kPathSmall && !isPow2(N)) {
+            if (form == fft::Form::CCS && (N == 12 || N == 15)) return smallVecRCcs<T>(N, src, dst, scale);
+            smallRunRFwd<T>(N, src, dst, scale, form);
+            return vrxOk;
+        }
+        return runRFwdPath(p, src, dst, pBuf, form, scale);
+    }
+    __attribute__((noinline)) static VrxStatus runRFwdPath(const Plan* p, const T* src, T* dst, Vrx8u* pBuf,
+                                                           fft::Form form, T scale) {
+        const int N = p->length;
         if (p->path == kPathFft) return Tr::fftRunR(false, form, src, dst, p->innerPlan, pBuf);
         uint8_t* work = fft::align64(pBuf);
         if (p->path == kPathSmall) {
-            if (!isPow2(N)) {
-                smallRunRFwd<T>(N, src, dst, scale, form);
-                return vrxOk;
-            }
             fft::smallReal<T, false>(log2i(N), src, dst, scale);
         } else {
             if (N % 2) {
@@ -643,17 +662,20 @@ template <class T, class Tr> struct Dft {
 
     static VrxStatus runRInv(const void* planMem, const T* src, T* dst, Vrx8u* pBuf, fft::Form form) {
         const Plan* p;
-        if (VrxStatus st = open(fft::align64(planMem), static_cast<ObjId>(Tr::id(Kind::R)), &p)) return st;
-        if (!src || !dst) return vrxErrNullPtr;
-        if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+        T scale;
+        if (VrxStatus st = openR(planMem, src, dst, pBuf, true, &p, &scale)) return st;
         const int N = p->length;
-        const T scale = p->invNorm ? (sizeof(T) == 4 ? T(p->normScale.f) : T(p->normScale.d)) : T(0);
-        if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
-        uint8_t* work = fft::align64(pBuf);
         if (p->path == kPathSmall && !isPow2(N)) {
             smallRunRInv<T>(N, src, dst, scale, form);
             return vrxOk;
         }
+        return runRInvPath(p, src, dst, pBuf, form, scale);
+    }
+    __attribute__((noinline)) static VrxStatus runRInvPath(const Plan* p, const T* src, T* dst, Vrx8u* pBuf,
+                                                           fft::Form form, T scale) {
+        const int N = p->length;
+        if (p->path == kPathFft) return Tr::fftRunR(true, form, src, dst, p->innerPlan, pBuf);
+        uint8_t* work = fft::align64(pBuf);
         fromForm(src, dst, N, form);
         if (p->path == kPathSmall) {
             fft::smallReal<T, true>(log2i(N), dst, dst, scale);
@@ -699,12 +721,58 @@ template <class T, class Tr> struct Dft {
         }
     }
 
+    // Lane permutes of the vector recombination: pair j from pair kC-1-j,
+    // and the table rows a, b of bin k0 + j from a group of four per two bins.
+    struct RecIdx {
+        static constexpr int NL = simd::V<T>::N, kC = NL / 2;
+        using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+        alignas(64) I rev[NL] = {}, a[NL] = {}, b[NL] = {};
+        constexpr RecIdx() {
+            for (int j = 0; j < kC; ++j)
+                for (int h = 0; h < 2; ++h) {
+                    rev[2 * j + h] = static_cast<I>(2 * (kC - 1 - j) + h);
+                    a[2 * j + h] = static_cast<I>(4 * (j / 2) + j % 2);
+                    b[2 * j + h] = static_cast<I>(4 * (j / 2) + 2 + j % 2);
+                }
+        }
+    };
+    static constexpr RecIdx kRecIdx{};
+
     // Half-length spectrum z (H complex values) to Perm, in place.
     static void recombineFwd(T* z, int64_t H, const T* tab) {
+        using S = simd::V<T>;
+        using R = typename S::R;
+        constexpr int NL = S::N, kC = NL / 2;
         const T p0 = z[0], q0 = z[1];
         z[0] = p0 + q0;
         z[1] = p0 - q0;
-        for (int64_t k = 1; 2 * k <= H; ++k) {
+        int64_t k = 1;
+        if (H >= 4 * kC) {
+            // kC bins k0 .. k0+kC-1 a register as (re, im) pairs, their
+            // partners H-k reversed into the same lanes; the bins past H/2
+            // are masked off, and the partner side is stored last (bin H/2)
+            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
+                          ib = _mm512_load_si512(kRecIdx.b);
+            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
+            for (; 2 * k <= H; k += kC) {
+                const int64_t last = H / 2;
+                const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
+                const typename S::M mx = simd::tail<T>(2 * cnt);
+                const typename S::M my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
+                T* py = z + 2 * (H - k - kC + 1);
+                const R x = S::loadm(mx, z + 2 * k);
+                const R y = S::permute2(S::loadm(my, py), rev, S::zero());
+                const R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
+                const R c = S::permute2(t, ia, t), sn = S::permute2(t, ib, t);
+                const R xc = S::xorb(x, conj), yc = S::xorb(y, conj);
+                const R d = S::sub(x, yc);  // (xr - yr, xi + yi)
+                const R pq = S::add(S::mul(d, sn), S::xorb(S::mul(S::swapPair(d), c), conj));  // (P, Q)
+                S::storem(z + 2 * k, mx, S::add(yc, pq));
+                S::storem(py, my, S::permute2(S::add(xc, S::xorb(pq, negRe)), rev, S::zero()));
+            }
+            return;
+        }
+        for (; 2 * k <= H; ++k) {
             T c, s;
             getPair(tab, k, c, s);
             const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
@@ -719,8 +787,34 @@ template <class T, class Tr> struct Dft {
     }
     // Perm to twice the half-length spectrum, in place.
     static void recombineInv(T* z, int64_t H, const T* tab) {
+        using S = simd::V<T>;
+        using R = typename S::R;
+        constexpr int NL = S::N, kC = NL / 2;
         const T r0 = z[0], rh = z[1];
-        for (int64_t k = 1; 2 * k <= H; ++k) {
+        int64_t k = 1;
+        if (H >= 4 * kC) {
+            // the registers of the forward recombination
+            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
+                          ib = _mm512_load_si512(kRecIdx.b);
+            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
+            for (; 2 * k <= H; k += kC) {
+                const int64_t last = H / 2;
+                const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
+                const typename S::M mx = simd::tail<T>(2 * cnt);
+                const typename S::M my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
+                T* py = z + 2 * (H - k - kC + 1);
+                const R x = S::loadm(mx, z + 2 * k);
+                const R y = S::permute2(S::loadm(my, py), rev, S::zero());
+                const R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
+                const R a = S::permute2(t, ia, t), b = S::permute2(t, ib, t);
+                const R yc = S::xorb(y, conj);
+                const R d = S::sub(x, yc), sm = S::add(x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
+                const R ut = S::add(S::mul(d, b), S::xorb(S::mul(S::swapPair(d), a), negRe));  // (U, T)
+                S::storem(z + 2 * k, mx, S::add(sm, ut));
+                S::storem(py, my, S::permute2(S::add(S::xorb(sm, conj), S::xorb(ut, negRe)), rev, S::zero()));
+            }
+        }
+        for (; 2 * k <= H; ++k) {
             T a, b;
             getPair(tab, k, a, b);
             const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
