@@ -1,6 +1,6 @@
-// Random numbers: the generator words and every output bit for bit against
-// a model written here, split calls against one long call, state sizes,
-// states at any alignment, the identity check and untouched state on failure.
+// Random numbers: every output bit for bit against a model written here, in
+// one call and in split calls, under the caller's rounding mode, state
+// sizes and alignment, reinit, the identity check and untouched state on failure.
 #include "vrx_test.h"
 
 #include <math.h>
@@ -158,16 +158,27 @@ TEST(RandWords, RareBorrowWords) {
 }
 
 // ---------------------------------------------------------------- streams
-// Every seed in one call and in odd splits (the held deviate), each
-// against the model, the state at several alignments.
+// Every seed in one call and in odd splits (the held deviate), each against
+// the model, the state at several alignments; Init with the same seed
+// restarts the sequence. Integer uniform outputs are converted in the
+// caller's rounding mode (a different one per seed), which the call keeps.
 template <class T>
 void streamCase(bool gauss, T a, T b) {
+    const unsigned modes[] = {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero};
     for (uint32_t seed : kSeeds)
         for (const auto* calls : {&kWhole, &kSplits}) {
+            vt::MxcsrScope scope;
+            if (!gauss && !std::is_floating_point_v<T>) _mm_setcsr((_mm_getcsr() & ~0x6000u) | modes[(seed + (calls == &kSplits)) % 4]);
+            const unsigned before = _mm_getcsr() & ~0x3Fu;
             vt::Buffer st(gauss ? Api<T>::gSize() : Api<T>::uSize(), seed % 13 + (calls == &kSplits) * 5);
-            ASSERT_EQ(gauss ? Api<T>::gInit(st.data(), a, b, seed) : Api<T>::uInit(st.data(), a, b, seed), vrxOk);
-            expectSame(runCalls<T>(gauss, st.data(), *calls), gauss ? modelGauss<T>(seed, a, b, *calls) : modelUniform<T>(seed, a, b, 1000),
-                       gauss ? "gauss" : "uniform", seed);
+            auto init = [&] { return gauss ? Api<T>::gInit(st.data(), a, b, seed) : Api<T>::uInit(st.data(), a, b, seed); };
+            ASSERT_EQ(init(), vrxOk);
+            const std::vector<T> want = gauss ? modelGauss<T>(seed, a, b, *calls) : modelUniform<T>(seed, a, b, 1000);
+            expectSame(runCalls<T>(gauss, st.data(), *calls), want, gauss ? "gauss" : "uniform", seed);
+            ASSERT_EQ(init(), vrxOk);
+            expectSame(runCalls<T>(gauss, st.data(), {37}),
+                       gauss ? modelGauss<T>(seed, a, b, {37}) : std::vector<T>(want.begin(), want.begin() + 37), "reinit", seed);
+            EXPECT_EQ(_mm_getcsr() & ~0x3Fu, before);
             EXPECT_TRUE(st.guardsIntact());
         }
 }
@@ -182,23 +193,6 @@ TEST(RandUniform, EveryTypeBitExact) {
     streamCase<double>(false, -2147483648.0, 2147483648.0);  // the raw words
     streamCase<double>(false, -3e300, 1e-3);
     streamCase<float>(false, 2.5f, 2.5f);  // scale 0: the middle every time
-}
-
-// Integer outputs follow the caller's rounding mode, which survives the call.
-TEST(RandUniform, IntegerConversionInCallersMode) {
-    for (unsigned mode : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero}) {
-        vt::MxcsrScope scope;
-        _mm_setcsr((_mm_getcsr() & ~0x6000u) | mode);
-        const unsigned before = _mm_getcsr() & ~0x3Fu;
-        vt::Buffer st(56), st8(56);
-        ASSERT_EQ(vrxsRandUniformInit_16s(st.as<VrxsRandUniformState>(), -300, 301, 5), vrxOk);
-        ASSERT_EQ(vrxsRandUniformInit_8u(st8.as<VrxsRandUniformState>(), 3, 250, 5), vrxOk);
-        const std::vector<int16_t> d = runCalls<int16_t>(false, st.data(), {777});
-        const std::vector<uint8_t> d8 = runCalls<uint8_t>(false, st8.data(), {777});
-        EXPECT_EQ(_mm_getcsr() & ~0x3Fu, before);
-        expectSame(d, modelUniform<int16_t>(5, -300, 301, 777), "16s mode", mode);
-        expectSame(d8, modelUniform<uint8_t>(5, 3, 250, 777), "8u mode", mode);
-    }
 }
 
 // ------------------------------------------------------------------ Gauss
@@ -222,18 +216,6 @@ TEST(RandGauss, Moments) {
     for (double x : d) v += (x - m) * (x - m) / d.size();
     EXPECT_NEAR(m, 3.0, 0.02);
     EXPECT_NEAR(sqrt(v), 2.0, 0.02);
-}
-
-// Init with the same seed restarts the sequence, whatever was drawn before.
-TEST(RandState, ReinitRestarts) {
-    vt::Buffer g(72), u(56);
-    ASSERT_EQ(vrxsRandGaussInit_32f(g.as<VrxsRandGaussState>(), 0.0f, 1.0f, 42), vrxOk);
-    ASSERT_EQ(vrxsRandUniformInit_32f(u.as<VrxsRandUniformState>(), 0.0f, 1.0f, 42), vrxOk);
-    const auto g1 = runCalls<float>(true, g.data(), {37}), u1 = runCalls<float>(false, u.data(), {37});
-    ASSERT_EQ(vrxsRandGaussInit_32f(g.as<VrxsRandGaussState>(), 0.0f, 1.0f, 42), vrxOk);
-    ASSERT_EQ(vrxsRandUniformInit_32f(u.as<VrxsRandUniformState>(), 0.0f, 1.0f, 42), vrxOk);
-    expectSame(runCalls<float>(true, g.data(), {37}), g1, "gauss reinit", 42);
-    expectSame(runCalls<float>(false, u.data(), {37}), u1, "uniform reinit", 42);
 }
 
 // The length before the identity word; a state of the other kind or type
