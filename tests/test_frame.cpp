@@ -218,7 +218,7 @@ TEST(Malloc, EveryTypeAlignsAndKeepsTheByteLimit) {
         p = c.alloc(largest);
         EXPECT_NE(p, nullptr);
         release(p);
-        if (c.elemSize > 1) EXPECT_EQ(c.alloc(largest + 1), nullptr);
+        if (c.elemSize > 1) { EXPECT_EQ(c.alloc(largest + 1), nullptr); }
     }
     vrxsFree(nullptr);
     vrxFree(nullptr);
