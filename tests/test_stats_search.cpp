@@ -6,6 +6,7 @@
 #include <math.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "vrx_test.h"
@@ -94,22 +95,18 @@ TEST(CountInRange, ExclusiveBounds) {
 }
 
 // ------------------------------------------------------------ ZeroCrossing
-template <class T> int sgn(T x) { return (x > 0) - (x < 0); }
-
-// The three counts over neighbour pairs, as integers.
-template <class T>
-void zcRef(const std::vector<T>& x, long& prod, long& bit, long& diff) {
-    prod = bit = diff = 0;
+// The three counts over neighbour pairs, as integers: products below
+// zero (in float for floats), sign bits that differ, |sign difference|.
+template <class T> std::array<long, 3> zcRef(const std::vector<T>& x) {
+    using P = std::conditional_t<std::is_same_v<T, float>, float, int32_t>;
+    auto sgn = [](T v) { return (v > 0) - (v < 0); };
+    std::array<long, 3> c{};
     for (size_t i = 0; i + 1 < x.size(); ++i) {
-        if constexpr (std::is_same_v<T, float>) {
-            prod += x[i] * x[i + 1] < 0.0f;
-            bit += std::signbit(x[i]) != std::signbit(x[i + 1]);
-        } else {
-            prod += static_cast<int32_t>(x[i]) * x[i + 1] < 0;
-            bit += (x[i] < 0) != (x[i + 1] < 0);
-        }
-        diff += std::abs(sgn(x[i + 1]) - sgn(x[i]));
+        c[0] += static_cast<P>(x[i]) * x[i + 1] < 0;
+        c[1] += std::signbit(static_cast<float>(x[i])) != std::signbit(static_cast<float>(x[i + 1]));
+        c[2] += std::abs(sgn(x[i + 1]) - sgn(x[i]));
     }
+    return c;
 }
 
 // -0 is negative to the sign bit; a product that underflows to -0 is no
@@ -129,9 +126,7 @@ TEST(ZeroCrossing, AgainstReference) {
             s[i] = static_cast<Vrx16s>(v == 2 ? 32767 : v == -2 ? -32768 : v);
             f[i] = v == 2 ? -0.0f : static_cast<float>(v);
         }
-        long cf[3], cs[3];
-        zcRef(f, cf[0], cf[1], cf[2]);
-        zcRef(s, cs[0], cs[1], cs[2]);
+        const auto cf = zcRef(f), cs = zcRef(s);
         for (int m = 0; m < 3; ++m) {
             ASSERT_EQ(vrxsZeroCrossing_32f(f.data(), len, &r, m), vrxOk);
             ASSERT_EQ(r, m == 2 ? 0.5f * static_cast<float>(cf[2]) : static_cast<float>(cf[m])) << len << " measure " << m;
