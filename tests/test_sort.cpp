@@ -25,122 +25,65 @@ struct SortFns {
      {vrxsSortIndexAscend_##t##_I, vrxsSortIndexDescend_##t##_I},                         \
      {vrxsSortRadixAscend_##t##_I, vrxsSortRadixDescend_##t##_I},                         \
      {vrxsSortRadixIndexAscend_##t, vrxsSortRadixIndexDescend_##t}, vrx##t}
-const SortFns<Vrx8u> kFns8u = SORT_FNS(8u);
-const SortFns<Vrx16u> kFns16u = SORT_FNS(16u);
-const SortFns<Vrx16s> kFns16s = SORT_FNS(16s);
-const SortFns<Vrx32u> kFns32u = SORT_FNS(32u);
-const SortFns<Vrx32s> kFns32s = SORT_FNS(32s);
-const SortFns<Vrx32f> kFns32f = SORT_FNS(32f);
-const SortFns<Vrx64f> kFns64f = SORT_FNS(64f);
+template <class T> SortFns<T> kFns;
+template <> constexpr SortFns<Vrx8u> kFns<Vrx8u> = SORT_FNS(8u);
+template <> constexpr SortFns<Vrx16u> kFns<Vrx16u> = SORT_FNS(16u);
+template <> constexpr SortFns<Vrx16s> kFns<Vrx16s> = SORT_FNS(16s);
+template <> constexpr SortFns<Vrx32u> kFns<Vrx32u> = SORT_FNS(32u);
+template <> constexpr SortFns<Vrx32s> kFns<Vrx32s> = SORT_FNS(32s);
+template <> constexpr SortFns<Vrx32f> kFns<Vrx32f> = SORT_FNS(32f);
+template <> constexpr SortFns<Vrx64f> kFns<Vrx64f> = SORT_FNS(64f);
+#undef SORT_FNS
 
-// The unsigned integer of a type's width.
-template <class T>
-struct Bits {
-    using U = std::conditional_t<sizeof(T) == 1, uint8_t,
-              std::conditional_t<sizeof(T) == 2, uint16_t, std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>>>;
-};
-
-// The order key, written out per kind: a float's total order puts every
-// negative pattern in reverse magnitude order below every positive one.
-template <class T>
-long double orderKey(T v) {
-    if constexpr (std::is_floating_point_v<T>) {
-        using U = typename Bits<T>::U;
-        U b;
-        memcpy(&b, &v, sizeof b);
-        const U sign = U(1) << (sizeof(U) * 8 - 1);
-        // magnitudes as integers: below 2^64, exact in long double
-        return (b & sign) ? -1.0L - static_cast<long double>(b & ~sign) : static_cast<long double>(b);
-    } else {
-        return static_cast<long double>(v);
-    }
+// The order key: a float's total order puts every negative pattern in
+// reverse magnitude order below every positive one (magnitudes as integers,
+// exact in long double).
+template <class T> long double orderKey(T v) {
+    if constexpr (!std::is_floating_point_v<T>) return static_cast<long double>(v);
+    const uint64_t b = vt::bitsOf(v), sign = 1ull << (sizeof(T) * 8 - 1);
+    return (b & sign) ? -1.0L - static_cast<long double>(b & ~sign) : static_cast<long double>(b);
 }
 
-template <class T>
-std::vector<int> stablePerm(const std::vector<T>& v, bool desc) {
+template <class T> std::vector<int> stablePerm(const std::vector<T>& v, bool desc) {
     std::vector<int> p(v.size());
-    for (size_t i = 0; i < v.size(); ++i) p[i] = static_cast<int>(i);
     std::vector<long double> k(v.size());
-    for (size_t i = 0; i < v.size(); ++i) k[i] = orderKey(v[i]);
-    if (desc) std::stable_sort(p.begin(), p.end(), [&](int a, int b) { return k[b] < k[a]; });
-    else std::stable_sort(p.begin(), p.end(), [&](int a, int b) { return k[a] < k[b]; });
+    for (size_t i = 0; i < v.size(); ++i) p[i] = static_cast<int>(i), k[i] = orderKey(v[i]);
+    std::stable_sort(p.begin(), p.end(), [&](int a, int b) { return desc ? k[b] < k[a] : k[a] < k[b]; });
     return p;
+}
+
+template <class T> T fromBits(uint64_t b) { T v; memcpy(&v, &b, sizeof v); return v; }
+
+// The values that an order gets wrong first: both zeros, both infinities,
+// NaNs of both signs and several payloads, denormals, the extremes.
+template <class T> std::vector<T> specials() {
+    using L = std::numeric_limits<T>;
+    if constexpr (!std::is_floating_point_v<T>)
+        return {L::min(), static_cast<T>(L::min() + 1), 0, 1, static_cast<T>(-1), L::max(), static_cast<T>(L::max() - 1)};
+    const uint64_t sign = 1ull << (sizeof(T) * 8 - 1), inf = vt::bitsOf(L::infinity()), quiet = inf | (inf >> 1 & ~inf);
+    std::vector<T> v;
+    for (uint64_t m : {uint64_t(0), inf, quiet, inf + 1, ~sign & (sign | (sign - 1)), uint64_t(1), vt::bitsOf(T(1)),
+                       vt::bitsOf(L::max()), vt::bitsOf(L::min())})
+        for (uint64_t s : {uint64_t(0), sign}) v.push_back(fromBits<T>(m | s));
+    return v;
 }
 
 enum Kind { kRandom, kSorted, kReversed, kConstant, kSpecial, kFewValues, kNumKinds };
 const char* kKindName[] = {"random", "sorted", "reversed", "constant", "special", "few values"};
 
-template <class T>
-T fromBits(uint64_t b) {
-    T v;
-    typename Bits<T>::U u = static_cast<typename Bits<T>::U>(b);
-    memcpy(&v, &u, sizeof v);
-    return v;
-}
-
-// The values that an order gets wrong first: both zeros, both infinities,
-// NaNs of both signs and several payloads, denormals, the extremes.
-template <class T>
-std::vector<T> specials() {
-    if constexpr (std::is_same_v<T, Vrx32f>) {
-        std::vector<uint64_t> b = {0x00000000, 0x80000000, 0x7F800000, 0xFF800000, 0x7FC00000, 0xFFC00000, 0x7F800001,
-                                   0xFF800001, 0x7FFFFFFF, 0xFFFFFFFF, 0x00000001, 0x80000001, 0x3F800000, 0xBF800000,
-                                   0x7F7FFFFF, 0xFF7FFFFF, 0x00800000, 0x80800000};
-        std::vector<T> v;
-        for (auto x : b) v.push_back(fromBits<T>(x));
-        return v;
-    } else if constexpr (std::is_same_v<T, Vrx64f>) {
-        std::vector<uint64_t> b = {0, 0x8000000000000000ull, 0x7FF0000000000000ull, 0xFFF0000000000000ull,
-                                   0x7FF8000000000000ull, 0xFFF8000000000000ull, 0x7FF0000000000001ull,
-                                   0xFFF0000000000001ull, 0x7FFFFFFFFFFFFFFFull, 0xFFFFFFFFFFFFFFFFull, 1,
-                                   0x8000000000000001ull, 0x3FF0000000000000ull, 0xBFF0000000000000ull,
-                                   0x7FEFFFFFFFFFFFFFull, 0xFFEFFFFFFFFFFFFFull};
-        std::vector<T> v;
-        for (auto x : b) v.push_back(fromBits<T>(x));
-        return v;
-    } else {
-        using L = std::numeric_limits<T>;
-        return {L::min(), static_cast<T>(L::min() + 1), 0, 1, static_cast<T>(-1), L::max(), static_cast<T>(L::max() - 1)};
-    }
-}
-
-template <class T>
-std::vector<T> makeData(Kind kind, int n, vt::Rng& rng) {
-    std::vector<T> v(n);
-    switch (kind) {
-    case kRandom: rng.fill(v.data(), n * sizeof(T)); break;
-    case kSorted:
-    case kReversed: {
-        rng.fill(v.data(), n * sizeof(T));
-        auto p = stablePerm(v, kind == kReversed);
-        std::vector<T> w(n);
-        for (int i = 0; i < n; ++i) w[i] = v[p[i]];
-        v = w;
-        break;
-    }
-    case kConstant: {
-        T c;
-        rng.fill(&c, sizeof c);
-        for (auto& x : v) x = c;
-        break;
-    }
-    case kSpecial: {
-        auto s = specials<T>();
-        for (auto& x : v) x = s[rng.next() % s.size()];
-        break;
-    }
-    case kFewValues: {
-        T c[5];
-        rng.fill(c, sizeof c);
-        for (auto& x : v) x = c[rng.next() % 5];
-        break;
-    }
-    default: break;
+template <class T> std::vector<T> makeData(Kind kind, int n, vt::Rng& rng) {
+    std::vector<T> v(n), pool = kind == kSpecial ? specials<T>() : std::vector<T>(kind == kConstant ? 1 : 5);
+    if (kind != kSpecial) rng.fill(pool.data(), pool.size() * sizeof(T));
+    if (kind <= kReversed) rng.fill(v.data(), n * sizeof(T));
+    else for (auto& x : v) x = pool[rng.next() % pool.size()];
+    if (kind == kSorted || kind == kReversed) {
+        const auto p = stablePerm(v, kind == kReversed);
+        const std::vector<T> w(v);
+        for (int i = 0; i < n; ++i) v[i] = w[p[i]];
     }
     return v;
 }
 
-template <class T>
 int bufferSize(VrxStatus (*query)(int, VrxDataType, int*), VrxDataType type, int n) {
     int size = -1;
     EXPECT_EQ(query(n, type, &size), vrxOk);
@@ -155,88 +98,69 @@ template <class T>
 void checkAllForms(const SortFns<T>& f, const std::vector<T>& v, const std::string& what) {
     const int n = static_cast<int>(v.size());
     const size_t bytes = n * sizeof(T);
-    const size_t off = static_cast<size_t>(n % 3) * sizeof(T);  // misaligned too
+    vt::Buffer data(bytes, static_cast<size_t>(n % 3) * sizeof(T)), idx(n * sizeof(int), 4 * (n % 2));
+    vt::Buffer buf(bufferSize(vrxsSortRadixGetBufferSize, f.type, n), 8), ibuf(bufferSize(vrxsSortRadixIndexGetBufferSize, f.type, n));
+    T* x = data.as<T>();
+    int* ix = idx.as<int>();
     for (int d = 0; d < 2; ++d) {
         SCOPED_TRACE(what + (d ? " descending" : " ascending"));
         const auto perm = stablePerm(v, d == 1);
         std::vector<T> want(n);
         for (int i = 0; i < n; ++i) want[i] = v[perm[i]];
-
-        vt::Buffer data(bytes, off), idx(n * sizeof(int), 4 * (n % 2));
-        int radixSize = bufferSize<T>(vrxsSortRadixGetBufferSize, f.type, n);
-        int indexSize = bufferSize<T>(vrxsSortRadixIndexGetBufferSize, f.type, n);
-        vt::Buffer buf(radixSize, 8), ibuf(indexSize, 0);
-
-        auto valuesOk = [&]() { return memcmp(data.data(), want.data(), bytes) == 0; };
-        auto indexOk = [&]() { return memcmp(idx.data(), perm.data(), n * sizeof(int)) == 0; };
-
-        memcpy(data.data(), v.data(), bytes);
-        ASSERT_EQ(f.plain[d](data.as<T>(), n), vrxOk);
-        ASSERT_TRUE(valuesOk()) << "Sort";
-
-        memcpy(data.data(), v.data(), bytes);
-        ASSERT_EQ(f.index[d](data.as<T>(), idx.as<int>(), n), vrxOk);
-        ASSERT_TRUE(valuesOk()) << "SortIndex";
-        ASSERT_TRUE(indexOk()) << "SortIndex";
-
-        memcpy(data.data(), v.data(), bytes);
-        ASSERT_EQ(f.radix[d](data.as<T>(), n, buf.data()), vrxOk);
-        ASSERT_TRUE(valuesOk()) << "SortRadix";
-
-        memcpy(data.data(), v.data(), bytes);
-        memset(idx.data(), 0x5A, n * sizeof(int));
-        ASSERT_EQ(f.radixIndex[d](data.as<T>(), idx.as<int>(), n, ibuf.data()), vrxOk);
-        ASSERT_TRUE(indexOk()) << "SortRadixIndex";
-        ASSERT_EQ(memcmp(data.data(), v.data(), bytes), 0) << "SortRadixIndex wrote its source";
-
+        for (int form = 0; form < 4; ++form) {
+            memcpy(x, v.data(), bytes);
+            memset(ix, 0x5A, n * sizeof(int));
+            const VrxStatus st = form == 0 ? f.plain[d](x, n) : form == 1 ? f.index[d](x, ix, n)
+                               : form == 2 ? f.radix[d](x, n, buf.data()) : f.radixIndex[d](x, ix, n, ibuf.data());
+            ASSERT_EQ(st, vrxOk) << "form " << form;
+            // the radix index form leaves its source as it was
+            ASSERT_EQ(memcmp(x, form == 3 ? v.data() : want.data(), bytes), 0) << "values, form " << form;
+            if (form & 1) { ASSERT_EQ(memcmp(ix, perm.data(), n * sizeof(int)), 0) << "index, form " << form; }
+        }
         ASSERT_TRUE(data.guardsIntact() && idx.guardsIntact() && buf.guardsIntact() && ibuf.guardsIntact());
     }
 }
 
-template <class T>
-void checkType(const SortFns<T>& f, uint64_t seed) {
-    vt::Rng rng(seed);
+template <class T> class SortForms : public ::testing::Test {};
+using SortTypes = ::testing::Types<Vrx8u, Vrx16u, Vrx16s, Vrx32u, Vrx32s, Vrx32f, Vrx64f>;
+TYPED_TEST_SUITE(SortForms, SortTypes);
+
+// Every tail length, the edges of the radix passes (512) and of 4096, for
+// every kind of data; one long random vector.
+TYPED_TEST(SortForms, AgainstStableSort) {
+    using T = TypeParam;
+    vt::Rng rng(sizeof(T) * 7 + std::is_signed_v<T> + 2 * std::is_floating_point_v<T>);
     std::vector<int> lengths;
     for (int n = 1; n <= 70; ++n) lengths.push_back(n);
-    for (int n : {95, 96, 97, 127, 128, 129, 200, 255, 256, 257, 511, 512, 513, 1000, 4095, 4096, 4097, 10000})
-        lengths.push_back(n);
+    lengths.insert(lengths.end(), {96, 127, 129, 255, 257, 511, 512, 513, 1000, 4095, 4097, 10000});
     for (int kind = 0; kind < kNumKinds; ++kind)
         for (int n : lengths) {
-            auto v = makeData<T>(static_cast<Kind>(kind), n, rng);
-            checkAllForms(f, v, std::string(kKindName[kind]) + " len " + std::to_string(n));
+            checkAllForms(kFns<T>, makeData<T>(static_cast<Kind>(kind), n, rng), std::string(kKindName[kind]) + " len " + std::to_string(n));
             if (::testing::Test::HasFatalFailure()) return;
         }
-    for (Kind kind : {kRandom, kSpecial, kFewValues}) {
-        auto v = makeData<T>(kind, 1 << 20, rng);
-        checkAllForms(f, v, std::string(kKindName[kind]) + " len 1Mi");
-        if (::testing::Test::HasFatalFailure()) return;
+    checkAllForms(kFns<T>, makeData<T>(kSpecial, 1 << 18, rng), "special len 256Ki");
+    checkAllForms(kFns<T>, makeData<T>(kRandom, (1 << 20) + 3, rng), "random len 1Mi+3");
+    // A sequence that defeats median-of-three pivots still sorts (the depth
+    // limit hands over to the heap) and stays stable.
+    if constexpr (sizeof(T) >= 4) {
+        std::vector<T> organ(200000);
+        for (int i = 0; i < 200000; ++i) organ[i] = static_cast<T>(i < 100000 ? i : 200000 - i);
+        checkAllForms(kFns<T>, organ, "organ pipe");
     }
 }
 
-TEST(Sort, AgainstStableSort_8u) { checkType(kFns8u, 11); }
-TEST(Sort, AgainstStableSort_16u) { checkType(kFns16u, 12); }
-TEST(Sort, AgainstStableSort_16s) { checkType(kFns16s, 13); }
-TEST(Sort, AgainstStableSort_32u) { checkType(kFns32u, 14); }
-TEST(Sort, AgainstStableSort_32s) { checkType(kFns32s, 15); }
-TEST(Sort, AgainstStableSort_32f) { checkType(kFns32f, 16); }
-TEST(Sort, AgainstStableSort_64f) { checkType(kFns64f, 17); }
-
-TEST(Sort, BufferSizeFormulas) {
+// Fixed counting tables for 8- and 16-bit keys; wider keys a copy of the
+// data and 32 KiB of counts, the index forms the indices besides.
+TYPED_TEST(SortForms, BufferSizes) {
     auto r64 = [](long long x) { return (x + 63) / 64 * 64; };
-    struct Row { VrxDataType type; int elem; };
-    const Row rows[] = {{vrx8u, 1}, {vrx16u, 2}, {vrx16s, 2}, {vrx32u, 4}, {vrx32s, 4}, {vrx32f, 4}, {vrx64f, 8}};
-    for (const Row& r : rows)
-        for (int len : {1, 2, 15, 16, 17, 1000, 1 << 20, 100000007}) {
-            long long plain, index;
-            if (r.elem == 1) plain = index = 1024;
-            else if (r.elem == 2) plain = index = 262144;
-            else { plain = r64(1LL * r.elem * len) + 32768; index = plain + r64(4LL * len); }
-            int got = -1;
-            ASSERT_EQ(vrxsSortRadixGetBufferSize(len, r.type, &got), vrxOk);
-            EXPECT_EQ(got, plain) << r.type << " " << len;
-            ASSERT_EQ(vrxsSortRadixIndexGetBufferSize(len, r.type, &got), vrxOk);
-            EXPECT_EQ(got, index) << r.type << " " << len;
-        }
+    constexpr long long e = sizeof(TypeParam);
+    for (int len : {1, 2, 15, 16, 17, 1000, 1 << 20, 100000007}) {
+        const long long plain = e == 1 ? 1024 : e == 2 ? 262144 : r64(e * len) + 32768, index = e <= 2 ? plain : plain + r64(4LL * len);
+        int got[2] = {-1, -1};
+        ASSERT_EQ(vrxsSortRadixGetBufferSize(len, kFns<TypeParam>.type, got), vrxOk);
+        ASSERT_EQ(vrxsSortRadixIndexGetBufferSize(len, kFns<TypeParam>.type, got + 1), vrxOk);
+        EXPECT_TRUE(got[0] == plain && got[1] == index) << len << ": " << got[0] << " " << got[1];
+    }
 }
 
 TEST(Sort, BufferSizeQueryStatuses) {
@@ -253,8 +177,6 @@ TEST(Sort, BufferSizeQueryStatuses) {
         EXPECT_EQ(q(0x7FFFFFFF, vrx64f, &size), vrxErrBadLength);
         EXPECT_EQ(size, 12345);
     }
-    EXPECT_EQ(vrx32u, 9);
-    EXPECT_EQ(vrx32s, 11);
 }
 
 // The two float orders in one picture: -NaN, -inf, -0 and +0, +NaN each in
@@ -272,22 +194,6 @@ TEST(Sort, FloatTotalOrderSpelledOut) {
     std::vector<Vrx8u> buf(100000);
     ASSERT_EQ(vrxsSortRadixIndexDescend_64f(w.data(), jx.data(), 6, buf.data()), vrxOk);
     EXPECT_EQ(jx, (std::vector<int>{3, 5, 0, 1, 4, 2}));
-}
-
-// A sequence that defeats median-of-three pivots still sorts (the depth
-// limit hands over to the heap) and stays stable.
-TEST(Sort, AdversarialOrganPipe) {
-    const int n = 200000;
-    std::vector<Vrx64f> v(n);
-    for (int i = 0; i < n; ++i) v[i] = i < n / 2 ? i : n - i;
-    auto perm = stablePerm(v, false);
-    std::vector<Vrx64f> a = v;
-    std::vector<int> ix(n);
-    ASSERT_EQ(vrxsSortIndexAscend_64f_I(a.data(), ix.data(), n), vrxOk);
-    ASSERT_EQ(ix, perm);
-    a = v;
-    ASSERT_EQ(vrxsSortAscend_64f_I(a.data(), n), vrxOk);
-    for (int i = 0; i < n; ++i) ASSERT_EQ(a[i], v[perm[i]]);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <math.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "vrx_test.h"
@@ -16,109 +17,74 @@ constexpr unsigned kInvalid = 0x0001;
 
 // ---------------------------------------------------------------- MaxOrder
 TEST(MaxOrder, IntegerForms) {
-    struct { std::vector<Vrx16s> x; int order; } t16[] = {
-        {{-32768}, 16}, {{1}, 1}, {{0, 0, 0}, 0}, {{3, -4, 2}, 3}, {{32767}, 15}, {{-1}, 1},
+    struct Row { std::vector<int32_t> x; int order; bool wide; };
+    const Row rows[] = {
+        {{-32768}, 16, false}, {{1}, 1, false}, {{0, 0, 0}, 0, false}, {{3, -4, 2}, 3, false}, {{32767}, 15, false},
+        {{-1}, 1, false},      {{INT32_MIN}, 32, true}, {{INT32_MAX}, 31, true}, {{0}, 0, true}, {{-65536, 5}, 17, true},
     };
-    for (auto& c : t16) {
+    for (const Row& r : rows) {
+        const std::vector<Vrx16s> x16(r.x.begin(), r.x.end());
+        const int n = static_cast<int>(r.x.size());
         int o = -99;
-        ASSERT_EQ(vrxsMaxOrder_16s(c.x.data(), static_cast<int>(c.x.size()), &o), vrxOk);
-        EXPECT_EQ(o, c.order);
+        ASSERT_EQ(r.wide ? vrxsMaxOrder_32s(r.x.data(), n, &o) : vrxsMaxOrder_16s(x16.data(), n, &o), vrxOk);
+        EXPECT_EQ(o, r.order) << r.x[0];
     }
-    struct { std::vector<Vrx32s> x; int order; } t32[] = {
-        {{INT32_MIN}, 32}, {{INT32_MAX}, 31}, {{0}, 0}, {{-65536, 5}, 17},
-    };
-    for (auto& c : t32) {
-        int o = -99;
-        ASSERT_EQ(vrxsMaxOrder_32s(c.x.data(), static_cast<int>(c.x.size()), &o), vrxOk);
-        EXPECT_EQ(o, c.order);
-    }
-    // long vectors, the peak in any lane and the tail
+    // the peak in any lane and the tail
     vt::Rng rng(3);
     for (int len = 1; len <= 100; ++len) {
         std::vector<Vrx16s> x(len, 0);
-        const int k = static_cast<int>(rng.range(0, len - 1)), b = static_cast<int>(rng.range(0, 14));
-        x[k] = static_cast<Vrx16s>(-(1 << b));
+        const int b = static_cast<int>(rng.range(0, 14));
+        x[rng.range(0, len - 1)] = static_cast<Vrx16s>(-(1 << b));
         int o;
         ASSERT_EQ(vrxsMaxOrder_16s(x.data(), len, &o), vrxOk);
         ASSERT_EQ(o, b + 1) << len;
     }
 }
 
-// Float forms: the order, the status, and the invalid flag after the call
-// for a caller state of clear or set.
-TEST(MaxOrder, FloatFormsWarningAndFlags) {
-    const float inf = INFINITY, nan = NAN, sub = 1e-40f;
-    struct { std::vector<float> x; int order; VrxStatus st; } t[] = {
-        {{0.25f}, -1, vrxOk}, {{1.0f}, 1, vrxOk}, {{0.5f}, 0, vrxOk}, {{-2.0f}, 2, vrxOk}, {{0.0f, -0.0f}, 0, vrxOk},
-        {{sub}, -126, vrxOk}, {{nan, 1.0f}, 1, vrxWarnNanArg}, {{3.0f, inf, -inf}, 2, vrxWarnNanArg},
-        {{nan, inf}, 0, vrxWarnNanArg},
-        {{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, nan, 1, 0.5f}, 1, vrxWarnNanArg},
-    };
-    for (bool callerFlag : {false, true}) {
-        for (auto& c : t) {
+// Float forms: the order, the status, and the invalid flag clear after the
+// call whatever the caller left in it; the control bits and a caller's
+// overflow flag stay.
+template <class T> struct OrderRow { std::vector<T> x; int order; VrxStatus st; };
+template <class T>
+void floatOrders(VrxStatus (*f)(const T*, int, int*), const std::vector<OrderRow<T>>& rows) {
+    for (unsigned callerFlags : {0u, kInvalid, 0x8u})
+        for (const auto& c : rows) {
             vt::MxcsrScope scope;
-            const unsigned before = (_mm_getcsr() & ~0x3Fu) | (callerFlag ? kInvalid : 0u) | vt::kRoundUp;
+            const unsigned before = (_mm_getcsr() & ~0x3Fu) | callerFlags | vt::kRoundUp;
             _mm_setcsr(before);
             int o = -99;
-            ASSERT_EQ(vrxsMaxOrder_32f(c.x.data(), static_cast<int>(c.x.size()), &o), c.st) << c.x[0];
-            const unsigned after = _mm_getcsr();
+            ASSERT_EQ(f(c.x.data(), static_cast<int>(c.x.size()), &o), c.st) << c.x[0];
             EXPECT_EQ(o, c.order) << c.x[0];
-            // control bits untouched; the invalid flag cleared whenever pass 1
-            // saw it set, left clear otherwise
+            const unsigned after = _mm_getcsr();
             EXPECT_EQ(after & ~0x3Fu, before & ~0x3Fu);
-            EXPECT_EQ(after & kInvalid, 0u) << c.x[0] << " caller flag " << callerFlag;
+            EXPECT_EQ(after & (kInvalid | callerFlags), callerFlags & ~kInvalid) << c.x[0] << " caller flags " << callerFlags;
         }
-    }
-    struct { std::vector<double> x; int order; VrxStatus st; } d[] = {
+}
+
+TEST(MaxOrder, FloatFormsWarningAndFlags) {
+    const float inf = INFINITY, nan = NAN;
+    floatOrders<float>(vrxsMaxOrder_32f, {
+        {{0.25f}, -1, vrxOk}, {{1.0f}, 1, vrxOk}, {{0.5f}, 0, vrxOk}, {{-2.0f}, 2, vrxOk}, {{0.0f, -0.0f}, 0, vrxOk},
+        {{1e-40f}, -126, vrxOk}, {{nan, 1.0f}, 1, vrxWarnNanArg}, {{3.0f, inf, -inf}, 2, vrxWarnNanArg},
+        {{nan, inf}, 0, vrxWarnNanArg},
+        {{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, nan, 1, 0.5f}, 1, vrxWarnNanArg}});
+    floatOrders<double>(vrxsMaxOrder_64f, {
         {{0.25}, -1, vrxOk}, {{1.5}, 1, vrxOk}, {{1e-310}, -1022, vrxOk}, {{NAN, 8.0}, 4, vrxWarnNanArg},
-        {{INFINITY}, 0, vrxWarnNanArg}, {{0.0}, 0, vrxOk},
-    };
-    for (auto& c : d) {
-        vt::MxcsrScope scope;
-        int o = -99;
-        ASSERT_EQ(vrxsMaxOrder_64f(c.x.data(), static_cast<int>(c.x.size()), &o), c.st);
-        EXPECT_EQ(o, c.order);
-        EXPECT_EQ(_mm_getcsr() & kInvalid, 0u);
-    }
-    // an overflow flag raised by the caller is not the function's business
-    vt::MxcsrScope scope;
-    _mm_setcsr(_mm_getcsr() | 0x8);
-    const float one = 1.0f;
-    int o;
-    ASSERT_EQ(vrxsMaxOrder_32f(&one, 1, &o), vrxOk);
-    EXPECT_EQ(_mm_getcsr() & 0x8, 0x8u);
+        {{INFINITY}, 0, vrxWarnNanArg}, {{0.0}, 0, vrxOk}});
 }
 
 // ------------------------------------------------------------ CountInRange
+// Both bounds exclusive; bounds at the ends of the 32-bit range, empty,
+// reversed and one-wide ranges, at every tail length.
 TEST(CountInRange, ExclusiveBounds) {
-    const Vrx32s x[] = {1, 2, 3};
-    int n = -1;
-    ASSERT_EQ(vrxsCountInRange_32s(x, 3, &n, 1, 3), vrxOk);
-    EXPECT_EQ(n, 1);
-    ASSERT_EQ(vrxsCountInRange_32s(x, 3, &n, 3, 1), vrxOk);
-    EXPECT_EQ(n, 0);
-    vt::Rng rng(5);
-    for (int len = 1; len <= 100; ++len) {
-        std::vector<Vrx32s> v(len);
-        for (auto& e : v) e = static_cast<Vrx32s>(rng.range(-5, 5));
-        if (len > 2) { v[0] = INT32_MIN; v[1] = INT32_MAX; }
-        const int lo = static_cast<int>(rng.range(-6, 2)), hi = static_cast<int>(rng.range(-2, 6));
-        int want = 0;
-        for (Vrx32s e : v) want += lo < e && e < hi;
-        ASSERT_EQ(vrxsCountInRange_32s(v.data(), len, &n, lo, hi), vrxOk);
-        ASSERT_EQ(n, want) << len;
-    }
-}
-
-// Bounds at the ends of the 32-bit range, empty and one-wide ranges.
-TEST(CountInRange, BoundsAtTheEndsOfTheRange) {
     const Vrx32s vals[] = {INT32_MIN, INT32_MIN + 1, INT32_MIN + 2, -1, 0, 1, INT32_MAX - 2, INT32_MAX - 1, INT32_MAX};
     const Vrx32s bounds[][2] = {{INT32_MIN, INT32_MAX}, {INT32_MAX, INT32_MIN}, {INT32_MIN, INT32_MIN + 2},
                                 {INT32_MIN, INT32_MIN + 1}, {INT32_MAX - 2, INT32_MAX}, {INT32_MAX, INT32_MAX},
-                                {INT32_MIN, INT32_MIN}, {-1, 1}, {0, 1}, {5, 5}, {-2, 0}};
-    for (int len = 1; len <= 70; ++len) {
+                                {INT32_MIN, INT32_MIN}, {-1, 1}, {0, 1}, {5, 5}, {-2, 0}, {1, 3}, {3, 1}, {-4, 4}};
+    vt::Rng rng(5);
+    for (int len = 1; len <= 100; ++len) {
         std::vector<Vrx32s> v(len);
-        for (int i = 0; i < len; ++i) v[i] = vals[(i * 7 + len) % 9];
+        for (int i = 0; i < len; ++i) v[i] = i % 2 ? vals[(i * 7 + len) % 9] : static_cast<Vrx32s>(rng.range(-5, 5));
         for (const auto& b : bounds) {
             int want = 0, n = -1;
             for (Vrx32s e : v) want += b[0] < e && e < b[1];
@@ -129,34 +95,28 @@ TEST(CountInRange, BoundsAtTheEndsOfTheRange) {
 }
 
 // ------------------------------------------------------------ ZeroCrossing
-template <class T> int sgn(T x) { return (x > 0) - (x < 0); }
-
-// The three counts over neighbour pairs, as integers.
-template <class T>
-void zcRef(const std::vector<T>& x, long& prod, long& bit, long& diff) {
-    prod = bit = diff = 0;
+// The three counts over neighbour pairs, as integers: products below
+// zero (in float for floats), sign bits that differ, |sign difference|.
+template <class T> std::array<long, 3> zcRef(const std::vector<T>& x) {
+    using P = std::conditional_t<std::is_same_v<T, float>, float, int32_t>;
+    auto sgn = [](T v) { return (v > 0) - (v < 0); };
+    std::array<long, 3> c{};
     for (size_t i = 0; i + 1 < x.size(); ++i) {
-        if constexpr (std::is_same_v<T, float>) {
-            prod += x[i] * x[i + 1] < 0.0f;
-            bit += std::signbit(x[i]) != std::signbit(x[i + 1]);
-        } else {
-            prod += static_cast<int32_t>(x[i]) * x[i + 1] < 0;
-            bit += (x[i] < 0) != (x[i + 1] < 0);
-        }
-        diff += std::abs(sgn(x[i + 1]) - sgn(x[i]));
+        c[0] += static_cast<P>(x[i]) * x[i + 1] < 0;
+        c[1] += std::signbit(static_cast<float>(x[i])) != std::signbit(static_cast<float>(x[i + 1]));
+        c[2] += std::abs(sgn(x[i + 1]) - sgn(x[i]));
     }
+    return c;
 }
 
-TEST(ZeroCrossing, Examples) {
+// -0 is negative to the sign bit; a product that underflows to -0 is no
+// crossing; the 16-bit sign difference is halved in integers.
+TEST(ZeroCrossing, AgainstReference) {
     const float a[] = {-1, 0}, d[] = {1.0f, -0.0f, 1e-30f, -1e-30f};
     float r;
     ASSERT_EQ(vrxsZeroCrossing_32f(a, 2, &r, vrxZcSignDiff), vrxOk); EXPECT_EQ(r, 0.5f);
-    // -0 is negative to the sign bit; a product that underflows to -0 is no crossing
     ASSERT_EQ(vrxsZeroCrossing_32f(d, 4, &r, vrxZcSignBit), vrxOk); EXPECT_EQ(r, 3.0f);
     ASSERT_EQ(vrxsZeroCrossing_32f(d, 4, &r, vrxZcProduct), vrxOk); EXPECT_EQ(r, 0.0f);
-}
-
-TEST(ZeroCrossing, AgainstReference) {
     vt::Rng rng(23);
     for (int len = 1; len <= 120; ++len) {
         std::vector<float> f(len);
@@ -166,16 +126,13 @@ TEST(ZeroCrossing, AgainstReference) {
             s[i] = static_cast<Vrx16s>(v == 2 ? 32767 : v == -2 ? -32768 : v);
             f[i] = v == 2 ? -0.0f : static_cast<float>(v);
         }
-        long p, b, d;
-        float r;
-        zcRef(f, p, b, d);
-        ASSERT_EQ(vrxsZeroCrossing_32f(f.data(), len, &r, 0), vrxOk); ASSERT_EQ(r, static_cast<float>(p)) << len;
-        ASSERT_EQ(vrxsZeroCrossing_32f(f.data(), len, &r, 1), vrxOk); ASSERT_EQ(r, static_cast<float>(b)) << len;
-        ASSERT_EQ(vrxsZeroCrossing_32f(f.data(), len, &r, 2), vrxOk); ASSERT_EQ(r, 0.5f * static_cast<float>(d)) << len;
-        zcRef(s, p, b, d);
-        ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, 0), vrxOk); ASSERT_EQ(r, static_cast<float>(p)) << len;
-        ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, 1), vrxOk); ASSERT_EQ(r, static_cast<float>(b)) << len;
-        ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, 2), vrxOk); ASSERT_EQ(r, static_cast<float>(d / 2)) << len;
+        const auto cf = zcRef(f), cs = zcRef(s);
+        for (int m = 0; m < 3; ++m) {
+            ASSERT_EQ(vrxsZeroCrossing_32f(f.data(), len, &r, m), vrxOk);
+            ASSERT_EQ(r, m == 2 ? 0.5f * static_cast<float>(cf[2]) : static_cast<float>(cf[m])) << len << " measure " << m;
+            ASSERT_EQ(vrxsZeroCrossing_16s32f(s.data(), len, &r, m), vrxOk);
+            ASSERT_EQ(r, static_cast<float>(m == 2 ? cs[2] / 2 : cs[m])) << len << " measure " << m;
+        }
     }
 }
 
@@ -191,19 +148,6 @@ TEST(ZeroCrossing, LongAlternatingCountsEveryPair) {
             ASSERT_EQ(r, static_cast<float>(len - 1)) << len << " measure " << m;
         }
     }
-}
-
-// The selector is tested after the pointers and the length.
-TEST(ZeroCrossing, SelectorAfterLength) {
-    const float x[] = {1, -1};
-    const Vrx16s y[] = {1, -1};
-    float r = 42.0f;
-    EXPECT_EQ(vrxsZeroCrossing_32f(x, 0, &r, 9), vrxErrBadLength);
-    EXPECT_EQ(vrxsZeroCrossing_32f(x, 2, &r, 3), vrxErrRange);
-    EXPECT_EQ(vrxsZeroCrossing_32f(x, 2, &r, -1), vrxErrRange);
-    EXPECT_EQ(vrxsZeroCrossing_16s32f(y, 2, &r, 3), vrxErrRange);
-    EXPECT_EQ(vrxsZeroCrossing_16s32f(nullptr, 2, &r, 3), vrxErrNullPtr);
-    EXPECT_EQ(r, 42.0f);
 }
 
 // ------------------------------------------------------------- FindNearest
@@ -252,54 +196,54 @@ std::vector<float> sumWindowRef(const std::vector<T>& x, int len, int w) {
 }
 
 template <class T>
-long sumWindowExactInt(const std::vector<T>& x, int i, int w) {
-    long s = 0;
-    for (int j = 0; j < w; ++j) s += x[i + j];
-    return s;
+void expectSumWindow(VrxStatus (*f)(const T*, Vrx32f*, int, int), const std::vector<T>& x, int len, int w, size_t off,
+                     const std::vector<float>& want) {
+    vt::Buffer d(len * sizeof(float), off);
+    ASSERT_EQ(f(x.data(), d.as<float>(), len, w), vrxOk);
+    ASSERT_TRUE(vt::sameBitsAll(vt::vec(d.as<float>(), len), want)) << "w " << w << " len " << len;
+    ASSERT_TRUE(d.guardsIntact());
 }
 
 TEST(SumWindow, AgainstRecurrence) {
     vt::Rng rng(31);
-    for (int w : {1, 2, 7, 16, 100, 512, 513, 4000}) {
+    for (int w : {1, 2, 7, 16, 100, 512, 513, 4000})
         for (int len : {1, 2, 15, 16, 17, 33, 250}) {
             std::vector<Vrx8u> a(len + w);
             std::vector<Vrx16s> b(len + w);
-            for (auto& e : a) e = static_cast<Vrx8u>(rng.next());
-            for (auto& e : b) e = static_cast<Vrx16s>(rng.next());
-            vt::Buffer d(len * sizeof(float), 4);
-            ASSERT_EQ(vrxsSumWindow_8u32f(a.data(), d.as<float>(), len, w), vrxOk);
-            auto ra = sumWindowRef(a, len, w);
-            ASSERT_EQ(memcmp(d.data(), ra.data(), len * sizeof(float)), 0) << "8u w " << w << " len " << len;
-            ASSERT_EQ(vrxsSumWindow_16s32f(b.data(), d.as<float>(), len, w), vrxOk);
-            auto rb = sumWindowRef(b, len, w);
-            ASSERT_EQ(memcmp(d.data(), rb.data(), len * sizeof(float)), 0) << "16s w " << w << " len " << len;
-            ASSERT_TRUE(d.guardsIntact());
+            rng.fill(a.data(), a.size());
+            rng.fill(b.data(), b.size() * 2);
+            expectSumWindow(vrxsSumWindow_8u32f, a, len, w, 4, sumWindowRef(a, len, w));
+            expectSumWindow(vrxsSumWindow_16s32f, b, len, w, len % 16 * 4, sumWindowRef(b, len, w));
         }
-    }
-    // sums beyond 2^24 round, and the rounding carries on
+    // sums beyond 2^24 round, and the rounding carries on, the same under
+    // the caller's round-toward-zero, which is restored
     std::vector<Vrx16s> big(3000 + 1000, 32767);
+    long exact = 0;
     for (size_t i = 0; i < big.size(); i += 7) big[i] = -32768;
-    std::vector<float> d(3000);
-    ASSERT_EQ(vrxsSumWindow_16s32f(big.data(), d.data(), 3000, 1000), vrxOk);
-    auto r = sumWindowRef(big, 3000, 1000);
-    EXPECT_NE(d[2999], static_cast<float>(sumWindowExactInt(big, 2999, 1000)));
-    EXPECT_EQ(memcmp(d.data(), r.data(), d.size() * sizeof(float)), 0);
-    // the same bits under the caller's round-toward-zero, which is restored
+    for (int j = 0; j < 1000; ++j) exact += big[2999 + j];
+    const std::vector<float> want = sumWindowRef(big, 3000, 1000);
+    EXPECT_NE(want[2999], static_cast<float>(exact));
+    expectSumWindow(vrxsSumWindow_16s32f, big, 3000, 1000, 0, want);
     vt::MxcsrScope scope;
     _mm_setcsr((_mm_getcsr() & ~0x6000u) | vt::kRoundZero);
-    std::vector<float> z(3000);
-    ASSERT_EQ(vrxsSumWindow_16s32f(big.data(), z.data(), 3000, 1000), vrxOk);
+    expectSumWindow(vrxsSumWindow_16s32f, big, 3000, 1000, 4, want);
     EXPECT_EQ(_mm_getcsr() & 0x6000u, vt::kRoundZero);
-    EXPECT_EQ(memcmp(z.data(), r.data(), z.size() * sizeof(float)), 0);
 }
 
-// A window below one is its own status, tested after the length.
-TEST(SumWindow, WindowAfterLength) {
-    const Vrx16s x[] = {5, -3, 7};
-    float e[1] = {9};
-    EXPECT_EQ(vrxsSumWindow_16s32f(x, e, 1, 0), vrxErrMaskSize);
-    EXPECT_EQ(vrxsSumWindow_8u32f(reinterpret_cast<const Vrx8u*>(x), e, 0, 0), vrxErrBadLength);
-    EXPECT_EQ(e[0], 9.0f);
+// The zero-crossing selector and a window below one are their own statuses,
+// tested after the pointers and the length; nothing is written.
+TEST(Search, OwnChecksAfterPointersAndLength) {
+    const float x[] = {1, -1};
+    const Vrx16s y[] = {1, -1, 7};
+    float r = 42.0f;
+    const VrxStatus got[][2] = {
+        {vrxsZeroCrossing_32f(x, 0, &r, 9), vrxErrBadLength},   {vrxsZeroCrossing_32f(x, 2, &r, 3), vrxErrRange},
+        {vrxsZeroCrossing_32f(x, 2, &r, -1), vrxErrRange},      {vrxsZeroCrossing_16s32f(y, 2, &r, 3), vrxErrRange},
+        {vrxsZeroCrossing_16s32f(nullptr, 2, &r, 3), vrxErrNullPtr}, {vrxsSumWindow_16s32f(y, &r, 1, 0), vrxErrMaskSize},
+        {vrxsSumWindow_8u32f(reinterpret_cast<const Vrx8u*>(y), &r, 0, 0), vrxErrBadLength},
+    };
+    for (const auto& g : got) EXPECT_EQ(g[0], g[1]) << &g - got;
+    EXPECT_EQ(r, 42.0f);
 }
 
 }  // namespace
