@@ -253,84 +253,70 @@ TEST(WtBank, PerfectReconstruction) {
 }
 
 // ------------------------------------------------------------ typed forms
-// Typed sources: bit-identical to the 32f state on the converted data,
-// across the 1024-sample chunks, in random pieces.
-TEST(WtTyped, SourcesMatchFloatState) {
+// Each typed kind against the 32f kind of its direction, across the
+// 1024-sample chunks, in random pieces. Sources: bit-identical to the 32f
+// state on the converted data (taps up to the split buffer's shortest chunk,
+// 896, and the chunked float path beyond it). Results: the 32f result
+// converted by Convert_32f*_Sfs (nearest, 0), saturation on both sides; the
+// filter runs in the caller's mode (here toward zero, flushing), the
+// conversion does not, and the control word comes back as it was.
+TEST(WtTyped, MatchFloatKind) {
     vt::Rng rng(8);
-    for (int ki = 1; ki <= 3; ++ki) {
-        const Kind& k = kKinds[ki];
+    const std::vector<Cfg> fwdCfgs = {{1, -1, 5, 3}, {8, 0, 8, -1}, {33, 5, 16, 1}, {896, -1, 895, 2}, {900, 0, 3, 1},
+                                      {4, 0, 4, 0},  {9, -1, 9, -1}, {12, 3, 12, 3}},
+                           invCfgs = {{2, 0, 3, -1}, {9, 4, 1, 2}, {33, -1, 20, 5}};
+    for (const Kind& k : kKinds) {
+        if (k.sel == 13) continue;
+        const Kind& kf = kKinds[k.isInv ? 4 : 0];
         const size_t es = elemSize(k.sel);
-        // the split buffer's shortest chunk (896 taps) and the chunked float path beyond it
-        for (Cfg c : {Cfg{1, -1, 5, 3}, Cfg{8, 0, 8, -1}, Cfg{33, 5, 16, 1}, Cfg{896, -1, 895, 2}, Cfg{900, 0, 3, 1},
-                      Cfg{4, 0, 4, 0}, Cfg{9, -1, 9, -1}, Cfg{12, 3, 12, 3}}) {
+        for (const Cfg& c : k.isInv ? invCfgs : fwdCfgs) {
             SCOPED_TRACE(testing::Message() << k.name << " taps " << c.tl);
             const std::vector<float> hl = randomFloats(rng, c.tl), hh = randomFloats(rng, c.th);
-            const int n = 1500;
-            std::vector<uint8_t> raw(2 * n * es);
-            rng.fill(raw.data(), raw.size());
-            std::vector<float> xf(2 * n);
-            for (int i = 0; i < 2 * n; ++i) {
-                uint16_t u;
-                memcpy(&u, &raw[i * es], es == 1 ? 0 : 2);
-                xf[i] = es == 1 ? raw[i] : k.sel == 5 ? float(u) : float(int16_t(u));
-            }
-            StateBuf sf(kKinds[0], c.tl, c.ol, c.th, c.oh), st(k, c.tl, c.ol, c.th, c.oh);
-            ASSERT_EQ(kKinds[0].init(sf.p(), hl.data(), c.tl, c.ol, hh.data(), c.th, c.oh), vrxOk);
+            const int n = k.isInv ? 1300 : 1500;
+            StateBuf sf(kf, c.tl, c.ol, c.th, c.oh), st(k, c.tl, c.ol, c.th, c.oh);
+            ASSERT_EQ(kf.init(sf.p(), hl.data(), c.tl, c.ol, hh.data(), c.th, c.oh), vrxOk);
             ASSERT_EQ(k.init(st.p(), hl.data(), c.tl, c.ol, hh.data(), c.th, c.oh), vrxOk);
-            std::vector<float> l1(n), h1(n), l2(n), h2(n);
-            run32(kKinds[0], sf.p(), xf, xf, l1, h1, {n});
-            int at = 0;
-            for (int p : vt::randomPieces(rng, n, 700)) {
-                ASSERT_EQ(k.fwd(raw.data() + 2 * at * es, l2.data() + at, h2.data() + at, p, st.p()), vrxOk);
-                at += p;
+            std::vector<uint8_t> raw(2 * n * es), got(2 * n * es);
+            if (!k.isInv) {
+                rng.fill(raw.data(), raw.size());
+                std::vector<float> xf(2 * n), l1(n), h1(n), l2(n), h2(n);
+                for (int i = 0; i < 2 * n; ++i) {
+                    uint16_t u = 0;
+                    memcpy(&u, &raw[i * es], es == 1 ? 0 : 2);
+                    xf[i] = es == 1 ? raw[i] : k.sel == 5 ? float(u) : float(int16_t(u));
+                }
+                run32(kf, sf.p(), xf, xf, l1, h1, {n});
+                int at = 0;
+                for (int p : vt::randomPieces(rng, n, 700)) {
+                    ASSERT_EQ(k.fwd(raw.data() + 2 * at * es, l2.data() + at, h2.data() + at, p, st.p()), vrxOk);
+                    at += p;
+                }
+                EXPECT_TRUE(sameN(l1.data(), l2.data(), n) && sameN(h1.data(), h2.data(), n));
+            } else {
+                const std::vector<float> ul = randomFloats(rng, n, 40000.0), uh = randomFloats(rng, n, 40000.0);
+                vt::MxcsrScope mx;
+                const unsigned mode = 0x1F80 | vt::kRoundZero | vt::kFtz | vt::kDaz;
+                _mm_setcsr(mode);
+                std::vector<float> yf(2 * n);
+                run32(kf, sf.p(), ul, uh, yf, yf, {n});
+                _mm_setcsr(0x1F80);
+                auto* w = raw.data();
+                ASSERT_EQ(k.sel == 1   ? vrxsConvert_32f8u_Sfs(yf.data(), w, 2 * n, vrxRndNear, 0)
+                          : k.sel == 5 ? vrxsConvert_32f16u_Sfs(yf.data(), reinterpret_cast<Vrx16u*>(w), 2 * n, vrxRndNear, 0)
+                                       : vrxsConvert_32f16s_Sfs(yf.data(), reinterpret_cast<Vrx16s*>(w), 2 * n, vrxRndNear, 0),
+                          vrxOk);
+                _mm_setcsr(mode);
+                int at = 0;
+                for (int p : vt::randomPieces(rng, n, 700)) {
+                    ASSERT_EQ(k.inv(ul.data() + at, uh.data() + at, p, got.data() + 2 * at * es, st.p()), vrxOk);
+                    at += p;
+                }
+                EXPECT_EQ(_mm_getcsr() & ~0x3Fu, mode & ~0x3Fu);
+                EXPECT_EQ(memcmp(raw.data(), got.data(), raw.size()), 0);
+                size_t lowSat = 0, highSat = 0;
+                for (float v : yf) lowSat += v < (k.sel == 7 ? -32768.0f : 0.0f), highSat += v > (k.sel == 1 ? 255.0f : 32767.0f);
+                EXPECT_TRUE(lowSat > 0 && highSat > 0);
             }
-            EXPECT_TRUE(sameN(l1.data(), l2.data(), n) && sameN(h1.data(), h2.data(), n));
-            EXPECT_TRUE(st.buf.guardsIntact());
-        }
-    }
-}
-
-// Typed results: the 32f result converted by Convert_32f*_Sfs (nearest, 0),
-// saturation included, across the chunk edge. The filter runs in the
-// caller's mode (here toward zero, flushing), the conversion does not, and
-// the control word comes back as it was.
-TEST(WtTyped, ResultsAreConvertedFloatResult) {
-    vt::Rng rng(9);
-    for (int ki = 5; ki <= 7; ++ki) {
-        const Kind& k = kKinds[ki];
-        for (Cfg c : {Cfg{2, 0, 3, -1}, Cfg{9, 4, 1, 2}, Cfg{33, -1, 20, 5}}) {
-            SCOPED_TRACE(testing::Message() << k.name << " taps " << c.tl);
-            const std::vector<float> hl = randomFloats(rng, c.tl), hh = randomFloats(rng, c.th);
-            const int n = 1300;
-            const std::vector<float> ul = randomFloats(rng, n, 40000.0), uh = randomFloats(rng, n, 40000.0);
-            StateBuf sf(kKinds[4], c.tl, c.ol, c.th, c.oh), st(k, c.tl, c.ol, c.th, c.oh);
-            ASSERT_EQ(kKinds[4].init(sf.p(), hl.data(), c.tl, c.ol, hh.data(), c.th, c.oh), vrxOk);
-            ASSERT_EQ(k.init(st.p(), hl.data(), c.tl, c.ol, hh.data(), c.th, c.oh), vrxOk);
-            vt::MxcsrScope mx;
-            const unsigned mode = 0x1F80 | vt::kRoundZero | vt::kFtz | vt::kDaz;
-            _mm_setcsr(mode);
-            std::vector<float> yf(2 * n);
-            run32(kKinds[4], sf.p(), ul, uh, yf, yf, {n});
-            const size_t es = elemSize(k.sel);
-            std::vector<uint8_t> want(2 * n * es), got(2 * n * es);
-            _mm_setcsr(0x1F80);
-            auto* w = want.data();
-            ASSERT_EQ(k.sel == 1   ? vrxsConvert_32f8u_Sfs(yf.data(), w, 2 * n, vrxRndNear, 0)
-                      : k.sel == 5 ? vrxsConvert_32f16u_Sfs(yf.data(), reinterpret_cast<Vrx16u*>(w), 2 * n, vrxRndNear, 0)
-                                   : vrxsConvert_32f16s_Sfs(yf.data(), reinterpret_cast<Vrx16s*>(w), 2 * n, vrxRndNear, 0),
-                      vrxOk);
-            _mm_setcsr(mode);
-            int at = 0;
-            for (int p : vt::randomPieces(rng, n, 700)) {
-                ASSERT_EQ(k.inv(ul.data() + at, uh.data() + at, p, got.data() + 2 * at * es, st.p()), vrxOk);
-                at += p;
-            }
-            EXPECT_EQ(_mm_getcsr() & ~0x3Fu, mode & ~0x3Fu);
-            EXPECT_EQ(memcmp(want.data(), got.data(), want.size()), 0);
-            // saturation is reached on both sides
-            size_t lowSat = 0, highSat = 0;
-            for (float v : yf) lowSat += v < (k.sel == 7 ? -32768.0f : 0.0f), highSat += v > (k.sel == 1 ? 255.0f : 32767.0f);
-            EXPECT_TRUE(lowSat > 0 && highSat > 0);
             EXPECT_TRUE(st.buf.guardsIntact());
         }
     }
