@@ -218,27 +218,13 @@ template <class T> std::unique_ptr<Plan> makePlan(K k, int N, int flag, size_t m
 
 // ------------------------------------------------------------ reference
 
-// The DFT in long double for any length: naive with a (j*k mod N) twiddle
-// table up to 4096, chirp-z over a radix-2 FFT above. inverse: unscaled.
+// The DFT in long double for any length: the shared reference up to 256
+// points and for powers of two, chirp-z over its radix-2 FFT otherwise.
+// inverse: unscaled.
 inline std::vector<CLD> refAny(const std::vector<CLD>& x, bool inverse) {
     const size_t n = x.size();
+    if (n <= 256 || (n & (n - 1)) == 0) return ft::refDft(x, inverse);
     const LD twoPi = 6.283185307179586476925286766559005768L, sg = inverse ? 1 : -1;
-    if ((n & (n - 1)) == 0) return ft::refDft(x, inverse);
-    if (n <= 4096) {
-        std::vector<CLD> tw(n), y(n);
-        for (size_t q = 0; q < n; ++q) tw[q] = CLD(cosl(twoPi * q / n), sg * sinl(twoPi * q / n));
-        for (size_t k = 0; k < n; ++k) {
-            CLD acc = 0;
-            size_t q = 0;
-            for (size_t j = 0; j < n; ++j) {
-                acc += x[j] * tw[q];
-                q += k;
-                if (q >= n) q -= n;
-            }
-            y[k] = acc;
-        }
-        return y;
-    }
     size_t M = 1;
     while (M < 2 * n - 1) M *= 2;
     std::vector<CLD> w(n), a(M), b(M);
