@@ -84,47 +84,42 @@ std::vector<float> randomFloats(vt::Rng& r, size_t n, double scale = 1.0) {
 
 // ------------------------------------------------------ the references
 struct Ref {
-    long double v;
-    long double mag;  // sum of |terms|
+    long double v = 0, mag = 0;  // the value and the sum of |terms|
 };
 
-// y[n] = sum_k h[k] x[2n - o - k] (o = -1: x[2n + 1 - k]); x[-D..-1] = history.
-std::vector<Ref> refFwd(const std::vector<float>& h, int o, const std::vector<float>& hist,
-                        const std::vector<float>& x) {
-    const int D = static_cast<int>(hist.size()), n = static_cast<int>(x.size() / 2);
-    auto X = [&](int i) -> long double { return i >= 0 ? x[i] : (i >= -D ? hist[D + i] : 0.0L); };
-    std::vector<Ref> y(n);
-    for (int m = 0; m < n; ++m) {
-        const int top = o == -1 ? 2 * m + 1 : 2 * m - o;
-        for (size_t k = 0; k < h.size(); ++k) {
-            long double t = static_cast<long double>(h[k]) * X(top - static_cast<int>(k));
-            y[m].v += t;
-            y[m].mag += fabsl(t);
-        }
+// r += sum_k g[k] s(at - k).
+template <class S> void fir(Ref& r, const std::vector<float>& g, int at, S s) {
+    for (size_t k = 0; k < g.size(); ++k) {
+        const long double t = static_cast<long double>(g[k]) * s(at - static_cast<int>(k));
+        r.v += t;
+        r.mag += fabsl(t);
     }
+}
+
+// x after its history x[-D..-1], zero before.
+auto withHistory(const std::vector<float>& x, const std::vector<float>& hist) {
+    return [&x, &hist](int i) -> long double {
+        const int D = static_cast<int>(hist.size());
+        return i >= 0 ? x[i] : (i >= -D ? hist[D + i] : 0.0L);
+    };
+}
+
+// y[n] = sum_k h[k] x[2n - o - k] (o = -1: x[2n + 1 - k]).
+std::vector<Ref> refFwd(const std::vector<float>& h, int o, const std::vector<float>& hist, const std::vector<float>& x) {
+    std::vector<Ref> y(x.size() / 2);
+    for (int m = 0; m < static_cast<int>(y.size()); ++m) fir(y[m], h, o == -1 ? 2 * m + 1 : 2 * m - o, withHistory(x, hist));
     return y;
 }
 
-// One inverse band: band delayed by o/2 after the history u[-D..-1];
-// even outputs from even taps, odd from odd; offset -1: one sample later.
+// One inverse band added to out: the band delayed by o/2 samples and
+// upsampled, up(v)[2i] = v[i]; even outputs from even taps, odd from odd;
+// offset -1: one sample later.
 void refInvBand(const std::vector<float>& g, int o, const std::vector<float>& hist, const std::vector<float>& u,
                 std::vector<Ref>& out) {
-    const int D = static_cast<int>(hist.size()), n = static_cast<int>(u.size());
-    const int gd = o > 0 ? o / 2 : 0, p = o == -1 ? 1 : 0;
-    auto V = [&](int i) -> long double {
-        i -= gd;
-        return i >= 0 ? u[i] : (i >= -D ? hist[D + i] : 0.0L);
-    };
-    for (int m = 0; m < 2 * n; ++m) {
-        // output m = sum_k g[k] up(v)[m - k - p], up(v)[2i] = v[i]
-        for (size_t k = 0; k < g.size(); ++k) {
-            const int idx = m - static_cast<int>(k) - p;
-            if (idx < -2 * (D + 4) || (idx & 1)) continue;
-            long double t = static_cast<long double>(g[k]) * V(idx / 2);
-            out[m].v += t;
-            out[m].mag += fabsl(t);
-        }
-    }
+    const auto U = withHistory(u, hist);
+    const int gd = o > 0 ? o / 2 : 0;
+    for (int m = 0; m < static_cast<int>(out.size()); ++m)
+        fir(out[m], g, m - (o == -1), [&](int i) { return (i & 1) ? 0.0L : U(i / 2 - gd); });
 }
 
 // One config: taps and offsets of both bands.
