@@ -103,9 +103,7 @@ LD runR(Plan& pl, Form f, bool inv, bool inPlace, size_t mis, const std::vector<
                          : (f == Form::CCS ? A::fwdCCS : f == Form::Pack ? A::fwdPack : A::fwdPerm);
     EXPECT_EQ(run(s, d, reinterpret_cast<const typename A::PR*>(pl.p()), pl.w()), vrxOk);
     EXPECT_TRUE(src.guardsIntact() && dst.guardsIntact() && (!pl.work || pl.work->guardsIntact()));
-    LD num = 0, den = 0;
-    for (size_t i = 0; i < no; ++i) num += (d[i] - want[i]) * (d[i] - want[i]), den += want[i] * want[i];
-    return den == 0 ? sqrtl(num) : sqrtl(num / den);
+    return ft::relRmsReal(d, want);
 }
 
 // Complex kinds in both directions and placements, real kinds in every

@@ -68,16 +68,6 @@ template <class T> std::vector<T> packRef(const std::vector<CLD>& X, int order, 
     return p;
 }
 
-template <class T> LD relRmsReal(const T* y, const std::vector<T>& ref) {
-    LD num = 0, den = 0;
-    for (size_t i = 0; i < ref.size(); ++i) {
-        LD d = static_cast<LD>(y[i]) - ref[i];
-        num += d * d;
-        den += static_cast<LD>(ref[i]) * ref[i];
-    }
-    return den == 0 ? sqrtl(num) : sqrtl(num / den);
-}
-
 template <class T> void realAccuracy(int minOrder, int maxOrder) {
     using A = Api<T>;
     for (int order = minOrder; order <= maxOrder; ++order) {

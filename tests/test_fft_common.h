@@ -32,6 +32,17 @@ inline LD relRms(const std::vector<CLD>& y, const std::vector<CLD>& ref) {
     return den == 0 ? sqrtl(num) : sqrtl(num / den);
 }
 
+// The relative RMS distance of y[i] / div from ref[i], real values.
+template <class Y, class R> LD relRmsReal(const Y* y, const std::vector<R>& ref, LD div = 1) {
+    LD num = 0, den = 0;
+    for (size_t i = 0; i < ref.size(); ++i) {
+        const LD d = static_cast<LD>(y[i]) / div - static_cast<LD>(ref[i]);
+        num += d * d;
+        den += static_cast<LD>(ref[i]) * static_cast<LD>(ref[i]);
+    }
+    return den == 0 ? sqrtl(num) : sqrtl(num / den);
+}
+
 // The accuracy bound: 2e-7 log2 N single, 4e-16 log2 N double (order 0
 // counts as 1).
 template <class T> LD bound(int order) {

@@ -18,17 +18,6 @@ template <class T> CLD packedAt(Form f, const T* p, size_t n, size_t k) {
     return f == kPack ? CLD(p[2 * k - 1], p[2 * k]) : CLD(p[2 * k], p[2 * k + 1]);
 }
 
-// Relative RMS distance of r/div from x.
-template <class T> LD relErr(const T* r, const T* x, size_t n, LD div) {
-    LD num = 0, den = 0;
-    for (size_t i = 0; i < n; ++i) {
-        const LD e = LD(r[i]) / div - LD(x[i]);
-        num += e * e;
-        den += LD(x[i]) * LD(x[i]);
-    }
-    return sqrtl(num / den);
-}
-
 // Forward then inverse restores the input (times N when no direction
 // scales) for each flag, form and placement; all forms and placements carry
 // the same spectrum bits; sources and guards stay untouched. A constant
@@ -66,7 +55,7 @@ template <class T> void roundTrips(std::initializer_list<int> orders) {
                         EXPECT_TRUE(std::equal(keep.begin(), keep.end(), freq.as<T>()) && std::equal(x.begin(), x.end(), src.as<T>()));
                     }
                     const T* r = inPlace ? freq.as<T>() : out.as<T>();
-                    EXPECT_LT(relErr(r, x.data(), n, flag == vrxFftScaleNone ? LD(n) : 1), 2 * bound<T>(order))
+                    EXPECT_LT(relRmsReal(r, x, flag == vrxFftScaleNone ? LD(n) : 1), 2 * bound<T>(order))
                         << order << " " << flag << " " << f << " " << inPlace;
                     EXPECT_TRUE(src.guardsIntact() && freq.guardsIntact() && out.guardsIntact() && m.spec->guardsIntact() && (!m.work || m.work->guardsIntact()));
                 }
@@ -100,7 +89,7 @@ TEST(FftRealAccuracy, SingleTonesAtOrder22) {
     for (auto& t : tones) ref[t.f] = LD(n) / 2 * t.a * CLD(cosl(t.ph), sinl(t.ph));
     EXPECT_LT(relRms(y, ref), bound<float>(order));
     ASSERT_EQ(vrxsFFTInv_CCSToR_32f(d.data(), r.data(), p, m.workPtr()), vrxOk);
-    EXPECT_LT(relErr(r.data(), s.data(), n, LD(n)), 2 * bound<float>(order));
+    EXPECT_LT(relRmsReal(r.data(), s, LD(n)), 2 * bound<float>(order));
     EXPECT_TRUE(m.spec->guardsIntact() && m.init->guardsIntact());
 }
 
