@@ -58,57 +58,58 @@ template <class T> class DctTest : public ::testing::Test {};
 using Widths = ::testing::Types<float, double>;
 TYPED_TEST_SUITE(DctTest, Widths);
 
-std::vector<int> sizeLengths() {
-    std::vector<int> v;
-    for (int n = 1; n <= 1100; ++n) v.push_back(n);
-    for (int n : {4096, 10007, 65535, 65536, 1 << 20, 1000003, 16777215, 16777216, 33554431, 67108864})
-        v.push_back(n);
-    return v;
-}
-
+// Every length to 1100 and the path edges: the rules' figures, the inverse
+// the same as the forward.
 TYPED_TEST(DctTest, SizesFollowTheRulesAndInvMatchesFwd) {
     using T = TypeParam;
     using A = Api<T>;
-    for (int n : sizeLengths()) {
+    std::vector<int> lens = {4096, 10007, 65535, 65536, 1 << 20, 1000003, 16777215, 16777216, 33554431, 67108864};
+    for (int n = 1; n <= 1100; ++n) lens.push_back(n);
+    for (int n : lens) {
         if (pathOf<T>(n, false) == Path::Bad) continue;
-        int s, i, w, es = 0, ei = 0, ew = 0, is, ii, iw;
-        expectedSizes<T>(n, es, ei, ew);
-        ASSERT_EQ(A::fwdSize(n, &s, &i, &w), vrxOk) << n;
-        ASSERT_EQ(A::invSize(n, &is, &ii, &iw), vrxOk) << n;
-        EXPECT_EQ(s, es) << n;
-        EXPECT_EQ(i, ei) << n;
-        EXPECT_EQ(w, ew) << n;
-        EXPECT_EQ(is, s) << n;
-        EXPECT_EQ(ii, i) << n;
-        EXPECT_EQ(iw, w) << n;
+        int e[3] = {}, f[3], i[3];
+        expectedSizes<T>(n, e[0], e[1], e[2]);
+        ASSERT_EQ(A::fwdSize(n, &f[0], &f[1], &f[2]), vrxOk) << n;
+        ASSERT_EQ(A::invSize(n, &i[0], &i[1], &i[2]), vrxOk) << n;
+        for (int k = 0; k < 3; ++k) EXPECT_TRUE(f[k] == e[k] && i[k] == e[k]) << n << " figure " << k << ": " << f[k] << " " << i[k];
     }
 }
 
-// The chirp path ends earlier in the size query than in Init: a length
-// between the two limits is -6 for the query, while Init accepts it (and
-// so reaches its pointer checks).
-TYPED_TEST(DctTest, LimitsOfQueryAndInit) {
+// The length first (-6), where the size query's chirp limit ends below
+// Init's; then ppPlan and pSpecMem; then a needed init buffer (-8). A
+// failure writes nothing.
+TYPED_TEST(DctTest, StatusOrderAndLimits) {
     using T = TypeParam;
     using A = Api<T>;
-    int s = 7, i = 7, w = 7;
-    const int between = A::kConvSize + 2;  // odd, not a power of two
-    EXPECT_EQ(A::fwdSize(A::kConvSize, &s, &i, &w), vrxOk);
-    s = i = w = 7;
-    EXPECT_EQ(A::fwdSize(between, &s, &i, &w), vrxErrBadLength);
-    EXPECT_EQ(A::invSize(between, &s, &i, &w), vrxErrBadLength);
-    EXPECT_EQ(A::fwdInit(nullptr, between, nullptr, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(A::invInit(nullptr, A::kConvInit, nullptr, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(A::fwdInit(nullptr, A::kConvInit + 2, nullptr, nullptr), vrxErrBadLength);
-    // powers of two above the FFT path
-    const int big = (A::kFftMax >> 1) + 1;
-    EXPECT_EQ(A::fwdInit(nullptr, big, nullptr, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(A::fwdSize(big * 2, &s, &i, &w), vrxErrBadLength);
-    EXPECT_EQ(A::fwdInit(nullptr, big * 2, nullptr, nullptr), vrxErrBadLength);
-    for (int bad : {0, -1, INT32_MIN}) {
-        EXPECT_EQ(A::fwdSize(bad, &s, &i, &w), vrxErrBadLength);
-        EXPECT_EQ(A::invInit(nullptr, bad, nullptr, nullptr), vrxErrBadLength);
+    const int between = A::kConvSize + 2, big = (A::kFftMax >> 1) + 1;  // odd; a power of two
+    const struct { int n; VrxStatus size, init; } rows[] = {
+        {A::kConvSize, vrxOk, vrxErrNullPtr},          {between, vrxErrBadLength, vrxErrNullPtr},
+        {A::kConvInit, vrxErrBadLength, vrxErrNullPtr}, {A::kConvInit + 2, vrxErrBadLength, vrxErrBadLength},
+        {big, vrxOk, vrxErrNullPtr},                    {2 * big, vrxErrBadLength, vrxErrBadLength},
+        {0, vrxErrBadLength, vrxErrBadLength},          {-1, vrxErrBadLength, vrxErrBadLength},
+        {INT32_MIN, vrxErrBadLength, vrxErrBadLength}};
+    for (const auto& r : rows) {
+        int s = 7, i = 7, w = 7;
+        EXPECT_EQ(A::fwdSize(r.n, &s, &i, &w), r.size) << r.n;
+        EXPECT_TRUE(r.size == vrxOk || (s == 7 && i == 7 && w == 7)) << r.n;
+        EXPECT_EQ(A::invSize(r.n, &s, &i, &w), r.size) << r.n;
+        EXPECT_EQ(A::fwdInit(nullptr, r.n, nullptr, nullptr), r.init) << r.n;
+        EXPECT_EQ(A::invInit(nullptr, r.n, nullptr, nullptr), r.init) << r.n;
     }
-    EXPECT_TRUE(s == 7 && i == 7 && w == 7);
+    int s, i, w;
+    ASSERT_EQ(A::fwdSize(8, &s, &i, &w), vrxOk);
+    EXPECT_EQ(i, 0);  // a kernel plan needs no init buffer
+    const int n = 2048;  // FFT path with an init buffer
+    ASSERT_EQ(A::fwdSize(n, &s, &i, &w), vrxOk);
+    ASSERT_GT(i, 0);
+    vt::Buffer spec(s);
+    typename A::Fwd* const unset = reinterpret_cast<typename A::Fwd*>(&s);
+    typename A::Fwd* f = unset;
+    EXPECT_EQ(A::fwdInit(nullptr, n, spec.data(), nullptr), vrxErrNullPtr);
+    EXPECT_EQ(A::fwdInit(&f, n, nullptr, nullptr), vrxErrNullPtr);
+    EXPECT_EQ(A::fwdInit(&f, n, spec.data(), nullptr), vrxErrNullPtr);
+    EXPECT_EQ(f, unset);
+    for (size_t b = 0; b < spec.size(); ++b) ASSERT_EQ(spec.data()[b], vt::Buffer::kFill) << b;
 }
 
 // Relative RMS bound: 2e-7 (single) or 4e-16 (double) times log2 of the
@@ -121,18 +122,16 @@ template <class T> LD bound(int n) {
     return (sizeof(T) == 4 ? 2e-7L : 4e-16L) * lg * 2;
 }
 
-std::vector<int> accuracyLengths() {
-    std::vector<int> v;
-    for (int n = 1; n <= 200; ++n) v.push_back(n);
-    v.push_back(1024);
-    v.push_back(10007);
-    return v;
-}
-
+// Every path against the definition in both directions and round trip,
+// misaligned; the in-place forms give the out-of-place bits; the caller's
+// rounding mode and flush settings come back unchanged.
 TYPED_TEST(DctTest, EveryPathMeetsTheDefinition) {
     using T = TypeParam;
     using A = Api<T>;
-    for (int n : accuracyLengths()) {
+    std::vector<int> lens = {1001, 1024, 10007};
+    for (int n = 1; n <= 200; ++n) lens.push_back(n);
+    const unsigned modes[] = {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero | vt::kFtz};
+    for (int n : lens) {
         Plans<T> p(n, static_cast<size_t>(n * 4) % 64);
         ASSERT_EQ(p.status, vrxOk) << n;
         vt::Buffer sb(sizeof(T) * n, 4), db(sizeof(T) * n, 8 % 64), rb(sizeof(T) * n, 12);
@@ -140,8 +139,18 @@ TYPED_TEST(DctTest, EveryPathMeetsTheDefinition) {
         memcpy(sb.data(), x.data(), sizeof(T) * n);
         T* y = db.as<T>();
         T* r = rb.as<T>();
-        ASSERT_EQ(A::fwd(sb.as<T>(), y, p.f, p.fbuf()), vrxOk) << n;
-        ASSERT_EQ(A::inv(y, r, p.i, p.ibuf()), vrxOk) << n;
+        std::vector<T> yi(x), ri;
+        {
+            vt::MxcsrScope scope;
+            const unsigned mode = 0x1F80 | modes[n % 4];
+            _mm_setcsr(mode);
+            ASSERT_EQ(A::fwd(sb.as<T>(), y, p.f, p.fbuf()), vrxOk) << n;
+            ASSERT_EQ(A::inv(y, r, p.i, p.ibuf()), vrxOk) << n;
+            ASSERT_EQ(A::fwdI(yi.data(), p.f, p.fbuf()), vrxOk) << n;
+            ri = yi;
+            ASSERT_EQ(A::invI(ri.data(), p.i, p.ibuf()), vrxOk) << n;
+            EXPECT_EQ(_mm_getcsr() & ~0x3Fu, mode) << n;
+        }
         const std::vector<LD> yr = dt::refDct(x, false);
         const std::vector<T> yv(y, y + n);
         const std::vector<LD> xr = dt::refDct(yv, true);
@@ -149,6 +158,7 @@ TYPED_TEST(DctTest, EveryPathMeetsTheDefinition) {
         EXPECT_LE(dt::relRms(y, yr), bound<T>(n)) << "forward " << n;
         EXPECT_LE(dt::relRms(r, xr), bound<T>(n)) << "inverse " << n;
         EXPECT_LE(dt::relRms(r, xl), 2 * bound<T>(n)) << "round trip " << n;
+        EXPECT_TRUE(memcmp(yi.data(), y, sizeof(T) * n) == 0 && memcmp(ri.data(), r, sizeof(T) * n) == 0) << "in place " << n;
         EXPECT_TRUE(p.intact() && sb.guardsIntact() && db.guardsIntact() && rb.guardsIntact()) << n;
         EXPECT_EQ(0, memcmp(sb.data(), x.data(), sizeof(T) * n)) << "source written " << n;
     }
@@ -157,73 +167,24 @@ TYPED_TEST(DctTest, EveryPathMeetsTheDefinition) {
 // N = 1 is the identity, N = 2 the scaled sum and difference, exactly.
 TYPED_TEST(DctTest, EdgeValues) {
     using T = TypeParam;
-    using A = Api<T>;
-    {
-        Plans<T> p(1);
-        T x = T(-3.25), y = 0;
-        ASSERT_EQ(A::fwd(&x, &y, p.f, nullptr), vrxOk);
-        EXPECT_EQ(y, x);
-    }
-    {
-        Plans<T> p(2);
-        T x[2] = {T(1.5), T(-0.5)}, y[2];
-        ASSERT_EQ(A::fwd(x, y, p.f, nullptr), vrxOk);
-        EXPECT_EQ(y[0], T(1.0) * T(0.70710678118654752440));
-        EXPECT_EQ(y[1], T(2.0) * T(0.70710678118654752440));
-    }
+    Plans<T> p1(1), p2(2);
+    const T x[2] = {T(1.5), T(-0.5)}, r = T(0.70710678118654752440);
+    T y1 = 0, y2[2];
+    ASSERT_EQ(Api<T>::fwd(x, &y1, p1.f, nullptr), vrxOk);
+    ASSERT_EQ(Api<T>::fwd(x, y2, p2.f, nullptr), vrxOk);
+    EXPECT_TRUE(y1 == x[0] && y2[0] == T(1.0) * r && y2[1] == T(2.0) * r);
 }
 
-// In place gives the bits of out of place, on every path.
-TYPED_TEST(DctTest, InPlaceFormsMatch) {
+// Transforms: plan, source, destination -8, then the plan's kind -17 (a
+// forward plan given to the inverse and back), then a needed work buffer
+// -8; the kernel plans (up to 8) need none. Nothing written on failure.
+TYPED_TEST(DctTest, TransformStatusOrder) {
     using T = TypeParam;
     using A = Api<T>;
-    for (int n : {1, 2, 4, 8, 16, 64, 3, 35, 45, 46, 47, 100, 1024, 1001}) {
-        Plans<T> p(n, 16);
-        const std::vector<T> x = dt::randomVec<T>(n, 77 + n);
-        std::vector<T> y(n), z(x), r(n), q;
-        ASSERT_EQ(A::fwd(x.data(), y.data(), p.f, p.fbuf()), vrxOk);
-        ASSERT_EQ(A::fwdI(z.data(), p.f, p.fbuf()), vrxOk);
-        EXPECT_EQ(0, memcmp(y.data(), z.data(), sizeof(T) * n)) << n;
-        q = y;
-        ASSERT_EQ(A::inv(y.data(), r.data(), p.i, p.ibuf()), vrxOk);
-        ASSERT_EQ(A::invI(q.data(), p.i, p.ibuf()), vrxOk);
-        EXPECT_EQ(0, memcmp(r.data(), q.data(), sizeof(T) * n)) << n;
-    }
-}
-
-// Statuses in their order, and nothing written on failure.
-TYPED_TEST(DctTest, StatusOrderAndNothingWritten) {
-    using T = TypeParam;
-    using A = Api<T>;
-    int s = 5, i = 5, w = 5;
-    EXPECT_EQ(A::fwdSize(0, nullptr, &i, &w), vrxErrNullPtr);
-    EXPECT_EQ(A::fwdSize(0, &s, &i, &w), vrxErrBadLength);
-    EXPECT_TRUE(s == 5 && i == 5 && w == 5);
-
-    // Init: length first, then ppPlan and pSpecMem, then a needed init buffer
-    const int n = 2048;  // FFT path with an init buffer
-    ASSERT_EQ(A::fwdSize(n, &s, &i, &w), vrxOk);
-    ASSERT_GT(i, 0);
-    vt::Buffer spec(s);
-    std::vector<uint8_t> before(spec.data(), spec.data() + s);
-    typename A::Fwd* f = reinterpret_cast<typename A::Fwd*>(&s);
-    EXPECT_EQ(A::fwdInit(nullptr, 0, nullptr, nullptr), vrxErrBadLength);
-    EXPECT_EQ(A::fwdInit(nullptr, n, spec.data(), nullptr), vrxErrNullPtr);
-    EXPECT_EQ(A::fwdInit(&f, n, nullptr, nullptr), vrxErrNullPtr);
-    EXPECT_EQ(A::fwdInit(&f, n, spec.data(), nullptr), vrxErrNullPtr);
-    EXPECT_EQ(f, reinterpret_cast<typename A::Fwd*>(&s));
-    EXPECT_EQ(0, memcmp(before.data(), spec.data(), s));
-    // a kernel plan needs no init buffer
-    Plans<T> k8(8);
-    ASSERT_EQ(A::fwdSize(8, &s, &i, &w), vrxOk);
-    EXPECT_EQ(i, 0);
-
-    // Transform: plan, source, destination -8, then the plan's kind -17,
-    // then the work buffer -8
     for (int len : {8, 16, 35, 47}) {
         Plans<T> p(len);
         ASSERT_EQ(p.status, vrxOk);
-        std::vector<T> x = dt::randomVec<T>(len, 5), y(len, T(9));
+        std::vector<T> x = dt::randomVec<T>(len, 5), y(len, T(9)), z(len);
         const std::vector<T> y0 = y;
         const auto* wrongF = reinterpret_cast<const typename A::Fwd*>(p.i);
         const auto* wrongI = reinterpret_cast<const typename A::Inv*>(p.f);
@@ -231,32 +192,10 @@ TYPED_TEST(DctTest, StatusOrderAndNothingWritten) {
         EXPECT_EQ(A::fwd(x.data(), y.data(), wrongF, nullptr), vrxErrBadSpec);
         EXPECT_EQ(A::inv(x.data(), y.data(), wrongI, nullptr), vrxErrBadSpec);
         EXPECT_EQ(A::fwdI(y.data(), wrongF, p.fbuf()), vrxErrBadSpec);
-        if (len > 8) {
-            EXPECT_EQ(A::fwd(x.data(), y.data(), p.f, nullptr), vrxErrNullPtr);
-            EXPECT_EQ(A::inv(x.data(), y.data(), p.i, nullptr), vrxErrNullPtr);
-            EXPECT_EQ(A::invI(y.data(), p.i, nullptr), vrxErrNullPtr);
-        } else {
-            EXPECT_EQ(A::fwd(x.data(), y.data(), p.f, nullptr), vrxOk);
-            y = y0;
-        }
+        const VrxStatus noBuf = len > 8 ? vrxErrNullPtr : vrxOk;
+        EXPECT_EQ(A::invI(len > 8 ? y.data() : z.data(), p.i, nullptr), noBuf);
+        EXPECT_EQ(A::fwd(x.data(), len > 8 ? y.data() : z.data(), p.f, nullptr), noBuf);
         EXPECT_EQ(y, y0) << len;
-    }
-}
-
-// A caller's rounding mode and flush settings come back unchanged.
-TYPED_TEST(DctTest, ControlWordUntouched) {
-    using T = TypeParam;
-    using A = Api<T>;
-    for (unsigned mode : {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero | vt::kFtz}) {
-        for (int n : {8, 64, 30, 100}) {
-            Plans<T> p(n);
-            std::vector<T> x = dt::randomVec<T>(n, 9), y(n);
-            vt::MxcsrScope scope;
-            _mm_setcsr(0x1F80 | mode);
-            ASSERT_EQ(A::fwd(x.data(), y.data(), p.f, p.fbuf()), vrxOk);
-            ASSERT_EQ(A::inv(y.data(), x.data(), p.i, p.ibuf()), vrxOk);
-            EXPECT_EQ(_mm_getcsr() & ~0x3Fu, 0x1F80u | mode) << n;
-        }
     }
 }
 

@@ -106,14 +106,9 @@ inline int convLen(int n) {
     return static_cast<int>(m);
 }
 
-template <class T> VrxStatus fftSizes(K k, int order, int flag, int* s, int* i, int* w);
-template <> inline VrxStatus fftSizes<float>(K k, int o, int f, int* s, int* i, int* w) {
-    return k == K::C ? vrxsFFTGetSize_C_32fc(o, f, 0, s, i, w) : k == K::S ? vrxsFFTGetSize_C_32f(o, f, 0, s, i, w)
-                                                                         : vrxsFFTGetSize_R_32f(o, f, 0, s, i, w);
-}
-template <> inline VrxStatus fftSizes<double>(K k, int o, int f, int* s, int* i, int* w) {
-    return k == K::C ? vrxsFFTGetSize_C_64fc(o, f, 0, s, i, w) : k == K::S ? vrxsFFTGetSize_C_64f(o, f, 0, s, i, w)
-                                                                         : vrxsFFTGetSize_R_64f(o, f, 0, s, i, w);
+template <class T> VrxStatus fftSizes(K k, int o, int f, int* s, int* i, int* w) {
+    using A = ft::Api<T>;
+    return (k == K::C ? A::kc().getSize : k == K::S ? A::ks().getSize : A::kr().getSize)(o, f, 0, s, i, w);
 }
 
 template <class T> Expect expected(K k, int N, int flag) {
@@ -178,30 +173,19 @@ template <class T> Expect expected(K k, int N, int flag) {
 
 // ------------------------------------------------------------ API by width
 
-template <class T> struct Api;
-template <> struct Api<float> {
-    using C = Vrx32fc;
-    static constexpr auto sizeC = vrxsDFTGetSize_C_32fc, sizeS = vrxsDFTGetSize_C_32f, sizeR = vrxsDFTGetSize_R_32f;
-    static constexpr auto initC = vrxsDFTInit_C_32fc, initS = vrxsDFTInit_C_32f, initR = vrxsDFTInit_R_32f;
-    static constexpr auto fwdC = vrxsDFTFwd_CToC_32fc, invC = vrxsDFTInv_CToC_32fc;
-    static constexpr auto fwdS = vrxsDFTFwd_CToC_32f, invS = vrxsDFTInv_CToC_32f;
-    static constexpr auto fwdCCS = vrxsDFTFwd_RToCCS_32f, fwdPack = vrxsDFTFwd_RToPack_32f, fwdPerm = vrxsDFTFwd_RToPerm_32f;
-    static constexpr auto invCCS = vrxsDFTInv_CCSToR_32f, invPack = vrxsDFTInv_PackToR_32f, invPerm = vrxsDFTInv_PermToR_32f;
-    using PC = VrxsDftPlan_C_32fc;
-    using PS = VrxsDftPlan_C_32f;
-    using PR = VrxsDftPlan_R_32f;
-};
-template <> struct Api<double> {
-    using C = Vrx64fc;
-    static constexpr auto sizeC = vrxsDFTGetSize_C_64fc, sizeS = vrxsDFTGetSize_C_64f, sizeR = vrxsDFTGetSize_R_64f;
-    static constexpr auto initC = vrxsDFTInit_C_64fc, initS = vrxsDFTInit_C_64f, initR = vrxsDFTInit_R_64f;
-    static constexpr auto fwdC = vrxsDFTFwd_CToC_64fc, invC = vrxsDFTInv_CToC_64fc;
-    static constexpr auto fwdS = vrxsDFTFwd_CToC_64f, invS = vrxsDFTInv_CToC_64f;
-    static constexpr auto fwdCCS = vrxsDFTFwd_RToCCS_64f, fwdPack = vrxsDFTFwd_RToPack_64f, fwdPerm = vrxsDFTFwd_RToPerm_64f;
-    static constexpr auto invCCS = vrxsDFTInv_CCSToR_64f, invPack = vrxsDFTInv_PackToR_64f, invPerm = vrxsDFTInv_PermToR_64f;
-    using PC = VrxsDftPlan_C_64fc;
-    using PS = VrxsDftPlan_C_64f;
-    using PR = VrxsDftPlan_R_64f;
+template <class T> struct Api {
+    using C = std::conditional_t<sizeof(T) == 4, Vrx32fc, Vrx64fc>;
+    using PC = std::conditional_t<sizeof(T) == 4, VrxsDftPlan_C_32fc, VrxsDftPlan_C_64fc>;
+    using PS = std::conditional_t<sizeof(T) == 4, VrxsDftPlan_C_32f, VrxsDftPlan_C_64f>;
+    using PR = std::conditional_t<sizeof(T) == 4, VrxsDftPlan_R_32f, VrxsDftPlan_R_64f>;
+    static constexpr auto sizeC = ft::pick<T>(vrxsDFTGetSize_C_32fc, vrxsDFTGetSize_C_64fc), initC = ft::pick<T>(vrxsDFTInit_C_32fc, vrxsDFTInit_C_64fc);
+    static constexpr auto sizeS = ft::pick<T>(vrxsDFTGetSize_C_32f, vrxsDFTGetSize_C_64f), initS = ft::pick<T>(vrxsDFTInit_C_32f, vrxsDFTInit_C_64f);
+    static constexpr auto sizeR = ft::pick<T>(vrxsDFTGetSize_R_32f, vrxsDFTGetSize_R_64f), initR = ft::pick<T>(vrxsDFTInit_R_32f, vrxsDFTInit_R_64f);
+    static constexpr auto fwdC = ft::pick<T>(vrxsDFTFwd_CToC_32fc, vrxsDFTFwd_CToC_64fc), invC = ft::pick<T>(vrxsDFTInv_CToC_32fc, vrxsDFTInv_CToC_64fc);
+    static constexpr auto fwdS = ft::pick<T>(vrxsDFTFwd_CToC_32f, vrxsDFTFwd_CToC_64f), invS = ft::pick<T>(vrxsDFTInv_CToC_32f, vrxsDFTInv_CToC_64f);
+    static constexpr auto fwdCCS = ft::pick<T>(vrxsDFTFwd_RToCCS_32f, vrxsDFTFwd_RToCCS_64f), invCCS = ft::pick<T>(vrxsDFTInv_CCSToR_32f, vrxsDFTInv_CCSToR_64f);
+    static constexpr auto fwdPack = ft::pick<T>(vrxsDFTFwd_RToPack_32f, vrxsDFTFwd_RToPack_64f), invPack = ft::pick<T>(vrxsDFTInv_PackToR_32f, vrxsDFTInv_PackToR_64f);
+    static constexpr auto fwdPerm = ft::pick<T>(vrxsDFTFwd_RToPerm_32f, vrxsDFTFwd_RToPerm_64f), invPerm = ft::pick<T>(vrxsDFTInv_PermToR_32f, vrxsDFTInv_PermToR_64f);
 };
 
 template <class T> VrxStatus getSize(K k, int N, int flag, int* s, int* i, int* w) {
@@ -234,27 +218,13 @@ template <class T> std::unique_ptr<Plan> makePlan(K k, int N, int flag, size_t m
 
 // ------------------------------------------------------------ reference
 
-// The DFT in long double for any length: naive with a (j*k mod N) twiddle
-// table up to 4096, chirp-z over a radix-2 FFT above. inverse: unscaled.
+// The DFT in long double for any length: the shared reference up to 256
+// points and for powers of two, chirp-z over its radix-2 FFT otherwise.
+// inverse: unscaled.
 inline std::vector<CLD> refAny(const std::vector<CLD>& x, bool inverse) {
     const size_t n = x.size();
+    if (n <= 256 || (n & (n - 1)) == 0) return ft::refDft(x, inverse);
     const LD twoPi = 6.283185307179586476925286766559005768L, sg = inverse ? 1 : -1;
-    if ((n & (n - 1)) == 0) return ft::refDft(x, inverse);
-    if (n <= 4096) {
-        std::vector<CLD> tw(n), y(n);
-        for (size_t q = 0; q < n; ++q) tw[q] = CLD(cosl(twoPi * q / n), sg * sinl(twoPi * q / n));
-        for (size_t k = 0; k < n; ++k) {
-            CLD acc = 0;
-            size_t q = 0;
-            for (size_t j = 0; j < n; ++j) {
-                acc += x[j] * tw[q];
-                q += k;
-                if (q >= n) q -= n;
-            }
-            y[k] = acc;
-        }
-        return y;
-    }
     size_t M = 1;
     while (M < 2 * n - 1) M *= 2;
     std::vector<CLD> w(n), a(M), b(M);

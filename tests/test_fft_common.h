@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "vrx_test.h"
@@ -27,6 +28,17 @@ inline LD relRms(const std::vector<CLD>& y, const std::vector<CLD>& ref) {
     for (size_t i = 0; i < y.size(); ++i) {
         num += std::norm(y[i] - ref[i]);
         den += std::norm(ref[i]);
+    }
+    return den == 0 ? sqrtl(num) : sqrtl(num / den);
+}
+
+// The relative RMS distance of y[i] / div from ref[i], real values.
+template <class Y, class R> LD relRmsReal(const Y* y, const std::vector<R>& ref, LD div = 1) {
+    LD num = 0, den = 0;
+    for (size_t i = 0; i < ref.size(); ++i) {
+        const LD d = static_cast<LD>(y[i]) / div - static_cast<LD>(ref[i]);
+        num += d * d;
+        den += static_cast<LD>(ref[i]) * static_cast<LD>(ref[i]);
     }
     return den == 0 ? sqrtl(num) : sqrtl(num / den);
 }
@@ -70,43 +82,32 @@ inline const PlanKind<VrxsFftPlan_C_64fc> kC64fc{vrxsFFTGetSize_C_64fc, vrxsFFTI
 inline const PlanKind<VrxsFftPlan_C_64f> kC64f{vrxsFFTGetSize_C_64f, vrxsFFTInit_C_64f};
 inline const PlanKind<VrxsFftPlan_R_64f> kR64f{vrxsFFTGetSize_R_64f, vrxsFFTInit_R_64f};
 
+// The single-width entry f or the double-width entry d, by T.
+template <class T, class F, class D> constexpr auto pick(F f, D d) {
+    if constexpr (sizeof(T) == 4) return f;
+    else return d;
+}
+
 // Per-width access to the complex and real transforms.
-template <class T> struct Api;
-template <> struct Api<float> {
-    using C = Vrx32fc;
-    using PC = VrxsFftPlan_C_32fc;
-    using PS = VrxsFftPlan_C_32f;
-    using PR = VrxsFftPlan_R_32f;
-    static const PlanKind<PC>& kc() { return kC32fc; }
-    static const PlanKind<PS>& ks() { return kC32f; }
-    static const PlanKind<PR>& kr() { return kR32f; }
-    static constexpr auto fwdC = vrxsFFTFwd_CToC_32fc, invC = vrxsFFTInv_CToC_32fc;
-    static constexpr auto fwdCI = vrxsFFTFwd_CToC_32fc_I, invCI = vrxsFFTInv_CToC_32fc_I;
-    static constexpr auto fwdS = vrxsFFTFwd_CToC_32f, invS = vrxsFFTInv_CToC_32f;
-    static constexpr auto fwdSI = vrxsFFTFwd_CToC_32f_I, invSI = vrxsFFTInv_CToC_32f_I;
-    static constexpr auto fwdCCS = vrxsFFTFwd_RToCCS_32f, fwdPack = vrxsFFTFwd_RToPack_32f, fwdPerm = vrxsFFTFwd_RToPerm_32f;
-    static constexpr auto invCCS = vrxsFFTInv_CCSToR_32f, invPack = vrxsFFTInv_PackToR_32f, invPerm = vrxsFFTInv_PermToR_32f;
-    static constexpr auto fwdCCSI = vrxsFFTFwd_RToCCS_32f_I, fwdPackI = vrxsFFTFwd_RToPack_32f_I, fwdPermI = vrxsFFTFwd_RToPerm_32f_I;
-    static constexpr auto invCCSI = vrxsFFTInv_CCSToR_32f_I, invPackI = vrxsFFTInv_PackToR_32f_I, invPermI = vrxsFFTInv_PermToR_32f_I;
-    static constexpr int maxC = 28;
-};
-template <> struct Api<double> {
-    using C = Vrx64fc;
-    using PC = VrxsFftPlan_C_64fc;
-    using PS = VrxsFftPlan_C_64f;
-    using PR = VrxsFftPlan_R_64f;
-    static const PlanKind<PC>& kc() { return kC64fc; }
-    static const PlanKind<PS>& ks() { return kC64f; }
-    static const PlanKind<PR>& kr() { return kR64f; }
-    static constexpr auto fwdC = vrxsFFTFwd_CToC_64fc, invC = vrxsFFTInv_CToC_64fc;
-    static constexpr auto fwdCI = vrxsFFTFwd_CToC_64fc_I, invCI = vrxsFFTInv_CToC_64fc_I;
-    static constexpr auto fwdS = vrxsFFTFwd_CToC_64f, invS = vrxsFFTInv_CToC_64f;
-    static constexpr auto fwdSI = vrxsFFTFwd_CToC_64f_I, invSI = vrxsFFTInv_CToC_64f_I;
-    static constexpr auto fwdCCS = vrxsFFTFwd_RToCCS_64f, fwdPack = vrxsFFTFwd_RToPack_64f, fwdPerm = vrxsFFTFwd_RToPerm_64f;
-    static constexpr auto invCCS = vrxsFFTInv_CCSToR_64f, invPack = vrxsFFTInv_PackToR_64f, invPerm = vrxsFFTInv_PermToR_64f;
-    static constexpr auto fwdCCSI = vrxsFFTFwd_RToCCS_64f_I, fwdPackI = vrxsFFTFwd_RToPack_64f_I, fwdPermI = vrxsFFTFwd_RToPerm_64f_I;
-    static constexpr auto invCCSI = vrxsFFTInv_CCSToR_64f_I, invPackI = vrxsFFTInv_PackToR_64f_I, invPermI = vrxsFFTInv_PermToR_64f_I;
-    static constexpr int maxC = 27;
+template <class T> struct Api {
+    using C = std::conditional_t<sizeof(T) == 4, Vrx32fc, Vrx64fc>;
+    using PC = std::conditional_t<sizeof(T) == 4, VrxsFftPlan_C_32fc, VrxsFftPlan_C_64fc>;
+    using PS = std::conditional_t<sizeof(T) == 4, VrxsFftPlan_C_32f, VrxsFftPlan_C_64f>;
+    using PR = std::conditional_t<sizeof(T) == 4, VrxsFftPlan_R_32f, VrxsFftPlan_R_64f>;
+    static const PlanKind<PC>& kc() { return *pick<T>(&kC32fc, &kC64fc); }
+    static const PlanKind<PS>& ks() { return *pick<T>(&kC32f, &kC64f); }
+    static const PlanKind<PR>& kr() { return *pick<T>(&kR32f, &kR64f); }
+    static constexpr auto fwdC = pick<T>(vrxsFFTFwd_CToC_32fc, vrxsFFTFwd_CToC_64fc), invC = pick<T>(vrxsFFTInv_CToC_32fc, vrxsFFTInv_CToC_64fc);
+    static constexpr auto fwdCI = pick<T>(vrxsFFTFwd_CToC_32fc_I, vrxsFFTFwd_CToC_64fc_I), invCI = pick<T>(vrxsFFTInv_CToC_32fc_I, vrxsFFTInv_CToC_64fc_I);
+    static constexpr auto fwdS = pick<T>(vrxsFFTFwd_CToC_32f, vrxsFFTFwd_CToC_64f), invS = pick<T>(vrxsFFTInv_CToC_32f, vrxsFFTInv_CToC_64f);
+    static constexpr auto fwdSI = pick<T>(vrxsFFTFwd_CToC_32f_I, vrxsFFTFwd_CToC_64f_I), invSI = pick<T>(vrxsFFTInv_CToC_32f_I, vrxsFFTInv_CToC_64f_I);
+    static constexpr auto fwdCCS = pick<T>(vrxsFFTFwd_RToCCS_32f, vrxsFFTFwd_RToCCS_64f), invCCS = pick<T>(vrxsFFTInv_CCSToR_32f, vrxsFFTInv_CCSToR_64f);
+    static constexpr auto fwdPack = pick<T>(vrxsFFTFwd_RToPack_32f, vrxsFFTFwd_RToPack_64f), invPack = pick<T>(vrxsFFTInv_PackToR_32f, vrxsFFTInv_PackToR_64f);
+    static constexpr auto fwdPerm = pick<T>(vrxsFFTFwd_RToPerm_32f, vrxsFFTFwd_RToPerm_64f), invPerm = pick<T>(vrxsFFTInv_PermToR_32f, vrxsFFTInv_PermToR_64f);
+    static constexpr auto fwdCCSI = pick<T>(vrxsFFTFwd_RToCCS_32f_I, vrxsFFTFwd_RToCCS_64f_I), invCCSI = pick<T>(vrxsFFTInv_CCSToR_32f_I, vrxsFFTInv_CCSToR_64f_I);
+    static constexpr auto fwdPackI = pick<T>(vrxsFFTFwd_RToPack_32f_I, vrxsFFTFwd_RToPack_64f_I), invPackI = pick<T>(vrxsFFTInv_PackToR_32f_I, vrxsFFTInv_PackToR_64f_I);
+    static constexpr auto fwdPermI = pick<T>(vrxsFFTFwd_RToPerm_32f_I, vrxsFFTFwd_RToPerm_64f_I), invPermI = pick<T>(vrxsFFTInv_PermToR_32f_I, vrxsFFTInv_PermToR_64f_I);
+    static constexpr int maxC = sizeof(T) == 4 ? 28 : 27;
 };
 
 enum class Layout { Interleaved, Split };

@@ -14,30 +14,22 @@ constexpr VrxAlgHint kHints[] = {vrxAlgHintFast, static_cast<VrxAlgHint>(0)};
 
 // The six plan kinds through one signature.
 enum Kind { C32fc, C32f, R32f, C64fc, C64f, R64f, kKinds };
-constexpr const char* kNames[kKinds] = {"C_32fc", "C_32f", "R_32f", "C_64fc", "C_64f", "R_64f"};
-constexpr int kMaxOrder[kKinds] = {28, 28, 29, 27, 27, 28};
-
-VrxStatus getSize(Kind k, int order, int flag, VrxAlgHint hint, int* s, int* i, int* w) {
-    switch (k) {
-        case C32fc: return vrxsFFTGetSize_C_32fc(order, flag, hint, s, i, w);
-        case C32f: return vrxsFFTGetSize_C_32f(order, flag, hint, s, i, w);
-        case R32f: return vrxsFFTGetSize_R_32f(order, flag, hint, s, i, w);
-        case C64fc: return vrxsFFTGetSize_C_64fc(order, flag, hint, s, i, w);
-        case C64f: return vrxsFFTGetSize_C_64f(order, flag, hint, s, i, w);
-        default: return vrxsFFTGetSize_R_64f(order, flag, hint, s, i, w);
-    }
+using Init = VrxStatus (*)(void**, int, int, VrxAlgHint, Vrx8u*, Vrx8u*);
+template <class P, VrxStatus (*F)(P**, int, int, VrxAlgHint, Vrx8u*, Vrx8u*)>
+VrxStatus initAs(void** p, int order, int flag, VrxAlgHint hint, Vrx8u* spec, Vrx8u* ini) {
+    return F(reinterpret_cast<P**>(p), order, flag, hint, spec, ini);
 }
-
-VrxStatus init(Kind k, void** plan, int order, int flag, VrxAlgHint hint, Vrx8u* spec, Vrx8u* ini) {
-    switch (k) {
-        case C32fc: return vrxsFFTInit_C_32fc(reinterpret_cast<VrxsFftPlan_C_32fc**>(plan), order, flag, hint, spec, ini);
-        case C32f: return vrxsFFTInit_C_32f(reinterpret_cast<VrxsFftPlan_C_32f**>(plan), order, flag, hint, spec, ini);
-        case R32f: return vrxsFFTInit_R_32f(reinterpret_cast<VrxsFftPlan_R_32f**>(plan), order, flag, hint, spec, ini);
-        case C64fc: return vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(plan), order, flag, hint, spec, ini);
-        case C64f: return vrxsFFTInit_C_64f(reinterpret_cast<VrxsFftPlan_C_64f**>(plan), order, flag, hint, spec, ini);
-        default: return vrxsFFTInit_R_64f(reinterpret_cast<VrxsFftPlan_R_64f**>(plan), order, flag, hint, spec, ini);
-    }
-}
+const struct {
+    const char* name;
+    int maxOrder;
+    VrxStatus (*getSize)(int, int, VrxAlgHint, int*, int*, int*);
+    Init init;
+} kKind[kKinds] = {{"C_32fc", 28, vrxsFFTGetSize_C_32fc, initAs<VrxsFftPlan_C_32fc, vrxsFFTInit_C_32fc>},
+                   {"C_32f", 28, vrxsFFTGetSize_C_32f, initAs<VrxsFftPlan_C_32f, vrxsFFTInit_C_32f>},
+                   {"R_32f", 29, vrxsFFTGetSize_R_32f, initAs<VrxsFftPlan_R_32f, vrxsFFTInit_R_32f>},
+                   {"C_64fc", 27, vrxsFFTGetSize_C_64fc, initAs<VrxsFftPlan_C_64fc, vrxsFFTInit_C_64fc>},
+                   {"C_64f", 27, vrxsFFTGetSize_C_64f, initAs<VrxsFftPlan_C_64f, vrxsFFTInit_C_64f>},
+                   {"R_64f", 28, vrxsFFTGetSize_R_64f, initAs<VrxsFftPlan_R_64f, vrxsFFTInit_R_64f>}};
 
 // A plan built in guarded blocks of exactly the reported sizes.
 struct Built {
@@ -49,11 +41,11 @@ struct Built {
 Built build(Kind k, int order, int flag, VrxAlgHint hint, size_t specOff, size_t initOff) {
     Built b;
     int s = -1, i = -1, w = -1;
-    EXPECT_EQ(vrxOk, getSize(k, order, flag, hint, &s, &i, &w));
+    EXPECT_EQ(vrxOk, kKind[k].getSize(order, flag, hint, &s, &i, &w));
     b.spec = std::make_unique<vt::Buffer>(static_cast<size_t>(s), specOff);
     b.ini = std::make_unique<vt::Buffer>(static_cast<size_t>(i), initOff);
     b.work = w;
-    EXPECT_EQ(vrxOk, init(k, &b.plan, order, flag, hint, b.spec->data(), i > 0 ? b.ini->data() : nullptr));
+    EXPECT_EQ(vrxOk, kKind[k].init(&b.plan, order, flag, hint, b.spec->data(), i > 0 ? b.ini->data() : nullptr));
     return b;
 }
 
@@ -64,7 +56,7 @@ constexpr int kLastOrder = 22;
 
 TEST(FftLayout, PlanFitsReportedSizeAtEveryMisalignment) {
     for (int k = 0; k < kKinds; ++k)
-        for (int order = 0; order <= std::min(kLastOrder, kMaxOrder[k]); ++order) {
+        for (int order = 0; order <= std::min(kLastOrder, kKind[k].maxOrder); ++order) {
             // every misalignment of the plan block at the smaller orders,
             // a spread of them above, each with another of the init block
             const int step = order <= 14 ? 1 : 21;
@@ -72,7 +64,7 @@ TEST(FftLayout, PlanFitsReportedSizeAtEveryMisalignment) {
                 for (int flag : kFlags)
                     for (VrxAlgHint hint : kHints) {
                         if (order > 14 && (flag != vrxFftScaleNone || hint != vrxAlgHintFast) && off != 0) continue;
-                        SCOPED_TRACE(testing::Message() << kNames[k] << " order " << order << " flag " << flag
+                        SCOPED_TRACE(testing::Message() << kKind[k].name << " order " << order << " flag " << flag
                                                         << " hint " << hint << " offset " << off);
                         Built b = build(static_cast<Kind>(k), order, flag, hint, off, (off * 37) % 64);
                         ASSERT_NE(b.plan, nullptr);
@@ -115,7 +107,7 @@ std::vector<uint8_t> runOnce(Kind k, int order, size_t specOff) {
 TEST(FftLayout, MisalignedPlanGivesSameBits) {
     for (int k = 0; k < kKinds; ++k)
         for (int order : {0, 4, 5, 7, 8, 11, 13, 19, 20}) {
-            SCOPED_TRACE(testing::Message() << kNames[k] << " order " << order);
+            SCOPED_TRACE(testing::Message() << kKind[k].name << " order " << order);
             const std::vector<uint8_t> a = runOnce(static_cast<Kind>(k), order, 0);
             for (size_t off : {1, 8, 33, 63}) EXPECT_TRUE(a == runOnce(static_cast<Kind>(k), order, off)) << "offset " << off;
         }
@@ -141,9 +133,9 @@ TEST(FftLayout, EveryEntryRefusesNullAndForeignPlans) {
             for (int k = 0; k < kKinds; ++k) {
                 if (k != kind) {
                     // the identity word is checked before the data pointers
-                    EXPECT_EQ(vrxErrBadSpec, e.run(plans[k].plan, nullptr, nullptr, nullptr)) << kNames[k];
-                    EXPECT_EQ(vrxErrBadSpec, e.run(plans[k].plan, src.data(), dst.data(), nullptr)) << kNames[k];
-                    EXPECT_TRUE(dst == dst0) << kNames[k];
+                    EXPECT_EQ(vrxErrBadSpec, e.run(plans[k].plan, nullptr, nullptr, nullptr)) << kKind[k].name;
+                    EXPECT_EQ(vrxErrBadSpec, e.run(plans[k].plan, src.data(), dst.data(), nullptr)) << kKind[k].name;
+                    EXPECT_TRUE(dst == dst0) << kKind[k].name;
                 } else {
                     EXPECT_EQ(vrxOk, e.run(plans[k].plan, src.data(), dst.data(), nullptr));
                 }
