@@ -545,39 +545,86 @@ template <int J, int E, class Fn> VRX_INLINE void unrollTo(Fn&& f) {
     }
 }
 
+// Lanes l = tab[first + S l] (S = 0, 1 or 2), indices at or past the end
+// (4N) reading tab[0]: the table values of a register of evenly spaced
+// angles without a gather.
+template <class T, int S> VRX_INLINE typename simd::V<T>::R tabRun(const T* tab, int first, int L4) {
+    using F = simd::V<T>;
+    constexpr int L = F::N;
+    const int n = L4 - first;  // readable scalars from first
+    const auto m = [&](int from) { return simd::tail<T>(n - from <= 0 ? 0 : n - from >= L ? L : n - from); };
+    if constexpr (S == 0) {
+        return F::set1(tab[n > 0 ? first : 0]);
+    } else if constexpr (S == 1) {
+        return F::loadm(m(0), tab + first, tab[0]);
+    } else {
+        typename F::R ev, od;
+        simd::deinterleave(F::loadm(m(0), tab + first, tab[0]), F::loadm(m(L), tab + first + L, tab[0]), ev, od);
+        return ev;
+    }
+}
+
 // For t < terms, body(t, parity of t, c, s) with c[b], s[b] the cosine and
-// sine of lane angle start[b] + t step[b] (table units), b < G.
-template <class T, int G, class Body>
-VRX_INLINE void walk(const T* tab, int N, const I32::R* start, const I32::R* step, int terms, Body body) {
+// sine of lane angle start[b] + t step[b] (table units), b < G. Lane l of
+// register b starts at start0 + S0 (l + L b) (S0 = 0 or 1) and steps by
+// step0 + 2 (l + L b), so the first pair and the step's pair are plain
+// loads. Every twelfth term reads the pair from the table by a gather; the
+// term after it turns the pair by the step, the terms between run the
+// recurrence c[t+1] = 2 cos(step) c[t] - c[t-1] (the same for the sine).
+constexpr int kRefresh = 12;
+template <class T, int G, int S0, class Body>
+VRX_INLINE void walk(const T* tab, int N, int start0, int step0, int terms, Body body) {
     using F = simd::V<T>;
     using R = typename F::R;
-    const I32::R L4 = I32::set1(4 * N), q = I32::set1(3 * N);
-    R c[G], s[G], cr[G], sr[G];
-    I32::R idx[G], step8[G];
+    constexpr int L = F::N;
+    const int L4i = 4 * N, q3 = 3 * N;
+    const I32::R L4 = I32::set1(L4i), q = I32::set1(q3);
+    R c[G], s[G], pc[G], ps[G], cr[G], sr[G], c2[G];
+    I32::R idx[G], stepR[G];
     for (int b = 0; b < G; ++b) {
-        cr[b] = tabAt(tab, step[b]);
-        sr[b] = tabAt(tab, addMod(step[b], q, L4));
-        I32::R s8 = addMod(step[b], step[b], L4);
-        s8 = addMod(s8, s8, L4);
-        step8[b] = addMod(s8, s8, L4);
-        idx[b] = start[b];
+        const int st = step0 + 2 * L * b, s0 = start0 + S0 * L * b;
+        cr[b] = tabRun<T, 2>(tab, st, L4i);
+        sr[b] = tabRun<T, 2>(tab, st + q3, L4i);
+        c2[b] = F::add(cr[b], cr[b]);
+        c[b] = tabRun<T, S0>(tab, s0, L4i);
+        s[b] = tabRun<T, S0>(tab, s0 + q3 >= L4i ? s0 + q3 - L4i : s0 + q3, L4i);
+        const I32::R iota = simd::iota32();
+        const I32::R stepV = I32::add(I32::set1(st), I32::add(iota, iota));
+        I32::R s4 = addMod(stepV, stepV, L4);
+        s4 = addMod(s4, s4, L4);
+        const I32::R s8 = addMod(s4, s4, L4);
+        stepR[b] = addMod(s8, s4, L4);
+        const I32::R startV = S0 ? I32::add(I32::set1(s0), iota) : I32::set1(s0);
+        idx[b] = addMod(startV, stepR[b], L4);
     }
-    for (int t0 = 0; t0 < terms; t0 += 8) {
+    for (int t0 = 0; t0 < terms; t0 += kRefresh) {
         const int u = terms - t0;
-        unrollTo<0, 8>([&](auto jc) {
+        unrollTo<0, kRefresh>([&](auto jc) {
             constexpr int j = decltype(jc)::value;
             if (j >= u) return;
             if constexpr (j == 0) {
+                if (t0 > 0) {
+                    for (int b = 0; b < G; ++b) {
+                        c[b] = tabAt(tab, idx[b]);
+                        s[b] = tabAt(tab, addMod(idx[b], q, L4));
+                        idx[b] = addMod(idx[b], stepR[b], L4);
+                    }
+                }
+            } else if constexpr (j == 1) {
                 for (int b = 0; b < G; ++b) {
-                    c[b] = tabAt(tab, idx[b]);
-                    s[b] = tabAt(tab, addMod(idx[b], q, L4));
-                    idx[b] = addMod(idx[b], step8[b], L4);
+                    pc[b] = c[b];
+                    ps[b] = s[b];
+                    c[b] = F::sub(F::mul(pc[b], cr[b]), F::mul(ps[b], sr[b]));
+                    s[b] = F::add(F::mul(ps[b], cr[b]), F::mul(pc[b], sr[b]));
                 }
             } else {
                 for (int b = 0; b < G; ++b) {
-                    const R nc = F::sub(F::mul(c[b], cr[b]), F::mul(s[b], sr[b]));
-                    s[b] = F::add(F::mul(s[b], cr[b]), F::mul(c[b], sr[b]));
+                    const R nc = F::sub(F::mul(c2[b], c[b]), pc[b]);
+                    const R ns = F::sub(F::mul(c2[b], s[b]), ps[b]);
+                    pc[b] = c[b];
+                    ps[b] = s[b];
                     c[b] = nc;
+                    s[b] = ns;
                 }
             }
             body(t0 + j, std::integral_constant<int, j & 1>{}, c, s);
@@ -649,14 +696,10 @@ template <class T> void directFwd(const Plan* p, const T* x, T* y) {
     byRegs(regs, [&](auto gc) {
         constexpr int G = decltype(gc)::value;
         if constexpr (G > 0) {
-            I32::R start[G], step[G];
             R a[G], b[G];
-            for (int r = 0; r < G; ++r) {
-                start[r] = I32::add(I32::set1(1 + r * L), simd::iota32());
-                step[r] = I32::add(start[r], start[r]);
-                a[r] = b[r] = F::zero();
-            }
-            walk<T, G>(tab, N, start, step, m, [&](int i, auto, const R* c, const R* sn) {
+            for (int r = 0; r < G; ++r) a[r] = b[r] = F::zero();
+            // lane k starts at angle k and steps by 2k
+            walk<T, G, 1>(tab, N, 1, 2, m, [&](int i, auto, const R* c, const R* sn) {
                 const R ca = F::blend(kOdd, F::set1(s[i]), F::set1(d[i]));
                 const R cb = F::blend(nkOdd, F::set1(sa[i]), F::set1(da[i]));
                 for (int r = 0; r < G; ++r) {
@@ -734,15 +777,10 @@ template <class T> void directInv(const Plan* p, const T* y, T* x) {
     byRegs(regs, [&](auto gc) {
         constexpr int G = decltype(gc)::value;
         if constexpr (G > 0) {
-            I32::R start[G], step[G];
             R c0r[G], c1r[G], s0r[G], s1r[G];
-            for (int r = 0; r < G; ++r) {
-                const I32::R n = I32::add(I32::set1(r * L), simd::iota32());
-                step[r] = I32::add(I32::add(n, n), I32::set1(1));
-                start[r] = I32::zero();
-                c0r[r] = c1r[r] = s0r[r] = s1r[r] = F::zero();
-            }
-            walk<T, G>(tab, N, start, step, terms, [&](int t, auto par, const R* c, const R* sn) {
+            for (int r = 0; r < G; ++r) c0r[r] = c1r[r] = s0r[r] = s1r[r] = F::zero();
+            // lane n starts at angle 0 and steps by 2n+1
+            walk<T, G, 0>(tab, N, 0, 1, terms, [&](int t, auto par, const R* c, const R* sn) {
                 const R wt = F::set1(w[t]), vt = F::set1(v[t]);
                 for (int r = 0; r < G; ++r) {
                     if constexpr (decltype(par)::value == 0) {
