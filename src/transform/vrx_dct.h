@@ -590,10 +590,13 @@ VRX_INLINE void walk(const T* tab, int N, int start0, int step0, int terms, Body
         s[b] = tabRun<T, S0>(tab, s0 + q3 >= L4i ? s0 + q3 - L4i : s0 + q3, L4i);
         const I32::R iota = simd::iota32();
         const I32::R stepV = I32::add(I32::set1(st), I32::add(iota, iota));
-        I32::R s4 = addMod(stepV, stepV, L4);
-        s4 = addMod(s4, s4, L4);
-        const I32::R s8 = addMod(s4, s4, L4);
-        stepR[b] = addMod(s8, s4, L4);
+        // kRefresh steps, by doubling and adding
+        I32::R acc = I32::zero(), pw = stepV;
+        for (int k = kRefresh; k; k >>= 1) {
+            if (k & 1) acc = addMod(acc, pw, L4);
+            pw = addMod(pw, pw, L4);
+        }
+        stepR[b] = acc;
         const I32::R startV = S0 ? I32::add(I32::set1(s0), iota) : I32::set1(s0);
         idx[b] = addMod(startV, stepR[b], L4);
     }
