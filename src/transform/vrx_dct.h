@@ -951,9 +951,12 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     const C* rot = static_cast<const C*>(p->rotTab);
     const T z0r = a[0].re * chirp[0].re - a[0].im * chirp[0].im;
     const T z0i = a[0].re * chirp[0].im + a[0].im * chirp[0].re;
-    // Z = a times the chirp; 2V(k) = A + r B with A = Z(k) + conj Z(h-k), B = -i (Z(k) - conj Z(h-k))
-    for (int64_t k = 1; k < h; k += L) {
-        const int64_t c = h - k < L ? h - k : L;
+    // Z = a times the chirp; 2V(k) = A + r B with A = Z(k) + conj Z(h-k),
+    // B = -i (Z(k) - conj Z(h-k)). Outputs k and h-k come from one pair of
+    // Z values: A and B of h-k are the conjugates of those of k.
+    const int64_t half = h / 2;
+    for (int64_t k = 1; k <= half; k += L) {
+        const int64_t c = half + 1 - k < L ? half + 1 - k : L;
         R zr, zi, mr, mi, rr, ri, pr, pi, wr, wi;
         V::load(a + k, c, zr, zi);
         V::load(chirp + k, c, wr, wi);
@@ -961,15 +964,21 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
         V::loadRev(a + h - k, c, mr, mi);
         V::loadRev(chirp + h - k, c, wr, wi);
         V::mul(mr, mi, wr, wi);
-        mi = F::neg(mi);
+        const R Ar = F::add(zr, mr), Ai = F::sub(zi, mi);
+        const R Br = F::add(zi, mi), Bi = F::sub(mr, zr);
         V::load(rot + k, c, rr, ri);
         V::load(post + k, c, pr, pi);
-        const R Ar = F::add(zr, mr), Ai = F::add(zi, mi);
-        const R Br = F::sub(zi, mi), Bi = F::sub(mr, zr);
-        const R vr = F::add(Ar, F::sub(F::mul(rr, Br), F::mul(ri, Bi)));
-        const R vi = F::add(Ai, F::add(F::mul(rr, Bi), F::mul(ri, Br)));
+        R vr = F::add(Ar, F::sub(F::mul(rr, Br), F::mul(ri, Bi)));
+        R vi = F::add(Ai, F::add(F::mul(rr, Bi), F::mul(ri, Br)));
         V::storeR(y + k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
         V::storeRRev(y + N - k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
+        // index h-k: A = (Ar, -Ai), B = (Br, -Bi)
+        V::loadRev(rot + h - k, c, rr, ri);
+        V::loadRev(post + h - k, c, pr, pi);
+        vr = F::add(Ar, F::add(F::mul(rr, Br), F::mul(ri, Bi)));
+        vi = F::sub(F::sub(F::mul(ri, Br), F::mul(rr, Bi)), Ai);
+        V::storeRRev(y + h - k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
+        V::storeR(y + N - h + k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
     }
     y[0] = (z0r + z0i) * c0;
     y[h] = (z0r - z0i) * c0;
