@@ -887,6 +887,15 @@ template <class T> struct CV {
         re = simd::reverseLanes(a);
         im = simd::reverseLanes(b);
     }
+    // c[-l] = lane l, l < cnt
+    static VRX_INLINE void storeRev(typename Width<T>::C* c, int64_t cnt, R re, R im) {
+        T* p = &(c - (L - 1))->re;
+        const int64_t skip = 2 * (L - cnt);
+        R a, b;
+        simd::interleave(simd::reverseLanes(re), simd::reverseLanes(im), a, b);
+        F::storem(p, static_cast<M>(~lo(skip)), a);
+        F::storem(p + L, static_cast<M>(~hi(skip)), b);
+    }
     static VRX_INLINE void store(typename Width<T>::C* c, int64_t cnt, R re, R im) {
         T* p = &c->re;
         R a, b;
@@ -1029,8 +1038,11 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         a[0].re = zr * chirp[0].re - zi * chirp[0].im;
         a[0].im = zr * chirp[0].im + zi * chirp[0].re;
     }
-    for (int64_t k = 1; k < h; k += L) {
-        const int64_t c = h - k < L ? h - k : L;
+    // k and h-k from one pair P = R'(k), Q = conj R'(h-k): for h-k the sum
+    // is (Ar, -Ai) and the difference (-Dr, Di)
+    const int64_t half = h / 2;
+    for (int64_t k = 1; k <= half; k += L) {
+        const int64_t c = half + 1 - k < L ? half + 1 - k : L;
         R gr, gi, hr, hi, cr, ci;
         V::load(post + k, c, gr, gi);
         V::loadRev(post + h - k, c, hr, hi);
@@ -1045,6 +1057,13 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         V::load(chirp + k, c, wr, wi);
         V::mul(zr, zi, wr, wi);
         V::store(a + k, c, zr, zi);
+        V::loadRev(rot + h - k, c, cr, ci);
+        const R fr = F::add(F::mul(cr, Dr), F::mul(ci, Di)), fi = F::sub(F::mul(cr, Di), F::mul(ci, Dr));
+        zr = F::sub(Ar, fi);
+        zi = F::add(Ai, fr);
+        V::loadRev(chirp + h - k, c, wr, wi);
+        V::mul(zr, zi, wr, wi);
+        V::storeRev(a + h - k, c, zr, zi);
     }
     if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
     // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
