@@ -794,9 +794,80 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
 // The register kernels of 16 and 32 complex values as functions of their
 // own: no stack frame (the other small orders' kernels need one), and
 // reached from complexTransform before the general paths' frame is set up.
+// The 16-point double kernel on ymm halves (lanes 0-1 and 2-3 of each row)
+// with the same operations, lane for lane, as smallVec<double, 4, 4>: the
+// first level of the 4 x 4 transpose is then only a pairing of halves, the
+// first butterflies of the rows run before the one shuffle level, and the
+// factors carry the sign of the cross products. A call in place reads the
+// stores of the call before, so this chain is what such calls wait for.
+template <bool Inv> struct LaneTwSigned {
+    Cx<double> wi[16];
+    constexpr LaneTwSigned() : wi{} {
+        for (int i = 0; i < 16; ++i) {
+            double v = kLaneTwSplit<double, 4, 4>.wi[i].re;
+            wi[i] = Inv ? Cx<double>{v, -v} : Cx<double>{-v, v};
+        }
+    }
+};
+template <bool Inv> inline constexpr LaneTwSigned<Inv> kLaneTwSigned{};
+
+template <bool Inv> VRX_INLINE __m256d rot16d(__m256d x) {
+    const __m256d s = _mm256_permute_pd(x, 0x5);
+    const __m256d m = Inv ? _mm256_setr_pd(-0.0, 0.0, -0.0, 0.0) : _mm256_setr_pd(0.0, -0.0, 0.0, -0.0);
+    return _mm256_xor_pd(s, m);
+}
+
+template <bool Inv, bool Scale> VRX_INLINE void small16d(const Cx<double>* src, Cx<double>* dst, double scale) {
+    const double* s = reinterpret_cast<const double*>(src);
+    double* d = reinterpret_cast<double*>(dst);
+    __m256d y[4][2];
+#pragma GCC unroll 2
+    for (int h = 0; h < 2; ++h) {
+        __m256d a0 = _mm256_loadu_pd(s + 4 * h), a1 = _mm256_loadu_pd(s + 8 + 4 * h);
+        __m256d a2 = _mm256_loadu_pd(s + 16 + 4 * h), a3 = _mm256_loadu_pd(s + 24 + 4 * h);
+        __m256d t0 = _mm256_add_pd(a0, a2), t1 = _mm256_sub_pd(a0, a2), t2 = _mm256_add_pd(a1, a3);
+        __m256d t3 = rot16d<Inv>(_mm256_sub_pd(a1, a3));
+        y[0][h] = _mm256_add_pd(t0, t2);
+        y[1][h] = _mm256_add_pd(t1, t3);
+        y[2][h] = _mm256_sub_pd(t0, t2);
+        y[3][h] = _mm256_sub_pd(t1, t3);
+    }
+#pragma GCC unroll 4
+    for (int k = 1; k < 4; ++k)
+#pragma GCC unroll 2
+        for (int h = 0; h < 2; ++h) {
+            const __m256d wr = _mm256_loadu_pd(&kLaneTwSplit<double, 4, 4>.wr[k * 4 + 2 * h].re);
+            const __m256d wi = _mm256_loadu_pd(&kLaneTwSigned<Inv>.wi[k * 4 + 2 * h].re);
+            const __m256d p = _mm256_mul_pd(y[k][h], wr), q = _mm256_mul_pd(_mm256_permute_pd(y[k][h], 0x5), wi);
+            y[k][h] = _mm256_add_pd(p, q);
+        }
+    // columns 0 and 1 are the low and high lanes of a row's first half, 2
+    // and 3 of its second: sums and differences of the halves, then pairs
+    __m256d e[4], f[4];
+#pragma GCC unroll 4
+    for (int k = 0; k < 4; ++k) {
+        e[k] = _mm256_add_pd(y[k][0], y[k][1]);
+        f[k] = _mm256_sub_pd(y[k][0], y[k][1]);
+    }
+#pragma GCC unroll 2
+    for (int h = 0; h < 2; ++h) {
+        const int k = 2 * h;
+        __m256d t0 = _mm256_permute2f128_pd(e[k], e[k + 1], 0x20), t2 = _mm256_permute2f128_pd(e[k], e[k + 1], 0x31);
+        __m256d t1 = _mm256_permute2f128_pd(f[k], f[k + 1], 0x20);
+        __m256d t3 = _mm256_permute2f128_pd(rot16d<Inv>(f[k]), rot16d<Inv>(f[k + 1]), 0x31);
+        __m256d o[4] = {_mm256_add_pd(t0, t2), _mm256_add_pd(t1, t3), _mm256_sub_pd(t0, t2), _mm256_sub_pd(t1, t3)};
+#pragma GCC unroll 4
+        for (int q = 0; q < 4; ++q) {
+            if constexpr (Scale) o[q] = _mm256_mul_pd(o[q], _mm256_set1_pd(scale));
+            _mm256_storeu_pd(d + 8 * q + 4 * h, o[q]);
+        }
+    }
+}
+
 template <class T, int LOG, bool Inv, bool Scale>
 [[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
-    smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
+    if constexpr (sizeof(T) == 8 && LOG == 4) small16d<Inv, Scale>(src, dst, scale);
+    else smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
 }
 template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
     if (m == 4) smallCx<T, 4, Inv, Scale>(src, dst, scale);
