@@ -791,9 +791,6 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     }
 }
 
-// The register kernels of 16 and 32 complex values as functions of their
-// own: no stack frame (the other small orders' kernels need one), and
-// reached from complexTransform before the general paths' frame is set up.
 // The 16-point double kernel on ymm halves (lanes 0-1 and 2-3 of each row)
 // with the same operations, lane for lane, as smallVec<double, 4, 4>: the
 // first level of the 4 x 4 transpose is then only a pairing of halves, the
@@ -864,6 +861,9 @@ template <bool Inv, bool Scale> VRX_INLINE void small16d(const Cx<double>* src, 
     }
 }
 
+// The register kernels of 16 and 32 complex values as functions of their
+// own: no stack frame (the other small orders' kernels need one), and
+// reached from complexTransform before the general paths' frame is set up.
 template <class T, int LOG, bool Inv, bool Scale>
 [[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
     if constexpr (sizeof(T) == 8 && LOG == 4) small16d<Inv, Scale>(src, dst, scale);

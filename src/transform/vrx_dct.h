@@ -568,15 +568,19 @@ template <class T, int S> VRX_INLINE typename simd::V<T>::R tabRun(const T* tab,
 // sine of lane angle start[b] + t step[b] (table units), b < G. Lane l of
 // register b starts at start0 + S0 (l + L b) (S0 = 0 or 1) and steps by
 // step0 + 2 (l + L b), so the first pair and the step's pair are plain
-// loads. Every twelfth term reads the pair from the table by a gather; the
-// term after it turns the pair by the step, the terms between run the
-// recurrence c[t+1] = 2 cos(step) c[t] - c[t-1] (the same for the sine).
-constexpr int kRefresh = 12;
+// loads. In double every twelfth term reads the pair from the table by a
+// gather; the term after it turns the pair by the step, the terms between
+// run the recurrence c[t+1] = 2 cos(step) c[t] - c[t-1] (the same for the
+// sine). In single precision the recurrence would lose about a factor five
+// of accuracy: every eighth term reads the table, and each term between
+// turns the pair by the step.
+template <class T> constexpr int kRefresh = sizeof(T) == 4 ? 8 : 12;
 template <class T, int G, int S0, class Body>
 VRX_INLINE void walk(const T* tab, int N, int start0, int step0, int terms, Body body) {
     using F = simd::V<T>;
     using R = typename F::R;
     constexpr int L = F::N;
+    constexpr int kSteps = kRefresh<T>;
     const int L4i = 4 * N, q3 = 3 * N;
     const I32::R L4 = I32::set1(L4i), q = I32::set1(q3);
     R c[G], s[G], pc[G], ps[G], cr[G], sr[G], c2[G];
@@ -590,9 +594,9 @@ VRX_INLINE void walk(const T* tab, int N, int start0, int step0, int terms, Body
         s[b] = tabRun<T, S0>(tab, s0 + q3 >= L4i ? s0 + q3 - L4i : s0 + q3, L4i);
         const I32::R iota = simd::iota32();
         const I32::R stepV = I32::add(I32::set1(st), I32::add(iota, iota));
-        // kRefresh steps, by doubling and adding
+        // kSteps steps, by doubling and adding
         I32::R acc = I32::zero(), pw = stepV;
-        for (int k = kRefresh; k; k >>= 1) {
+        for (int k = kSteps; k; k >>= 1) {
             if (k & 1) acc = addMod(acc, pw, L4);
             pw = addMod(pw, pw, L4);
         }
@@ -600,9 +604,9 @@ VRX_INLINE void walk(const T* tab, int N, int start0, int step0, int terms, Body
         const I32::R startV = S0 ? I32::add(I32::set1(s0), iota) : I32::set1(s0);
         idx[b] = addMod(startV, stepR[b], L4);
     }
-    for (int t0 = 0; t0 < terms; t0 += kRefresh) {
+    for (int t0 = 0; t0 < terms; t0 += kSteps) {
         const int u = terms - t0;
-        unrollTo<0, kRefresh>([&](auto jc) {
+        unrollTo<0, kSteps>([&](auto jc) {
             constexpr int j = decltype(jc)::value;
             if (j >= u) return;
             if constexpr (j == 0) {
@@ -613,7 +617,7 @@ VRX_INLINE void walk(const T* tab, int N, int start0, int step0, int terms, Body
                         idx[b] = addMod(idx[b], stepR[b], L4);
                     }
                 }
-            } else if constexpr (j == 1) {
+            } else if constexpr (j == 1 || sizeof(T) == 4) {
                 for (int b = 0; b < G; ++b) {
                     pc[b] = c[b];
                     ps[b] = s[b];
