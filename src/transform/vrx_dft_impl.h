@@ -738,6 +738,32 @@ template <class T, class Tr> struct Dft {
     };
     static constexpr RecIdx kRecIdx{};
 
+    // One register step of either recombination at bin k: kC bins k ..
+    // k+kC-1 as (re, im) pairs in x, their partners H-k reversed into the
+    // same lanes of y (bins past H/2 masked off), the table's two factors of
+    // each bin spread into a and b; py is where the partners' register goes.
+    struct RecStep {
+        typename simd::V<T>::M mx, my;
+        T* py;
+        typename simd::V<T>::R x, y, a, b;
+    };
+    static VRX_INLINE RecStep recLoad(T* z, int64_t H, int64_t k, const T* tab, __m512i rev, __m512i ia, __m512i ib) {
+        using S = simd::V<T>;
+        constexpr int kC = S::N / 2;
+        const int64_t last = H / 2;
+        const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
+        RecStep r;
+        r.mx = simd::tail<T>(2 * cnt);
+        r.my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
+        r.py = z + 2 * (H - k - kC + 1);
+        r.x = S::loadm(r.mx, z + 2 * k);
+        r.y = S::permute2(S::loadm(r.my, r.py), rev, S::zero());
+        const typename S::R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
+        r.a = S::permute2(t, ia, t);
+        r.b = S::permute2(t, ib, t);
+        return r;
+    }
+
     // Half-length spectrum z (H complex values) to Perm, in place.
     static void recombineFwd(T* z, int64_t H, const T* tab) {
         using S = simd::V<T>;
@@ -748,27 +774,17 @@ template <class T, class Tr> struct Dft {
         z[1] = p0 - q0;
         int64_t k = 1;
         if (H >= 4 * kC) {
-            // kC bins k0 .. k0+kC-1 a register as (re, im) pairs, their
-            // partners H-k reversed into the same lanes; the bins past H/2
-            // are masked off, and the partner side is stored last (bin H/2)
+            // the partner side is stored last (bin H/2)
             const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
                           ib = _mm512_load_si512(kRecIdx.b);
             const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
             for (; 2 * k <= H; k += kC) {
-                const int64_t last = H / 2;
-                const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
-                const typename S::M mx = simd::tail<T>(2 * cnt);
-                const typename S::M my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
-                T* py = z + 2 * (H - k - kC + 1);
-                const R x = S::loadm(mx, z + 2 * k);
-                const R y = S::permute2(S::loadm(my, py), rev, S::zero());
-                const R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
-                const R c = S::permute2(t, ia, t), sn = S::permute2(t, ib, t);
-                const R xc = S::xorb(x, conj), yc = S::xorb(y, conj);
-                const R d = S::sub(x, yc);  // (xr - yr, xi + yi)
-                const R pq = S::add(S::mul(d, sn), S::xorb(S::mul(S::swapPair(d), c), conj));  // (P, Q)
-                S::storem(z + 2 * k, mx, S::add(yc, pq));
-                S::storem(py, my, S::permute2(S::add(xc, S::xorb(pq, negRe)), rev, S::zero()));
+                const RecStep r = recLoad(z, H, k, tab, rev, ia, ib);
+                const R xc = S::xorb(r.x, conj), yc = S::xorb(r.y, conj);
+                const R d = S::sub(r.x, yc);  // (xr - yr, xi + yi)
+                const R pq = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), conj));  // (P, Q)
+                S::storem(z + 2 * k, r.mx, S::add(yc, pq));
+                S::storem(r.py, r.my, S::permute2(S::add(xc, S::xorb(pq, negRe)), rev, S::zero()));
             }
             return;
         }
@@ -798,20 +814,12 @@ template <class T, class Tr> struct Dft {
                           ib = _mm512_load_si512(kRecIdx.b);
             const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
             for (; 2 * k <= H; k += kC) {
-                const int64_t last = H / 2;
-                const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
-                const typename S::M mx = simd::tail<T>(2 * cnt);
-                const typename S::M my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
-                T* py = z + 2 * (H - k - kC + 1);
-                const R x = S::loadm(mx, z + 2 * k);
-                const R y = S::permute2(S::loadm(my, py), rev, S::zero());
-                const R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
-                const R a = S::permute2(t, ia, t), b = S::permute2(t, ib, t);
-                const R yc = S::xorb(y, conj);
-                const R d = S::sub(x, yc), sm = S::add(x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
-                const R ut = S::add(S::mul(d, b), S::xorb(S::mul(S::swapPair(d), a), negRe));  // (U, T)
-                S::storem(z + 2 * k, mx, S::add(sm, ut));
-                S::storem(py, my, S::permute2(S::add(S::xorb(sm, conj), S::xorb(ut, negRe)), rev, S::zero()));
+                const RecStep r = recLoad(z, H, k, tab, rev, ia, ib);
+                const R yc = S::xorb(r.y, conj);
+                const R d = S::sub(r.x, yc), sm = S::add(r.x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
+                const R ut = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), negRe));  // (U, T)
+                S::storem(z + 2 * k, r.mx, S::add(sm, ut));
+                S::storem(r.py, r.my, S::permute2(S::add(S::xorb(sm, conj), S::xorb(ut, negRe)), rev, S::zero()));
             }
         }
         for (; 2 * k <= H; ++k) {
