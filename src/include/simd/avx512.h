@@ -876,3 +876,28 @@ namespace n0::simd {
 // Each 32-bit lane's right neighbour: lanes 1..15 of lo, then lane 0 of hi.
 VRX_INLINE __m512i nextLanes32(__m512i lo, __m512i hi) { return _mm512_alignr_epi32(hi, lo, 1); }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// acc + x in 32-bit lanes (AVX2), written into acc's own register: in an
+// unrolled accumulation the compiler otherwise adds into a fresh register
+// and copies it back at every step, which costs issue slots.
+VRX_INLINE void addInPlace32(__m256i& acc, __m256i x) { asm("vpaddd %1, %0, %0" : "+x"(acc) : "x"(x)); }
+// Sixteen 16-bit values in x: their pair sums of squares (up to 2^31, read
+// as unsigned) added to h as high halves and to w wrapping, in place.
+VRX_INLINE void pairSquaresSplitInPlace16s(__m256i x, __m256i& h, __m256i& w) {
+    const __m256i q = _mm256_madd_epi16(x, x);
+    addInPlace32(h, _mm256_srli_epi32(q, 16));
+    addInPlace32(w, q);
+}
+// Sixteen 16-bit values in x summed in adjacent pairs (multiply-add by 1)
+// and added to acc in place.
+VRX_INLINE void addPairSumsInPlace16s(__m256i& acc, __m256i x) { addInPlace32(acc, _mm256_madd_epi16(x, _mm256_set1_epi16(1))); }
+// Eight 32-bit lanes added (AVX2).
+VRX_INLINE __m256i add8x32(__m256i a, __m256i b) { return _mm256_add_epi32(a, b); }
+// The first n < 16 16-bit values at p, zeros after (AVX2 register).
+VRX_INLINE __m256i load16x16sPart(const int16_t* p, size_t n) {
+    alignas(32) int16_t t[16] = {};
+    __builtin_memcpy(t, p, n * sizeof(int16_t));
+    return _mm256_load_si256(reinterpret_cast<const __m256i*>(t));
+}
+}  // namespace n0::simd
