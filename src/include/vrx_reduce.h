@@ -312,18 +312,22 @@ VRX_INLINE uint64_t sumSqExact16s(const int16_t* p, size_t count, int64_t* S) {
     while (i < count) {
         const size_t end = count - i > 65536 ? i + 65536 : count;
         __m256i h0 = simd::zero256i(), h1 = h0, h2 = h0, h3 = h0, w0 = h0, w1 = h0, w2 = h0, w3 = h0, s0 = h0, s1 = h0;
-        for (; i + 64 <= end; i += 64) {
-            const __m256i x0 = NS::load(p + i), x1 = NS::load(p + i + 16);
-            const __m256i x2 = NS::load(p + i + 32), x3 = NS::load(p + i + 48);
-            simd::pairSquaresSplitInPlace16s(x0, h0, w0);
-            simd::pairSquaresSplitInPlace16s(x1, h1, w1);
-            simd::pairSquaresSplitInPlace16s(x2, h2, w2);
-            simd::pairSquaresSplitInPlace16s(x3, h3, w3);
-            if constexpr (WantS) {
+        if constexpr (WantS) {
+            for (; i + 32 <= end; i += 32) {
+                const __m256i x0 = NS::load(p + i), x1 = NS::load(p + i + 16);
+                simd::pairSquaresSplitInPlace16s(x0, h0, w0);
                 simd::addPairSumsInPlace16s(s0, x0);
+                simd::pairSquaresSplitInPlace16s(x1, h1, w1);
                 simd::addPairSumsInPlace16s(s1, x1);
-                simd::addPairSumsInPlace16s(s0, x2);
-                simd::addPairSumsInPlace16s(s1, x3);
+            }
+        } else {
+            for (; i + 64 <= end; i += 64) {
+                const __m256i x0 = NS::load(p + i), x1 = NS::load(p + i + 16);
+                const __m256i x2 = NS::load(p + i + 32), x3 = NS::load(p + i + 48);
+                simd::pairSquaresSplitInPlace16s(x0, h0, w0);
+                simd::pairSquaresSplitInPlace16s(x1, h1, w1);
+                simd::pairSquaresSplitInPlace16s(x2, h2, w2);
+                simd::pairSquaresSplitInPlace16s(x3, h3, w3);
             }
         }
         for (; i < end; i += 16) {
