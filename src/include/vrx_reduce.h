@@ -221,9 +221,9 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
 // Exact total of count 16-bit values through AVX2 pair sums: pairs(i, n)
 // gives the n <= 16 values at offset i (n below 16 only in a last group)
 // summed in adjacent pairs as eight 32-bit lanes; rounds of four groups go
-// into four named registers, added in place (a lane gathers some 2^10
-// pairs of a 65536-value block, far from overflow), and the lanes are
-// widened into 64 bits once per block.
+// into four named registers (a lane gathers some 2^10 pairs of a
+// 65536-value block, far from overflow), and the lanes are widened into 64
+// bits once per block.
 template <class Pairs>
 VRX_INLINE int64_t pairBlocks16s(size_t count, Pairs pairs) {
     I64::R tot = I64::zero();
@@ -232,12 +232,12 @@ VRX_INLINE int64_t pairBlocks16s(size_t count, Pairs pairs) {
         const size_t end = count - i > 65536 ? i + 65536 : count;
         __m256i a0 = simd::zero256i(), a1 = a0, a2 = a0, a3 = a0;
         for (; i + 64 <= end; i += 64) {
-            simd::addInPlace32(a0, pairs(i, 16));
-            simd::addInPlace32(a1, pairs(i + 16, 16));
-            simd::addInPlace32(a2, pairs(i + 32, 16));
-            simd::addInPlace32(a3, pairs(i + 48, 16));
+            a0 = simd::add8x32(a0, pairs(i, 16));
+            a1 = simd::add8x32(a1, pairs(i + 16, 16));
+            a2 = simd::add8x32(a2, pairs(i + 32, 16));
+            a3 = simd::add8x32(a3, pairs(i + 48, 16));
         }
-        for (; i < end; i += 16) simd::addInPlace32(a0, pairs(i, end - i < 16 ? end - i : 16));
+        for (; i < end; i += 16) a0 = simd::add8x32(a0, pairs(i, end - i < 16 ? end - i : 16));
         using simd::add8x32;
         tot = I64::add(tot, simd::widen8x32sTo64(add8x32(add8x32(a0, a1), add8x32(a2, a3))));
     }

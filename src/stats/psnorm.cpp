@@ -179,7 +179,7 @@ uint64_t l1_16(Diff16 s, size_t n) {
 
 // One vector: pair sums of magnitudes by AVX2 multiply-adds.
 uint64_t l1_16(One16 s, size_t n) {
-    return static_cast<uint64_t>(pairTotal16s(s.a, n, [](const int16_t* q) { return simd::addPairMagnitudes16s(simd::zero256i(), q); }));
+    return static_cast<uint64_t>(pairTotal16s(s.a, n, [](const int16_t* q) { return simd::pairMagnitudes16s(simd::keepInRegister(simd::VNarrow<int16_t>::load(q))); }));
 }
 
 // The exact sum of squares: each square (below 2^32 even for differences)

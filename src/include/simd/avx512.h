@@ -931,3 +931,13 @@ VRX_INLINE void cplxDotNotLess1x32_16s(const int16_t* a, const int16_t* b, __m25
     t = _mm256_madd_epi16(vb, _mm256_set1_epi32(0x00010000));
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values in x: their magnitudes (-32768 counts 32768)
+// summed in adjacent pairs as eight 32-bit lanes (AVX2 multiply-add of
+// each value by its sign, exact).
+VRX_INLINE __m256i pairMagnitudes16s(__m256i x) {
+    const __m256i sign = _mm256_or_si256(_mm256_srai_epi16(x, 15), _mm256_set1_epi16(1));
+    return _mm256_madd_epi16(x, sign);
+}
+}  // namespace n0::simd
