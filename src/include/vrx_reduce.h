@@ -218,39 +218,47 @@ VRX_INLINE void sum16s(const int16_t* p, size_t count, int64_t* even, int64_t* o
     lanes64Sum2(tot, even, odd);
 }
 
-// Exact total of count 16-bit values through AVX2 pair sums: step(acc, i, n)
-// adds the n <= 16 values at offset i (n below 16 only in a last group),
-// summed in adjacent pairs, to the eight 32-bit lanes of acc (a lane
-// gathers some 2^10 pairs of a 65536-value block, far from overflow); the
-// lanes are widened into 64 bits once per block.
-template <class Step>
-VRX_INLINE int64_t pairBlocks16s(size_t count, Step step) {
-    constexpr int U = 4;
+// Exact total of count 16-bit values through AVX2 pair sums: pairs(i, n)
+// gives the n <= 16 values at offset i (n below 16 only in a last group)
+// summed in adjacent pairs as eight 32-bit lanes; rounds of four groups go
+// into four named registers (a lane gathers some 2^10 pairs of a
+// 65536-value block, far from overflow), and the lanes are widened into 64
+// bits once per block.
+template <class Pairs>
+VRX_INLINE int64_t pairBlocks16s(size_t count, Pairs pairs) {
     I64::R tot = I64::zero();
-    inBlocks(count, 65536, [&](size_t b, size_t len) {
-        __m256i a[U];
-        unroll<U>([&](auto k) { a[k] = simd::zero256i(); });
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) { a[k] = step(a[k], b + i, n); });
-        unroll<U>([&](auto k) { tot = I64::add(tot, simd::widen8x32sTo64(a[k])); });
-    });
+    size_t i = 0;
+    while (i < count) {
+        const size_t end = count - i > 65536 ? i + 65536 : count;
+        __m256i a0 = simd::zero256i(), a1 = a0, a2 = a0, a3 = a0;
+        for (; i + 64 <= end; i += 64) {
+            a0 = simd::add8x32(a0, pairs(i, 16));
+            a1 = simd::add8x32(a1, pairs(i + 16, 16));
+            a2 = simd::add8x32(a2, pairs(i + 32, 16));
+            a3 = simd::add8x32(a3, pairs(i + 48, 16));
+        }
+        for (; i < end; i += 16) a0 = simd::add8x32(a0, pairs(i, end - i < 16 ? end - i : 16));
+        using simd::add8x32;
+        tot = I64::add(tot, simd::widen8x32sTo64(add8x32(add8x32(a0, a1), add8x32(a2, a3))));
+    }
     return lanes64Sum(tot);
 }
 
-// The same with step(acc, q) on sixteen values at q: a last partial group
-// of 16 goes through a zeroed copy.
+// The same with step(q) giving the pair sums of sixteen values at q: a
+// last partial group of 16 goes through a zeroed copy.
 template <class Step>
 VRX_INLINE int64_t pairTotal16s(const int16_t* p, size_t count, Step step) {
-    return pairBlocks16s(count, [&](__m256i acc, size_t i, size_t n) {
-        if (n == 16) return step(acc, p + i);
+    return pairBlocks16s(count, [&](size_t i, size_t n) {
+        if (n == 16) return step(p + i);
         alignas(32) int16_t t[16] = {};
         __builtin_memcpy(t, p + i, n * sizeof(int16_t));
-        return step(acc, t);
+        return step(t);
     });
 }
 
 // Exact sum of count 16-bit values (even and odd positions together).
 VRX_INLINE int64_t sum16sAll(const int16_t* p, size_t count) {
-    return pairTotal16s(p, count, [](__m256i a, const int16_t* q) { return simd::addPairSums16s(a, q); });
+    return pairTotal16s(p, count, [](const int16_t* q) { return simd::addPairSums16s(simd::zero256i(), q); });
 }
 
 // Exact 64-bit sum of count 32-bit values without widening each value:
@@ -284,66 +292,60 @@ VRX_INLINE int64_t sum32s(const int32_t* p, size_t count) {
     return lanes64Sum(tot);
 }
 
-// Exact sum of squares of 16-bit values: pair sums of squares, each up to
-// 2^31 and read as unsigned (so two values of -32768 give 2^31), gathered
-// per 32-bit lane as high halves and wrapping totals (simd::foldSplit32u);
-// a lane takes at most 2^12 pairs of a 65536-value block, which is then
-// folded into 64-bit lanes. A last partial group of 16 goes through a
-// zeroed copy.
-template <int U, class Extra>
-VRX_INLINE uint64_t sumSqBlocks16s(const int16_t* p, size_t count, Extra& extra) {
+// Exact sum of squares of 16-bit values (and, when WantS, their exact sum)
+// in one pass. Pair sums of squares, each up to 2^31 and read as unsigned
+// (so two values of -32768 give 2^31), go into 32-bit lanes as high halves
+// (h) and wrapping totals (w); pair sums of the values into s. Rounds of
+// 64 values feed four registers of each, added together at the end of a
+// block of 65536 values (a lane then holds at most 2^12 pairs, so the sum
+// of low halves, w - (h << 16), stays below 2^32) and folded into 64-bit
+// lanes. The rest of a block goes by 16s into the first registers, a last
+// partial 16 through a zeroed copy. The accumulators are named variables:
+// in arrays indexed inside lambdas the compiler copied each one between
+// registers at every step.
+template <bool WantS>
+VRX_INLINE uint64_t sumSqExact16s(const int16_t* p, size_t count, int64_t* S) {
+    using NS = simd::VNarrow<int16_t>;
     U64::R tot = U64::zero();
-    inBlocks(count, 65536, [&](size_t b, size_t len) {
-        __m256i h[U], w[U];
-        unroll<U>([&](auto k) { h[k] = simd::zero256i(); w[k] = simd::zero256i(); });
-        extra.start();
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t n) {
-            auto step = [&](const int16_t* q) {
-                simd::pairSquaresSplit16s(q, h[k], w[k]);
-                extra.add(k, q);
-            };
-            if (n == 16) {
-                step(p + b + i);
-            } else {
-                alignas(32) int16_t t[16] = {};
-                __builtin_memcpy(t, p + b + i, n * sizeof(int16_t));
-                step(t);
+    I64::R s64 = I64::zero();
+    size_t i = 0;
+    while (i < count) {
+        const size_t end = count - i > 65536 ? i + 65536 : count;
+        __m256i h0 = simd::zero256i(), h1 = h0, h2 = h0, h3 = h0, w0 = h0, w1 = h0, w2 = h0, w3 = h0, s0 = h0, s1 = h0;
+        if constexpr (WantS) {
+            for (; i + 32 <= end; i += 32) {
+                const __m256i x0 = NS::load(p + i), x1 = NS::load(p + i + 16);
+                simd::pairSquaresSplitInPlace16s(x0, h0, w0);
+                simd::addPairSumsInPlace16s(s0, x0);
+                simd::pairSquaresSplitInPlace16s(x1, h1, w1);
+                simd::addPairSumsInPlace16s(s1, x1);
             }
-        });
-        unroll<U>([&](auto k) { tot = U64::add(tot, simd::foldSplit32u(h[k], w[k])); });
-        extra.fold();
-    });
+        } else {
+            for (; i + 64 <= end; i += 64) {
+                const __m256i x0 = NS::load(p + i), x1 = NS::load(p + i + 16);
+                const __m256i x2 = NS::load(p + i + 32), x3 = NS::load(p + i + 48);
+                simd::pairSquaresSplitInPlace16s(x0, h0, w0);
+                simd::pairSquaresSplitInPlace16s(x1, h1, w1);
+                simd::pairSquaresSplitInPlace16s(x2, h2, w2);
+                simd::pairSquaresSplitInPlace16s(x3, h3, w3);
+            }
+        }
+        for (; i < end; i += 16) {
+            const __m256i x = i + 16 <= end ? NS::load(p + i) : simd::load16x16sPart(p + i, end - i);
+            simd::pairSquaresSplitInPlace16s(x, h0, w0);
+            if constexpr (WantS) simd::addPairSumsInPlace16s(s0, x);
+        }
+        using simd::add8x32;
+        tot = U64::add(tot, simd::foldSplit32u(add8x32(add8x32(h0, h1), add8x32(h2, h3)), add8x32(add8x32(w0, w1), add8x32(w2, w3))));
+        if constexpr (WantS) s64 = I64::add(s64, simd::widen8x32sTo64(add8x32(s0, s1)));
+    }
+    if constexpr (WantS) *S = lanes64Sum(s64);
     return static_cast<uint64_t>(lanes64Sum(tot));
 }
 
-struct NoExtra {
-    VRX_INLINE void start() {}
-    template <class K> VRX_INLINE void add(K, const int16_t*) {}
-    VRX_INLINE void fold() {}
-};
+VRX_INLINE uint64_t sumSqPairs16s(const int16_t* p, size_t count) { return sumSqExact16s<false>(p, count, nullptr); }
 
-VRX_INLINE uint64_t sumSqPairs16s(const int16_t* p, size_t count) {
-    NoExtra none;
-    return sumSqBlocks16s<4>(p, count, none);
-}
-
-// S and Q in one pass: Q as in sumSqPairs16s; S from pair sums in 32-bit
-// lanes (each lane gathers at most 2^11 pairs of a 65536-value block),
-// folded into 64-bit lanes per block.
-// The pair sums of sumSq16s, two registers.
-struct PairSums16s {
-    __m256i s[2];
-    I64::R s64 = I64::zero();
-    VRX_INLINE void start() { s[0] = s[1] = simd::zero256i(); }
-    template <class K> VRX_INLINE void add(K k, const int16_t* q) { s[k] = simd::addPairSums16s(s[k], q); }
-    VRX_INLINE void fold() { s64 = I64::add(s64, I64::add(simd::widen8x32sTo64(s[0]), simd::widen8x32sTo64(s[1]))); }
-};
-
-VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) {
-    PairSums16s sums;
-    *Q = sumSqBlocks16s<2>(p, count, sums);
-    *S = lanes64Sum(sums.s64);
-}
+VRX_INLINE void sumSq16s(const int16_t* p, size_t count, int64_t* S, uint64_t* Q) { *Q = sumSqExact16s<true>(p, count, S); }
 
 // ------------------------------------------------------- scalar helpers
 // Rounds with the caller's current MXCSR mode (round to nearest, ties to

@@ -142,6 +142,15 @@ struct LoadRC32to64 {
 };
 
 // ------------------------------------------------------------ integers
+// The first c < 16 values at a and b through zeroed copies, handed to f.
+template <class Fn>
+VRX_INLINE void viaZeroedCopies(const int16_t* a, const int16_t* b, size_t c, Fn f) {
+    alignas(32) int16_t u[16] = {}, v[16] = {};
+    __builtin_memcpy(u, a, c * sizeof(int16_t));
+    __builtin_memcpy(v, b, c * sizeof(int16_t));
+    f(u, v);
+}
+
 // The exact 16-bit dot product: pair sums minus 1 in 64-bit lanes, the
 // count of pairs added back at the end.
 int64_t dot16s(const int16_t* a, const int16_t* b, size_t n) {
@@ -165,33 +174,36 @@ int64_t dot16s(const int16_t* a, const int16_t* b, size_t n) {
 
 // Exact complex 16-bit products: pair sums of 16-bit products in 32 bits
 // (each lowered by 1, so that two products of -32768 stay in range),
-// widened into 64-bit lanes: x = sum(re re' + ~im im'), z = sum(re im' +
-// im re'), and t = sum(im') in 32-bit lanes folded every 65536 values;
-// re = x + t, as -im = ~im + 1, and im = z. A last partial group goes
-// through zeroed copies, whose pairs add -1 like every other and get it
-// back with the count.
+// x = sum(re re' + ~im im') and z = sum(re im' + im re') split into high
+// halves and wrapping totals, and t = sum(im') in 32-bit lanes, all added
+// in place in named registers (one set: two would not fit the sixteen
+// AVX2 registers) and folded into 64-bit lanes every 65536 values; re = x + t, as -im = ~im + 1, and im = z, each with
+// the count of pairs added back. A last partial group goes through zeroed
+// copies, whose pairs add -1 like every other.
 void dot16sc(const int16_t* a, const int16_t* b, size_t cnt, int64_t* re, int64_t* im) {
-    constexpr int U = 2;
-    I64::R x[U], z[U], t64 = I64::zero();
-    unroll<U>([&](auto k) { x[k] = I64::zero(); z[k] = I64::zero(); });
-    inBlocks(cnt, 65536, [&](size_t o, size_t len) {
-        __m256i t[U];
-        unroll<U>([&](auto k) { t[k] = simd::zero256i(); });
-        sweep<U, 16>(len, [&](auto k, size_t i, size_t c) {
-            if (c == 16) {
-                simd::cplxDotNotLess1_16s(a + o + i, b + o + i, x[k], z[k], t[k]);
-            } else {
-                alignas(32) int16_t u[16] = {}, v[16] = {};
-                __builtin_memcpy(u, a + o + i, c * sizeof(int16_t));
-                __builtin_memcpy(v, b + o + i, c * sizeof(int16_t));
-                simd::cplxDotNotLess1_16s(u, v, x[k], z[k], t[k]);
-            }
-        });
-        unroll<U>([&](auto k) { t64 = I64::add(t64, simd::widen8x32sTo64(t[k])); });
-    });
+    I64::R x64 = I64::zero(), z64 = I64::zero();
+    size_t i = 0;
+    while (i < cnt) {
+        const size_t end = cnt - i > 65536 ? i + 65536 : cnt;
+        __m256i hx = simd::zero256i(), wx = hx, hz = hx, wz = hx, t = hx;
+        auto add = [&](const int16_t* u, const int16_t* v) {
+            __m256i x, z, q;
+            simd::cplxDotNotLess1x32_16s(u, v, x, z, q);
+            simd::splitAddInPlace32s(x, hx, wx);
+            simd::splitAddInPlace32s(z, hz, wz);
+            simd::addInPlace32(t, q);
+        };
+        for (; i + 16 <= end; i += 16) add(a + i, b + i);
+        if (i < end) {
+            viaZeroedCopies(a + i, b + i, end - i, add);
+            i = end;
+        }
+        x64 = I64::add(x64, I64::add(simd::foldSplit32s(hx, wx), simd::widen8x32sTo64(t)));
+        z64 = I64::add(z64, simd::foldSplit32s(hz, wz));
+    }
     const int64_t n = static_cast<int64_t>((cnt + 15) / 16 * 8);
-    *re = lanes64Sum(combine<U>(x, I64::add)) + n + lanes64Sum(t64);
-    *im = lanes64Sum(combine<U>(z, I64::add)) + n;
+    *re = lanes64Sum(x64) + n;
+    *im = lanes64Sum(z64) + n;
 }
 
 // Real 16-bit a by complex 16-bit b, exact; a last partial group through

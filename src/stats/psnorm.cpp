@@ -167,19 +167,19 @@ uint32_t inf16(Diff16 s, size_t n) {
 // less 32768 each (so that the 16-bit multiply-add reads them as signed);
 // the 32768 of every value taken, zero-padded ones included, is added back.
 uint64_t l1_16(Diff16 s, size_t n) {
-    const int64_t t = pairBlocks16s(n, [&](__m256i acc, size_t i, size_t c) {
-        if (c == 16) return simd::addPairMagnitudesDiff16s(acc, s.a + i, s.b + i);
+    const int64_t t = pairBlocks16s(n, [&](size_t i, size_t c) {
+        if (c == 16) return simd::addPairMagnitudesDiff16s(simd::zero256i(), s.a + i, s.b + i);
         alignas(32) int16_t x[16] = {}, y[16] = {};
         __builtin_memcpy(x, s.a + i, c * sizeof(int16_t));
         __builtin_memcpy(y, s.b + i, c * sizeof(int16_t));
-        return simd::addPairMagnitudesDiff16s(acc, x, y);
+        return simd::addPairMagnitudesDiff16s(simd::zero256i(), x, y);
     });
     return static_cast<uint64_t>(t + 32768 * static_cast<int64_t>((n + 15) & ~size_t(15)));
 }
 
 // One vector: pair sums of magnitudes by AVX2 multiply-adds.
 uint64_t l1_16(One16 s, size_t n) {
-    return static_cast<uint64_t>(pairTotal16s(s.a, n, [](__m256i a, const int16_t* q) { return simd::addPairMagnitudes16s(a, q); }));
+    return static_cast<uint64_t>(pairTotal16s(s.a, n, [](const int16_t* q) { return simd::pairMagnitudes16s(simd::keepInRegister(simd::VNarrow<int16_t>::load(q))); }));
 }
 
 // The exact sum of squares: each square (below 2^32 even for differences)

@@ -876,3 +876,68 @@ namespace n0::simd {
 // Each 32-bit lane's right neighbour: lanes 1..15 of lo, then lane 0 of hi.
 VRX_INLINE __m512i nextLanes32(__m512i lo, __m512i hi) { return _mm512_alignr_epi32(hi, lo, 1); }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// acc + x in 32-bit lanes (AVX2), written into acc's own register: in an
+// unrolled accumulation the compiler otherwise adds into a fresh register
+// and copies it back at every step, which costs issue slots.
+VRX_INLINE void addInPlace32(__m256i& acc, __m256i x) { asm("vpaddd %1, %0, %0" : "+x"(acc) : "x"(x)); }
+// Sixteen 16-bit values in x: their pair sums of squares (up to 2^31, read
+// as unsigned) added to h as high halves and to w wrapping, in place.
+VRX_INLINE void pairSquaresSplitInPlace16s(__m256i x, __m256i& h, __m256i& w) {
+    const __m256i q = _mm256_madd_epi16(x, x);
+    addInPlace32(h, _mm256_srli_epi32(q, 16));
+    addInPlace32(w, q);
+}
+// Sixteen 16-bit values in x summed in adjacent pairs (multiply-add by 1)
+// and added to acc in place.
+VRX_INLINE void addPairSumsInPlace16s(__m256i& acc, __m256i x) { addInPlace32(acc, _mm256_madd_epi16(x, _mm256_set1_epi16(1))); }
+// Eight 32-bit lanes added (AVX2).
+VRX_INLINE __m256i add8x32(__m256i a, __m256i b) { return _mm256_add_epi32(a, b); }
+// The first n < 16 16-bit values at p, zeros after (AVX2 register).
+VRX_INLINE __m256i load16x16sPart(const int16_t* p, size_t n) {
+    alignas(32) int16_t t[16] = {};
+    __builtin_memcpy(t, p, n * sizeof(int16_t));
+    return _mm256_load_si256(reinterpret_cast<const __m256i*>(t));
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// Signed 32-bit lane values v gathered exactly without widening each: h
+// takes the high halves (v >> 16, arithmetic), w the values themselves,
+// wrapping, both in place; foldSplit32s gives the totals (h << 16) + low
+// halves as 64-bit lanes, exact while a lane gathers at most 65536 values.
+VRX_INLINE void splitAddInPlace32s(__m256i v, __m256i& h, __m256i& w) {
+    addInPlace32(h, _mm256_srai_epi32(v, 16));
+    addInPlace32(w, v);
+}
+VRX_INLINE __m512i foldSplit32s(__m256i h, __m256i w) {
+    const __m256i lo = _mm256_sub_epi32(w, _mm256_slli_epi32(h, 16));
+    return _mm512_add_epi64(_mm512_slli_epi64(_mm512_cvtepi32_epi64(h), 16), _mm512_cvtepu32_epi64(lo));
+}
+// Eight complex pairs (re, im) at a and b: the 32-bit lanes x = re re' +
+// ~im im' - 1 and z = re im' + im re' - 1 (exact: the -1 keeps two
+// products of -32768 in range) and t = im'; since -im = ~im + 1, the real
+// part of a product is x + t + 1.
+VRX_INLINE void cplxDotNotLess1x32_16s(const int16_t* a, const int16_t* b, __m256i& x, __m256i& z, __m256i& t) {
+    const __m256i va = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
+    const __m256i vb = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
+    const __m256i one = _mm256_set1_epi32(1);
+    const __m256i swap = _mm256_setr_epi8(2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13,
+                                          2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13);
+    const __m256i na = _mm256_xor_si256(va, _mm256_set1_epi32(static_cast<int>(0xFFFF0000u)));
+    x = _mm256_sub_epi32(_mm256_madd_epi16(na, vb), one);
+    z = _mm256_sub_epi32(_mm256_madd_epi16(va, _mm256_shuffle_epi8(vb, swap)), one);
+    t = _mm256_madd_epi16(vb, _mm256_set1_epi32(0x00010000));
+}
+}  // namespace n0::simd
+
+namespace n0::simd {
+// Sixteen 16-bit values in x: their magnitudes (-32768 counts 32768)
+// summed in adjacent pairs as eight 32-bit lanes (AVX2 multiply-add of
+// each value by its sign, exact).
+VRX_INLINE __m256i pairMagnitudes16s(__m256i x) {
+    const __m256i sign = _mm256_or_si256(_mm256_srai_epi16(x, 15), _mm256_set1_epi16(1));
+    return _mm256_madd_epi16(x, sign);
+}
+}  // namespace n0::simd
