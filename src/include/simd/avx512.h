@@ -714,17 +714,6 @@ VRX_INLINE __m256i addPairSums16s(__m256i acc, const int16_t* p) {
 }  // namespace n0::simd
 
 namespace n0::simd {
-// Sixteen 16-bit values at p: their magnitudes (-32768 counts 32768) summed
-// in adjacent pairs and added to the eight 32-bit lanes of acc (AVX2
-// multiply-add of each value by its sign, exact).
-VRX_INLINE __m256i addPairMagnitudes16s(__m256i acc, const int16_t* p) {
-    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-    const __m256i sign = _mm256_or_si256(_mm256_srai_epi16(x, 15), _mm256_set1_epi16(1));
-    return _mm256_add_epi32(acc, _mm256_madd_epi16(x, sign));
-}
-}  // namespace n0::simd
-
-namespace n0::simd {
 // Counting compares: each 32-bit lane of acc in the mask m goes up by 1.
 VRX_INLINE __m512i countLanes(__m512i acc, __mmask16 m) {
     return _mm512_mask_sub_epi32(acc, m, acc, _mm512_set1_epi32(-1));
@@ -809,38 +798,10 @@ namespace n0::simd {
 // widening each value: h gathers the high halves (v >> 16), w the values
 // themselves, wrapping. The low halves' sum is w - (h << 16) modulo 2^32,
 // exact while a lane gathers at most 65536 values.
-// Sixteen 16-bit values at p: their pair sums of squares (up to 2^31, read
-// as unsigned) added to h and w so.
-VRX_INLINE void pairSquaresSplit16s(const int16_t* p, __m256i& h, __m256i& w) {
-    const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-    const __m256i q = _mm256_madd_epi16(x, x);
-    h = _mm256_add_epi32(h, _mm256_srli_epi32(q, 16));
-    w = _mm256_add_epi32(w, q);
-}
 // The exact totals (h << 16) + low halves of the eight lanes, as 64-bit lanes.
 VRX_INLINE __m512i foldSplit32u(__m256i h, __m256i w) {
     const __m256i lo = _mm256_sub_epi32(w, _mm256_slli_epi32(h, 16));
     return _mm512_add_epi64(_mm512_slli_epi64(_mm512_cvtepu32_epi64(h), 16), _mm512_cvtepu32_epi64(lo));
-}
-}  // namespace n0::simd
-
-namespace n0::simd {
-// Sixteen 16-bit values at a and b read as eight complex pairs (re, im):
-// exact partial sums of their products, sign-extended into 64-bit lanes,
-// x = re re' + ~im im' - 1 and z = re im' + im re' - 1 (the -1 keeps two
-// products of -32768 in range; the caller adds the pair count back), and
-// the pair sums of im' into the eight 32-bit lanes of t. Since
-// -im = ~im + 1, the real part of the product is x + t (+ 1).
-VRX_INLINE void cplxDotNotLess1_16s(const int16_t* a, const int16_t* b, __m512i& x, __m512i& z, __m256i& t) {
-    const __m256i va = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a));
-    const __m256i vb = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b));
-    const __m256i one = _mm256_set1_epi32(1);
-    const __m256i swap = _mm256_setr_epi8(2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13,
-                                          2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13);
-    const __m256i na = _mm256_xor_si256(va, _mm256_set1_epi32(static_cast<int>(0xFFFF0000u)));
-    x = _mm512_add_epi64(x, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(na, vb), one)));
-    z = _mm512_add_epi64(z, _mm512_cvtepi32_epi64(_mm256_sub_epi32(_mm256_madd_epi16(va, _mm256_shuffle_epi8(vb, swap)), one)));
-    t = _mm256_add_epi32(t, _mm256_madd_epi16(vb, _mm256_set1_epi32(0x00010000)));
 }
 }  // namespace n0::simd
 
