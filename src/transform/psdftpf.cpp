@@ -927,8 +927,14 @@ template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, type
         y[4] = C::sub(a1, b1);
         y[2] = C::add(a2, b2);
         y[3] = C::sub(a2, b2);
+    } else if constexpr (R == 6) {
+        dftCL2<T, 6, 2, 3>(v, y);
     } else if constexpr (R == 9) {
         dftCL2<T, 9, 3, 3>(v, y);
+    } else if constexpr (R == 10) {
+        dftCL2<T, 10, 2, 5>(v, y);
+    } else if constexpr (R == 20) {
+        dftCL2<T, 20, 4, 5>(v, y);
     } else if constexpr (R == 15) {
         dftCL2<T, 15, 3, 5>(v, y);
     } else {
@@ -993,10 +999,12 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
 #pragma GCC unroll 32
     for (int n2 = 0; n2 < N2; ++n2) {
         const int b = n2 / CC, p = n2 % CC;
-        Rg t = S::permute2(z[0][b], _mm512_load_si512(ti.idx[p][0]), z[N1 > 1 ? 1 : 0][b]);
-        if constexpr (N1 > 2) {
-            const Rg w = S::permute2(z[2][b], _mm512_load_si512(ti.idx[p][1]), z[N1 > 3 ? 3 : 2][b]);
-            t = S::blend(static_cast<typename S::M>(0xF0u), t, w);  // complex lanes 2 and 3
+        Rg t = S::permute2(z[0][b], _mm512_load_si512(ti.idx[p][0]), z[1][b]);
+#pragma GCC unroll 4
+        for (int q = 1; 2 * q < N1; ++q) {
+            // complex lanes 2q and 2q+1
+            const Rg w = S::permute2(z[2 * q][b], _mm512_load_si512(ti.idx[p][q]), z[2 * q + 1 < N1 ? 2 * q + 1 : 2 * q][b]);
+            t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
         }
         u[n2] = t;
     }
@@ -1018,27 +1026,41 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
     }
 }
 
-// N1 of the two-level path for a complex length n, or 0 (the lengths of
-// tlDispatch).
-int tlPick(int64_t n) {
-    switch (n) {
-        case 18: case 30: case 50: return 2;
-        case 20: case 36: case 60: case 100: return 4;
-        default: return 0;
+// N1 of the two-level path for a complex length n, or 0: k1 fills as many
+// of the complex lanes of a register (8 single, 4 double) as the length
+// allows.
+template <class T> int tlPick(int64_t n) {
+    if constexpr (sizeof(T) == 4) {
+        switch (n) {
+            case 18: case 30: return 6;
+            case 20: case 36: case 60: case 100: return 4;
+            case 50: return 5;
+            default: return 0;
+        }
+    } else {
+        switch (n) {
+            case 18: case 30: return 3;
+            case 50: return 2;
+            case 20: case 36: case 60: case 100: return 4;
+            default: return 0;
+        }
     }
 }
 
 template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+#define VRX_TL(N1, N2) tlRun<T, N1, N2>(sRe, sIm, dRe, dIm, split, inv, tw); return true
+    constexpr bool single = sizeof(T) == 4;
     switch (n) {
-        case 18: tlRun<T, 2, 9>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
-        case 20: tlRun<T, 4, 5>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
-        case 30: tlRun<T, 2, 15>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
-        case 36: tlRun<T, 4, 9>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
-        case 50: tlRun<T, 2, 25>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
-        case 60: tlRun<T, 4, 15>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
-        case 100: tlRun<T, 4, 25>(sRe, sIm, dRe, dIm, split, inv, tw); return true;
+        case 18: if constexpr (single) { VRX_TL(6, 3); } else { VRX_TL(3, 6); }
+        case 20: VRX_TL(4, 5);
+        case 30: if constexpr (single) { VRX_TL(6, 5); } else { VRX_TL(3, 10); }
+        case 36: VRX_TL(4, 9);
+        case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL(2, 25); }
+        case 60: VRX_TL(4, 15);
+        case 100: VRX_TL(4, 25);
         default: return false;
     }
+#undef VRX_TL
 }
 
 }  // namespace
@@ -1214,7 +1236,7 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
         p->formTab = tab;
         p->formCount = static_cast<int32_t>(cnt);
     }
-    if (const int N1 = real ? 0 : tlPick(n)) {
+    if (const int N1 = real ? 0 : tlPick<T>(n)) {
         // the two-level path: level 0's table takes w_n^(k1*n2) as pairs
         T* tw = static_cast<T*>(p->rec[0].tw);
         const int N2 = n / N1;
