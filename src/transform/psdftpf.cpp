@@ -1033,8 +1033,8 @@ template <class T> int tlPick(int64_t n) {
     if constexpr (sizeof(T) == 4) {
         switch (n) {
             case 18: case 30: return 6;
-            case 20: case 36: case 60: case 100: return 4;
-            case 50: return 5;
+            case 20: case 36: case 60: return 4;
+            case 50: case 100: return 5;
             default: return 0;
         }
     } else {
@@ -1057,7 +1057,7 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
         case 36: VRX_TL(4, 9);
         case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL(2, 25); }
         case 60: VRX_TL(4, 15);
-        case 100: VRX_TL(4, 25);
+        case 100: if constexpr (single) { VRX_TL(5, 20); } else { VRX_TL(4, 25); }
         default: return false;
     }
 #undef VRX_TL
