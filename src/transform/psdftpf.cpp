@@ -1032,8 +1032,8 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
 template <class T> int tlPick(int64_t n) {
     if constexpr (sizeof(T) == 4) {
         switch (n) {
-            case 18: case 30: return 6;
-            case 20: case 36: case 60: return 4;
+            case 18: case 30: case 60: return 6;
+            case 20: case 36: return 4;
             case 50: case 100: return 5;
             default: return 0;
         }
@@ -1056,7 +1056,7 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
         case 30: if constexpr (single) { VRX_TL(6, 5); } else { VRX_TL(3, 10); }
         case 36: VRX_TL(4, 9);
         case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL(2, 25); }
-        case 60: VRX_TL(4, 15);
+        case 60: if constexpr (single) { VRX_TL(6, 10); } else { VRX_TL(4, 15); }
         case 100: if constexpr (single) { VRX_TL(5, 20); } else { VRX_TL(4, 25); }
         default: return false;
     }
