@@ -966,8 +966,7 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
     using C = CL<T>;
     using S = simd::V<T>;
     using Rg = typename S::R;
-    constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC;
-    static_assert(N1 <= CC, "k1 in the lanes of one register");
+    constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC, KB = (N1 + CC - 1) / CC;
     Rg z[N1][NB];
 #pragma GCC unroll 8
     for (int b = 0; b < NB; ++b) {
@@ -993,35 +992,41 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
         for (int k1 = 1; k1 < N1; ++k1)
             z[k1][b] = C::mulW(y[k1], S::loadm(mk, tw + 2 * ((k1 - 1) * N2 + b * CC)));
     }
-    // register n2 takes complex lane n2 % CC of rows k1 = 0 .. N1-1
-    Rg u[N2], o[N2];
+    // register n2 of group g takes complex lane n2 % CC of rows
+    // k1 = g*CC .. g*CC + CC-1 (a group of at most CC rows)
     const TlIdx<T>& ti = kTlIdx<T>;
+#pragma GCC unroll 2
+    for (int g = 0; g < KB; ++g) {
+        const int k0 = g * CC, rows = N1 - k0 < CC ? N1 - k0 : CC;
+        Rg u[N2], o[N2];
 #pragma GCC unroll 32
-    for (int n2 = 0; n2 < N2; ++n2) {
-        const int b = n2 / CC, p = n2 % CC;
-        Rg t = S::permute2(z[0][b], _mm512_load_si512(ti.idx[p][0]), z[1][b]);
+        for (int n2 = 0; n2 < N2; ++n2) {
+            const int b = n2 / CC, p = n2 % CC;
+            Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
 #pragma GCC unroll 4
-        for (int q = 1; 2 * q < N1; ++q) {
-            // complex lanes 2q and 2q+1
-            const Rg w = S::permute2(z[2 * q][b], _mm512_load_si512(ti.idx[p][q]), z[2 * q + 1 < N1 ? 2 * q + 1 : 2 * q][b]);
-            t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
+            for (int q = 1; 2 * q < rows; ++q) {
+                // complex lanes 2q and 2q+1
+                const Rg w = S::permute2(z[k0 + 2 * q][b], _mm512_load_si512(ti.idx[p][q]),
+                                         z[k0 + (2 * q + 1 < rows ? 2 * q + 1 : 2 * q)][b]);
+                t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
+            }
+            u[n2] = t;
         }
-        u[n2] = t;
-    }
-    dftCL<T, N2>(u, o);
-    const typename S::M mo = simd::tail<T>(2 * N1);
+        dftCL<T, N2>(u, o);
+        const typename S::M mo = simd::tail<T>(2 * rows);
 #pragma GCC unroll 32
-    for (int k2 = 0; k2 < N2; ++k2) {
-        Rg v = o[k2];
-        if (inv) v = C::conj(v);
-        const int64_t i = int64_t(N1) * k2;
-        if (split) {
-            Rg re, im;
-            simd::deinterleave(v, S::zero(), re, im);
-            S::storem(dRe + i, simd::tail<T>(N1), re);
-            S::storem(dIm + i, simd::tail<T>(N1), im);
-        } else {
-            S::storem(dRe + 2 * i, mo, v);
+        for (int k2 = 0; k2 < N2; ++k2) {
+            Rg v = o[k2];
+            if (inv) v = C::conj(v);
+            const int64_t i = int64_t(N1) * k2 + k0;
+            if (split) {
+                Rg re, im;
+                simd::deinterleave(v, S::zero(), re, im);
+                S::storem(dRe + i, simd::tail<T>(rows), re);
+                S::storem(dIm + i, simd::tail<T>(rows), im);
+            } else {
+                S::storem(dRe + 2 * i, mo, v);
+            }
         }
     }
 }
