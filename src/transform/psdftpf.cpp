@@ -935,6 +935,11 @@ template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, type
         dftCL2<T, 10, 2, 5>(v, y);
     } else if constexpr (R == 20) {
         dftCL2<T, 20, 4, 5>(v, y);
+    } else if constexpr (R == 8) {
+        dftCL2<T, 8, 2, 4>(v, y);
+    } else if constexpr (R == 45) {
+        dftCL2<T, 45, 5, 9>(v, y);
+
     } else if constexpr (R == 15) {
         dftCL2<T, 15, 3, 5>(v, y);
     } else {
@@ -1040,13 +1045,14 @@ template <class T> int tlPick(int64_t n) {
             case 18: case 30: case 60: return 6;
             case 20: case 36: return 4;
             case 50: case 100: return 5;
+            case 360: return 8;
             default: return 0;
         }
     } else {
         switch (n) {
             case 18: case 30: return 3;
             case 50: return 2;
-            case 20: case 36: case 60: case 100: return 4;
+            case 20: case 36: case 60: case 100: case 180: return 4;
             default: return 0;
         }
     }
@@ -1063,6 +1069,8 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
         case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL(2, 25); }
         case 60: if constexpr (single) { VRX_TL(6, 10); } else { VRX_TL(4, 15); }
         case 100: if constexpr (single) { VRX_TL(5, 20); } else { VRX_TL(4, 25); }
+        case 180: if constexpr (single) { return false; } else { VRX_TL(4, 45); }
+        case 360: if constexpr (single) { VRX_TL(8, 45); } else { return false; }
         default: return false;
     }
 #undef VRX_TL
