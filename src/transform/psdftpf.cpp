@@ -856,6 +856,17 @@ template <class T> struct CL {
     static VRX_INLINE R conj(R v) { return S::xorb(v, S::set2(T(0), T(-0.0))); }
 };
 
+// The first level A of a composite register kernel R = A*(R/A), or 0.
+constexpr int tlSplit(int R) {
+    switch (R) {
+        case 6: case 8: case 10: return 2;
+        case 9: case 15: return 3;
+        case 20: return 4;
+        case 25: case 45: return 5;
+        default: return 0;
+    }
+}
+
 // y[m] = sum_j v[j] W_R^(j*m) on registers of complex lanes (forward sign).
 template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y);
 
@@ -927,24 +938,10 @@ template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, type
         y[4] = C::sub(a1, b1);
         y[2] = C::add(a2, b2);
         y[3] = C::sub(a2, b2);
-    } else if constexpr (R == 6) {
-        dftCL2<T, 6, 2, 3>(v, y);
-    } else if constexpr (R == 9) {
-        dftCL2<T, 9, 3, 3>(v, y);
-    } else if constexpr (R == 10) {
-        dftCL2<T, 10, 2, 5>(v, y);
-    } else if constexpr (R == 20) {
-        dftCL2<T, 20, 4, 5>(v, y);
-    } else if constexpr (R == 8) {
-        dftCL2<T, 8, 2, 4>(v, y);
-    } else if constexpr (R == 45) {
-        dftCL2<T, 45, 5, 9>(v, y);
-
-    } else if constexpr (R == 15) {
-        dftCL2<T, 15, 3, 5>(v, y);
     } else {
-        static_assert(R == 25, "a register kernel of this radix");
-        dftCL2<T, 25, 5, 5>(v, y);
+        constexpr int A = tlSplit(R);
+        static_assert(A > 1, "a register kernel of this radix");
+        dftCL2<T, R, A, R / A>(v, y);
     }
 }
 
