@@ -524,6 +524,67 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
     }
 }
 
+// The last two stages in one pass: radix RA with l finished sub-transforms
+// and m = RB, then radix RB with l*RA, the RA x RB values of each register
+// of q kept in registers between them (the same operations as the two
+// passes, so the same bits).
+template <class T, int RA, int RB, bool Il>
+void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm, T* bRe, T* bIm,
+             bool neg) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    CV<T> v[RA > RB ? RA : RB], o[RA > RB ? RA : RB], y[RA][RB];
+    for (int64_t q = 0; q < l; q += NL) {
+        const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
+        const typename S::M mk = simd::tail<T>(cnt);
+        for (int k = 0; k < RB; ++k) {
+            for (int j = 0; j < RA; ++j) {
+                const int64_t i = q + l * (int64_t(j) * RB + k);
+                v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+            }
+            dftR<T, VE<T>>(RA, WA, v, o);
+            for (int r = 0; r < RA; ++r) {
+                CV<T> t = o[r];
+                if (r > 0 && k > 0) {
+                    const T* w = tw + int64_t(r - 1) * 2 * RB + k;
+                    const T wr = w[0], wi = w[RB];
+                    t = {t.re * wr - t.im * wi, t.re * wi + t.im * wr};
+                }
+                y[r][k] = t;
+            }
+        }
+        for (int r = 0; r < RA; ++r) {
+            dftR<T, VE<T>>(RB, WB, y[r], o);
+            for (int r2 = 0; r2 < RB; ++r2) {
+                CV<T> t = o[r2];
+                const int64_t i = q + l * (r + int64_t(RA) * r2);
+                if constexpr (Il) {
+                    if (neg) t.im = -t.im;
+                    storeIl<T>(bRe, i, cnt, t);
+                } else {
+                    S::storem(bRe + i, mk, t.re.r);
+                    S::storem(bIm + i, mk, t.im.r);
+                }
+            }
+        }
+    }
+}
+
+// The pairs of last stages that run fused (l finished sub-transforms ahead
+// of them, at least a register of them).
+template <class T> bool q2Fits(int RA, int RB, int64_t l) {
+    if (l < simd::V<T>::N) return false;
+    // 5 x 8 in double would keep more registers than there are
+    return (RA == 3 && RB == 6) || (RA == 4 && RB == 6) || (sizeof(T) == 4 && RA == 5 && RB == 8);
+}
+template <class T, bool Il>
+void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm,
+                T* bRe, T* bIm, bool neg) {
+    if (RA == 3) stageQ2<T, 3, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RA == 4) stageQ2<T, 4, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else stageQ2<T, 5, 8, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+}
+
 // A later stage whose l finished sub-transforms are fewer than the lanes
 // (and m above 1): the registers run across t = q + l*k, contiguous in the
 // input for each j, c = l*floor(NL/l) lanes a register (whole groups of l),
@@ -1284,12 +1345,16 @@ void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
     const int L = p->lastFactor, stages = L + 2;
     T* wRe = reinterpret_cast<T*>(work);
     T* wIm = wRe + n;
+    // the last two stages may run as one pass
+    const int RA = p->rec[L].factor, RB = p->rec[L].rest;
+    const bool fuse = stages >= 3 && q2Fits<T>(RA, RB, n / (int64_t(RA) * RB));
+    const int passes = fuse ? stages - 1 : stages;
     // the passes alternate between the work buffer and the destination (as
     // split arrays) so that the last one writes the destination
     T* xRe = dRe;
     T* xIm = split ? dIm : dRe + n;
     auto target = [&](int st, T*& re, T*& im) {
-        const bool toDst = (stages - 1 - st) % 2 == 0;
+        const bool toDst = (passes - 1 - st) % 2 == 0;
         re = toDst ? xRe : wRe;
         im = toDst ? xIm : wIm;
     };
@@ -1318,6 +1383,19 @@ void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
     for (int st = 1; st < stages; ++st) {
         aRe = bRe;
         aIm = bIm;
+        if (fuse && st == stages - 2) {
+            const T* tw = static_cast<const T*>(p->rec[L].tw);
+            const Cx<T>* WA = rootsOf<T>(RA, p->rec[L].gen);
+            const Cx<T>* WB = rootsOf<T>(RB, p->lastGen);
+            if (split) {
+                runStageQ2<T, false>(RA, RB, l, tw, WA, WB, aRe, aIm, dRe, dIm, false);
+                if (inv)
+                    for (int64_t i = 0; i < n; ++i) dIm[i] = -dIm[i];
+            } else {
+                runStageQ2<T, true>(RA, RB, l, tw, WA, WB, aRe, aIm, dRe, nullptr, inv);
+            }
+            return;
+        }
         target(st, bRe, bIm);
         const bool last = st == stages - 1;
         const int R = last ? p->rec[L].rest : p->rec[st].factor;
