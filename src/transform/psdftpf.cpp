@@ -575,13 +575,14 @@ void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* 
 template <class T> bool q2Fits(int RA, int RB, int64_t l) {
     if (l < simd::V<T>::N) return false;
     // 5 x 8 in double would keep more registers than there are
-    return (RA == 3 && RB == 6) || (RA == 4 && RB == 6) || (sizeof(T) == 4 && RA == 5 && RB == 8);
+    return (RA == 3 && RB == 6) || (RA == 4 && RB == 6) || (RA == 5 && RB == 4) || (sizeof(T) == 4 && RA == 5 && RB == 8);
 }
 template <class T, bool Il>
 void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm,
                 T* bRe, T* bIm, bool neg) {
     if (RA == 3) stageQ2<T, 3, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RA == 4) stageQ2<T, 4, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RB == 4) stageQ2<T, 5, 4, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else stageQ2<T, 5, 8, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
 }
 
