@@ -524,6 +524,68 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
     }
 }
 
+// The last two stages in one pass: radix RA with l finished sub-transforms
+// and m = RB, then radix RB with l*RA, the RA x RB values of each register
+// of q kept in registers between them (the same operations as the two
+// passes, so the same bits).
+template <class T, int RA, int RB, bool Il>
+void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm, T* bRe, T* bIm,
+             bool neg) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    CV<T> v[RA > RB ? RA : RB], o[RA > RB ? RA : RB], y[RA][RB];
+    for (int64_t q = 0; q < l; q += NL) {
+        const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
+        const typename S::M mk = simd::tail<T>(cnt);
+        for (int k = 0; k < RB; ++k) {
+            for (int j = 0; j < RA; ++j) {
+                const int64_t i = q + l * (int64_t(j) * RB + k);
+                v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+            }
+            dftR<T, VE<T>>(RA, WA, v, o);
+            for (int r = 0; r < RA; ++r) {
+                CV<T> t = o[r];
+                if (r > 0 && k > 0) {
+                    const T* w = tw + int64_t(r - 1) * 2 * RB + k;
+                    const T wr = w[0], wi = w[RB];
+                    t = {t.re * wr - t.im * wi, t.re * wi + t.im * wr};
+                }
+                y[r][k] = t;
+            }
+        }
+        for (int r = 0; r < RA; ++r) {
+            dftR<T, VE<T>>(RB, WB, y[r], o);
+            for (int r2 = 0; r2 < RB; ++r2) {
+                CV<T> t = o[r2];
+                const int64_t i = q + l * (r + int64_t(RA) * r2);
+                if constexpr (Il) {
+                    if (neg) t.im = -t.im;
+                    storeIl<T>(bRe, i, cnt, t);
+                } else {
+                    S::storem(bRe + i, mk, t.re.r);
+                    S::storem(bIm + i, mk, t.im.r);
+                }
+            }
+        }
+    }
+}
+
+// The pairs of last stages that run fused (l finished sub-transforms ahead
+// of them, at least a register of them).
+template <class T> bool q2Fits(int RA, int RB, int64_t l) {
+    if (l < simd::V<T>::N) return false;
+    // 5 x 8 in double would keep more registers than there are
+    return (RA == 3 && RB == 6) || (RA == 4 && RB == 6) || (RA == 5 && RB == 4) || (sizeof(T) == 4 && RA == 5 && RB == 8);
+}
+template <class T, bool Il>
+void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm,
+                T* bRe, T* bIm, bool neg) {
+    if (RA == 3) stageQ2<T, 3, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RA == 4) stageQ2<T, 4, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RB == 4) stageQ2<T, 5, 4, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else stageQ2<T, 5, 8, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+}
+
 // A later stage whose l finished sub-transforms are fewer than the lanes
 // (and m above 1): the registers run across t = q + l*k, contiguous in the
 // input for each j, c = l*floor(NL/l) lanes a register (whole groups of l),
@@ -814,6 +876,265 @@ template <class T> void pairsToNatural(T* a, int64_t n) {
     });
 }
 
+// ------------------------------------------------------------ two-level small lengths
+
+// Complex lengths n = N1*N2 with N1 of 2 or 4 and N2 with a register kernel
+// run as one piece in registers of complex lanes (re, im pairs): rows
+// x[n1*N2 + n2] (lanes n2) take the radix N1 across the registers and the
+// factors w_n^(k1*n2); a transposition puts k1 in the lanes, one register
+// per n2; the DFT of N2 across the registers leaves X[k1 + N1*k2] in lane
+// k1 of register k2, stored whole. Nothing goes through memory between the
+// two levels.
+
+// Roots exp(-2*pi*i*q/R) of the composite register kernels.
+template <class T, int R> struct RootsOf {
+    Cx<T> r[R];
+    constexpr RootsOf() : r{} {
+        for (int q = 0; q < R; ++q) {
+            const long double a = kTwoPi * q / R;
+            r[q] = {static_cast<T>(__builtin_cosl(a)), static_cast<T>(-__builtin_sinl(a))};
+        }
+    }
+};
+template <class T, int R> inline const RootsOf<T, R> kRootsOf{};  // built at load where cosl does not fold
+
+// Arithmetic on registers of complex lanes.
+template <class T> struct CL {
+    using S = simd::V<T>;
+    using R = typename S::R;
+    static VRX_INLINE R add(R a, R b) { return S::add(a, b); }
+    static VRX_INLINE R sub(R a, R b) { return S::sub(a, b); }
+    static VRX_INLINE R neg(R a) { return S::neg(a); }
+    // -i*v and i*v
+    static VRX_INLINE R mulNegI(R v) { return S::xorb(S::swapPair(v), S::set2(T(0), T(-0.0))); }
+    static VRX_INLINE R mulI(R v) { return S::xorb(S::swapPair(v), S::set2(T(-0.0), T(0))); }
+    static VRX_INLINE R scale(R v, T c) { return S::mul(v, S::set1(c)); }
+    // v * (c + i*s)
+    static VRX_INLINE R mulC(R v, T c, T s) { return S::add(S::mul(v, S::set1(c)), S::mul(S::swapPair(v), S::set2(-s, s))); }
+    // v * w, w a register of factors
+    static VRX_INLINE R mulW(R v, R w) {
+        return S::add(S::mul(v, S::dupRe(w)), S::mul(S::swapPair(v), S::xorb(S::dupIm(w), S::set2(T(-0.0), T(0)))));
+    }
+    static VRX_INLINE R conj(R v) { return S::xorb(v, S::set2(T(0), T(-0.0))); }
+};
+
+// The first level A of a composite register kernel R = A*(R/A), or 0.
+constexpr int tlSplit(int R) {
+    switch (R) {
+        case 6: case 8: case 10: return 2;
+        case 9: case 15: return 3;
+        case 20: return 4;
+        case 25: case 45: return 5;
+        default: return 0;
+    }
+}
+
+// y[m] = sum_j v[j] W_R^(j*m) on registers of complex lanes (forward sign).
+template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y);
+
+template <class T, int R, int A, int B> VRX_INLINE void dftCL2(const typename CL<T>::R* x, typename CL<T>::R* y) {
+    // R = A*B in two levels: DFTs of A over x[n2 + B*n1], the factors
+    // w_R^(n2*k1) (quarter turns as swaps), DFTs of B into y[k1 + A*k2]
+    using C = CL<T>;
+    using Rg = typename C::R;
+    Rg a[B][A], v[A > B ? A : B], o[A > B ? A : B];
+#pragma GCC unroll 8
+    for (int n2 = 0; n2 < B; ++n2) {
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < A; ++n1) v[n1] = x[n2 + B * n1];
+        dftCL<T, A>(v, a[n2]);
+    }
+#pragma GCC unroll 8
+    for (int k1 = 0; k1 < A; ++k1) {
+#pragma GCC unroll 8
+        for (int n2 = 0; n2 < B; ++n2) {
+            const int q = (n2 * k1) % R;
+            const Rg z = a[n2][k1];
+            if (q == 0) v[n2] = z;
+            else if (4 * q == R) v[n2] = C::mulNegI(z);
+            else if (2 * q == R) v[n2] = C::neg(z);
+            else if (4 * q == 3 * R) v[n2] = C::mulI(z);
+            else v[n2] = C::mulC(z, kRootsOf<T, R>.r[q].re, kRootsOf<T, R>.r[q].im);
+        }
+        dftCL<T, B>(v, o);
+#pragma GCC unroll 8
+        for (int k2 = 0; k2 < B; ++k2) y[k1 + A * k2] = o[k2];
+    }
+}
+
+template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y) {
+    using C = CL<T>;
+    using Rg = typename C::R;
+    using S = simd::V<T>;
+    if constexpr (R == 2) {
+        y[0] = C::add(v[0], v[1]);
+        y[1] = C::sub(v[0], v[1]);
+    } else if constexpr (R == 3) {
+        const T s = kRoots<T>.r[3][1].im;  // -sin(2*pi/3)
+        const Rg t = C::add(v[1], v[2]), d = C::sub(v[1], v[2]);
+        const Rg a = C::sub(v[0], C::scale(t, T(0.5)));
+        const Rg sd = S::mul(S::swapPair(d), S::set2(-s, s));  // s*i*d
+        y[0] = C::add(v[0], t);
+        y[1] = C::add(a, sd);
+        y[2] = C::sub(a, sd);
+    } else if constexpr (R == 4) {
+        const Rg a = C::add(v[0], v[2]), b = C::sub(v[0], v[2]);
+        const Rg c = C::add(v[1], v[3]), d = C::mulNegI(C::sub(v[1], v[3]));
+        y[0] = C::add(a, c);
+        y[2] = C::sub(a, c);
+        y[1] = C::add(b, d);
+        y[3] = C::sub(b, d);
+    } else if constexpr (R == 5) {
+        const Cx<T>* W = kRoots<T>.r[5];
+        const T c1 = W[1].re, s1 = W[1].im, c2 = W[2].re, s2 = W[2].im;
+        const Rg t1 = C::add(v[1], v[4]), t2 = C::add(v[2], v[3]);
+        const Rg d1 = S::swapPair(C::sub(v[1], v[4])), d2 = S::swapPair(C::sub(v[2], v[3]));
+        y[0] = C::add(C::add(v[0], t1), t2);
+        const Rg a1 = C::add(C::add(v[0], C::scale(t1, c1)), C::scale(t2, c2));
+        const Rg a2 = C::add(C::add(v[0], C::scale(t1, c2)), C::scale(t2, c1));
+        // i*(s1*d1 + s2*d2) and i*(s2*d1 - s1*d2)
+        const Rg q1 = S::set2(-s1, s1), q2 = S::set2(-s2, s2);
+        const Rg b1 = C::add(S::mul(d1, q1), S::mul(d2, q2));
+        const Rg b2 = C::sub(S::mul(d1, q2), S::mul(d2, q1));
+        y[1] = C::add(a1, b1);
+        y[4] = C::sub(a1, b1);
+        y[2] = C::add(a2, b2);
+        y[3] = C::sub(a2, b2);
+    } else {
+        constexpr int A = tlSplit(R);
+        static_assert(A > 1, "a register kernel of this radix");
+        dftCL2<T, R, A, R / A>(v, y);
+    }
+}
+
+// The permute that brings complex lane p of registers 2q and 2q+1 into
+// complex lanes 2q and 2q+1.
+template <class T> struct TlIdx {
+    static constexpr int NL = simd::V<T>::N, C = NL / 2;
+    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    alignas(64) I idx[C][C / 2][NL] = {};
+    constexpr TlIdx() {
+        for (int p = 0; p < C; ++p)
+            for (int q = 0; q < C / 2; ++q)
+                for (int c = 0; c < C; ++c)
+                    for (int h = 0; h < 2; ++h)
+                        idx[p][q][2 * c + h] = static_cast<I>((c == 2 * q + 1 ? NL : 0) + 2 * p + h);
+    }
+};
+template <class T> inline constexpr TlIdx<T> kTlIdx{};
+
+// One whole transform of n = N1*N2 complex values (split or interleaved, s
+// may be d): tw holds w_n^(k1*n2), k1 = 1 .. N1-1, n2 = 0 .. N2-1, as pairs.
+template <class T, int N1, int N2>
+void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+    using C = CL<T>;
+    using S = simd::V<T>;
+    using Rg = typename S::R;
+    constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC, KB = (N1 + CC - 1) / CC;
+    Rg z[N1][NB];
+#pragma GCC unroll 8
+    for (int b = 0; b < NB; ++b) {
+        const int cnt = N2 - b * CC < CC ? N2 - b * CC : CC;
+        const typename S::M mk = simd::tail<T>(2 * cnt);
+        Rg x[N1], y[N1];
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < N1; ++n1) {
+            const int64_t i = int64_t(n1) * N2 + b * CC;
+            if (split) {
+                Rg lo, hi;
+                const typename S::M mh = simd::tail<T>(cnt);
+                simd::interleave(S::loadm(mh, sRe + i), S::loadm(mh, sIm + i), lo, hi);
+                x[n1] = lo;
+            } else {
+                x[n1] = S::loadm(mk, sRe + 2 * i);
+            }
+            if (inv) x[n1] = C::conj(x[n1]);
+        }
+        dftCL<T, N1>(x, y);
+        z[0][b] = y[0];
+#pragma GCC unroll 8
+        for (int k1 = 1; k1 < N1; ++k1)
+            z[k1][b] = C::mulW(y[k1], S::loadm(mk, tw + 2 * ((k1 - 1) * N2 + b * CC)));
+    }
+    // register n2 of group g takes complex lane n2 % CC of rows
+    // k1 = g*CC .. g*CC + CC-1 (a group of at most CC rows)
+    const TlIdx<T>& ti = kTlIdx<T>;
+#pragma GCC unroll 2
+    for (int g = 0; g < KB; ++g) {
+        const int k0 = g * CC, rows = N1 - k0 < CC ? N1 - k0 : CC;
+        Rg u[N2], o[N2];
+#pragma GCC unroll 32
+        for (int n2 = 0; n2 < N2; ++n2) {
+            const int b = n2 / CC, p = n2 % CC;
+            Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
+#pragma GCC unroll 4
+            for (int q = 1; 2 * q < rows; ++q) {
+                // complex lanes 2q and 2q+1
+                const Rg w = S::permute2(z[k0 + 2 * q][b], _mm512_load_si512(ti.idx[p][q]),
+                                         z[k0 + (2 * q + 1 < rows ? 2 * q + 1 : 2 * q)][b]);
+                t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
+            }
+            u[n2] = t;
+        }
+        dftCL<T, N2>(u, o);
+        const typename S::M mo = simd::tail<T>(2 * rows);
+#pragma GCC unroll 32
+        for (int k2 = 0; k2 < N2; ++k2) {
+            Rg v = o[k2];
+            if (inv) v = C::conj(v);
+            const int64_t i = int64_t(N1) * k2 + k0;
+            if (split) {
+                Rg re, im;
+                simd::deinterleave(v, S::zero(), re, im);
+                S::storem(dRe + i, simd::tail<T>(rows), re);
+                S::storem(dIm + i, simd::tail<T>(rows), im);
+            } else {
+                S::storem(dRe + 2 * i, mo, v);
+            }
+        }
+    }
+}
+
+// N1 of the two-level path for a complex length n, or 0: k1 fills as many
+// of the complex lanes of a register (8 single, 4 double) as the length
+// allows.
+template <class T> int tlPick(int64_t n) {
+    if constexpr (sizeof(T) == 4) {
+        switch (n) {
+            case 18: case 30: case 60: return 6;
+            case 20: case 36: return 4;
+            case 50: case 100: return 5;
+            case 360: return 8;
+            default: return 0;
+        }
+    } else {
+        switch (n) {
+            case 18: case 30: return 3;
+            case 50: return 2;
+            case 20: case 36: case 60: case 100: case 180: return 4;
+            default: return 0;
+        }
+    }
+}
+
+template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+#define VRX_TL(N1, N2) tlRun<T, N1, N2>(sRe, sIm, dRe, dIm, split, inv, tw); return true
+    constexpr bool single = sizeof(T) == 4;
+    switch (n) {
+        case 18: if constexpr (single) { VRX_TL(6, 3); } else { VRX_TL(3, 6); }
+        case 20: VRX_TL(4, 5);
+        case 30: if constexpr (single) { VRX_TL(6, 5); } else { VRX_TL(3, 10); }
+        case 36: VRX_TL(4, 9);
+        case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL(2, 25); }
+        case 60: if constexpr (single) { VRX_TL(6, 10); } else { VRX_TL(4, 15); }
+        case 100: if constexpr (single) { VRX_TL(5, 20); } else { VRX_TL(4, 25); }
+        case 180: if constexpr (single) { return false; } else { VRX_TL(4, 45); }
+        case 360: if constexpr (single) { VRX_TL(8, 45); } else { return false; }
+        default: return false;
+    }
+#undef VRX_TL
+}
+
 }  // namespace
 
 // ------------------------------------------------------------ factoring and sizes
@@ -987,6 +1308,17 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
         p->formTab = tab;
         p->formCount = static_cast<int32_t>(cnt);
     }
+    if (const int N1 = real ? 0 : tlPick<T>(n)) {
+        // the two-level path: level 0's table takes w_n^(k1*n2) as pairs
+        T* tw = static_cast<T*>(p->rec[0].tw);
+        const int N2 = n / N1;
+        for (int k1 = 1; k1 < N1; ++k1)
+            for (int n2 = 0; n2 < N2; ++n2) {
+                const int64_t i = (int64_t(k1) * n2) % n;
+                tw[2 * ((k1 - 1) * N2 + n2)] = base[i * bs].re;
+                tw[2 * ((k1 - 1) * N2 + n2) + 1] = base[i * bs].im;
+            }
+    }
     if (!real) {
         // input offsets of the untwiddled blocks of one unit, digit-reversed
         int64_t b = 1;
@@ -1010,15 +1342,20 @@ void pfInit(Plan* p, Carver& c, const int* f, int cnt, int n, bool real, const C
 template <class T>
 void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work) {
     const int64_t n = p->n;
+    if (tlDispatch<T>(n, sRe, sIm, dRe, dIm, split, inv, static_cast<const T*>(p->rec[0].tw))) return;
     const int L = p->lastFactor, stages = L + 2;
     T* wRe = reinterpret_cast<T*>(work);
     T* wIm = wRe + n;
+    // the last two stages may run as one pass
+    const int RA = p->rec[L].factor, RB = p->rec[L].rest;
+    const bool fuse = stages >= 3 && q2Fits<T>(RA, RB, n / (int64_t(RA) * RB));
+    const int passes = fuse ? stages - 1 : stages;
     // the passes alternate between the work buffer and the destination (as
     // split arrays) so that the last one writes the destination
     T* xRe = dRe;
     T* xIm = split ? dIm : dRe + n;
     auto target = [&](int st, T*& re, T*& im) {
-        const bool toDst = (stages - 1 - st) % 2 == 0;
+        const bool toDst = (passes - 1 - st) % 2 == 0;
         re = toDst ? xRe : wRe;
         im = toDst ? xIm : wIm;
     };
@@ -1047,6 +1384,19 @@ void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
     for (int st = 1; st < stages; ++st) {
         aRe = bRe;
         aIm = bIm;
+        if (fuse && st == stages - 2) {
+            const T* tw = static_cast<const T*>(p->rec[L].tw);
+            const Cx<T>* WA = rootsOf<T>(RA, p->rec[L].gen);
+            const Cx<T>* WB = rootsOf<T>(RB, p->lastGen);
+            if (split) {
+                runStageQ2<T, false>(RA, RB, l, tw, WA, WB, aRe, aIm, dRe, dIm, false);
+                if (inv)
+                    for (int64_t i = 0; i < n; ++i) dIm[i] = -dIm[i];
+            } else {
+                runStageQ2<T, true>(RA, RB, l, tw, WA, WB, aRe, aIm, dRe, nullptr, inv);
+            }
+            return;
+        }
         target(st, bRe, bIm);
         const bool last = st == stages - 1;
         const int R = last ? p->rec[L].rest : p->rec[st].factor;
