@@ -501,12 +501,15 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     CV fr[9], fi[9];
     loadFirstFactors<float, CV, 16>(tw, fr, fi);
     CV a[16];
+#pragma GCC unroll 16
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
     vdftTw<float, CV, 16, Inv>(a, fr, fi);
     __m512 r[16], o[16];
+#pragma GCC unroll 16
     for (int q = 0; q < 16; ++q) r[q] = a[Pair ? pairLane<float>(q) : q].v;
     groupTranspose16f(r, o);
     G c[8];
+#pragma GCC unroll 8
     for (int j = 0; j < 8; ++j) {
         G g{o[2 * j], o[2 * j + 1]};
         c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, kRadix7Tw<Pair>.f + 32 * (j - 1));
