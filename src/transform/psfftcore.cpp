@@ -1031,7 +1031,9 @@ template <class T, bool Inv>
     }
 }
 
-// Interleaved data of 16 and 32 points goes straight to its kernels.
+// Interleaved data of 16 and 32 points goes straight to its kernels, and so
+// does that of the orders whose whole transform runs in registers (single 7
+// to 10, double 7 and 8), which read all their input before they write.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
@@ -1040,6 +1042,18 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
         Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
         if (scale != T(0)) smallCxRun<T, Inv, true>(m, s, d, scale);
         else smallCxRun<T, Inv, false>(m, s, d, scale);
+        return;
+    }
+    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 10 : 8)) {
+        const SrcRef<T> src{reinterpret_cast<const Cx<T>*>(srcRe), nullptr, nullptr};
+        Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
+        if constexpr (sizeof(T) == 4) {
+            if (m == 7) radix7f<Inv, Out::Cx, false>(src, d, nullptr, nullptr, static_cast<const Cx<T>*>(plan->twiddleTab));
+            else runInRegisters<T, Inv, Out::Cx, false>(m, src, d, nullptr, nullptr);
+        } else {
+            runInRegisters<T, Inv, Out::Cx, false>(m, src, d, nullptr, nullptr);
+        }
+        if (scale != T(0)) scaleBy<T>(dstRe, int64_t(2) << m, scale);
         return;
     }
     complexPaths<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
