@@ -501,12 +501,15 @@ void radix7f(const SrcRef<float>& src, Cx<float>* out, float* re, float* im, con
     CV fr[9], fi[9];
     loadFirstFactors<float, CV, 16>(tw, fr, fi);
     CV a[16];
+#pragma GCC unroll 16
     for (int j = 0; j < 16; ++j) a[j] = loadSrc<float, 8, Split>(src, j * 8);
     vdftTw<float, CV, 16, Inv>(a, fr, fi);
     __m512 r[16], o[16];
+#pragma GCC unroll 16
     for (int q = 0; q < 16; ++q) r[q] = a[Pair ? pairLane<float>(q) : q].v;
     groupTranspose16f(r, o);
     G c[8];
+#pragma GCC unroll 8
     for (int j = 0; j < 8; ++j) {
         G g{o[2 * j], o[2 * j + 1]};
         c[j] = j == 0 ? g : GOps<float>::template mul<Inv>(g, kRadix7Tw<Pair>.f + 32 * (j - 1));
@@ -577,6 +580,29 @@ template <class T, int R, bool Inv> VRX_INLINE void sdft(GVec<T>* a) {
     }
 }
 
+// sdft<T, 16> with its inputs taken from ld(n) and its outputs handed
+// to st(k, X[k]), the same operations: each input is loaded when its
+// radix-4 butterfly runs and each output leaves as soon as its last
+// butterfly has run, so that fewer of the 16 rows (which fill the
+// registers) wait in registers.
+template <class T, bool Inv, class Ld, class St> VRX_INLINE void sdft16S(Ld ld, St st) {
+    GVec<T> y[4][4];
+#pragma GCC unroll 4
+    for (int n2 = 0; n2 < 4; ++n2) {
+        GVec<T> b[4] = {ld(n2), ld(4 + n2), ld(8 + n2), ld(12 + n2)};
+        sdft<T, 4, Inv>(b);
+        y[0][n2] = b[0];
+#pragma GCC unroll 4
+        for (int k1 = 1; k1 < 4; ++k1) y[k1][n2] = mulFix<T, Inv>(b[k1], n2 * k1, 16);
+    }
+#pragma GCC unroll 4
+    for (int k1 = 0; k1 < 4; ++k1) {
+        sdft<T, 4, Inv>(y[k1]);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) st(k1 + 4 * k2, y[k1][k2]);
+    }
+}
+
 // Factors W_N^(k1*n2) of the in-register transforms of C columns: row k1
 // holds, per V columns, the V real parts then the V imaginary parts, lane p
 // for column n2 = pairLane(p) (Perm) or p of those V.
@@ -613,10 +639,26 @@ VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale 
     static_assert(R >= V && C % V == 0, "whole square blocks");
     // one square block stays in registers; more go through the stack
     constexpr bool Direct = R == V && H == 1;
+    // the streamed 16-point transforms: faster for the single block of 16
+    // x 16 floats, slower where the rows go through the stack (double)
+    constexpr bool Stream = Direct && R == 16;
     alignas(64) T y[Direct ? 1 : 2 * N];
     G a[R];
 #pragma GCC unroll 1
     for (int h = 0; h < H; ++h) {
+        if constexpr (Stream) {
+            auto ld = [&](int r) __attribute__((always_inline)) {
+                const int64_t e = C * r + V * h;
+                G x;
+                if constexpr (SplitIn) x = {W::load(src.re + e), W::load(src.im + e)};
+                else pairLoad(reinterpret_cast<const T*>(src.cx + e), x.re, x.im);
+                return x;
+            };
+            sdft16S<T, Inv>(ld, [&](int k1, G v) __attribute__((always_inline)) {
+                a[k1] = k1 == 0 ? v : P::template mul<Inv>(v, kLaneTwGroup<T, M, !SplitIn, C>.f + 2 * (C * k1 + V * h));
+            });
+            continue;
+        }
 #pragma GCC unroll 64
         for (int r = 0; r < R; ++r) {
             const int64_t e = C * r + V * h;
@@ -653,13 +695,17 @@ VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale 
 #pragma GCC unroll 16
             for (int p = 0; p < V; ++p) c[V * h + (SplitIn ? p : pairLane<T>(p))] = {tr[p], ti[p]};
         }
-        sdft<T, C, Inv>(c);
-#pragma GCC unroll 32
-        for (int k2 = 0; k2 < C; ++k2) {
-            G v = c[k2];
+        auto st = [&](int k2, G v) __attribute__((always_inline)) {
             if constexpr (Scale) v = {W::mul(v.re, W::set1(scale)), W::mul(v.im, W::set1(scale))};
             if constexpr (O == Out::Cx) pairStore(out + 2 * (V * b + R * k2), v.re, v.im);
             else P::template put<O>(v, out, re, im, V * b + R * k2);
+        };
+        if constexpr (Stream) {
+            sdft16S<T, Inv>([&](int n) __attribute__((always_inline)) { return c[n]; }, st);
+        } else {
+            sdft<T, C, Inv>(c);
+#pragma GCC unroll 32
+            for (int k2 = 0; k2 < C; ++k2) st(k2, c[k2]);
         }
     }
 }
@@ -1028,7 +1074,9 @@ template <class T, bool Inv>
     }
 }
 
-// Interleaved data of 16 and 32 points goes straight to its kernels.
+// Interleaved data of 16 and 32 points goes straight to its kernels, and so
+// does that of the orders whose whole transform runs in registers (single 7
+// to 10, double 7 and 8), which read all their input before they write.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
@@ -1037,6 +1085,18 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
         Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
         if (scale != T(0)) smallCxRun<T, Inv, true>(m, s, d, scale);
         else smallCxRun<T, Inv, false>(m, s, d, scale);
+        return;
+    }
+    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 10 : 8)) {
+        const SrcRef<T> src{reinterpret_cast<const Cx<T>*>(srcRe), nullptr, nullptr};
+        Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
+        if constexpr (sizeof(T) == 4) {
+            if (m == 7) radix7f<Inv, Out::Cx, false>(src, d, nullptr, nullptr, static_cast<const Cx<T>*>(plan->twiddleTab));
+            else runInRegisters<T, Inv, Out::Cx, false>(m, src, d, nullptr, nullptr);
+        } else {
+            runInRegisters<T, Inv, Out::Cx, false>(m, src, d, nullptr, nullptr);
+        }
+        if (scale != T(0)) scaleBy<T>(dstRe, int64_t(2) << m, scale);
         return;
     }
     complexPaths<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
