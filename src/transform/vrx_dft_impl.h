@@ -156,18 +156,6 @@ template <class T, class Tr> struct Dft {
         }
     }
 
-    // factors of k (1 .. K) in pairs by two: tab[4g + odd] = a, tab[4g + 2 + odd] = b
-    static void putPair(T* tab, int64_t k, T a, T b) {
-        const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
-        tab[4 * g + odd] = a;
-        tab[4 * g + 2 + odd] = b;
-    }
-    static VRX_INLINE void getPair(const T* tab, int64_t k, T& a, T& b) {
-        const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
-        a = tab[4 * g + odd];
-        b = tab[4 * g + 2 + odd];
-    }
-
     static VrxStatus init(Kind K, int N, int flag, int hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
         if (!pSpecMem) return vrxErrNullPtr;
         if (N < 1) return vrxErrBadLength;
@@ -214,8 +202,11 @@ template <class T, class Tr> struct Dft {
             T* ri = cs.take<T>(cnt);
             for (int64_t k = 1; k <= N / 4; ++k) {
                 const C w = base[k];  // (cos, -sin)
-                putPair(rf, k, T(0.5) * w.re, T(0.5) + T(0.5) * w.im);
-                putPair(ri, k, w.re, w.im);
+                // the two factors of bin k (1 .. N/4) as the pair at 2(k-1)
+                rf[2 * (k - 1)] = T(0.5) * w.re;
+                rf[2 * (k - 1) + 1] = T(0.5) + T(0.5) * w.im;
+                ri[2 * (k - 1)] = w.re;
+                ri[2 * (k - 1) + 1] = w.im;
             }
             p->recFwdTab = rf;
             p->recInvTab = ri;
@@ -721,47 +712,83 @@ template <class T, class Tr> struct Dft {
         }
     }
 
-    // Lane permutes of the vector recombination: pair j from pair kC-1-j,
-    // and the table rows a, b of bin k0 + j from a group of four per two bins.
+    // The partner pairs reversed: pair j of a register from pair kC-1-j.
     struct RecIdx {
         static constexpr int NL = simd::V<T>::N, kC = NL / 2;
         using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
-        alignas(64) I rev[NL] = {}, a[NL] = {}, b[NL] = {};
+        alignas(64) I rev[NL] = {};
         constexpr RecIdx() {
             for (int j = 0; j < kC; ++j)
-                for (int h = 0; h < 2; ++h) {
-                    rev[2 * j + h] = static_cast<I>(2 * (kC - 1 - j) + h);
-                    a[2 * j + h] = static_cast<I>(4 * (j / 2) + j % 2);
-                    b[2 * j + h] = static_cast<I>(4 * (j / 2) + 2 + j % 2);
-                }
+                for (int h = 0; h < 2; ++h) rev[2 * j + h] = static_cast<I>(2 * (kC - 1 - j) + h);
         }
     };
     static constexpr RecIdx kRecIdx{};
 
     // One register step of either recombination at bin k: kC bins k ..
     // k+kC-1 as (re, im) pairs in x, their partners H-k reversed into the
-    // same lanes of y (bins past H/2 masked off), the table's two factors of
-    // each bin spread into a and b; py is where the partners' register goes.
+    // same lanes of y, the table's two factors of each bin spread over its
+    // pair into a and b (the table holds them as pairs in bin order); py is
+    // where the partners' register goes. Full steps load and store whole
+    // registers; the last one masks off the bins past H/2.
     struct RecStep {
         typename simd::V<T>::M mx, my;
         T* py;
         typename simd::V<T>::R x, y, a, b;
     };
-    static VRX_INLINE RecStep recLoad(T* z, int64_t H, int64_t k, const T* tab, __m512i rev, __m512i ia, __m512i ib) {
+    template <bool Full>
+    static VRX_INLINE RecStep recLoad(T* z, int64_t H, int64_t k, const T* tab, __m512i rev) {
         using S = simd::V<T>;
         constexpr int kC = S::N / 2;
-        const int64_t last = H / 2;
-        const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
         RecStep r;
-        r.mx = simd::tail<T>(2 * cnt);
-        r.my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
         r.py = z + 2 * (H - k - kC + 1);
-        r.x = S::loadm(r.mx, z + 2 * k);
-        r.y = S::permute2(S::loadm(r.my, r.py), rev, S::zero());
-        const typename S::R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
-        r.a = S::permute2(t, ia, t);
-        r.b = S::permute2(t, ib, t);
+        typename S::R t;
+        if constexpr (Full) {
+            r.x = S::load(z + 2 * k);
+            r.y = S::permute2(S::load(r.py), rev, S::zero());
+            t = S::load(tab + 2 * (k - 1));
+        } else {
+            const int cnt = static_cast<int>(H / 2 - k + 1);
+            r.mx = simd::tail<T>(2 * cnt);
+            r.my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
+            r.x = S::loadm(r.mx, z + 2 * k);
+            r.y = S::permute2(S::loadm(r.my, r.py), rev, S::zero());
+            t = S::loadm(r.mx, tab + 2 * (k - 1));
+        }
+        r.a = S::dupRe(t);
+        r.b = S::dupIm(t);
         return r;
+    }
+    template <bool Full> static VRX_INLINE void recStore(const RecStep& r, T* zx, typename simd::V<T>::R vx,
+                                                         typename simd::V<T>::R vy, __m512i rev) {
+        using S = simd::V<T>;
+        if constexpr (Full) {
+            S::store(zx, vx);
+            S::store(r.py, S::permute2(vy, rev, S::zero()));
+        } else {
+            S::storem(zx, r.mx, vx);
+            S::storem(r.py, r.my, S::permute2(vy, rev, S::zero()));
+        }
+    }
+    // The register steps of a recombination: whole ones while kC bins up to
+    // H/2 are left, then one masked step; f(step, k) returns the two results.
+    template <class F> static VRX_INLINE int64_t recSteps(T* z, int64_t H, const T* tab, F&& f) {
+        using S = simd::V<T>;
+        constexpr int kC = S::N / 2;
+        const __m512i rev = _mm512_load_si512(kRecIdx.rev);
+        int64_t k = 1;
+        for (; k + kC - 1 <= H / 2; k += kC) {
+            const RecStep r = recLoad<true>(z, H, k, tab, rev);
+            typename S::R vx, vy;
+            f(r, vx, vy);
+            recStore<true>(r, z + 2 * k, vx, vy, rev);
+        }
+        if (k <= H / 2) {
+            const RecStep r = recLoad<false>(z, H, k, tab, rev);
+            typename S::R vx, vy;
+            f(r, vx, vy);
+            recStore<false>(r, z + 2 * k, vx, vy, rev);
+        }
+        return H / 2 + 1;
     }
 
     // Half-length spectrum z (H complex values) to Perm, in place.
@@ -775,22 +802,17 @@ template <class T, class Tr> struct Dft {
         int64_t k = 1;
         if (H >= 4 * kC) {
             // the partner side is stored last (bin H/2)
-            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
-                          ib = _mm512_load_si512(kRecIdx.b);
             const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
-            for (; 2 * k <= H; k += kC) {
-                const RecStep r = recLoad(z, H, k, tab, rev, ia, ib);
+            k = recSteps(z, H, tab, [&](const RecStep& r, R& vx, R& vy) {
                 const R xc = S::xorb(r.x, conj), yc = S::xorb(r.y, conj);
                 const R d = S::sub(r.x, yc);  // (xr - yr, xi + yi)
                 const R pq = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), conj));  // (P, Q)
-                S::storem(z + 2 * k, r.mx, S::add(yc, pq));
-                S::storem(r.py, r.my, S::permute2(S::add(xc, S::xorb(pq, negRe)), rev, S::zero()));
-            }
-            return;
+                vx = S::add(yc, pq);
+                vy = S::add(xc, S::xorb(pq, negRe));
+            });
         }
         for (; 2 * k <= H; ++k) {
-            T c, s;
-            getPair(tab, k, c, s);
+            const T c = tab[2 * (k - 1)], s = tab[2 * (k - 1) + 1];
             const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
             const T dr = xr - yr, di = xi + yi;
             const T P = dr * s + c * di;
@@ -810,21 +832,17 @@ template <class T, class Tr> struct Dft {
         int64_t k = 1;
         if (H >= 4 * kC) {
             // the registers of the forward recombination
-            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
-                          ib = _mm512_load_si512(kRecIdx.b);
             const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
-            for (; 2 * k <= H; k += kC) {
-                const RecStep r = recLoad(z, H, k, tab, rev, ia, ib);
+            k = recSteps(z, H, tab, [&](const RecStep& r, R& vx, R& vy) {
                 const R yc = S::xorb(r.y, conj);
                 const R d = S::sub(r.x, yc), sm = S::add(r.x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
                 const R ut = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), negRe));  // (U, T)
-                S::storem(z + 2 * k, r.mx, S::add(sm, ut));
-                S::storem(r.py, r.my, S::permute2(S::add(S::xorb(sm, conj), S::xorb(ut, negRe)), rev, S::zero()));
-            }
+                vx = S::add(sm, ut);
+                vy = S::add(S::xorb(sm, conj), S::xorb(ut, negRe));
+            });
         }
         for (; 2 * k <= H; ++k) {
-            T a, b;
-            getPair(tab, k, a, b);
+            const T a = tab[2 * (k - 1)], b = tab[2 * (k - 1) + 1];
             const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
             const T dr = xr - yr, di = xi + yi;
             const T U = b * dr - a * di;
