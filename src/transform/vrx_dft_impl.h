@@ -202,11 +202,12 @@ template <class T, class Tr> struct Dft {
             T* ri = cs.take<T>(cnt);
             for (int64_t k = 1; k <= N / 4; ++k) {
                 const C w = base[k];  // (cos, -sin)
-                // the two factors of bin k (1 .. N/4) as the pair at 2(k-1)
-                rf[2 * (k - 1)] = T(0.5) * w.re;
-                rf[2 * (k - 1) + 1] = T(0.5) + T(0.5) * w.im;
-                ri[2 * (k - 1)] = w.re;
-                ri[2 * (k - 1) + 1] = w.im;
+                int64_t cnt;
+                const int64_t at = recPos(k, N / 4, &cnt);
+                rf[at] = T(0.5) * w.re;
+                rf[at + cnt] = T(0.5) + T(0.5) * w.im;
+                ri[at] = w.re;
+                ri[at + cnt] = w.im;
             }
             p->recFwdTab = rf;
             p->recInvTab = ri;
@@ -712,147 +713,152 @@ template <class T, class Tr> struct Dft {
         }
     }
 
-    // The partner pairs reversed: pair j of a register from pair kC-1-j.
+    // The recombinations run G = lanes bins k .. k+G-1 a step against their
+    // partners H-k .. H-k-G+1, in split registers: the two registers of
+    // each side are split into real and imaginary parts (the partners
+    // reversed by the same permute) and the results interleaved back.
+    // The table holds the two factors of each bin in groups of G bins in
+    // bin order, the first factors of a group, then its second ones (a
+    // short last group keeps them adjacent), so a step loads them straight.
+    static constexpr int kG = simd::V<T>::N;
+    static VRX_INLINE int64_t recPos(int64_t k, int64_t K, int64_t* cnt) {
+        const int64_t g0 = (k - 1) / kG * kG;
+        *cnt = K - g0 < kG ? K - g0 : kG;
+        return 2 * g0 + (k - 1 - g0);
+    }
     struct RecIdx {
-        static constexpr int NL = simd::V<T>::N, kC = NL / 2;
         using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
-        alignas(64) I rev[NL] = {};
+        // ev/od: parts of bins 0..G-1 of a pair of registers; rev/rod: of
+        // bins G-1..0; lo/hi: (re, im) pairs of bins 0.., G/2.. from the
+        // part registers; ylo/yhi: the same of bins G-1.., G/2-1..
+        alignas(64) I ev[kG] = {}, od[kG] = {}, rev[kG] = {}, rod[kG] = {}, lo[kG] = {}, hi[kG] = {}, ylo[kG] = {},
+                      yhi[kG] = {};
         constexpr RecIdx() {
-            for (int j = 0; j < kC; ++j)
-                for (int h = 0; h < 2; ++h) rev[2 * j + h] = static_cast<I>(2 * (kC - 1 - j) + h);
+            for (int j = 0; j < kG; ++j) {
+                ev[j] = static_cast<I>(2 * j);
+                od[j] = static_cast<I>(2 * j + 1);
+                rev[j] = static_cast<I>(2 * (kG - 1 - j));
+                rod[j] = static_cast<I>(2 * (kG - 1 - j) + 1);
+            }
+            for (int m = 0; m < kG / 2; ++m)
+                for (int h = 0; h < 2; ++h) {
+                    lo[2 * m + h] = static_cast<I>(m + h * kG);
+                    hi[2 * m + h] = static_cast<I>(kG / 2 + m + h * kG);
+                    ylo[2 * m + h] = static_cast<I>(kG - 1 - m + h * kG);
+                    yhi[2 * m + h] = static_cast<I>(kG / 2 - 1 - m + h * kG);
+                }
         }
     };
     static constexpr RecIdx kRecIdx{};
 
-    // One register step of either recombination at bin k: kC bins k ..
-    // k+kC-1 as (re, im) pairs in x, their partners H-k reversed into the
-    // same lanes of y, the table's two factors of each bin spread over its
-    // pair into a and b (the table holds them as pairs in bin order); py is
-    // where the partners' register goes. Full steps load and store whole
-    // registers; the last one masks off the bins past H/2.
-    struct RecStep {
-        typename simd::V<T>::M mx, my;
-        T* py;
-        typename simd::V<T>::R x, y, a, b;
+    // The parts of one step: bins x (k + j) and partners y (H - k - j) in
+    // lane j, the table's factors a and b of bin k + j.
+    struct RecParts {
+        typename simd::V<T>::R xr, xi, yr, yi, a, b;
     };
-    template <bool Full>
-    static VRX_INLINE RecStep recLoad(T* z, int64_t H, int64_t k, const T* tab, __m512i rev) {
+    // f(parts, Xr, Xi, Yr, Yi) gives the new bins k + j and H - k - j; the
+    // partner side is stored last (bin H/2 when H is even); the last step
+    // masks off the bins past H/2.
+    template <class F> static VRX_INLINE void recSteps(T* z, int64_t H, const T* tab, F&& f) {
         using S = simd::V<T>;
-        constexpr int kC = S::N / 2;
-        RecStep r;
-        r.py = z + 2 * (H - k - kC + 1);
-        typename S::R t;
-        if constexpr (Full) {
-            r.x = S::load(z + 2 * k);
-            r.y = S::permute2(S::load(r.py), rev, S::zero());
-            t = S::load(tab + 2 * (k - 1));
-        } else {
-            const int cnt = static_cast<int>(H / 2 - k + 1);
-            r.mx = simd::tail<T>(2 * cnt);
-            r.my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
-            r.x = S::loadm(r.mx, z + 2 * k);
-            r.y = S::permute2(S::loadm(r.my, r.py), rev, S::zero());
-            t = S::loadm(r.mx, tab + 2 * (k - 1));
-        }
-        r.a = S::dupRe(t);
-        r.b = S::dupIm(t);
-        return r;
-    }
-    template <bool Full> static VRX_INLINE void recStore(const RecStep& r, T* zx, typename simd::V<T>::R vx,
-                                                         typename simd::V<T>::R vy, __m512i rev) {
-        using S = simd::V<T>;
-        if constexpr (Full) {
-            S::store(zx, vx);
-            S::store(r.py, S::permute2(vy, rev, S::zero()));
-        } else {
-            S::storem(zx, r.mx, vx);
-            S::storem(r.py, r.my, S::permute2(vy, rev, S::zero()));
-        }
-    }
-    // The register steps of a recombination: whole ones while kC bins up to
-    // H/2 are left, then one masked step; f(step, k) returns the two results.
-    template <class F> static VRX_INLINE int64_t recSteps(T* z, int64_t H, const T* tab, F&& f) {
-        using S = simd::V<T>;
-        constexpr int kC = S::N / 2;
-        const __m512i rev = _mm512_load_si512(kRecIdx.rev);
+        using R = typename S::R;
+        using M = typename S::M;
+        constexpr int NL = S::N;
+        const __m512i ev = _mm512_load_si512(kRecIdx.ev), od = _mm512_load_si512(kRecIdx.od),
+                      rev = _mm512_load_si512(kRecIdx.rev), rod = _mm512_load_si512(kRecIdx.rod),
+                      lo = _mm512_load_si512(kRecIdx.lo), hi = _mm512_load_si512(kRecIdx.hi),
+                      ylo = _mm512_load_si512(kRecIdx.ylo), yhi = _mm512_load_si512(kRecIdx.yhi);
+        const int64_t K = H / 2;
+        const auto step = [&](int64_t k, int64_t cnt, auto full) {
+            T* px = z + 2 * k;
+            T* py = z + 2 * (H - k - kG + 1);
+            const T* pt = tab + 2 * (k - 1);
+            R x0, x1, y0, y1;
+            RecParts q;
+            M mx0{}, mx1{}, my0{}, my1{};
+            if constexpr (decltype(full)::value) {
+                x0 = S::load(px);
+                x1 = S::load(px + NL);
+                y0 = S::load(py);
+                y1 = S::load(py + NL);
+                q.a = S::load(pt);
+                q.b = S::load(pt + kG);
+            } else {
+                const int c2 = static_cast<int>(2 * cnt), lead = 2 * kG - c2;  // values of each side, lanes before y's
+                mx0 = simd::tail<T>(c2);
+                mx1 = simd::tail<T>(c2 > NL ? c2 - NL : 0);
+                my0 = static_cast<M>(~simd::tail<T>(lead));
+                my1 = static_cast<M>(~simd::tail<T>(lead > NL ? lead - NL : 0));
+                x0 = S::loadm(mx0, px);
+                x1 = S::loadm(mx1, px + NL);
+                y0 = S::loadm(my0, py);
+                y1 = S::loadm(my1, py + NL);
+                const M mt = simd::tail<T>(static_cast<int>(cnt));
+                q.a = S::loadm(mt, pt);
+                q.b = S::loadm(mt, pt + cnt);
+            }
+            q.xr = S::permute2(x0, ev, x1);
+            q.xi = S::permute2(x0, od, x1);
+            q.yr = S::permute2(y0, rev, y1);
+            q.yi = S::permute2(y0, rod, y1);
+            R Xr, Xi, Yr, Yi;
+            f(q, Xr, Xi, Yr, Yi);
+            const R o0 = S::permute2(Xr, lo, Xi), o1 = S::permute2(Xr, hi, Xi);
+            const R p0 = S::permute2(Yr, ylo, Yi), p1 = S::permute2(Yr, yhi, Yi);
+            if constexpr (decltype(full)::value) {
+                S::store(px, o0);
+                S::store(px + NL, o1);
+                S::store(py, p0);
+                S::store(py + NL, p1);
+            } else {
+                S::storem(px, mx0, o0);
+                S::storem(px + NL, mx1, o1);
+                S::storem(py, my0, p0);
+                S::storem(py + NL, my1, p1);
+            }
+        };
         int64_t k = 1;
-        for (; k + kC - 1 <= H / 2; k += kC) {
-            const RecStep r = recLoad<true>(z, H, k, tab, rev);
-            typename S::R vx, vy;
-            f(r, vx, vy);
-            recStore<true>(r, z + 2 * k, vx, vy, rev);
-        }
-        if (k <= H / 2) {
-            const RecStep r = recLoad<false>(z, H, k, tab, rev);
-            typename S::R vx, vy;
-            f(r, vx, vy);
-            recStore<false>(r, z + 2 * k, vx, vy, rev);
-        }
-        return H / 2 + 1;
+        for (; k + kG - 1 <= K; k += kG) step(k, int64_t(kG), std::true_type{});
+        if (k <= K) step(k, K - k + 1, std::false_type{});
     }
 
-    // Half-length spectrum z (H complex values) to Perm, in place.
+    // Half-length spectrum z (H complex values) to Perm, in place: with
+    // x = z[k], y = z[H-k] and the factors (a, b) of bin k,
+    // d = (xr - yr, xi + yi), P = dr*b + a*di, Q = di*b - a*dr,
+    // z[k] = (yr + P, Q - yi), z[H-k] = (xr - P, Q - xi).
     static void recombineFwd(T* z, int64_t H, const T* tab) {
         using S = simd::V<T>;
         using R = typename S::R;
-        constexpr int NL = S::N, kC = NL / 2;
         const T p0 = z[0], q0 = z[1];
         z[0] = p0 + q0;
         z[1] = p0 - q0;
-        int64_t k = 1;
-        if (H >= 4 * kC) {
-            // the partner side is stored last (bin H/2)
-            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
-            k = recSteps(z, H, tab, [&](const RecStep& r, R& vx, R& vy) {
-                const R xc = S::xorb(r.x, conj), yc = S::xorb(r.y, conj);
-                const R d = S::sub(r.x, yc);  // (xr - yr, xi + yi)
-                const R pq = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), conj));  // (P, Q)
-                vx = S::add(yc, pq);
-                vy = S::add(xc, S::xorb(pq, negRe));
-            });
-        }
-        for (; 2 * k <= H; ++k) {
-            const T c = tab[2 * (k - 1)], s = tab[2 * (k - 1) + 1];
-            const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
-            const T dr = xr - yr, di = xi + yi;
-            const T P = dr * s + c * di;
-            const T Q = di * s - c * dr;
-            z[2 * k] = yr + P;
-            z[2 * k + 1] = Q - yi;
-            z[2 * (H - k)] = xr - P;
-            z[2 * (H - k) + 1] = Q - xi;
-        }
+        recSteps(z, H, tab, [](const RecParts& q, R& Xr, R& Xi, R& Yr, R& Yi) {
+            const R dr = S::sub(q.xr, q.yr), di = S::add(q.xi, q.yi);
+            const R P = S::add(S::mul(dr, q.b), S::mul(q.a, di));
+            const R Q = S::sub(S::mul(di, q.b), S::mul(q.a, dr));
+            Xr = S::add(q.yr, P);
+            Xi = S::sub(Q, q.yi);
+            Yr = S::sub(q.xr, P);
+            Yi = S::sub(Q, q.xi);
+        });
     }
-    // Perm to twice the half-length spectrum, in place.
+    // Perm to twice the half-length spectrum, in place: with the factors
+    // (a, b) of bin k, U = b*dr - a*di, T = a*dr + b*di, s = (xr + yr, xi - yi),
+    // z[k] = (sr + U, si + T), z[H-k] = (sr - U, T - si).
     static void recombineInv(T* z, int64_t H, const T* tab) {
         using S = simd::V<T>;
         using R = typename S::R;
-        constexpr int NL = S::N, kC = NL / 2;
         const T r0 = z[0], rh = z[1];
-        int64_t k = 1;
-        if (H >= 4 * kC) {
-            // the registers of the forward recombination
-            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
-            k = recSteps(z, H, tab, [&](const RecStep& r, R& vx, R& vy) {
-                const R yc = S::xorb(r.y, conj);
-                const R d = S::sub(r.x, yc), sm = S::add(r.x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
-                const R ut = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), negRe));  // (U, T)
-                vx = S::add(sm, ut);
-                vy = S::add(S::xorb(sm, conj), S::xorb(ut, negRe));
-            });
-        }
-        for (; 2 * k <= H; ++k) {
-            const T a = tab[2 * (k - 1)], b = tab[2 * (k - 1) + 1];
-            const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
-            const T dr = xr - yr, di = xi + yi;
-            const T U = b * dr - a * di;
-            const T Tt = a * dr + b * di;
-            const T sr = xr + yr, si = xi - yi;
-            z[2 * k] = sr + U;
-            z[2 * k + 1] = si + Tt;
-            z[2 * (H - k)] = sr - U;
-            z[2 * (H - k) + 1] = Tt - si;
-        }
+        recSteps(z, H, tab, [](const RecParts& q, R& Xr, R& Xi, R& Yr, R& Yi) {
+            const R dr = S::sub(q.xr, q.yr), di = S::add(q.xi, q.yi);
+            const R U = S::sub(S::mul(q.b, dr), S::mul(q.a, di));
+            const R Tt = S::add(S::mul(q.a, dr), S::mul(q.b, di));
+            const R sr = S::add(q.xr, q.yr), si = S::sub(q.xi, q.yi);
+            Xr = S::add(sr, U);
+            Xi = S::add(si, Tt);
+            Yr = S::sub(sr, U);
+            Yi = S::sub(Tt, si);
+        });
         z[0] = r0 + rh;
         z[1] = r0 - rh;
     }
