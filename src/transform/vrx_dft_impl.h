@@ -60,6 +60,133 @@ template <class T> struct CRef {
 template <class T> VRX_INLINE Cx<T> cmul(Cx<T> a, Cx<T> b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
 template <class T> VRX_INLINE Cx<T> conj(Cx<T> a) { return {a.re, -a.im}; }
 
+// ------------------------------------------------------------ real 12 and 15
+// Forward real transforms of 12 and 15 points in scalar registers, as
+// prime-factor index maps with no twiddles: 12 = 3 x 4 reads the groups
+// x[(4a + 3b) mod 12] (b = 0..3) through four real 3-point transforms,
+// then a real 4-point transform of their sums and a complex one of their
+// first bins (bins 2 and 5 are conjugates of its outputs); 15 = 5 x 3
+// reads x[(3a + 5b) mod 15] through three real 5-point transforms, then a
+// real 3-point transform of their sums and complex 3-point transforms of
+// bins 1 and 2 (bins 3 and 4 from the conjugates). Bins 0 .. N/2 go
+// straight to the requested form, times scale when it is not 0.
+template <class T> struct RealSmall {
+    static constexpr T kS3 = T(0.866025403784438646763723170752936183L);   // sin(2pi/3)
+    static constexpr T kC1 = T(0.309016994374947424102293417182819059L);   // cos(2pi/5)
+    static constexpr T kC2 = T(-0.809016994374947424102293417182819059L);  // cos(4pi/5)
+    static constexpr T kS1 = T(0.951056516295153572116439333379382143L);   // sin(2pi/5)
+    static constexpr T kS2 = T(0.587785252292473129168705954639072769L);   // sin(4pi/5)
+
+    // bins 0 .. N/2 (re[k], im[k]) into the form; the imaginary parts of
+    // bin 0 and, for even N, bin N/2 are zeros
+    template <int N> static VRX_INLINE void put(const T* re, const T* im, T* d, T scale, fft::Form f) {
+        constexpr int h = N / 2;
+        T r[h + 1], q[h + 1];
+        for (int k = 0; k <= h; ++k) {
+            r[k] = scale != T(0) ? re[k] * scale : re[k];
+            q[k] = scale != T(0) ? im[k] * scale : im[k];
+        }
+        if (f == fft::Form::CCS) {
+            d[0] = r[0];
+            d[1] = T(0);
+            for (int k = 1; k <= h; ++k) {
+                d[2 * k] = r[k];
+                d[2 * k + 1] = (N % 2 == 0 && k == h) ? T(0) : q[k];
+            }
+            return;
+        }
+        // Pack: R0, R1, I1, ... (R(N/2) last for even N); Perm: R(N/2) second
+        const int o = (N % 2 == 0 && f == fft::Form::Perm) ? 1 : 0;
+        d[0] = r[0];
+        if (o) d[1] = r[h];
+        constexpr int top = N % 2 == 0 ? h - 1 : h;
+        for (int k = 1; k <= top; ++k) {
+            d[2 * k - 1 + o] = r[k];
+            d[2 * k + o] = q[k];
+        }
+        if (N % 2 == 0 && !o) d[N - 1] = r[h];
+    }
+
+    static void fwd12(const T* x, T* d, T scale, fft::Form f) {
+        // four real 3-point transforms: sum P, first bin (u, w)
+        T P[4], u[4], w[4];
+        constexpr int idx[4][3] = {{0, 4, 8}, {3, 7, 11}, {6, 10, 2}, {9, 1, 5}};
+        for (int b = 0; b < 4; ++b) {
+            const T a0 = x[idx[b][0]], a1 = x[idx[b][1]], a2 = x[idx[b][2]];
+            const T t = a1 + a2;
+            P[b] = a0 + t;
+            u[b] = a0 - T(0.5) * t;
+            w[b] = kS3 * (a2 - a1);
+        }
+        T re[7], im[7];
+        const T p02 = P[0] + P[2], p13 = P[1] + P[3];
+        re[0] = p02 + p13;
+        im[0] = T(0);
+        re[6] = p02 - p13;
+        im[6] = T(0);
+        re[3] = P[0] - P[2];
+        im[3] = P[1] - P[3];
+        const T su02 = u[0] + u[2], su13 = u[1] + u[3], sw02 = w[0] + w[2], sw13 = w[1] + w[3];
+        const T er = u[0] - u[2], ei = w[0] - w[2], fr = u[1] - u[3], fi = w[1] - w[3];
+        re[4] = su02 + su13;
+        im[4] = sw02 + sw13;
+        re[2] = su02 - su13;
+        im[2] = sw13 - sw02;
+        re[1] = er + fi;
+        im[1] = ei - fr;
+        re[5] = er - fi;
+        im[5] = -(ei + fr);
+        put<12>(re, im, d, scale, f);
+    }
+
+    static void fwd15(const T* x, T* d, T scale, fft::Form f) {
+        // three real 5-point transforms: sum P, bins 1 and 2 (B, C)
+        T P[3], Br[3], Bi[3], Cr[3], Ci[3];
+        constexpr int idx[3][5] = {{0, 3, 6, 9, 12}, {5, 8, 11, 14, 2}, {10, 13, 1, 4, 7}};
+        for (int b = 0; b < 3; ++b) {
+            const T a0 = x[idx[b][0]], a1 = x[idx[b][1]], a2 = x[idx[b][2]], a3 = x[idx[b][3]], a4 = x[idx[b][4]];
+            const T t1 = a1 + a4, t2 = a2 + a3, d1 = a4 - a1, d2 = a3 - a2;
+            P[b] = (a0 + t1) + t2;
+            Br[b] = (a0 + kC1 * t1) + kC2 * t2;
+            Cr[b] = (a0 + kC2 * t1) + kC1 * t2;
+            Bi[b] = kS1 * d1 + kS2 * d2;
+            Ci[b] = kS2 * d1 - kS1 * d2;
+        }
+        T re[8], im[8];
+        const T ps = P[1] + P[2];
+        re[0] = P[0] + ps;
+        im[0] = T(0);
+        re[5] = P[0] - T(0.5) * ps;
+        im[5] = kS3 * (P[1] - P[2]);
+        // complex 3-point transforms of B and C: Z0 = v0 + s, Z1,2 = m -/+ i r
+        const auto three = [](const T* vr, const T* vi, T& z0r, T& z0i, T& mr, T& mi, T& rr, T& ri) {
+            const T sr = vr[1] + vr[2], si = vi[1] + vi[2];
+            z0r = vr[0] + sr;
+            z0i = vi[0] + si;
+            mr = vr[0] - T(0.5) * sr;
+            mi = vi[0] - T(0.5) * si;
+            rr = kS3 * (vr[1] - vr[2]);
+            ri = kS3 * (vi[1] - vi[2]);
+        };
+        T bz0r, bz0i, bmr, bmi, brr, bri, cz0r, cz0i, cmr, cmi, crr, cri;
+        three(Br, Bi, bz0r, bz0i, bmr, bmi, brr, bri);
+        three(Cr, Ci, cz0r, cz0i, cmr, cmi, crr, cri);
+        re[1] = bmr + bri;
+        im[1] = bmi - brr;
+        re[6] = bz0r;
+        im[6] = bz0i;
+        re[4] = bmr - bri;
+        im[4] = -(bmi + brr);
+        re[2] = cmr - cri;
+        im[2] = cmi + crr;
+        re[7] = cmr + cri;
+        im[7] = cmi - crr;
+        re[3] = cz0r;
+        im[3] = -cz0i;
+        put<15>(re, im, d, scale, f);
+    }
+};
+
 template <class T, class Tr> struct Dft {
     static constexpr int e = 2 * sizeof(T);
     using C = Cx<T>;
@@ -620,8 +747,9 @@ template <class T, class Tr> struct Dft {
         const int N = p->length;
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
-            if (form == fft::Form::CCS && (N == 12 || N == 15)) return smallVecRCcs<T>(N, src, dst, scale);
-            smallRunRFwd<T>(N, src, dst, scale, form);
+            if (N == 12) RealSmall<T>::fwd12(src, dst, scale, form);
+            else if (N == 15) RealSmall<T>::fwd15(src, dst, scale, form);
+            else smallRunRFwd<T>(N, src, dst, scale, form);
             return vrxOk;
         }
         return runRFwdPath(p, src, dst, pBuf, form, scale);
