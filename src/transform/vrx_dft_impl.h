@@ -77,34 +77,39 @@ template <class T> struct RealSmall {
     static constexpr T kS1 = T(0.951056516295153572116439333379382143L);   // sin(2pi/5)
     static constexpr T kS2 = T(0.587785252292473129168705954639072769L);   // sin(4pi/5)
 
-    // bins 0 .. N/2 (re[k], im[k]) into the form; the imaginary parts of
+    // bins 0 .. N/2 (re[k], im[k]) into the form F; the imaginary parts of
     // bin 0 and, for even N, bin N/2 are zeros
-    template <int N> static VRX_INLINE void put(const T* re, const T* im, T* d, T scale, fft::Form f) {
+    template <int N, fft::Form F> static VRX_INLINE void putF(const T* r, const T* q, T* d) {
         constexpr int h = N / 2;
-        T r[h + 1], q[h + 1];
-        for (int k = 0; k <= h; ++k) {
-            r[k] = scale != T(0) ? re[k] * scale : re[k];
-            q[k] = scale != T(0) ? im[k] * scale : im[k];
-        }
-        if (f == fft::Form::CCS) {
+        if constexpr (F == fft::Form::CCS) {
             d[0] = r[0];
             d[1] = T(0);
             for (int k = 1; k <= h; ++k) {
                 d[2 * k] = r[k];
                 d[2 * k + 1] = (N % 2 == 0 && k == h) ? T(0) : q[k];
             }
-            return;
+        } else {
+            // Pack: R0, R1, I1, ... (R(N/2) last for even N); Perm: R(N/2) second
+            constexpr int o = (N % 2 == 0 && F == fft::Form::Perm) ? 1 : 0;
+            constexpr int top = N % 2 == 0 ? h - 1 : h;
+            d[0] = r[0];
+            if constexpr (o) d[1] = r[h];
+            for (int k = 1; k <= top; ++k) {
+                d[2 * k - 1 + o] = r[k];
+                d[2 * k + o] = q[k];
+            }
+            if constexpr (N % 2 == 0 && !o) d[N - 1] = r[h];
         }
-        // Pack: R0, R1, I1, ... (R(N/2) last for even N); Perm: R(N/2) second
-        const int o = (N % 2 == 0 && f == fft::Form::Perm) ? 1 : 0;
-        d[0] = r[0];
-        if (o) d[1] = r[h];
-        constexpr int top = N % 2 == 0 ? h - 1 : h;
-        for (int k = 1; k <= top; ++k) {
-            d[2 * k - 1 + o] = r[k];
-            d[2 * k + o] = q[k];
-        }
-        if (N % 2 == 0 && !o) d[N - 1] = r[h];
+    }
+    template <int N> static VRX_INLINE void put(T* re, T* im, T* d, T scale, fft::Form f) {
+        if (scale != T(0))
+            for (int k = 0; k <= N / 2; ++k) {
+                re[k] *= scale;
+                im[k] *= scale;
+            }
+        if (f == fft::Form::CCS) putF<N, fft::Form::CCS>(re, im, d);
+        else if (f == fft::Form::Pack) putF<N, fft::Form::Pack>(re, im, d);
+        else putF<N, fft::Form::Perm>(re, im, d);
     }
 
     static void fwd12(const T* x, T* d, T scale, fft::Form f) {
@@ -184,6 +189,82 @@ template <class T> struct RealSmall {
         re[3] = cz0r;
         im[3] = -cz0i;
         put<15>(re, im, d, scale, f);
+    }
+
+    // bins 0 .. N/2 of the form (the zero imaginary parts are not read)
+    template <int N> static VRX_INLINE void get(const T* s, T* re, T* im, fft::Form f) {
+        constexpr int h = N / 2;
+        re[0] = s[0];
+        im[0] = T(0);
+        const int o = (f == fft::Form::CCS || (N % 2 == 0 && f == fft::Form::Perm)) ? 1 : 0;
+        constexpr int top = N % 2 == 0 ? h - 1 : h;
+        for (int k = 1; k <= top; ++k) {
+            re[k] = s[2 * k - 1 + o];
+            im[k] = s[2 * k + o];
+        }
+        if (N % 2 == 0) {
+            re[h] = f == fft::Form::CCS ? s[N] : f == fft::Form::Perm ? s[1] : s[N - 1];
+            im[h] = T(0);
+        }
+    }
+    static VRX_INLINE void out(T* d, int i, T v, T scale) { d[i] = scale != T(0) ? v * scale : v; }
+
+    // The inverses run the same maps backwards: the 4- (3-) point sums over
+    // the bins of each residue first, then the real 3- (5-) point sums, each
+    // value stored once where it belongs (all of the source is read first).
+    static void inv12(const T* sp, T* d, T scale, fft::Form f) {
+        T re[7], im[7];
+        get<12>(sp, re, im, f);
+        // residue 0 of 3: bins 0, 9, 6, 3 (real sums G0[b])
+        const T s06 = re[0] + re[6], d06 = re[0] - re[6], r3 = re[3] + re[3], i3 = im[3] + im[3];
+        const T G0[4] = {s06 + r3, d06 + i3, s06 - r3, d06 - i3};
+        // residue 1: bins 4, 1, 10, 7 = (X4, X1, conj X2, conj X5)
+        const T acr = re[4] + re[2], aci = im[4] - im[2], bdr = re[1] + re[5], bdi = im[1] - im[5];
+        const T emr = re[4] - re[2], emi = im[4] + im[2], fmr = re[1] - re[5], fmi = im[1] + im[5];
+        const T gr[4] = {acr + bdr, emr - fmi, acr - bdr, emr + fmi};
+        const T gi[4] = {aci + bdi, emi + fmr, aci - bdi, emi - fmr};
+        constexpr int idx[4][3] = {{0, 4, 8}, {3, 7, 11}, {6, 10, 2}, {9, 1, 5}};
+        constexpr T kR3 = T(1.73205080756887729352744634150587237L);  // 2 sin(2pi/3)
+        for (int b = 0; b < 4; ++b) {
+            const T t = G0[b] - gr[b], q = kR3 * gi[b];
+            out(d, idx[b][0], G0[b] + (gr[b] + gr[b]), scale);
+            out(d, idx[b][1], t - q, scale);
+            out(d, idx[b][2], t + q, scale);
+        }
+    }
+
+    static void inv15(const T* sp, T* d, T scale, fft::Form f) {
+        T re[8], im[8];
+        get<15>(sp, re, im, f);
+        // residue 0 of 5: bins 0, 10, 5 (real sums)
+        const T r5 = re[5] + re[5], t0 = re[0] - re[5], q0 = (kS3 + kS3) * im[5];
+        const T G0[3] = {re[0] + r5, t0 + q0, t0 - q0};
+        // residues 1 and 2: complex 3-point sums of (X6, X1, conj X4) and (conj X3, X7, X2)
+        const auto three = [](T y0r, T y0i, T y1r, T y1i, T y2r, T y2i, T* gr, T* gi) {
+            const T sr = y1r + y2r, si = y1i + y2i;
+            const T mr = y0r - T(0.5) * sr, mi = y0i - T(0.5) * si;
+            const T rr = kS3 * (y1r - y2r), ri = kS3 * (y1i - y2i);
+            gr[0] = y0r + sr;
+            gi[0] = y0i + si;
+            gr[1] = mr - ri;
+            gi[1] = mi + rr;
+            gr[2] = mr + ri;
+            gi[2] = mi - rr;
+        };
+        T g1r[3], g1i[3], g2r[3], g2i[3];
+        three(re[6], im[6], re[1], im[1], re[4], -im[4], g1r, g1i);
+        three(re[3], -im[3], re[7], im[7], re[2], im[2], g2r, g2i);
+        constexpr int idx[3][5] = {{0, 3, 6, 9, 12}, {5, 8, 11, 14, 2}, {10, 13, 1, 4, 7}};
+        constexpr T c1 = kC1 + kC1, c2 = kC2 + kC2, s1 = kS1 + kS1, s2 = kS2 + kS2;
+        for (int b = 0; b < 3; ++b) {
+            const T al = c1 * g1r[b] + c2 * g2r[b], be = s1 * g1i[b] + s2 * g2i[b];
+            const T ga = c2 * g1r[b] + c1 * g2r[b], de = s2 * g1i[b] - s1 * g2i[b];
+            out(d, idx[b][0], G0[b] + ((g1r[b] + g2r[b]) + (g1r[b] + g2r[b])), scale);
+            out(d, idx[b][1], G0[b] + (al - be), scale);
+            out(d, idx[b][4], G0[b] + (al + be), scale);
+            out(d, idx[b][2], G0[b] + (ga - de), scale);
+            out(d, idx[b][3], G0[b] + (ga + de), scale);
+        }
     }
 };
 
@@ -786,7 +867,9 @@ template <class T, class Tr> struct Dft {
         if (VrxStatus st = openR(planMem, src, dst, pBuf, true, &p, &scale)) return st;
         const int N = p->length;
         if (p->path == kPathSmall && !isPow2(N)) {
-            smallRunRInv<T>(N, src, dst, scale, form);
+            if (N == 12) RealSmall<T>::inv12(src, dst, scale, form);
+            else if (N == 15) RealSmall<T>::inv15(src, dst, scale, form);
+            else smallRunRInv<T>(N, src, dst, scale, form);
             return vrxOk;
         }
         return runRInvPath(p, src, dst, pBuf, form, scale);
