@@ -60,6 +60,214 @@ template <class T> struct CRef {
 template <class T> VRX_INLINE Cx<T> cmul(Cx<T> a, Cx<T> b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
 template <class T> VRX_INLINE Cx<T> conj(Cx<T> a) { return {a.re, -a.im}; }
 
+// ------------------------------------------------------------ real 12 and 15
+// Forward real transforms of 12 and 15 points in scalar registers, as
+// prime-factor index maps with no twiddles: 12 = 3 x 4 reads the groups
+// x[(4a + 3b) mod 12] (b = 0..3) through four real 3-point transforms,
+// then a real 4-point transform of their sums and a complex one of their
+// first bins (bins 2 and 5 are conjugates of its outputs); 15 = 5 x 3
+// reads x[(3a + 5b) mod 15] through three real 5-point transforms, then a
+// real 3-point transform of their sums and complex 3-point transforms of
+// bins 1 and 2 (bins 3 and 4 from the conjugates). Bins 0 .. N/2 go
+// straight to the requested form, times scale when it is not 0.
+template <class T> struct RealSmall {
+    static constexpr T kS3 = T(0.866025403784438646763723170752936183L);   // sin(2pi/3)
+    static constexpr T kC1 = T(0.309016994374947424102293417182819059L);   // cos(2pi/5)
+    static constexpr T kC2 = T(-0.809016994374947424102293417182819059L);  // cos(4pi/5)
+    static constexpr T kS1 = T(0.951056516295153572116439333379382143L);   // sin(2pi/5)
+    static constexpr T kS2 = T(0.587785252292473129168705954639072769L);   // sin(4pi/5)
+
+    // bins 0 .. N/2 (re[k], im[k]) into the form F; the imaginary parts of
+    // bin 0 and, for even N, bin N/2 are zeros
+    template <int N, fft::Form F> static VRX_INLINE void putF(const T* r, const T* q, T* d) {
+        constexpr int h = N / 2;
+        if constexpr (F == fft::Form::CCS) {
+            d[0] = r[0];
+            d[1] = T(0);
+            for (int k = 1; k <= h; ++k) {
+                d[2 * k] = r[k];
+                d[2 * k + 1] = (N % 2 == 0 && k == h) ? T(0) : q[k];
+            }
+        } else {
+            // Pack: R0, R1, I1, ... (R(N/2) last for even N); Perm: R(N/2) second
+            constexpr int o = (N % 2 == 0 && F == fft::Form::Perm) ? 1 : 0;
+            constexpr int top = N % 2 == 0 ? h - 1 : h;
+            d[0] = r[0];
+            if constexpr (o) d[1] = r[h];
+            for (int k = 1; k <= top; ++k) {
+                d[2 * k - 1 + o] = r[k];
+                d[2 * k + o] = q[k];
+            }
+            if constexpr (N % 2 == 0 && !o) d[N - 1] = r[h];
+        }
+    }
+    template <int N> static VRX_INLINE void put(T* re, T* im, T* d, T scale, fft::Form f) {
+        if (scale != T(0))
+            for (int k = 0; k <= N / 2; ++k) {
+                re[k] *= scale;
+                im[k] *= scale;
+            }
+        if (f == fft::Form::CCS) putF<N, fft::Form::CCS>(re, im, d);
+        else if (f == fft::Form::Pack) putF<N, fft::Form::Pack>(re, im, d);
+        else putF<N, fft::Form::Perm>(re, im, d);
+    }
+
+    static void fwd12(const T* x, T* d, T scale, fft::Form f) {
+        // four real 3-point transforms: sum P, first bin (u, w)
+        T P[4], u[4], w[4];
+        constexpr int idx[4][3] = {{0, 4, 8}, {3, 7, 11}, {6, 10, 2}, {9, 1, 5}};
+        for (int b = 0; b < 4; ++b) {
+            const T a0 = x[idx[b][0]], a1 = x[idx[b][1]], a2 = x[idx[b][2]];
+            const T t = a1 + a2;
+            P[b] = a0 + t;
+            u[b] = a0 - T(0.5) * t;
+            w[b] = kS3 * (a2 - a1);
+        }
+        T re[7], im[7];
+        const T p02 = P[0] + P[2], p13 = P[1] + P[3];
+        re[0] = p02 + p13;
+        im[0] = T(0);
+        re[6] = p02 - p13;
+        im[6] = T(0);
+        re[3] = P[0] - P[2];
+        im[3] = P[1] - P[3];
+        const T su02 = u[0] + u[2], su13 = u[1] + u[3], sw02 = w[0] + w[2], sw13 = w[1] + w[3];
+        const T er = u[0] - u[2], ei = w[0] - w[2], fr = u[1] - u[3], fi = w[1] - w[3];
+        re[4] = su02 + su13;
+        im[4] = sw02 + sw13;
+        re[2] = su02 - su13;
+        im[2] = sw13 - sw02;
+        re[1] = er + fi;
+        im[1] = ei - fr;
+        re[5] = er - fi;
+        im[5] = -(ei + fr);
+        put<12>(re, im, d, scale, f);
+    }
+
+    static void fwd15(const T* x, T* d, T scale, fft::Form f) {
+        // three real 5-point transforms: sum P, bins 1 and 2 (B, C)
+        T P[3], Br[3], Bi[3], Cr[3], Ci[3];
+        constexpr int idx[3][5] = {{0, 3, 6, 9, 12}, {5, 8, 11, 14, 2}, {10, 13, 1, 4, 7}};
+        for (int b = 0; b < 3; ++b) {
+            const T a0 = x[idx[b][0]], a1 = x[idx[b][1]], a2 = x[idx[b][2]], a3 = x[idx[b][3]], a4 = x[idx[b][4]];
+            const T t1 = a1 + a4, t2 = a2 + a3, d1 = a4 - a1, d2 = a3 - a2;
+            P[b] = (a0 + t1) + t2;
+            Br[b] = (a0 + kC1 * t1) + kC2 * t2;
+            Cr[b] = (a0 + kC2 * t1) + kC1 * t2;
+            Bi[b] = kS1 * d1 + kS2 * d2;
+            Ci[b] = kS2 * d1 - kS1 * d2;
+        }
+        T re[8], im[8];
+        const T ps = P[1] + P[2];
+        re[0] = P[0] + ps;
+        im[0] = T(0);
+        re[5] = P[0] - T(0.5) * ps;
+        im[5] = kS3 * (P[1] - P[2]);
+        // complex 3-point transforms of B and C: Z0 = v0 + s, Z1,2 = m -/+ i r
+        const auto three = [](const T* vr, const T* vi, T& z0r, T& z0i, T& mr, T& mi, T& rr, T& ri) {
+            const T sr = vr[1] + vr[2], si = vi[1] + vi[2];
+            z0r = vr[0] + sr;
+            z0i = vi[0] + si;
+            mr = vr[0] - T(0.5) * sr;
+            mi = vi[0] - T(0.5) * si;
+            rr = kS3 * (vr[1] - vr[2]);
+            ri = kS3 * (vi[1] - vi[2]);
+        };
+        T bz0r, bz0i, bmr, bmi, brr, bri, cz0r, cz0i, cmr, cmi, crr, cri;
+        three(Br, Bi, bz0r, bz0i, bmr, bmi, brr, bri);
+        three(Cr, Ci, cz0r, cz0i, cmr, cmi, crr, cri);
+        re[1] = bmr + bri;
+        im[1] = bmi - brr;
+        re[6] = bz0r;
+        im[6] = bz0i;
+        re[4] = bmr - bri;
+        im[4] = -(bmi + brr);
+        re[2] = cmr - cri;
+        im[2] = cmi + crr;
+        re[7] = cmr + cri;
+        im[7] = cmi - crr;
+        re[3] = cz0r;
+        im[3] = -cz0i;
+        put<15>(re, im, d, scale, f);
+    }
+
+    // bins 0 .. N/2 of the form (the zero imaginary parts are not read)
+    template <int N> static VRX_INLINE void get(const T* s, T* re, T* im, fft::Form f) {
+        constexpr int h = N / 2;
+        re[0] = s[0];
+        im[0] = T(0);
+        const int o = (f == fft::Form::CCS || (N % 2 == 0 && f == fft::Form::Perm)) ? 1 : 0;
+        constexpr int top = N % 2 == 0 ? h - 1 : h;
+        for (int k = 1; k <= top; ++k) {
+            re[k] = s[2 * k - 1 + o];
+            im[k] = s[2 * k + o];
+        }
+        if (N % 2 == 0) {
+            re[h] = f == fft::Form::CCS ? s[N] : f == fft::Form::Perm ? s[1] : s[N - 1];
+            im[h] = T(0);
+        }
+    }
+    static VRX_INLINE void out(T* d, int i, T v, T scale) { d[i] = scale != T(0) ? v * scale : v; }
+
+    // The inverses run the same maps backwards: the 4- (3-) point sums over
+    // the bins of each residue first, then the real 3- (5-) point sums, each
+    // value stored once where it belongs (all of the source is read first).
+    static void inv12(const T* sp, T* d, T scale, fft::Form f) {
+        T re[7], im[7];
+        get<12>(sp, re, im, f);
+        // residue 0 of 3: bins 0, 9, 6, 3 (real sums G0[b])
+        const T s06 = re[0] + re[6], d06 = re[0] - re[6], r3 = re[3] + re[3], i3 = im[3] + im[3];
+        const T G0[4] = {s06 + r3, d06 + i3, s06 - r3, d06 - i3};
+        // residue 1: bins 4, 1, 10, 7 = (X4, X1, conj X2, conj X5)
+        const T acr = re[4] + re[2], aci = im[4] - im[2], bdr = re[1] + re[5], bdi = im[1] - im[5];
+        const T emr = re[4] - re[2], emi = im[4] + im[2], fmr = re[1] - re[5], fmi = im[1] + im[5];
+        const T gr[4] = {acr + bdr, emr - fmi, acr - bdr, emr + fmi};
+        const T gi[4] = {aci + bdi, emi + fmr, aci - bdi, emi - fmr};
+        constexpr int idx[4][3] = {{0, 4, 8}, {3, 7, 11}, {6, 10, 2}, {9, 1, 5}};
+        constexpr T kR3 = T(1.73205080756887729352744634150587237L);  // 2 sin(2pi/3)
+        for (int b = 0; b < 4; ++b) {
+            const T t = G0[b] - gr[b], q = kR3 * gi[b];
+            out(d, idx[b][0], G0[b] + (gr[b] + gr[b]), scale);
+            out(d, idx[b][1], t - q, scale);
+            out(d, idx[b][2], t + q, scale);
+        }
+    }
+
+    static void inv15(const T* sp, T* d, T scale, fft::Form f) {
+        T re[8], im[8];
+        get<15>(sp, re, im, f);
+        // residue 0 of 5: bins 0, 10, 5 (real sums)
+        const T r5 = re[5] + re[5], t0 = re[0] - re[5], q0 = (kS3 + kS3) * im[5];
+        const T G0[3] = {re[0] + r5, t0 + q0, t0 - q0};
+        // residues 1 and 2: complex 3-point sums of (X6, X1, conj X4) and (conj X3, X7, X2)
+        const auto three = [](T y0r, T y0i, T y1r, T y1i, T y2r, T y2i, T* gr, T* gi) {
+            const T sr = y1r + y2r, si = y1i + y2i;
+            const T mr = y0r - T(0.5) * sr, mi = y0i - T(0.5) * si;
+            const T rr = kS3 * (y1r - y2r), ri = kS3 * (y1i - y2i);
+            gr[0] = y0r + sr;
+            gi[0] = y0i + si;
+            gr[1] = mr - ri;
+            gi[1] = mi + rr;
+            gr[2] = mr + ri;
+            gi[2] = mi - rr;
+        };
+        T g1r[3], g1i[3], g2r[3], g2i[3];
+        three(re[6], im[6], re[1], im[1], re[4], -im[4], g1r, g1i);
+        three(re[3], -im[3], re[7], im[7], re[2], im[2], g2r, g2i);
+        constexpr int idx[3][5] = {{0, 3, 6, 9, 12}, {5, 8, 11, 14, 2}, {10, 13, 1, 4, 7}};
+        constexpr T c1 = kC1 + kC1, c2 = kC2 + kC2, s1 = kS1 + kS1, s2 = kS2 + kS2;
+        for (int b = 0; b < 3; ++b) {
+            const T al = c1 * g1r[b] + c2 * g2r[b], be = s1 * g1i[b] + s2 * g2i[b];
+            const T ga = c2 * g1r[b] + c1 * g2r[b], de = s2 * g1i[b] - s1 * g2i[b];
+            out(d, idx[b][0], G0[b] + ((g1r[b] + g2r[b]) + (g1r[b] + g2r[b])), scale);
+            out(d, idx[b][1], G0[b] + (al - be), scale);
+            out(d, idx[b][4], G0[b] + (al + be), scale);
+            out(d, idx[b][2], G0[b] + (ga - de), scale);
+            out(d, idx[b][3], G0[b] + (ga + de), scale);
+        }
+    }
+};
+
 template <class T, class Tr> struct Dft {
     static constexpr int e = 2 * sizeof(T);
     using C = Cx<T>;
@@ -156,18 +364,6 @@ template <class T, class Tr> struct Dft {
         }
     }
 
-    // factors of k (1 .. K) in pairs by two: tab[4g + odd] = a, tab[4g + 2 + odd] = b
-    static void putPair(T* tab, int64_t k, T a, T b) {
-        const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
-        tab[4 * g + odd] = a;
-        tab[4 * g + 2 + odd] = b;
-    }
-    static VRX_INLINE void getPair(const T* tab, int64_t k, T& a, T& b) {
-        const int64_t g = (k - 1) >> 1, odd = (k - 1) & 1;
-        a = tab[4 * g + odd];
-        b = tab[4 * g + 2 + odd];
-    }
-
     static VrxStatus init(Kind K, int N, int flag, int hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
         if (!pSpecMem) return vrxErrNullPtr;
         if (N < 1) return vrxErrBadLength;
@@ -214,8 +410,12 @@ template <class T, class Tr> struct Dft {
             T* ri = cs.take<T>(cnt);
             for (int64_t k = 1; k <= N / 4; ++k) {
                 const C w = base[k];  // (cos, -sin)
-                putPair(rf, k, T(0.5) * w.re, T(0.5) + T(0.5) * w.im);
-                putPair(ri, k, w.re, w.im);
+                int64_t cnt;
+                const int64_t at = recPos(k, N / 4, &cnt);
+                rf[at] = T(0.5) * w.re;
+                rf[at + cnt] = T(0.5) + T(0.5) * w.im;
+                ri[at] = w.re;
+                ri[at + cnt] = w.im;
             }
             p->recFwdTab = rf;
             p->recInvTab = ri;
@@ -628,8 +828,9 @@ template <class T, class Tr> struct Dft {
         const int N = p->length;
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
-            if (form == fft::Form::CCS && (N == 12 || N == 15)) return smallVecRCcs<T>(N, src, dst, scale);
-            smallRunRFwd<T>(N, src, dst, scale, form);
+            if (N == 12) RealSmall<T>::fwd12(src, dst, scale, form);
+            else if (N == 15) RealSmall<T>::fwd15(src, dst, scale, form);
+            else smallRunRFwd<T>(N, src, dst, scale, form);
             return vrxOk;
         }
         return runRFwdPath(p, src, dst, pBuf, form, scale);
@@ -666,7 +867,9 @@ template <class T, class Tr> struct Dft {
         if (VrxStatus st = openR(planMem, src, dst, pBuf, true, &p, &scale)) return st;
         const int N = p->length;
         if (p->path == kPathSmall && !isPow2(N)) {
-            smallRunRInv<T>(N, src, dst, scale, form);
+            if (N == 12) RealSmall<T>::inv12(src, dst, scale, form);
+            else if (N == 15) RealSmall<T>::inv15(src, dst, scale, form);
+            else smallRunRInv<T>(N, src, dst, scale, form);
             return vrxOk;
         }
         return runRInvPath(p, src, dst, pBuf, form, scale);
@@ -721,120 +924,152 @@ template <class T, class Tr> struct Dft {
         }
     }
 
-    // Lane permutes of the vector recombination: pair j from pair kC-1-j,
-    // and the table rows a, b of bin k0 + j from a group of four per two bins.
+    // The recombinations run G = lanes bins k .. k+G-1 a step against their
+    // partners H-k .. H-k-G+1, in split registers: the two registers of
+    // each side are split into real and imaginary parts (the partners
+    // reversed by the same permute) and the results interleaved back.
+    // The table holds the two factors of each bin in groups of G bins in
+    // bin order, the first factors of a group, then its second ones (a
+    // short last group keeps them adjacent), so a step loads them straight.
+    static constexpr int kG = simd::V<T>::N;
+    static VRX_INLINE int64_t recPos(int64_t k, int64_t K, int64_t* cnt) {
+        const int64_t g0 = (k - 1) / kG * kG;
+        *cnt = K - g0 < kG ? K - g0 : kG;
+        return 2 * g0 + (k - 1 - g0);
+    }
     struct RecIdx {
-        static constexpr int NL = simd::V<T>::N, kC = NL / 2;
         using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
-        alignas(64) I rev[NL] = {}, a[NL] = {}, b[NL] = {};
+        // ev/od: parts of bins 0..G-1 of a pair of registers; rev/rod: of
+        // bins G-1..0; lo/hi: (re, im) pairs of bins 0.., G/2.. from the
+        // part registers; ylo/yhi: the same of bins G-1.., G/2-1..
+        alignas(64) I ev[kG] = {}, od[kG] = {}, rev[kG] = {}, rod[kG] = {}, lo[kG] = {}, hi[kG] = {}, ylo[kG] = {},
+                      yhi[kG] = {};
         constexpr RecIdx() {
-            for (int j = 0; j < kC; ++j)
+            for (int j = 0; j < kG; ++j) {
+                ev[j] = static_cast<I>(2 * j);
+                od[j] = static_cast<I>(2 * j + 1);
+                rev[j] = static_cast<I>(2 * (kG - 1 - j));
+                rod[j] = static_cast<I>(2 * (kG - 1 - j) + 1);
+            }
+            for (int m = 0; m < kG / 2; ++m)
                 for (int h = 0; h < 2; ++h) {
-                    rev[2 * j + h] = static_cast<I>(2 * (kC - 1 - j) + h);
-                    a[2 * j + h] = static_cast<I>(4 * (j / 2) + j % 2);
-                    b[2 * j + h] = static_cast<I>(4 * (j / 2) + 2 + j % 2);
+                    lo[2 * m + h] = static_cast<I>(m + h * kG);
+                    hi[2 * m + h] = static_cast<I>(kG / 2 + m + h * kG);
+                    ylo[2 * m + h] = static_cast<I>(kG - 1 - m + h * kG);
+                    yhi[2 * m + h] = static_cast<I>(kG / 2 - 1 - m + h * kG);
                 }
         }
     };
     static constexpr RecIdx kRecIdx{};
 
-    // One register step of either recombination at bin k: kC bins k ..
-    // k+kC-1 as (re, im) pairs in x, their partners H-k reversed into the
-    // same lanes of y (bins past H/2 masked off), the table's two factors of
-    // each bin spread into a and b; py is where the partners' register goes.
-    struct RecStep {
-        typename simd::V<T>::M mx, my;
-        T* py;
-        typename simd::V<T>::R x, y, a, b;
+    // The parts of one step: bins x (k + j) and partners y (H - k - j) in
+    // lane j, the table's factors a and b of bin k + j.
+    struct RecParts {
+        typename simd::V<T>::R xr, xi, yr, yi, a, b;
     };
-    static VRX_INLINE RecStep recLoad(T* z, int64_t H, int64_t k, const T* tab, __m512i rev, __m512i ia, __m512i ib) {
+    // f(parts, Xr, Xi, Yr, Yi) gives the new bins k + j and H - k - j; the
+    // partner side is stored last (bin H/2 when H is even); the last step
+    // masks off the bins past H/2.
+    template <class F> static VRX_INLINE void recSteps(T* z, int64_t H, const T* tab, F&& f) {
         using S = simd::V<T>;
-        constexpr int kC = S::N / 2;
-        const int64_t last = H / 2;
-        const int cnt = last - k + 1 < kC ? static_cast<int>(last - k + 1) : kC;
-        RecStep r;
-        r.mx = simd::tail<T>(2 * cnt);
-        r.my = static_cast<typename S::M>(~simd::tail<T>(2 * (kC - cnt)));
-        r.py = z + 2 * (H - k - kC + 1);
-        r.x = S::loadm(r.mx, z + 2 * k);
-        r.y = S::permute2(S::loadm(r.my, r.py), rev, S::zero());
-        const typename S::R t = S::loadm(simd::tail<T>(4 * ((cnt + 1) / 2)), tab + 4 * ((k - 1) >> 1));
-        r.a = S::permute2(t, ia, t);
-        r.b = S::permute2(t, ib, t);
-        return r;
+        using R = typename S::R;
+        using M = typename S::M;
+        constexpr int NL = S::N;
+        const __m512i ev = _mm512_load_si512(kRecIdx.ev), od = _mm512_load_si512(kRecIdx.od),
+                      rev = _mm512_load_si512(kRecIdx.rev), rod = _mm512_load_si512(kRecIdx.rod),
+                      lo = _mm512_load_si512(kRecIdx.lo), hi = _mm512_load_si512(kRecIdx.hi),
+                      ylo = _mm512_load_si512(kRecIdx.ylo), yhi = _mm512_load_si512(kRecIdx.yhi);
+        const int64_t K = H / 2;
+        const auto step = [&](int64_t k, int64_t cnt, auto full) {
+            T* px = z + 2 * k;
+            T* py = z + 2 * (H - k - kG + 1);
+            const T* pt = tab + 2 * (k - 1);
+            R x0, x1, y0, y1;
+            RecParts q;
+            M mx0{}, mx1{}, my0{}, my1{};
+            if constexpr (decltype(full)::value) {
+                x0 = S::load(px);
+                x1 = S::load(px + NL);
+                y0 = S::load(py);
+                y1 = S::load(py + NL);
+                q.a = S::load(pt);
+                q.b = S::load(pt + kG);
+            } else {
+                const int c2 = static_cast<int>(2 * cnt), lead = 2 * kG - c2;  // values of each side, lanes before y's
+                mx0 = simd::tail<T>(c2);
+                mx1 = simd::tail<T>(c2 > NL ? c2 - NL : 0);
+                my0 = static_cast<M>(~simd::tail<T>(lead));
+                my1 = static_cast<M>(~simd::tail<T>(lead > NL ? lead - NL : 0));
+                x0 = S::loadm(mx0, px);
+                x1 = S::loadm(mx1, px + NL);
+                y0 = S::loadm(my0, py);
+                y1 = S::loadm(my1, py + NL);
+                const M mt = simd::tail<T>(static_cast<int>(cnt));
+                q.a = S::loadm(mt, pt);
+                q.b = S::loadm(mt, pt + cnt);
+            }
+            q.xr = S::permute2(x0, ev, x1);
+            q.xi = S::permute2(x0, od, x1);
+            q.yr = S::permute2(y0, rev, y1);
+            q.yi = S::permute2(y0, rod, y1);
+            R Xr, Xi, Yr, Yi;
+            f(q, Xr, Xi, Yr, Yi);
+            const R o0 = S::permute2(Xr, lo, Xi), o1 = S::permute2(Xr, hi, Xi);
+            const R p0 = S::permute2(Yr, ylo, Yi), p1 = S::permute2(Yr, yhi, Yi);
+            if constexpr (decltype(full)::value) {
+                S::store(px, o0);
+                S::store(px + NL, o1);
+                S::store(py, p0);
+                S::store(py + NL, p1);
+            } else {
+                S::storem(px, mx0, o0);
+                S::storem(px + NL, mx1, o1);
+                S::storem(py, my0, p0);
+                S::storem(py + NL, my1, p1);
+            }
+        };
+        int64_t k = 1;
+        for (; k + kG - 1 <= K; k += kG) step(k, int64_t(kG), std::true_type{});
+        if (k <= K) step(k, K - k + 1, std::false_type{});
     }
 
-    // Half-length spectrum z (H complex values) to Perm, in place.
+    // Half-length spectrum z (H complex values) to Perm, in place: with
+    // x = z[k], y = z[H-k] and the factors (a, b) of bin k,
+    // d = (xr - yr, xi + yi), P = dr*b + a*di, Q = di*b - a*dr,
+    // z[k] = (yr + P, Q - yi), z[H-k] = (xr - P, Q - xi).
     static void recombineFwd(T* z, int64_t H, const T* tab) {
         using S = simd::V<T>;
         using R = typename S::R;
-        constexpr int NL = S::N, kC = NL / 2;
         const T p0 = z[0], q0 = z[1];
         z[0] = p0 + q0;
         z[1] = p0 - q0;
-        int64_t k = 1;
-        if (H >= 4 * kC) {
-            // the partner side is stored last (bin H/2)
-            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
-                          ib = _mm512_load_si512(kRecIdx.b);
-            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
-            for (; 2 * k <= H; k += kC) {
-                const RecStep r = recLoad(z, H, k, tab, rev, ia, ib);
-                const R xc = S::xorb(r.x, conj), yc = S::xorb(r.y, conj);
-                const R d = S::sub(r.x, yc);  // (xr - yr, xi + yi)
-                const R pq = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), conj));  // (P, Q)
-                S::storem(z + 2 * k, r.mx, S::add(yc, pq));
-                S::storem(r.py, r.my, S::permute2(S::add(xc, S::xorb(pq, negRe)), rev, S::zero()));
-            }
-            return;
-        }
-        for (; 2 * k <= H; ++k) {
-            T c, s;
-            getPair(tab, k, c, s);
-            const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
-            const T dr = xr - yr, di = xi + yi;
-            const T P = dr * s + c * di;
-            const T Q = di * s - c * dr;
-            z[2 * k] = yr + P;
-            z[2 * k + 1] = Q - yi;
-            z[2 * (H - k)] = xr - P;
-            z[2 * (H - k) + 1] = Q - xi;
-        }
+        recSteps(z, H, tab, [](const RecParts& q, R& Xr, R& Xi, R& Yr, R& Yi) {
+            const R dr = S::sub(q.xr, q.yr), di = S::add(q.xi, q.yi);
+            const R P = S::add(S::mul(dr, q.b), S::mul(q.a, di));
+            const R Q = S::sub(S::mul(di, q.b), S::mul(q.a, dr));
+            Xr = S::add(q.yr, P);
+            Xi = S::sub(Q, q.yi);
+            Yr = S::sub(q.xr, P);
+            Yi = S::sub(Q, q.xi);
+        });
     }
-    // Perm to twice the half-length spectrum, in place.
+    // Perm to twice the half-length spectrum, in place: with the factors
+    // (a, b) of bin k, U = b*dr - a*di, T = a*dr + b*di, s = (xr + yr, xi - yi),
+    // z[k] = (sr + U, si + T), z[H-k] = (sr - U, T - si).
     static void recombineInv(T* z, int64_t H, const T* tab) {
         using S = simd::V<T>;
         using R = typename S::R;
-        constexpr int NL = S::N, kC = NL / 2;
         const T r0 = z[0], rh = z[1];
-        int64_t k = 1;
-        if (H >= 4 * kC) {
-            // the registers of the forward recombination
-            const __m512i rev = _mm512_load_si512(kRecIdx.rev), ia = _mm512_load_si512(kRecIdx.a),
-                          ib = _mm512_load_si512(kRecIdx.b);
-            const R conj = S::set2(T(0), T(-0.0)), negRe = S::set2(T(-0.0), T(0));
-            for (; 2 * k <= H; k += kC) {
-                const RecStep r = recLoad(z, H, k, tab, rev, ia, ib);
-                const R yc = S::xorb(r.y, conj);
-                const R d = S::sub(r.x, yc), sm = S::add(r.x, yc);  // (xr - yr, xi + yi), (xr + yr, xi - yi)
-                const R ut = S::add(S::mul(d, r.b), S::xorb(S::mul(S::swapPair(d), r.a), negRe));  // (U, T)
-                S::storem(z + 2 * k, r.mx, S::add(sm, ut));
-                S::storem(r.py, r.my, S::permute2(S::add(S::xorb(sm, conj), S::xorb(ut, negRe)), rev, S::zero()));
-            }
-        }
-        for (; 2 * k <= H; ++k) {
-            T a, b;
-            getPair(tab, k, a, b);
-            const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (H - k)], yi = z[2 * (H - k) + 1];
-            const T dr = xr - yr, di = xi + yi;
-            const T U = b * dr - a * di;
-            const T Tt = a * dr + b * di;
-            const T sr = xr + yr, si = xi - yi;
-            z[2 * k] = sr + U;
-            z[2 * k + 1] = si + Tt;
-            z[2 * (H - k)] = sr - U;
-            z[2 * (H - k) + 1] = Tt - si;
-        }
+        recSteps(z, H, tab, [](const RecParts& q, R& Xr, R& Xi, R& Yr, R& Yi) {
+            const R dr = S::sub(q.xr, q.yr), di = S::add(q.xi, q.yi);
+            const R U = S::sub(S::mul(q.b, dr), S::mul(q.a, di));
+            const R Tt = S::add(S::mul(q.a, dr), S::mul(q.b, di));
+            const R sr = S::add(q.xr, q.yr), si = S::sub(q.xi, q.yi);
+            Xr = S::add(sr, U);
+            Xi = S::add(si, Tt);
+            Yr = S::sub(sr, U);
+            Yi = S::sub(Tt, si);
+        });
         z[0] = r0 + rh;
         z[1] = r0 - rh;
     }
