@@ -148,9 +148,11 @@ template <class T> void accuracy(int N, bool allFlags) {
 // (real odd lengths of several levels run long gather cycles with
 // conjugated entries), the direct and the chirp paths; every flag on the
 // short lengths. 66-70: real halves at the register width with a one-bin
-// tail; 90 = 2·3·3·5, a short middle stage.
+// tail; 90 = 2·3·3·5, a short middle stage; 50, 72, 120, 180, 200: lengths
+// (or real halves) that run as two levels in registers.
 TEST(DftAccuracy, AllPaths) {
-    std::vector<int> lens = {20, 22, 24, 26, 27, 30, 31, 34, 36, 40, 45, 47, 48, 53, 60, 66, 68, 70, 89, 90, 97, 100, 121, 169, 210, 289, 298,
+    std::vector<int> lens = {20, 22, 24, 26, 27, 30, 31, 34, 36, 40, 45, 47, 48, 50, 53, 60, 66, 68, 70, 72, 89, 90, 97, 100, 120, 121, 169, 180,
+                             200, 210, 289, 298,
                              302, 323, 360, 625, 1000, 1024, 1536, 2310, 4095, 4096, 3 * 5 * 7 * 11, 3 * 3 * 3 * 3 * 3 * 3 * 3,
                              5 * 5 * 13 * 3, 7 * 7 * 11, 10007, 65535};
     for (int N = 1; N <= 18; ++N) lens.push_back(N);

@@ -1447,17 +1447,6 @@ template <class T, int N> VRX_INLINE void smallK(const Cx<T>* x, Cx<T>* y) {
 // across the registers, lane n2 of register k1 takes w_N^(n2*k1), a
 // transposition puts k1 in the lanes, and the radix 3 across the registers
 // leaves X[k1 + R1*k2] in lane k1 of register k2, ready to store.
-// Lane i of the even lanes 0, 2, 4 takes element i/2 (the real parts of
-// three complex lanes).
-template <class T> struct Expand3 {
-    using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
-    alignas(64) I idx[simd::V<T>::N] = {};
-    constexpr Expand3() {
-        for (int i = 0; i < simd::V<T>::N; ++i) idx[i] = static_cast<I>(i / 2 < 3 ? i / 2 : 0);
-    }
-};
-template <class T> inline constexpr Expand3<T> kExpand3{};
-
 template <class T, int N> struct VecSmall {
     using S = simd::V<T>;
     using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
@@ -1492,9 +1481,7 @@ template <class T, int N> struct VecSmall {
 };
 template <class T, int N> inline const VecSmall<T, N> kVecSmall{};  // built at load where cosl does not fold
 
-// Real: the source is N reals (as x + 0i) and the destination takes the
-// bins 0 .. N/2 as CCS, their zero imaginary parts written as zeros.
-template <class T, int N, bool Inv, bool Real = false> VRX_INLINE void smallVec(const T* s, T* d, T scale) {
+template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T scale) {
     using S = simd::V<T>;
     using R = typename S::R;
     using K = VecSmall<T, N>;
@@ -1505,14 +1492,8 @@ template <class T, int N, bool Inv, bool Real = false> VRX_INLINE void smallVec(
     R a[R1], f[R1];
 #pragma GCC unroll 8
     for (int r = 0; r < R1; ++r) {
-        if constexpr (Real) {
-            // three reals to the even lanes 0, 2, 4, zeros between
-            const __m512i ex = _mm512_load_si512(kExpand3<T>.idx);
-            a[r] = simd::permuteMerge(S::zero(), static_cast<typename S::M>(0x15), ex, S::loadm(simd::tail<T>(3), s + 3 * r));
-        } else {
-            a[r] = S::loadm(simd::tail<T>(6), s + 6 * r);
-            if (Inv) a[r] = S::xorb(a[r], conjM);
-        }
+        a[r] = S::loadm(simd::tail<T>(6), s + 6 * r);
+        if (Inv) a[r] = S::xorb(a[r], conjM);
     }
     if constexpr (R1 == 4) {
         const R p0 = S::add(a[0], a[2]), m0 = S::sub(a[0], a[2]);
@@ -1568,19 +1549,7 @@ template <class T, int N, bool Inv, bool Real = false> VRX_INLINE void smallVec(
             if (Inv) v = S::xorb(v, conjM);
             if (scale != T(0)) v = S::mul(v, S::set1(scale));
             const int k0 = R1 * k2 + p * kC;
-            if constexpr (Real) {
-                // the bins up to N/2 only
-                const int left = N / 2 + 1 - k0;
-                if (left > 0) {
-                    // the imaginary parts of bin 0 and (even N) bin N/2 are zeros
-                    unsigned zm = k0 == 0 ? 2u : 0u;
-                    if (N % 2 == 0 && left <= cnt) zm |= 2u << (2 * (left - 1));
-                    if (zm) v = S::blend(static_cast<typename S::M>(zm), v, S::zero());
-                    S::storem(d + 2 * k0, simd::tail<T>(2 * (left < cnt ? left : cnt)), v);
-                }
-            } else {
-                S::storem(d + 2 * k0, simd::tail<T>(2 * cnt), v);
-            }
+            S::storem(d + 2 * k0, simd::tail<T>(2 * cnt), v);
         }
     }
 }
@@ -1590,11 +1559,6 @@ template <class T, int N, bool Inv, bool Real = false> VRX_INLINE void smallVec(
 template <class T, bool Inv> VrxStatus smallVecC(int N, const T* s, T* d, T scale) {
     if (N == 12) smallVec<T, 12, Inv>(s, d, scale);
     else smallVec<T, 15, Inv>(s, d, scale);
-    return vrxOk;
-}
-template <class T> VrxStatus smallVecRCcs(int N, const T* s, T* d, T scale) {
-    if (N == 12) smallVec<T, 12, false, true>(s, d, scale);
-    else smallVec<T, 15, false, true>(s, d, scale);
     return vrxOk;
 }
 
@@ -1763,8 +1727,7 @@ template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form
     template void smallRunRFwd<T>(int, const T*, T*, T, fft::Form);                                      \
     template void smallRunRInv<T>(int, const T*, T*, T, fft::Form);                                      \
     template VrxStatus smallVecC<T, false>(int, const T*, T*, T);                                        \
-    template VrxStatus smallVecC<T, true>(int, const T*, T*, T);                                         \
-    template VrxStatus smallVecRCcs<T>(int, const T*, T*, T);
+    template VrxStatus smallVecC<T, true>(int, const T*, T*, T);
 
 VRX_DFTPF_INSTANTIATE(float)
 VRX_DFTPF_INSTANTIATE(double)

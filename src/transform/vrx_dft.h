@@ -114,8 +114,6 @@ template <class T> void smallRunC(int N, bool inv, const T* sRe, const T* sIm, i
 // Interleaved lengths 12 and 15 in registers of complex lanes, called
 // straight from the entries (s may be d); scale 0: none.
 template <class T, bool Inv> VrxStatus smallVecC(int N, const T* s, T* d, T scale);
-// Lengths 12 and 15: N reals to CCS (s may be d).
-template <class T> VrxStatus smallVecRCcs(int N, const T* s, T* d, T scale);
 // Real: N reals to form f, and form f to N reals (unscaled unless scale).
 template <class T> void smallRunRFwd(int N, const T* s, T* d, T scale, fft::Form f);
 template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form f);
