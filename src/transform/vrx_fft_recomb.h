@@ -26,6 +26,18 @@ constexpr bool slotsInverse() {
 }
 static_assert(slotsInverse(), "lane and slot orders of a block disagree");
 
+// Forward tables of double precision from order 10 to 16, whose
+// half-length transform leaves its result in the group form (psfftcore.cpp
+// radixToGroups): blocks of eight values of k = 8g .. 8g + 7 in natural
+// order, the eight first factors then the eight second ones; k = 0 has no
+// factors and its slots hold those of k = N/4.
+template <class T> constexpr bool recombGroupsFwd(int order) { return sizeof(T) == 8 && order >= 10 && !recombTwoLevel<T>(order); }
+VRX_INLINE void groupSlots(int64_t k, int64_t q, int64_t& a, int64_t& b) {
+    const int64_t j = k == q ? 0 : k;
+    a = 16 * (j >> 3) + (j & 7);
+    b = a + 8;
+}
+
 // Positions of the two factors of k (k >= 1) in a table of either layout.
 template <bool Planar> VRX_INLINE void recombSlots(int64_t k, int64_t& a, int64_t& b) {
     if constexpr (Planar) {
@@ -38,5 +50,9 @@ template <bool Planar> VRX_INLINE void recombSlots(int64_t k, int64_t& a, int64_
         b = 4 * g + 2 + odd;
     }
 }
+
+// The radix engine of order m from interleaved src, its result in the
+// group form in work (psfftcore.cpp; forward double precision only).
+template <class T, bool Inv> void radixToGroups(const Plan* plan, int m, const Cx<T>* src, Cx<T>* work);
 
 }  // namespace n0::fft
