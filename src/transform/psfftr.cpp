@@ -209,6 +209,18 @@ template <class T, bool Sc> struct OutScale {
     }
 };
 
+// One value of k of the single-level forward recombination in scalar form:
+// x = z[k] and y = z[M - k] in, X[k] and X[M - k] out (the back one last).
+template <class T, class O> VRX_INLINE void fwdStep1(T xr, T xi, T yr, T yi, T c, T s, T* z, int64_t M, int64_t k, const O& o) {
+    const T dr = xr - yr, di = xi + yi;
+    const T P = dr * s + c * di;
+    const T Q = di * s - c * dr;
+    z[2 * k] = o(yr + P);
+    z[2 * k + 1] = o(Q - yi);
+    z[2 * (M - k)] = o(xr - P);
+    z[2 * (M - k) + 1] = o(Q - xi);
+}
+
 // Forward recombination in place of the half-length spectrum into Perm,
 // k = 1 .. M/2, single-level factors c = 0.5*cos, s = 0.5 - 0.5*sin.
 template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, const T* tab, T scale) {
@@ -227,14 +239,7 @@ template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, co
     for (; k <= M / 2; ++k) {
         T c, s;
         factor<T, Planar>(tab, k, c, s);
-        const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (M - k)], yi = z[2 * (M - k) + 1];
-        const T dr = xr - yr, di = xi + yi;
-        const T P = dr * s + c * di;
-        const T Q = di * s - c * dr;
-        z[2 * k] = o(yr + P);
-        z[2 * k + 1] = o(Q - yi);
-        z[2 * (M - k)] = o(xr - P);
-        z[2 * (M - k) + 1] = o(Q - xi);
+        fwdStep1(z[2 * k], z[2 * k + 1], z[2 * (M - k)], z[2 * (M - k) + 1], c, s, z, M, k, o);
     }
 }
 
@@ -288,15 +293,7 @@ template <bool Sc> void recombineGroups(const double* w, double* z, int64_t M, c
         const int64_t kk = k == 8 ? M / 2 : k;
         int64_t ia, ib;
         groupSlots(kk, M / 2, ia, ib);
-        const double c = tab[ia], s = tab[ib];
-        const double xr = re(kk), xi = im(kk), yr = re(M - kk), yi = im(M - kk);
-        const double dr = xr - yr, di = xi + yi;
-        const double P = dr * s + c * di;
-        const double Q = di * s - c * dr;
-        z[2 * kk] = o(yr + P);
-        z[2 * kk + 1] = o(Q - yi);
-        z[2 * (M - kk)] = o(xr - P);
-        z[2 * (M - kk) + 1] = o(Q - xi);
+        fwdStep1(re(kk), im(kk), re(M - kk), im(M - kk), tab[ia], tab[ib], z, M, kk, o);
     }
     const double p = w[0], q = w[8];
     z[0] = o(p + q);
