@@ -6,7 +6,8 @@
 
 namespace n0::fft {
 
-// Double precision with one level: blocks of eight values of k (k = 1 +
+// Double precision with one level (inverse tables, and forward tables
+// below order 10): blocks of eight values of k (k = 1 +
 // 8g .. 8 + 8g), the eight first factors then the eight second ones, lane
 // i of a block holding k = 1 + 8g + kLaneK(i). The order is the one the
 // in-lane unpacks of two registers of interleaved values leave (0, 4, 1,
