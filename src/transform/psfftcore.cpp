@@ -1119,4 +1119,14 @@ template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* d
 VRX_FFT_INSTANTIATE(float)
 VRX_FFT_INSTANTIATE(double)
 
+// The radix engine of order m (7 to kRadixLast, orders that do not run in
+// registers) from interleaved src, every pass in work, the result left
+// there in the group form: per V positions, in natural order, V real parts
+// then V imaginary parts. Unscaled.
+template <class T, bool Inv> void radixToGroups(const Plan* plan, int m, const Cx<T>* src, Cx<T>* work) {
+    radixRun<T, Inv, false, Out::Group>(m, static_cast<const Cx<T>*>(plan->twiddleTab), plan->bitRevTab,
+                                        SrcRef<T>{src, nullptr, nullptr}, work, work, nullptr, nullptr);
+}
+template void radixToGroups<double, false>(const Plan*, int, const Cx<double>*, Cx<double>*);
+
 }  // namespace n0::fft

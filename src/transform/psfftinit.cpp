@@ -89,7 +89,12 @@ template <class T> void buildRecomb(int order, const SineTab<T>& st, T* d, bool 
         T c, s;
         st.cosSin(k, order, c, s);
         const T a = fwd && !two ? T(0.5) * c : c, b = fwd && !two ? T(0.5) - T(0.5) * s : -s;
-        if (planar) putFactors<true>(d, k, a, b);
+        if (fwd && recombGroupsFwd<T>(order)) {
+            int64_t ia, ib;
+            groupSlots(k, q, ia, ib);
+            d[ia] = a;
+            d[ib] = b;
+        } else if (planar) putFactors<true>(d, k, a, b);
         else putFactors<false>(d, k, a, b);
     }
     T* e = d + 2 * nFine;

@@ -209,6 +209,18 @@ template <class T, bool Sc> struct OutScale {
     }
 };
 
+// One value of k of the single-level forward recombination in scalar form:
+// x = z[k] and y = z[M - k] in, X[k] and X[M - k] out (the back one last).
+template <class T, class O> VRX_INLINE void fwdStep1(T xr, T xi, T yr, T yi, T c, T s, T* z, int64_t M, int64_t k, const O& o) {
+    const T dr = xr - yr, di = xi + yi;
+    const T P = dr * s + c * di;
+    const T Q = di * s - c * dr;
+    z[2 * k] = o(yr + P);
+    z[2 * k + 1] = o(Q - yi);
+    z[2 * (M - k)] = o(xr - P);
+    z[2 * (M - k) + 1] = o(Q - xi);
+}
+
 // Forward recombination in place of the half-length spectrum into Perm,
 // k = 1 .. M/2, single-level factors c = 0.5*cos, s = 0.5 - 0.5*sin.
 template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, const T* tab, T scale) {
@@ -227,15 +239,66 @@ template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, co
     for (; k <= M / 2; ++k) {
         T c, s;
         factor<T, Planar>(tab, k, c, s);
-        const T xr = z[2 * k], xi = z[2 * k + 1], yr = z[2 * (M - k)], yi = z[2 * (M - k) + 1];
-        const T dr = xr - yr, di = xi + yi;
-        const T P = dr * s + c * di;
-        const T Q = di * s - c * dr;
-        z[2 * k] = o(yr + P);
-        z[2 * k + 1] = o(Q - yi);
-        z[2 * (M - k)] = o(xr - P);
-        z[2 * (M - k) + 1] = o(Q - xi);
+        fwdStep1(z[2 * k], z[2 * k + 1], z[2 * (M - k)], z[2 * (M - k) + 1], c, s, z, M, k, o);
     }
+}
+
+// The same recombination (double precision, orders 10 to 14) reading the
+// half-length spectrum w in the group form that the radix engine leaves in
+// the work buffer and writing the Perm form to z: per eight values of k =
+// 8g .. 8g + 7, the front values are one group as it stands (and their
+// outputs a block of z that starts on a 64-byte boundary when z does), the
+// back values z[M - k] the groups of positions 8h and 8h + 8 (h = M/8 - 1 -
+// g) joined and reversed by one index permute per part. k = 0 .. 7 and M/2
+// go the scalar way.
+struct GroupSel {
+    alignas(64) int64_t rev[8], lo[8], hi[8], loRev[8], hiRev[8];
+    constexpr GroupSel() : rev{}, lo{}, hi{}, loRev{}, hiRev{} {
+        for (int l = 0; l < 8; ++l) rev[l] = l == 0 ? 8 : 8 - l;  // M - k: group h+1 lane 0, then h lanes 7 .. 1
+        for (int j = 0; j < 4; ++j) {
+            lo[2 * j] = j, lo[2 * j + 1] = 8 + j;
+            hi[2 * j] = 4 + j, hi[2 * j + 1] = 12 + j;
+            loRev[2 * j] = 7 - j, loRev[2 * j + 1] = 15 - j;
+            hiRev[2 * j] = 3 - j, hiRev[2 * j + 1] = 11 - j;
+        }
+    }
+};
+inline constexpr GroupSel kGroupSel{};
+
+template <bool Sc> void recombineGroups(const double* w, double* z, int64_t M, const double* tab, double scale) {
+    using S = SV<double>;
+    using W = n0::simd::V<double>;
+    using V = __m512d;
+    const OutScale<double, Sc> o(scale);
+    const __m512i rev = S::ldi(kGroupSel.rev), lo = S::ldi(kGroupSel.lo), hi = S::ldi(kGroupSel.hi);
+    const __m512i loRev = S::ldi(kGroupSel.loRev), hiRev = S::ldi(kGroupSel.hiRev);
+    for (int64_t g = 1; g < M / 16; ++g) {
+        const int64_t h = M / 8 - 1 - g;
+        const V xr = W::load(w + 16 * g), xi = W::load(w + 16 * g + 8);
+        const V yr = S::perm(W::load(w + 16 * h), rev, W::load(w + 16 * h + 16));
+        const V yi = S::perm(W::load(w + 16 * h + 8), rev, W::load(w + 16 * h + 24));
+        const V c = W::load(tab + 16 * g), s = W::load(tab + 16 * g + 8);
+        const V dr = S::sub(xr, yr), di = S::add(xi, yi);
+        const V P = S::add(S::mulv(dr, s), S::mulv(c, di));
+        const V Q = S::sub(S::mulv(di, s), S::mulv(c, dr));
+        const V fr = o(S::add(yr, P)), fi = o(S::sub(Q, yi)), br = o(S::sub(xr, P)), bi = o(S::sub(Q, xi));
+        W::store(z + 16 * g, S::perm(fr, lo, fi));
+        W::store(z + 16 * g + 8, S::perm(fr, hi, fi));
+        double* b = z + 2 * (M - 8 * g - 7);
+        W::store(b, S::perm(br, loRev, bi));
+        W::store(b + 8, S::perm(br, hiRev, bi));
+    }
+    const auto re = [w](int64_t p) { return w[16 * (p >> 3) + (p & 7)]; };
+    const auto im = [w](int64_t p) { return w[16 * (p >> 3) + (p & 7) + 8]; };
+    for (int64_t k = 1; k <= 8; ++k) {
+        const int64_t kk = k == 8 ? M / 2 : k;
+        int64_t ia, ib;
+        groupSlots(kk, M / 2, ia, ib);
+        fwdStep1(re(kk), im(kk), re(M - kk), im(M - kk), tab[ia], tab[ib], z, M, kk, o);
+    }
+    const double p = w[0], q = w[8];
+    z[0] = o(p + q);
+    z[1] = o(p - q);
 }
 
 // Two levels: W = fine(k') * coarse(j) for k = k' + kFine*j; A = 0.5*(x +
@@ -369,9 +432,21 @@ VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
         // N reals as N/2 complex values; the scale goes with the (linear)
         // recombination, on its outputs
         uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
+        const T* tab = static_cast<const T*>(plan->recombFwdTab);
+        if constexpr (sizeof(T) == 8) {
+            if (recombGroupsFwd<T>(order)) {
+                // the half-length transform leaves its result in work, in the group form
+                Cx<T>* w = reinterpret_cast<Cx<T>*>(work);
+                radixToGroups<T, false>(plan, order - 1, reinterpret_cast<const Cx<T>*>(pSrc), w);
+                const T* wv = reinterpret_cast<const T*>(w);
+                if (scale != T(0)) recombineGroups<true>(wv, pDst, N / 2, tab, scale);
+                else recombineGroups<false>(wv, pDst, N / 2, tab, scale);
+                permToForm<T>(pDst, N, f);
+                return vrxOk;
+            }
+        }
         complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, T(0), work);
         const T p = pDst[0], q = pDst[1];
-        const T* tab = static_cast<const T*>(plan->recombFwdTab);
         if (scale != T(0)) {
             pDst[0] = (p + q) * scale;
             pDst[1] = (p - q) * scale;
