@@ -28,10 +28,12 @@ inline constexpr Kind kR64f{ObjId::FftR64f, 28, true, true};
 // The schedule of radices for complex order m. Entry 0 is the first pass,
 // which reads the input in bit-reversed order and needs no factors; each
 // further entry merges blocks of 2^s values by radix 2^t, reading its
-// factors from the twiddle table in this order.
+// factors from the twiddle table in this order. The first pass is a
+// radix-16 one (s = 2) but at 64-bit orders 5, 6 and 8 (measured per
+// order).
 template <class T> constexpr int radixSchedule(int m, PassStep* ps) {
     int n = 0;
-    int s = (sizeof(T) == 4 || m >= 11 || m == 4 || m == 7 || m == 10) ? 2 : 3;
+    int s = (sizeof(T) == 4 || m >= 11 || m == 4 || m == 7 || m == 9 || m == 10) ? 2 : 3;
     ps[n++] = {0, s};
     while (s < m) {
         const int r = m - s;
