@@ -486,6 +486,37 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
     }
 }
 
+// The shared steps of the later stages: the R values j = 0 .. R-1 of
+// column k for the lanes from q (stride l*m), the twiddle of output r of
+// column k (rows of m real parts, then m imaginary parts), and the store of
+// an output, split or interleaved (its imaginary parts negated if neg).
+template <class T>
+VRX_INLINE void loadQ(int R, int64_t q, int64_t l, int64_t m, int64_t k, typename simd::V<T>::M mk, const T* aRe,
+                      const T* aIm, CV<T>* v) {
+    using S = simd::V<T>;
+    for (int j = 0; j < R; ++j) {
+        const int64_t i = q + l * (int64_t(j) * m + k);
+        v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+    }
+}
+template <class T> VRX_INLINE CV<T> twQ(CV<T> o, const T* tw, int r, int64_t k, int64_t m) {
+    if (r == 0 || k == 0) return o;
+    const T* t = tw + int64_t(r - 1) * 2 * m + k;
+    const T wr = t[0], wi = t[m];
+    return {o.re * wr - o.im * wi, o.re * wi + o.im * wr};
+}
+template <class T, bool Il>
+VRX_INLINE void putQ(CV<T> o, int64_t i, int cnt, typename simd::V<T>::M mk, T* bRe, T* bIm, bool neg) {
+    using S = simd::V<T>;
+    if constexpr (Il) {
+        if (neg) o.im = -o.im;
+        storeIl<T>(bRe, i, cnt, o);
+    } else {
+        S::storem(bRe + i, mk, o.re.r);
+        S::storem(bIm + i, mk, o.im.r);
+    }
+}
+
 // A later stage (l >= 2), split input; the output split, or interleaved
 // with its imaginary parts negated for the inverse (the last stage, Il).
 template <class T, int RC, bool Il>
@@ -499,27 +530,10 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
         for (int64_t q = 0; q < l; q += NL) {
             const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
             const typename S::M mk = simd::tail<T>(cnt);
-            for (int j = 0; j < R; ++j) {
-                const int64_t i = q + l * (int64_t(j) * m + k);
-                v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
-            }
+            loadQ<T>(R, q, l, m, k, mk, aRe, aIm, v);
             dftR<T, VE<T>>(R, W, v, y);
-            for (int r = 0; r < R; ++r) {
-                CV<T> o = y[r];
-                if (r > 0 && k > 0) {
-                    const T* t = tw + int64_t(r - 1) * 2 * m + k;
-                    const T wr = t[0], wi = t[m];
-                    o = {o.re * wr - o.im * wi, o.re * wi + o.im * wr};
-                }
-                const int64_t i = q + l * (r + int64_t(R) * k);
-                if constexpr (Il) {
-                    if (neg) o.im = -o.im;
-                    storeIl<T>(bRe, i, cnt, o);
-                } else {
-                    S::storem(bRe + i, mk, o.re.r);
-                    S::storem(bIm + i, mk, o.im.r);
-                }
-            }
+            for (int r = 0; r < R; ++r)
+                putQ<T, Il>(twQ<T>(y[r], tw, r, k, m), q + l * (r + int64_t(R) * k), cnt, mk, bRe, bIm, neg);
         }
     }
 }
@@ -538,34 +552,13 @@ void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* 
         const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
         const typename S::M mk = simd::tail<T>(cnt);
         for (int k = 0; k < RB; ++k) {
-            for (int j = 0; j < RA; ++j) {
-                const int64_t i = q + l * (int64_t(j) * RB + k);
-                v[j] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
-            }
+            loadQ<T>(RA, q, l, RB, k, mk, aRe, aIm, v);
             dftR<T, VE<T>>(RA, WA, v, o);
-            for (int r = 0; r < RA; ++r) {
-                CV<T> t = o[r];
-                if (r > 0 && k > 0) {
-                    const T* w = tw + int64_t(r - 1) * 2 * RB + k;
-                    const T wr = w[0], wi = w[RB];
-                    t = {t.re * wr - t.im * wi, t.re * wi + t.im * wr};
-                }
-                y[r][k] = t;
-            }
+            for (int r = 0; r < RA; ++r) y[r][k] = twQ<T>(o[r], tw, r, k, RB);
         }
         for (int r = 0; r < RA; ++r) {
             dftR<T, VE<T>>(RB, WB, y[r], o);
-            for (int r2 = 0; r2 < RB; ++r2) {
-                CV<T> t = o[r2];
-                const int64_t i = q + l * (r + int64_t(RA) * r2);
-                if constexpr (Il) {
-                    if (neg) t.im = -t.im;
-                    storeIl<T>(bRe, i, cnt, t);
-                } else {
-                    S::storem(bRe + i, mk, t.re.r);
-                    S::storem(bIm + i, mk, t.im.r);
-                }
-            }
+            for (int r2 = 0; r2 < RB; ++r2) putQ<T, Il>(o[r2], q + l * (r + int64_t(RA) * r2), cnt, mk, bRe, bIm, neg);
         }
     }
 }
