@@ -399,7 +399,8 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, cons
 
 // Butterfly of the first pass over R = 8 or 16 lanes-as-blocks.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* fr, const CV* fi) {
-    if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
+    if constexpr (sizeof(T) == 8 && R == 16) bfly16d<Inv>(a, fr, fi);
+    else if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
     else vdft<T, CV, R, Inv>(a);
 }
 
@@ -413,6 +414,12 @@ template <class T, class CV, int R> VRX_INLINE void loadFirstFactors(const Cx<T>
             fr[3 * (j - 1) + (k - 1)] = CV::bcast({re, re});
             fi[3 * (j - 1) + (k - 1)] = CV::bcast({im, im});
         }
+}
+
+// The factors that firstBfly takes (signed imaginary parts in double).
+template <class T, class CV, int R, bool Inv> VRX_INLINE void firstFactors(const Cx<T>* tw, CV* fr, CV* fi) {
+    if constexpr (sizeof(T) == 8 && R == 16) firstFactors16d<Inv>(tw, fr, fi);
+    else if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
 }
 
 // The first pass with bit-reversed reads: blocks i + rev(l)*G (l < V) read V
@@ -431,7 +438,7 @@ void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, con
     int64_t rv[8];
     for (int l = 0; l < V; ++l) rv[l] = int64_t(revBits(static_cast<uint32_t>(l), LV)) * G;
     CV fr[9], fi[9];
-    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
+    firstFactors<T, CV, R, Inv>(tw, fr, fi);
     for (int64_t i = 0; i < G; ++i) {
         const int64_t base = brev[i * (R / 4)] >> 1;
         CV a[R];
@@ -458,7 +465,7 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     const int64_t N = int64_t(1) << m;
     constexpr int LR = R == 32 ? 5 : (R == 16 ? 4 : 3);
     CV fr[9], fi[9];
-    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
+    firstFactors<T, CV, R, Inv>(tw, fr, fi);
     for (int64_t i = 0; i < N; i += int64_t(R) * V) {
         CV e[R], a[R];
         for (int h = 0; h < R / V; ++h) {

@@ -34,4 +34,62 @@ template <class CV, int R> VRX_INLINE void pairGroups(CV* a) {
     }
 }
 
+// The radix-16 butterfly of the double first pass (radix 4, the factors of
+// the pass at s = 2, radix 4; lanes are blocks), the operations of vdftTw
+// with fewer sign flips: a rotation by -i or +i that feeds a sum is the
+// pair swap times the signs of rotSign, added by one multiply-add (the
+// product by +-1 is exact, the sum rounded once: the bits of the add), and
+// the cross products of the factors take fi with the sign already in it.
+using CVd = CVec<double, 4>;
+template <bool Inv> VRX_INLINE simd::V<double>::R rotSign() {
+    using W = simd::V<double>;
+    return Inv ? W::set2(-1.0, 1.0) : W::set2(1.0, -1.0);
+}
+template <bool Inv> VRX_INLINE void bfly4d(CVd a0, CVd a1, CVd a2, CVd a3, CVd* o) {
+    using W = simd::V<double>;
+    const CVd t0 = a0 + a2, t1 = a0 - a2, t2 = CVd::addM(a1, a3);
+    const W::R s = W::swapPair(CVd::subM(a1, a3).v), sg = rotSign<Inv>();
+    o[0] = t0 + t2;
+    o[1] = {W::fma(s, sg, t1.v)};
+    o[2] = t0 - t2;
+    o[3] = {W::fnma(s, sg, t1.v)};
+}
+// fr[x], fiS[x]: factor x = 3*(n2-1) + (k1-1) as real parts, and as
+// imaginary parts with the sign of the cross product (firstFactors16d).
+template <bool Inv> VRX_INLINE void bfly16d(CVd* a, const CVd* fr, const CVd* fiS) {
+    using W = simd::V<double>;
+    CVd y[4][4];
+#pragma GCC unroll 4
+    for (int n2 = 0; n2 < 4; ++n2) {
+        bfly4d<Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
+        if (n2 != 0)
+#pragma GCC unroll 3
+            for (int k1 = 1; k1 < 4; ++k1) {
+                const int x = 3 * (n2 - 1) + (k1 - 1);
+                const W::R p = W::mul(y[n2][k1].v, fr[x].v), q = W::mul(W::swapPair(y[n2][k1].v), fiS[x].v);
+                y[n2][k1] = {W::add(p, q)};
+            }
+    }
+#pragma GCC unroll 4
+    for (int k1 = 0; k1 < 4; ++k1) {
+        CVd o[4];
+        bfly4d<Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
+    }
+}
+// The factors of the pass at s = 2 from the table (as loadFirstFactors),
+// the imaginary parts signed for bfly16d.
+template <bool Inv> VRX_INLINE void firstFactors16d(const Cx<double>* tw, CVd* fr, CVd* fiS) {
+    const double* t = reinterpret_cast<const double*>(tw);
+#pragma GCC unroll 3
+    for (int j = 1; j < 4; ++j)
+#pragma GCC unroll 3
+        for (int k = 1; k < 4; ++k) {
+            const double re = t[8 * (j - 1) + k], im = t[8 * (j - 1) + 4 + k];
+            fr[3 * (j - 1) + (k - 1)] = CVd::bcast({re, re});
+            fiS[3 * (j - 1) + (k - 1)] = Inv ? CVd::bcast({im, -im}) : CVd::bcast({-im, im});
+        }
+}
+
 }  // namespace n0::fft
