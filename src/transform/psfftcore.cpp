@@ -861,16 +861,16 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
 // first butterflies of the rows run before the one shuffle level, and the
 // factors carry the sign of the cross products. A call in place reads the
 // stores of the call before, so this chain is what such calls wait for.
-template <bool Inv> struct LaneTwSigned {
-    Cx<double> wi[16];
+template <bool Inv, int R = 4> struct LaneTwSigned {
+    Cx<double> wi[4 * R];
     constexpr LaneTwSigned() : wi{} {
-        for (int i = 0; i < 16; ++i) {
-            double v = kLaneTwSplit<double, 4, 4>.wi[i].re;
+        for (int i = 0; i < 4 * R; ++i) {
+            double v = kLaneTwSplit<double, R, 4>.wi[i].re;
             wi[i] = Inv ? Cx<double>{v, -v} : Cx<double>{-v, v};
         }
     }
 };
-template <bool Inv> inline constexpr LaneTwSigned<Inv> kLaneTwSigned{};
+template <bool Inv, int R = 4> inline constexpr LaneTwSigned<Inv, R> kLaneTwSigned{};
 
 template <bool Inv> VRX_INLINE __m256d rot16d(__m256d x) {
     const __m256d s = _mm256_permute_pd(x, 0x5);
@@ -931,6 +931,9 @@ template <bool Inv, bool Scale> VRX_INLINE void small16d(const Cx<double>* src, 
 template <class T, int LOG, bool Inv, bool Scale>
 [[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
     if constexpr (sizeof(T) == 8 && LOG == 4) small16d<Inv, Scale>(src, dst, scale);
+    else if constexpr (sizeof(T) == 8 && LOG == 5)
+        small32d<Inv, Scale>(src, dst, scale, &kLaneTwSplit<double, 8, 4>.wr[0].re, &kLaneTwSigned<Inv, 8>.wi[0].re,
+                             [](CVd* r) __attribute__((always_inline)) { transposeV<CVd>(r); });
     else smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
 }
 template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {

@@ -10,6 +10,7 @@
 
 #include "vrx_fft.h"
 #include "vrx_fft_simd.h"
+#include "vrx_fft_pass.h"
 #include "vrx_layout.h"
 
 namespace n0::fft {
@@ -90,6 +91,58 @@ template <bool Inv> VRX_INLINE void firstFactors16d(const Cx<double>* tw, CVd* f
             fr[3 * (j - 1) + (k - 1)] = CVd::bcast({re, re});
             fiS[3 * (j - 1) + (k - 1)] = Inv ? CVd::bcast({im, -im}) : CVd::bcast({-im, im});
         }
+}
+
+// The 32-point double kernel: the operations of smallVec<double, 4, 8>
+// (radix 8 down eight rows of four, lane factors, 4 x 4 transposes,
+// radix 4), each rotation that feeds a sum folded into it as in bfly4d
+// and the factors' cross products signed (wr: real parts twice, wiS:
+// imaginary parts signed, per lane as kLaneTwSplit; tr: the 4 x 4
+// transpose of four rows). In place a call waits
+// for the stores of the call before, so its chain of dependent operations
+// bounds it: each fold takes a sign flip off that chain.
+template <bool Inv> VRX_INLINE void bfly8d(CVd* a) {
+    using W = simd::V<double>;
+    const W::R sg = rotSign<Inv>(), c = W::set1(sqrtHalf<double>());
+    CVd e[4], d[4];
+    bfly4d<Inv>(a[0], a[2], a[4], a[6], e);
+    bfly4d<Inv>(a[1], a[3], a[5], a[7], d);
+    const W::R d1 = W::mul(W::fma(W::swapPair(d[1].v), sg, d[1].v), c);
+    const W::R s2 = W::swapPair(d[2].v);
+    const W::R x3 = W::mul(W::fma(W::swapPair(d[3].v), sg, d[3].v), c), s3 = W::swapPair(x3);
+    a[0] = e[0] + d[0];
+    a[4] = e[0] - d[0];
+    a[1] = {W::add(e[1].v, d1)};
+    a[5] = {W::sub(e[1].v, d1)};
+    a[2] = {W::fma(s2, sg, e[2].v)};
+    a[6] = {W::fnma(s2, sg, e[2].v)};
+    a[3] = {W::fma(s3, sg, e[3].v)};
+    a[7] = {W::fnma(s3, sg, e[3].v)};
+}
+template <bool Inv, bool Scale, class Tr>
+VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, const double* wr, const double* wiS, Tr tr) {
+    using W = simd::V<double>;
+    CVd a[8];
+#pragma GCC unroll 8
+    for (int r = 0; r < 8; ++r) a[r] = CVd::load(src + 4 * r);
+    bfly8d<Inv>(a);
+#pragma GCC unroll 8
+    for (int k = 1; k < 8; ++k) {
+        const W::R p = W::mul(a[k].v, W::load(wr + 8 * k)), q = W::mul(W::swapPair(a[k].v), W::load(wiS + 8 * k));
+        a[k] = {W::add(p, q)};
+    }
+#pragma GCC unroll 2
+    for (int b = 0; b < 2; ++b) {
+        tr(a + 4 * b);
+        CVd o[4];
+        bfly4d<Inv>(a[4 * b], a[4 * b + 1], a[4 * b + 2], a[4 * b + 3], o);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) {
+            CVd v = o[k2];
+            if constexpr (Scale) v = CVd::scale(v, scale);
+            v.store(dst + 8 * k2 + 4 * b);
+        }
+    }
 }
 
 }  // namespace n0::fft
