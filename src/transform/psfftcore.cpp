@@ -8,6 +8,7 @@
 #include "vrx_fft_pass.h"
 #include "vrx_fft_sintab.h"
 #include "vrx_fft_layout.h"
+#include "vrx_fft_f64.h"
 
 // The shuffle intrinsics of g++ 12 start from an undefined register, which
 // its uninitialised-value analysis reports once they are inlined.
@@ -398,7 +399,8 @@ template <class T, class CV, int R, bool Inv> VRX_INLINE void vdftTw(CV* a, cons
 
 // Butterfly of the first pass over R = 8 or 16 lanes-as-blocks.
 template <class T, class CV, int R, bool Inv> VRX_INLINE void firstBfly(CV* a, const CV* fr, const CV* fi) {
-    if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
+    if constexpr (sizeof(T) == 8 && R == 16) bfly16d<Inv>(a, fr, fi);
+    else if constexpr (R > 8) vdftTw<T, CV, R, Inv>(a, fr, fi);
     else vdft<T, CV, R, Inv>(a);
 }
 
@@ -414,10 +416,18 @@ template <class T, class CV, int R> VRX_INLINE void loadFirstFactors(const Cx<T>
         }
 }
 
+// The factors that firstBfly takes (signed imaginary parts in double).
+template <class T, class CV, int R, bool Inv> VRX_INLINE void firstFactors(const Cx<T>* tw, CV* fr, CV* fi) {
+    if constexpr (sizeof(T) == 8 && R == 16) firstFactors16d<Inv>(tw, fr, fi);
+    else if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
+}
+
 // The first pass with bit-reversed reads: blocks i + rev(l)*G (l < V) read V
 // adjacent values, since their bit-reversed bases differ by l. The results
 // are written in the group form, block b at W + R*b.
-template <class T, int R, bool Inv, bool Split>
+// Pair (double): position 8g + pairLane(q) of each group of eight in lane
+// q, so that the last pass stores by in-lane unpacks.
+template <class T, int R, bool Inv, bool Split, bool Pair = false>
 void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, const Cx<T>* tw) {
     constexpr int V = sizeof(T) == 4 ? 8 : 4;
     constexpr int LV = sizeof(T) == 4 ? 3 : 2;
@@ -428,14 +438,22 @@ void firstPassRev(int m, const int32_t* brev, const SrcRef<T> src, Cx<T>* W, con
     int64_t rv[8];
     for (int l = 0; l < V; ++l) rv[l] = int64_t(revBits(static_cast<uint32_t>(l), LV)) * G;
     CV fr[9], fi[9];
-    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
+    firstFactors<T, CV, R, Inv>(tw, fr, fi);
     for (int64_t i = 0; i < G; ++i) {
         const int64_t base = brev[i * (R / 4)] >> 1;
         CV a[R];
         for (int j = 0; j < R; ++j) a[j] = loadSrc<T, V, Split>(src, base + j * stride);
         firstBfly<T, CV, R, Inv>(a, fr, fi);
+        if constexpr (Pair) pairGroups<CV, R>(a);
         storeGroups<T, CV, R>(a, [&](int l) { return W + R * (i + rv[l]); });
     }
+}
+
+// The paired first pass as a function of its own, as the natural one is
+// (inlined into the transform's frame it ran 3-7% slower at order 9).
+template <bool Inv>
+[[gnu::noinline]] void firstPassPaired(int m, const int32_t* brev, const SrcRef<double> src, Cx<double>* W, const Cx<double>* tw) {
+    firstPassRev<double, 16, Inv, false, true>(m, brev, src, W, tw);
 }
 
 // The first pass over a block already in bit-reversed order: V consecutive
@@ -447,7 +465,7 @@ void firstPassSeq(int m, const Cx<T>* src, Cx<T>* W, const Cx<T>* tw) {
     const int64_t N = int64_t(1) << m;
     constexpr int LR = R == 32 ? 5 : (R == 16 ? 4 : 3);
     CV fr[9], fi[9];
-    if constexpr (R > 8) loadFirstFactors<T, CV, R>(tw, fr, fi);
+    firstFactors<T, CV, R, Inv>(tw, fr, fi);
     for (int64_t i = 0; i < N; i += int64_t(R) * V) {
         CV e[R], a[R];
         for (int h = 0; h < R / V; ++h) {
@@ -843,16 +861,16 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
 // first butterflies of the rows run before the one shuffle level, and the
 // factors carry the sign of the cross products. A call in place reads the
 // stores of the call before, so this chain is what such calls wait for.
-template <bool Inv> struct LaneTwSigned {
-    Cx<double> wi[16];
+template <bool Inv, int R = 4> struct LaneTwSigned {
+    Cx<double> wi[4 * R];
     constexpr LaneTwSigned() : wi{} {
-        for (int i = 0; i < 16; ++i) {
-            double v = kLaneTwSplit<double, 4, 4>.wi[i].re;
+        for (int i = 0; i < 4 * R; ++i) {
+            double v = kLaneTwSplit<double, R, 4>.wi[i].re;
             wi[i] = Inv ? Cx<double>{v, -v} : Cx<double>{-v, v};
         }
     }
 };
-template <bool Inv> inline constexpr LaneTwSigned<Inv> kLaneTwSigned{};
+template <bool Inv, int R = 4> inline constexpr LaneTwSigned<Inv, R> kLaneTwSigned{};
 
 template <bool Inv> VRX_INLINE __m256d rot16d(__m256d x) {
     const __m256d s = _mm256_permute_pd(x, 0x5);
@@ -913,6 +931,9 @@ template <bool Inv, bool Scale> VRX_INLINE void small16d(const Cx<double>* src, 
 template <class T, int LOG, bool Inv, bool Scale>
 [[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
     if constexpr (sizeof(T) == 8 && LOG == 4) small16d<Inv, Scale>(src, dst, scale);
+    else if constexpr (sizeof(T) == 8 && LOG == 5)
+        small32d<Inv, Scale>(src, dst, scale, &kLaneTwSplit<double, 8, 4>.wr[0].re, &kLaneTwSigned<Inv, 8>.wi[0].re,
+                             [](CVd* r) __attribute__((always_inline)) { transposeV<CVd>(r); });
     else smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
 }
 template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
@@ -938,8 +959,11 @@ void smallDispatch(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
 // The radix engine for order m >= 7: the first pass into W, the passes whose
 // blocks fit a chunk chunk by chunk, the rest over the whole array; the last
 // pass writes the destination in the form O (out, or re and im).
-template <class T, bool Inv, bool Seq, Out O>
+// Pair: a plan whose factors of groups of eight stand in the lane order
+// pairLane (interleaved double plans), the last pass storing by unpacks.
+template <class T, bool Inv, bool Seq, Out O, bool Pair = false>
 void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src, Cx<T>* W, Cx<T>* out, T* re, T* im) {
+    static_assert(!Pair || (sizeof(T) == 8 && !Seq && O == Out::Cx), "paired lanes: interleaved double output");
     if constexpr (sizeof(T) == 4 && !Seq) {
         if (m == 7) {
             radix7f<Inv, O, O == Out::Split>(src, out, re, im, tw);
@@ -965,6 +989,7 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
     } else {
         // a radix-4 first pass is always followed by a radix-4 pass at s = 2
         if constexpr (Seq) firstPassSeq<T, 16, Inv>(m, src.cx, W, tw);
+        else if constexpr (Pair) firstPassPaired<Inv>(m, brev, src, W, tw);
         else firstPassRev<T, 16, Inv, O == Out::Split>(m, brev, src, W, tw);
     }
     const int logC = m < Limits<T>::kChunkLog ? m : Limits<T>::kChunkLog;
@@ -972,7 +997,7 @@ void radixRun(int m, const Cx<T>* tw, const int32_t* brev, const SrcRef<T>& src,
     int chunkEnd = first;
     while (chunkEnd < np && ps[chunkEnd].s + ps[chunkEnd].t <= logC) ++chunkEnd;
     auto run = [&](int i, int64_t base, int64_t len) {
-        if (i == np - 1) runPass<T, Inv, O>(ps[i], W, out, re, im, base, len, tw + off[i]);
+        if (i == np - 1) runPass<T, Inv, Pair ? Out::Paired : O>(ps[i], W, out, re, im, base, len, tw + off[i]);
         else runPass<T, Inv, Out::Group>(ps[i], W, W, nullptr, nullptr, base, len, tw + off[i]);
     };
     if (chunkEnd > first)
@@ -1005,7 +1030,9 @@ void initTabBitRevNorm(int m, int32_t* tab) {
 
 // Pass by pass in the order of the schedule: for each group of positions k,
 // for j = 1 .. r-1, the real parts then the imaginary parts of w^(j*k).
-template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
+// Paired (double): groups of eight positions k0 .. k0+7 hold position
+// k0 + pairLane(kk) in slot kk, the lane order of radixRun<..., Pair>.
+template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d, bool paired) {
     PassStep ps[16];
     const int np = radixSchedule<T>(m, ps);
     T* f = reinterpret_cast<T*>(d);
@@ -1016,7 +1043,8 @@ template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* d) {
         for (int64_t k0 = 0; k0 < S; k0 += G)
             for (int j = 1; j < r; ++j) {
                 for (int kk = 0; kk < G; ++kk) {
-                    Cx<T> w = twAt<T>(st, j * (k0 + kk), ord);
+                    const int pos = paired && G == 8 ? pairLane<double>(kk) : kk;
+                    Cx<T> w = twAt<T>(st, j * (k0 + pos), ord);
                     f[kk] = w.re;
                     f[G + kk] = w.im;
                 }
@@ -1062,7 +1090,10 @@ template <class T, bool Inv>
         const bool viaWork = static_cast<const void*>(s) == static_cast<const void*>(d) ||
                              (reinterpret_cast<uintptr_t>(d) & 31) != 0;
         C* W = viaWork ? reinterpret_cast<C*>(work) : d;
-        radixRun<T, Inv, false, Out::Cx>(m, tw, brev, SrcRef<T>{s, nullptr, nullptr}, W, d, nullptr, nullptr);
+        if (pairedPlan<T>(plan))
+            radixRun<T, Inv, false, Out::Cx, sizeof(T) == 8>(m, tw, brev, SrcRef<T>{s, nullptr, nullptr}, W, d, nullptr, nullptr);
+        else
+            radixRun<T, Inv, false, Out::Cx>(m, tw, brev, SrcRef<T>{s, nullptr, nullptr}, W, d, nullptr, nullptr);
         if (scale != T(0)) scaleBy<T>(dstRe, 2 * N, scale);
     } else {
         C* W = reinterpret_cast<C*>(work);
@@ -1110,7 +1141,7 @@ template <class T, bool Inv> void smallComplex(int m, const Cx<T>* src, Cx<T>* d
 #define VRX_FFT_INSTANTIATE(T)                                                                          \
     template void smallComplex<T, false>(int, const Cx<T>*, Cx<T>*, T);                                \
     template void smallComplex<T, true>(int, const Cx<T>*, Cx<T>*, T);                                 \
-    template void initTabTwdL1<T>(int, const SineTab<T>&, Cx<T>*);                                     \
+    template void initTabTwdL1<T>(int, const SineTab<T>&, Cx<T>*, bool);                               \
     template void radixBlock<T, false>(int, const Cx<T>*, Cx<T>*, Cx<T>*);                             \
     template void radixBlock<T, true>(int, const Cx<T>*, Cx<T>*, Cx<T>*);                              \
     template void complexTransform<T, false>(const Plan*, int, const T*, const T*, T*, T*, bool, T, uint8_t*); \

@@ -4,6 +4,7 @@
 #include "vrx_tiers.h"
 #include "vrx_fft_own.h"
 #include "vrx_fft_recomb.h"
+#include "vrx_fft_f64.h"
 
 #include <math.h>
 
@@ -161,7 +162,7 @@ VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint
     if (!k.real || order >= 8) {
         if (m <= Limits<T>::kRadixLast) {
             initTabBitRevNorm(m, o.bitRev);
-            initTabTwdL1<T>(m, st, o.twiddle);
+            initTabTwdL1<T>(m, st, o.twiddle, pairedKind(k.id));
         } else {
             initTabTwdLarge<T>(plan, m, st);
         }
@@ -242,11 +243,9 @@ VrxStatus N0(vrxsFFTInit_C_32f)(VrxsFftPlan_C_32f** ppPlan, int order, int flag,
     *ppPlan = reinterpret_cast<VrxsFftPlan_C_32f*>(p);
     return vrxOk;
 }
+// The double split plan is built as its own kind: its factors keep the
+// natural lane order, which split stores need (see vrx_fft_f64.h).
 VrxStatus N0(vrxsFFTInit_C_64f)(VrxsFftPlan_C_64f** ppPlan, int order, int flag, VrxAlgHint hint, Vrx8u* pSpecMem, Vrx8u* pInitBuf) {
-    VrxsFftPlan_C_64fc* p = nullptr;
-    VrxStatus st = N0(vrxsFFTInit_C_64fc)(ppPlan ? &p : nullptr, order, flag, hint, pSpecMem, pInitBuf);
-    if (st != vrxOk) return st;
-    reinterpret_cast<Plan*>(p)->idWord = idWord(ObjId::FftC64f);
-    *ppPlan = reinterpret_cast<VrxsFftPlan_C_64f*>(p);
-    return vrxOk;
+    constexpr Kind kC64f{ObjId::FftC64f, kC64fc.maxOrder, false, true};
+    return init<double>(kC64f, reinterpret_cast<void**>(ppPlan), order, flag, hint, pSpecMem, pInitBuf);
 }

@@ -123,8 +123,9 @@ struct PassStep {
 
 // Builds the radix engine's bit-reversal table for order m.
 void initTabBitRevNorm(int m, int32_t* tab);
-// Builds the radix engine's per-pass twiddle table for order m.
-template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* dst);
+// Builds the radix engine's per-pass twiddle table for order m; paired:
+// the lane order of interleaved double plans (see pairedPlan).
+template <class T> void initTabTwdL1(int m, const SineTab<T>& st, Cx<T>* dst, bool paired = false);
 // Builds the large path's tables of order m at the plan's bitRevTab,
 // twiddleTab and stepTab (placed by planLayout in vrx_fft_layout.h).
 template <class T> void initTabTwdLarge(const Plan* plan, int m, const SineTab<T>& st);

@@ -1,0 +1,148 @@
+// Double-precision pieces of the complex FFT engine.
+//
+// Interleaved double plans of the radix engine keep the positions of each
+// group of eight in the lane order pairLane (0, 4, 1, 5, 2, 6, 3, 7): the
+// first pass writes them so by taking its rows in that order, the factor
+// table of every pass at s >= 3 holds them in the same order, and the last
+// pass stores by in-lane unpacks instead of two index permutes per group.
+// Every position sees the same operations as in natural order: same bits.
+#pragma once
+
+#include "vrx_fft.h"
+#include "vrx_fft_simd.h"
+#include "vrx_fft_pass.h"
+#include "vrx_layout.h"
+
+namespace n0::fft {
+
+// Plans whose radix-engine factors stand in the paired lane order.
+constexpr bool pairedKind(ObjId id) { return id == ObjId::FftC64fc; }
+template <class T> VRX_INLINE bool pairedPlan(const Plan* p) {
+    return sizeof(T) == 8 && p->idWord == idWord(ObjId::FftC64fc);
+}
+
+// The R rows of a first-pass butterfly, each group of eight rows reordered
+// so that row 8g + q is the former row 8g + pairLane(q).
+template <class CV, int R> VRX_INLINE void pairGroups(CV* a) {
+    static_assert(R % 8 == 0, "whole groups of eight");
+#pragma GCC unroll 2
+    for (int g = 0; g < R / 8; ++g) {
+        CV t[8];
+#pragma GCC unroll 8
+        for (int q = 0; q < 8; ++q) t[q] = a[8 * g + pairLane<double>(q)];
+#pragma GCC unroll 8
+        for (int q = 0; q < 8; ++q) a[8 * g + q] = t[q];
+    }
+}
+
+// The radix-16 butterfly of the double first pass (radix 4, the factors of
+// the pass at s = 2, radix 4; lanes are blocks), the operations of vdftTw
+// with fewer sign flips: a rotation by -i or +i that feeds a sum is the
+// pair swap times the signs of rotSign, added by one multiply-add (the
+// product by +-1 is exact, the sum rounded once: the bits of the add), and
+// the cross products of the factors take fi with the sign already in it.
+using CVd = CVec<double, 4>;
+template <bool Inv> VRX_INLINE simd::V<double>::R rotSign() {
+    using W = simd::V<double>;
+    return Inv ? W::set2(-1.0, 1.0) : W::set2(1.0, -1.0);
+}
+template <bool Inv> VRX_INLINE void bfly4d(CVd a0, CVd a1, CVd a2, CVd a3, CVd* o) {
+    using W = simd::V<double>;
+    const CVd t0 = a0 + a2, t1 = a0 - a2, t2 = CVd::addM(a1, a3);
+    const W::R s = W::swapPair(CVd::subM(a1, a3).v), sg = rotSign<Inv>();
+    o[0] = t0 + t2;
+    o[1] = {W::fma(s, sg, t1.v)};
+    o[2] = t0 - t2;
+    o[3] = {W::fnma(s, sg, t1.v)};
+}
+// fr[x], fiS[x]: factor x = 3*(n2-1) + (k1-1) as real parts, and as
+// imaginary parts with the sign of the cross product (firstFactors16d).
+template <bool Inv> VRX_INLINE void bfly16d(CVd* a, const CVd* fr, const CVd* fiS) {
+    using W = simd::V<double>;
+    CVd y[4][4];
+#pragma GCC unroll 4
+    for (int n2 = 0; n2 < 4; ++n2) {
+        bfly4d<Inv>(a[n2], a[4 + n2], a[8 + n2], a[12 + n2], y[n2]);
+        if (n2 != 0)
+#pragma GCC unroll 3
+            for (int k1 = 1; k1 < 4; ++k1) {
+                const int x = 3 * (n2 - 1) + (k1 - 1);
+                const W::R p = W::mul(y[n2][k1].v, fr[x].v), q = W::mul(W::swapPair(y[n2][k1].v), fiS[x].v);
+                y[n2][k1] = {W::add(p, q)};
+            }
+    }
+#pragma GCC unroll 4
+    for (int k1 = 0; k1 < 4; ++k1) {
+        CVd o[4];
+        bfly4d<Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = o[k2];
+    }
+}
+// The factors of the pass at s = 2 from the table (as loadFirstFactors),
+// the imaginary parts signed for bfly16d.
+template <bool Inv> VRX_INLINE void firstFactors16d(const Cx<double>* tw, CVd* fr, CVd* fiS) {
+    const double* t = reinterpret_cast<const double*>(tw);
+#pragma GCC unroll 3
+    for (int j = 1; j < 4; ++j)
+#pragma GCC unroll 3
+        for (int k = 1; k < 4; ++k) {
+            const double re = t[8 * (j - 1) + k], im = t[8 * (j - 1) + 4 + k];
+            fr[3 * (j - 1) + (k - 1)] = CVd::bcast({re, re});
+            fiS[3 * (j - 1) + (k - 1)] = Inv ? CVd::bcast({im, -im}) : CVd::bcast({-im, im});
+        }
+}
+
+// The 32-point double kernel: the operations of smallVec<double, 4, 8>
+// (radix 8 down eight rows of four, lane factors, 4 x 4 transposes,
+// radix 4), each rotation that feeds a sum folded into it as in bfly4d
+// and the factors' cross products signed (wr: real parts twice, wiS:
+// imaginary parts signed, per lane as kLaneTwSplit; tr: the 4 x 4
+// transpose of four rows). In place a call waits
+// for the stores of the call before, so its chain of dependent operations
+// bounds it: each fold takes a sign flip off that chain.
+template <bool Inv> VRX_INLINE void bfly8d(CVd* a) {
+    using W = simd::V<double>;
+    const W::R sg = rotSign<Inv>(), c = W::set1(sqrtHalf<double>());
+    CVd e[4], d[4];
+    bfly4d<Inv>(a[0], a[2], a[4], a[6], e);
+    bfly4d<Inv>(a[1], a[3], a[5], a[7], d);
+    const W::R d1 = W::mul(W::fma(W::swapPair(d[1].v), sg, d[1].v), c);
+    const W::R s2 = W::swapPair(d[2].v);
+    const W::R x3 = W::mul(W::fma(W::swapPair(d[3].v), sg, d[3].v), c), s3 = W::swapPair(x3);
+    a[0] = e[0] + d[0];
+    a[4] = e[0] - d[0];
+    a[1] = {W::add(e[1].v, d1)};
+    a[5] = {W::sub(e[1].v, d1)};
+    a[2] = {W::fma(s2, sg, e[2].v)};
+    a[6] = {W::fnma(s2, sg, e[2].v)};
+    a[3] = {W::fma(s3, sg, e[3].v)};
+    a[7] = {W::fnma(s3, sg, e[3].v)};
+}
+template <bool Inv, bool Scale, class Tr>
+VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, const double* wr, const double* wiS, Tr tr) {
+    using W = simd::V<double>;
+    CVd a[8];
+#pragma GCC unroll 8
+    for (int r = 0; r < 8; ++r) a[r] = CVd::load(src + 4 * r);
+    bfly8d<Inv>(a);
+#pragma GCC unroll 8
+    for (int k = 1; k < 8; ++k) {
+        const W::R p = W::mul(a[k].v, W::load(wr + 8 * k)), q = W::mul(W::swapPair(a[k].v), W::load(wiS + 8 * k));
+        a[k] = {W::add(p, q)};
+    }
+#pragma GCC unroll 2
+    for (int b = 0; b < 2; ++b) {
+        tr(a + 4 * b);
+        CVd o[4];
+        bfly4d<Inv>(a[4 * b], a[4 * b + 1], a[4 * b + 2], a[4 * b + 3], o);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) {
+            CVd v = o[k2];
+            if constexpr (Scale) v = CVd::scale(v, scale);
+            v.store(dst + 8 * k2 + 4 * b);
+        }
+    }
+}
+
+}  // namespace n0::fft
