@@ -973,7 +973,7 @@ template <class T, bool Inv>
 
 // Interleaved data of 16 and 32 points goes straight to its kernels, and so
 // does that of the orders whose whole transform runs in registers (single 7
-// to 10, double 7 and 8), which read all their input before they write.
+// to 11, double 7 and 8), which read all their input before they write.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
