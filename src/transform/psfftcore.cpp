@@ -720,9 +720,9 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     if constexpr (sizeof(T) == 4) {
         switch (m) {
             case 8: inRegisters<T, 8, Inv, Split, O>(src, o, re, im); return true;
-            case 9: twoSweepF<9, 1, 2, Inv, Split, O>(src, o, re, im); return true;
-            case 10: twoSweepF<10, 2, 2, Inv, Split, O>(src, o, re, im); return true;
-            case 11: twoSweepF<11, 2, 4, Inv, Split, O>(src, o, re, im); return true;
+            case 9: twoSweepF<9, 1, Inv, Split, O>(src, o, re, im); return true;
+            case 10: twoSweepF<10, 2, Inv, Split, O>(src, o, re, im); return true;
+            case 11: twoSweepF<11, 4, Inv, Split, O>(src, o, re, im); return true;
             default: return false;
         }
     } else {

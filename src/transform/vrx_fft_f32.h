@@ -3,6 +3,8 @@
 // in-register kernels (fixW, sdft, mulFix, transposeReals) it uses.
 #pragma once
 
+
+
 // W_N^j (forward sign) for N up to 2048: from the constant table where its
 // resolution holds it (even j*1024/N), else sin and cos by their series in
 // long double at compile time, rounded once to float.
@@ -68,91 +70,83 @@ template <int C, bool Perm> struct LaneFoldTw {
 };
 template <int C, bool Perm> inline constexpr LaneFoldTw<C, Perm> kLaneFoldTw{};
 
-// A transform of N = R*C floats, R = 16*P rows (P = 1 or 2) of C = 16*Q
-// columns (Q = 2 or 4), x[C*n1 + n2], in two sweeps over a stack buffer y.
-// Sweep one, per group h of 16 columns: transforms of length R down the
-// rows (with P = 2 a radix-2 step over rows n1 and n1 + 16 first, whose
-// difference half, times W_R^n1, waits in the stack while the sum half
-// runs), giving rows k1 = q + P*k1', each multiplied by W_N^(k1*n2). The
-// last group also takes the first step of the row transforms, which pairs
-// columns c + 16*h (h = 0 .. Q-1) and so lies within lanes: per row k1 the
-// groups stored before are loaded again, a Q-point transform runs across
-// the groups, its output q is multiplied by W_C^(c*q) lane by lane and
-// stored in the slot of group q. Sweep two, per 16 rows and per q: a
-// transpose of the 16 x 16 block and a 16-point transform give
-// X[k1 + R*(Q*k + q)], 16 adjacent outputs per register, with no trip
-// through the stack between its transpose and its stores.
-template <int M, int P, int Q, bool Inv, bool SplitIn, Out O>
-VRX_INLINE void twoSweepF(const SrcRef<float>& src, float* out, float* re, float* im) {
+// A transform of N = 32*C floats, 32 rows of C = 16*Q columns (Q = 1, 2
+// or 4), x[C*n1 + n2], in two sweeps over a stack buffer y. Sweep one,
+// per group h of 16 columns: transforms of length 32 down the rows, a
+// radix-4 step over rows n1 + 8j first (j = 0 .. 3), whose outputs 1 to 3,
+// times W_32^(n1*j), wait in the stack while output 0 runs its 8-point
+// transforms down the registers; they give rows k1 = j + 4k, each
+// multiplied by W_N^(k1*n2). The last group also takes the first step of
+// the row transforms, which pairs columns c + 16h (h = 0 .. Q-1) and so
+// lies within lanes: per row k1 the groups stored before are loaded again,
+// a Q-point transform runs across the groups, its output q is multiplied
+// by W_C^(c*q) lane by lane and stored in the slot of group q. Sweep two,
+// per 16 rows and per q: a transpose of the 16 x 16 block and a 16-point
+// transform give X[k1 + 32*(Q*k + q)], 16 adjacent outputs per register,
+// with no trip through the stack between its transpose and its stores.
+template <int M, int Q, bool Inv, bool SplitIn, Out O>
+[[gnu::noinline]] void twoSweepF(const SrcRef<float>& src, float* out, float* re, float* im) {
     using G = GVec<float>;
     using W = simd::V<float>;
     using Pq = GOps<float>;
-    constexpr int V = 16, C = 16 * Q, R = 16 * P, N = R * C;
-    static_assert(N == 1 << M && (P == 1 || P == 2) && (Q == 2 || Q == 4), "16 or 32 rows of 32 or 64 columns");
+    constexpr int V = 16, C = 16 * Q, R = 32, N = R * C, L = 8;
+    static_assert(N == 1 << M && (Q == 1 || Q == 2 || Q == 4), "32 rows of 16, 32 or 64 columns");
     alignas(64) float y[2 * N];
-    alignas(64) float z[P > 1 ? 2 * 16 * V : 1];
+    alignas(64) float z[2 * V * 3 * L];
     const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
     const float* fold = kLaneFoldTw<C, !SplitIn>.f;
 #pragma GCC unroll 1
     for (int h = 0; h < Q; ++h) {
-        G u[16];
-#pragma GCC unroll 16
-        for (int n1 = 0; n1 < 16; ++n1) {
-            G a[P];
-#pragma GCC unroll 2
-            for (int j = 0; j < P; ++j) {
-                const int64_t e = C * (n1 + 16 * j) + V * h;
+        G u[L];
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < L; ++n1) {
+            G a[4];
+#pragma GCC unroll 4
+            for (int j = 0; j < 4; ++j) {
+                const int64_t e = C * (n1 + L * j) + V * h;
                 if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
                 else pairLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
             }
-            if constexpr (P == 1) {
-                u[n1] = a[0];
-            } else {
-                u[n1] = Pq::add(a[0], a[1]);
-                mulFix<float, Inv>(Pq::sub(a[0], a[1]), n1, R).store(z + 2 * V * n1);
-            }
+            sdft<float, 4, Inv>(a);
+            u[n1] = a[0];
+#pragma GCC unroll 4
+            for (int j = 1; j < 4; ++j) mulFix<float, Inv>(a[j], n1 * j, R).store(z + 2 * V * ((j - 1) * L + n1));
         }
         const bool last = h == Q - 1;
 #pragma GCC unroll 1
-        for (int q = 0; q < P; ++q) {
-            if (q > 0)
-#pragma GCC unroll 16
-                for (int n1 = 0; n1 < 16; ++n1) u[n1] = G::load(z + 2 * V * n1);
-            sdft<float, 16, Inv>(u);
-            if (!last) {
-#pragma GCC unroll 16
-                for (int k = 0; k < 16; ++k) {
-                    const int k1 = q + P * k;
-                    const int64_t e = 2 * (C * k1 + V * h);
-                    const G v = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], ftw + e);
-                    v.store(y + e);
+        for (int j = 0; j < 4; ++j) {
+            if (j > 0)
+#pragma GCC unroll 8
+                for (int n1 = 0; n1 < L; ++n1) u[n1] = G::load(z + 2 * V * ((j - 1) * L + n1));
+            sdft<float, L, Inv>(u);
+#pragma GCC unroll 8
+            for (int k = 0; k < L; ++k) {
+                const int k1 = j + 4 * k;
+                float* yr = y + 2 * C * k1;
+                const float* fr = ftw + 2 * C * k1;
+                if (!last) {
+                    (k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * h)).store(yr + 2 * V * h);
+                    continue;
                 }
-            } else {
-#pragma GCC unroll 16
-                for (int k = 0; k < 16; ++k) {
-                    const int k1 = q + P * k;
-                    const int64_t e = 2 * C * k1;
-                    G g[Q];
+                G g[Q];
 #pragma GCC unroll 4
-                    for (int j = 0; j < Q - 1; ++j) g[j] = G::load(y + e + 2 * V * j);
-                    g[Q - 1] = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], ftw + e + 2 * V * (Q - 1));
-                    if constexpr (Q == 2) {
-                        const G s = Pq::add(g[0], g[1]), d = Pq::sub(g[0], g[1]);
-                        g[0] = s;
-                        g[1] = d;
-                    } else {
-                        sdft<float, 4, Inv>(g);
-                    }
-                    g[0].store(y + e);
-#pragma GCC unroll 4
-                    for (int j = 1; j < Q; ++j)
-                        Pq::template mul<Inv>(g[j], fold + 2 * V * (j - 1)).store(y + e + 2 * V * j);
+                for (int i = 0; i < Q - 1; ++i) g[i] = G::load(yr + 2 * V * i);
+                g[Q - 1] = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * (Q - 1));
+                if constexpr (Q == 2) {
+                    const G s = Pq::add(g[0], g[1]), d = Pq::sub(g[0], g[1]);
+                    g[0] = s;
+                    g[1] = d;
+                } else if constexpr (Q == 4) {
+                    sdft<float, 4, Inv>(g);
                 }
+                g[0].store(yr);
+#pragma GCC unroll 4
+                for (int q = 1; q < Q; ++q) Pq::template mul<Inv>(g[q], fold + 2 * V * (q - 1)).store(yr + 2 * V * q);
             }
         }
     }
 #pragma GCC unroll 1
-    for (int b = 0; b < P; ++b) {
+    for (int b = 0; b < 2; ++b) {
 #pragma GCC unroll 1
         for (int q = 0; q < Q; ++q) {
             G c[16];
