@@ -163,13 +163,12 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
 #pragma GCC unroll 16
                 for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<float>(p)] = {tr[p], ti[p]};
             }
-            sdft<float, 16, Inv>(c);
-#pragma GCC unroll 16
-            for (int k = 0; k < 16; ++k) {
-                const int64_t e = V * b + R * (Q * k + q);
-                if constexpr (O == Out::Cx) pairStore(out + 2 * e, c[k].re, c[k].im);
-                else Pq::template put<O>(c[k], out, re, im, e);
-            }
+            sdft16S<float, Inv>([&](int n) __attribute__((always_inline)) { return c[n]; },
+                                [&](int k, G v) __attribute__((always_inline)) {
+                                    const int64_t e = V * b + R * (Q * k + q);
+                                    if constexpr (O == Out::Cx) pairStore(out + 2 * e, v.re, v.im);
+                                    else Pq::template put<O>(v, out, re, im, e);
+                                });
         }
     }
 }
