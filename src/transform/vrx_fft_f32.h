@@ -3,8 +3,6 @@
 // in-register kernels (fixW, sdft, mulFix, transposeReals) it uses.
 #pragma once
 
-
-
 // W_N^j (forward sign) for N up to 2048: from the constant table where its
 // resolution holds it (even j*1024/N), else sin and cos by their series in
 // long double at compile time, rounded once to float.
