@@ -728,112 +728,8 @@ VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale 
     }
 }
 
-// A transform of N = R*C points, R = 16*P rows (P = 1 or 2) and C = 16 or
-// 32 columns, in two sweeps over a stack buffer, no step holding more than
-// 16 rows in registers. Per V columns, the column transforms of length R:
-// with P = 2 a radix-2 step over rows n1 and n1 + 16 first, whose
-// difference half, times W_R^n1, waits in the stack while the sum half
-// runs; 16-point transforms down the registers give rows k1 = q + P*k1',
-// which are multiplied by W_N^(k1*n2) and stored. Then, per V rows,
-// transposes of V x V blocks and transforms of length C give
-// X[k1 + R*k2], V adjacent outputs per register; rows of 32 take the same
-// radix-2 step over their two halves first (even k2, then odd k2).
-template <class T, int M, int P, bool Inv, bool SplitIn, Out O, int C = 16>
-VRX_INLINE void fourStep(const SrcRef<T>& src, T* out, T* re, T* im) {
-    using G = GVec<T>;
-    using W = simd::V<T>;
-    using Pq = GOps<T>;
-    constexpr int V = G::V, N = 1 << M, R = N / C, H = C / V;
-    static_assert(R == 16 * P && (P == 1 || P == 2) && (C == 16 || C == 32) && C % V == 0, "16 or 32 rows and columns");
-    alignas(64) T y[2 * N];
-    alignas(64) T z[2 * 16 * V];
-#pragma GCC unroll 1
-    for (int h = 0; h < H; ++h) {
-        G u[16];
-#pragma GCC unroll 16
-        for (int n1 = 0; n1 < 16; ++n1) {
-            G a[P];
-#pragma GCC unroll 2
-            for (int j = 0; j < P; ++j) {
-                const int64_t e = C * (n1 + 16 * j) + V * h;
-                if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
-                else pairLoad(reinterpret_cast<const T*>(src.cx + e), a[j].re, a[j].im);
-            }
-            if constexpr (P == 1) {
-                u[n1] = a[0];
-            } else {
-                u[n1] = Pq::add(a[0], a[1]);
-                mulFix<T, Inv>(Pq::sub(a[0], a[1]), n1, R).store(z + 2 * V * n1);
-            }
-        }
-#pragma GCC unroll 1
-        for (int q = 0; q < P; ++q) {
-            if (q > 0)
-#pragma GCC unroll 16
-                for (int n1 = 0; n1 < 16; ++n1) u[n1] = G::load(z + 2 * V * n1);
-            sdft<T, 16, Inv>(u);
-#pragma GCC unroll 16
-            for (int k = 0; k < 16; ++k) {
-                const int k1 = q + P * k;
-                const int64_t e = 2 * (C * k1 + V * h);
-                const G v = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], kLaneTwGroup<T, M, !SplitIn, C>.f + e);
-                v.store(y + e);
-            }
-        }
-    }
-#pragma GCC unroll 1
-    for (int b = 0; b < R / V; ++b) {
-        // rows of 32 columns: a radix-2 step over the two halves first
-        constexpr int D = C > 16 ? 16 : C, HD = D / V, NH = C / D;
-        G c[D];
-#pragma GCC unroll 2
-        for (int half = 0; half < NH; ++half) {
-#pragma GCC unroll 2
-            for (int hh = 0; hh < HD; ++hh) {
-                const int h = HD * half + hh;
-                // the tile transpose of inRegisters written out again: one
-                // shared helper for both measured 5-9% slower at orders 8-10
-                typename W::R rr[V], ri[V], tr[V], ti[V];
-#pragma GCC unroll 16
-                for (int j = 0; j < V; ++j) {
-                    const int k1 = V * b + (O == Out::Cx ? pairLane<T>(j) : j);
-                    rr[j] = W::load(y + 2 * (C * k1 + V * h));
-                    ri[j] = W::load(y + 2 * (C * k1 + V * h) + V);
-                }
-                transposeReals(rr, tr);
-                transposeReals(ri, ti);
-#pragma GCC unroll 16
-                for (int p = 0; p < V; ++p) c[V * hh + (SplitIn ? p : pairLane<T>(p))] = {tr[p], ti[p]};
-            }
-            if constexpr (NH > 1) {
-                if (half == 0) {
-#pragma GCC unroll 16
-                    for (int n = 0; n < D; ++n) c[n].store(z + 2 * V * n);
-                } else {
-#pragma GCC unroll 16
-                    for (int n = 0; n < D; ++n) {
-                        const G lo = G::load(z + 2 * V * n);
-                        mulFix<T, Inv>(Pq::sub(lo, c[n]), n, C).store(z + 2 * V * n);
-                        c[n] = Pq::add(lo, c[n]);
-                    }
-                }
-            }
-        }
-#pragma GCC unroll 2
-        for (int par = 0; par < NH; ++par) {
-            if (par > 0)
-#pragma GCC unroll 16
-                for (int n = 0; n < D; ++n) c[n] = G::load(z + 2 * V * n);
-            sdft<T, D, Inv>(c);
-#pragma GCC unroll 16
-            for (int k = 0; k < D; ++k) {
-                const int k2 = NH * k + par;
-                if constexpr (O == Out::Cx) pairStore(out + 2 * (V * b + R * k2), c[k].re, c[k].im);
-                else Pq::template put<O>(c[k], out, re, im, V * b + R * k2);
-            }
-        }
-    }
-}
+// Single-precision orders 9 to 11: two sweeps over a stack buffer.
+#include "vrx_fft_f32.h"
 
 // The orders that run in registers; false for the others.
 template <class T, bool Inv, Out O, bool Split>
@@ -842,8 +738,9 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     if constexpr (sizeof(T) == 4) {
         switch (m) {
             case 8: inRegisters<T, 8, Inv, Split, O>(src, o, re, im); return true;
-            case 9: fourStep<T, 9, 1, Inv, Split, O, 32>(src, o, re, im); return true;
-            case 10: fourStep<T, 10, 2, Inv, Split, O, 32>(src, o, re, im); return true;
+            case 9: twoSweepF<9, 1, Inv, Split, O>(src, o, re, im); return true;
+            case 10: twoSweepF<10, 2, Inv, Split, O>(src, o, re, im); return true;
+            case 11: twoSweepF<11, 4, Inv, Split, O>(src, o, re, im); return true;
             default: return false;
         }
     } else {
@@ -1107,7 +1004,7 @@ template <class T, bool Inv>
 
 // Interleaved data of 16 and 32 points goes straight to its kernels, and so
 // does that of the orders whose whole transform runs in registers (single 7
-// to 10, double 7 and 8), which read all their input before they write.
+// to 11, double 7 and 8), which read all their input before they write.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
@@ -1118,7 +1015,7 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
         else smallCxRun<T, Inv, false>(m, s, d, scale);
         return;
     }
-    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 10 : 8)) {
+    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 11 : 8)) {
         const SrcRef<T> src{reinterpret_cast<const Cx<T>*>(srcRe), nullptr, nullptr};
         Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
         if constexpr (sizeof(T) == 4) {

@@ -1,0 +1,172 @@
+// Single-precision orders 9 to 11 as two sweeps over a stack buffer.
+// Included by psfftcore.cpp inside its unnamed namespace, after the
+// in-register kernels (fixW, sdft, mulFix, transposeReals) it uses.
+#pragma once
+
+// W_N^j (forward sign) for N up to 2048: from the constant table where its
+// resolution holds it (even j*1024/N), else sin and cos by their series in
+// long double at compile time, rounded once to float.
+constexpr long double sinSeries(long double x) {
+    long double t = x, s = x;
+    for (int i = 1; i < 30; ++i) {
+        t = -t * x * x / static_cast<long double>((2 * i) * (2 * i + 1));
+        s += t;
+    }
+    return s;
+}
+constexpr Cx<float> fixWf(int j, int N) {
+    j %= N;
+    if (N <= 1024) return fixW<float>(j, N);
+    if ((j * (2048 / N)) % 2 == 0) return fixW<float>(j * (2048 / N) / 2, 1024);
+    // j/N = r/N + quad/4 with 0 < r < N/4: c and s of 2*pi*r/N, turned by quad quarters
+    const int quad = j / (N / 4), r = j % (N / 4);
+    const long double pi = 3.141592653589793238462643383279502884L;
+    const long double x = 2 * pi * static_cast<long double>(r) / static_cast<long double>(N);
+    const long double sv = sinSeries(x), cv = sinSeries(pi / 2 - x);
+    long double c = 0, s = 0;
+    switch (quad) {
+        case 0: c = cv; s = sv; break;
+        case 1: c = -sv; s = cv; break;
+        case 2: c = -cv; s = -sv; break;
+        default: c = sv; s = -cv; break;
+    }
+    return {static_cast<float>(c), static_cast<float>(-s)};
+}
+
+// Factors W_N^(k1*n2) of the first sweep: row k1, per 16 columns, the 16
+// real parts then the 16 imaginary parts, lane p for column n2 =
+// pairLane(p) (Perm) or p of those 16.
+template <int M, bool Perm, int C> struct LaneTwF {
+    static constexpr int V = 16, N = 1 << M;
+    float f[2 * N];
+    constexpr LaneTwF() : f{} {
+        for (int k1 = 0; k1 < N / C; ++k1)
+            for (int h = 0; h < C / V; ++h)
+                for (int p = 0; p < V; ++p) {
+                    const Cx<float> w = fixWf(k1 * (V * h + (Perm ? pairLane<float>(p) : p)), N);
+                    f[2 * (C * k1 + V * h) + p] = w.re;
+                    f[2 * (C * k1 + V * h) + V + p] = w.im;
+                }
+    }
+};
+template <int M, bool Perm, int C> inline constexpr LaneTwF<M, Perm, C> kLaneTwF{};
+
+// Per-lane factors W_C^(c*q), q = 1 .. Q-1, of the row transforms' first
+// step: per q, 16 real parts then 16 imaginary parts, lane p for column
+// c = pairLane(p) (Perm, the lane order of interleaved input) or c = p.
+template <int C, bool Perm> struct LaneFoldTw {
+    static constexpr int V = 16, Q = C / V;
+    float f[Q > 1 ? 2 * V * (Q - 1) : 1];
+    constexpr LaneFoldTw() : f{} {
+        for (int q = 1; q < Q; ++q)
+            for (int p = 0; p < V; ++p) {
+                const Cx<float> w = fixW<float>(q * (Perm ? pairLane<float>(p) : p), C);
+                f[2 * V * (q - 1) + p] = w.re;
+                f[2 * V * (q - 1) + V + p] = w.im;
+            }
+    }
+};
+template <int C, bool Perm> inline constexpr LaneFoldTw<C, Perm> kLaneFoldTw{};
+
+// A transform of N = 32*C floats, 32 rows of C = 16*Q columns (Q = 1, 2
+// or 4), x[C*n1 + n2], in two sweeps over a stack buffer y. Sweep one,
+// per group h of 16 columns: transforms of length 32 down the rows, a
+// radix-4 step over rows n1 + 8j first (j = 0 .. 3), whose outputs 1 to 3,
+// times W_32^(n1*j), wait in the stack while output 0 runs its 8-point
+// transforms down the registers; they give rows k1 = j + 4k, each
+// multiplied by W_N^(k1*n2). The last group also takes the first step of
+// the row transforms, which pairs columns c + 16h (h = 0 .. Q-1) and so
+// lies within lanes: per row k1 the groups stored before are loaded again,
+// a Q-point transform runs across the groups, its output q is multiplied
+// by W_C^(c*q) lane by lane and stored in the slot of group q. Sweep two,
+// per 16 rows and per q: a transpose of the 16 x 16 block and a 16-point
+// transform give X[k1 + 32*(Q*k + q)], 16 adjacent outputs per register,
+// with no trip through the stack between its transpose and its stores.
+template <int M, int Q, bool Inv, bool SplitIn, Out O>
+[[gnu::noinline]] void twoSweepF(const SrcRef<float>& src, float* out, float* re, float* im) {
+    using G = GVec<float>;
+    using W = simd::V<float>;
+    using Pq = GOps<float>;
+    constexpr int V = 16, C = 16 * Q, R = 32, N = R * C, L = 8;
+    static_assert(N == 1 << M && (Q == 1 || Q == 2 || Q == 4), "32 rows of 16, 32 or 64 columns");
+    alignas(64) float y[2 * N];
+    alignas(64) float z[2 * V * 3 * L];
+    const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
+    const float* fold = kLaneFoldTw<C, !SplitIn>.f;
+#pragma GCC unroll 1
+    for (int h = 0; h < Q; ++h) {
+        G u[L];
+#pragma GCC unroll 8
+        for (int n1 = 0; n1 < L; ++n1) {
+            G a[4];
+#pragma GCC unroll 4
+            for (int j = 0; j < 4; ++j) {
+                const int64_t e = C * (n1 + L * j) + V * h;
+                if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
+                else pairLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
+            }
+            sdft<float, 4, Inv>(a);
+            u[n1] = a[0];
+#pragma GCC unroll 4
+            for (int j = 1; j < 4; ++j) mulFix<float, Inv>(a[j], n1 * j, R).store(z + 2 * V * ((j - 1) * L + n1));
+        }
+        const bool last = h == Q - 1;
+#pragma GCC unroll 1
+        for (int j = 0; j < 4; ++j) {
+            if (j > 0)
+#pragma GCC unroll 8
+                for (int n1 = 0; n1 < L; ++n1) u[n1] = G::load(z + 2 * V * ((j - 1) * L + n1));
+            sdft<float, L, Inv>(u);
+#pragma GCC unroll 8
+            for (int k = 0; k < L; ++k) {
+                const int k1 = j + 4 * k;
+                float* yr = y + 2 * C * k1;
+                const float* fr = ftw + 2 * C * k1;
+                if (!last) {
+                    (k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * h)).store(yr + 2 * V * h);
+                    continue;
+                }
+                G g[Q];
+#pragma GCC unroll 4
+                for (int i = 0; i < Q - 1; ++i) g[i] = G::load(yr + 2 * V * i);
+                g[Q - 1] = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * (Q - 1));
+                if constexpr (Q == 2) {
+                    const G s = Pq::add(g[0], g[1]), d = Pq::sub(g[0], g[1]);
+                    g[0] = s;
+                    g[1] = d;
+                } else if constexpr (Q == 4) {
+                    sdft<float, 4, Inv>(g);
+                }
+                g[0].store(yr);
+#pragma GCC unroll 4
+                for (int q = 1; q < Q; ++q) Pq::template mul<Inv>(g[q], fold + 2 * V * (q - 1)).store(yr + 2 * V * q);
+            }
+        }
+    }
+#pragma GCC unroll 1
+    for (int b = 0; b < 2; ++b) {
+#pragma GCC unroll 1
+        for (int q = 0; q < Q; ++q) {
+            G c[16];
+            {
+                typename W::R rr[V], ri[V], tr[V], ti[V];
+#pragma GCC unroll 16
+                for (int j = 0; j < V; ++j) {
+                    const int k1 = V * b + (O == Out::Cx ? pairLane<float>(j) : j);
+                    rr[j] = W::load(y + 2 * (C * k1 + V * q));
+                    ri[j] = W::load(y + 2 * (C * k1 + V * q) + V);
+                }
+                transposeReals(rr, tr);
+                transposeReals(ri, ti);
+#pragma GCC unroll 16
+                for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<float>(p)] = {tr[p], ti[p]};
+            }
+            sdft16S<float, Inv>([&](int n) __attribute__((always_inline)) { return c[n]; },
+                                [&](int k, G v) __attribute__((always_inline)) {
+                                    const int64_t e = V * b + R * (Q * k + q);
+                                    if constexpr (O == Out::Cx) pairStore(out + 2 * e, v.re, v.im);
+                                    else Pq::template put<O>(v, out, re, im, e);
+                                });
+        }
+    }
+}
