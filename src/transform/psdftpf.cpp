@@ -426,6 +426,16 @@ template <class T, int RC> struct Transpose {
 };
 template <class T, int RC> inline constexpr Transpose<T, RC> kTranspose{};
 
+// Register vo of an output tile of valid values at b: whole, or masked
+// past the last value.
+template <class T> VRX_INLINE void putTileReg(T* b, int vo, int valid, typename simd::V<T>::R x) {
+    using S = simd::V<T>;
+    constexpr int NL = S::N;
+    const int left = valid - NL * vo;
+    if (left >= NL) S::store(b + NL * vo, x);
+    else S::storem(b + NL * vo, simd::tail<T>(left), x);
+}
+
 // The RC x 8 tile of double registers y[r] (lane k: column k) stored as
 // 8 x RC values b[RC*k + r] (valid of them) for RC of 4 or 8: pairs of
 // registers unpacked, then 128-bit blocks moved (no lane permutes).
@@ -434,11 +444,7 @@ VRX_INLINE void tileOut4x8(const Cx<VE<double>>* y, int valid, double* bRe, doub
     using S = simd::V<double>;
     using Rg = S::R;
     auto put = [valid](const Rg* o, double* b) {
-        for (int vo = 0; vo < RC && 8 * vo < valid; ++vo) {
-            const int left = valid - 8 * vo;
-            if (left >= 8) S::store(b + 8 * vo, o[vo]);
-            else S::storem(b + 8 * vo, simd::tail<double>(left), o[vo]);
-        }
+        for (int vo = 0; vo < RC && 8 * vo < valid; ++vo) putTileReg<double>(b, vo, valid, o[vo]);
     };
     auto one = [&](const Rg* x, double* b) {
         if constexpr (RC == 4) {
@@ -526,14 +532,8 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
                     orr = S::blend(mr, orr, y[r].re.r);
                     oii = S::blend(mr, oii, y[r].im.r);
                 }
-                const int left = valid - NL * vo;
-                if (left >= NL) {
-                    S::store(bRe + k * R + NL * vo, orr);
-                    S::store(bIm + k * R + NL * vo, oii);
-                } else {
-                    S::storem(bRe + k * R + NL * vo, simd::tail<T>(left), orr);
-                    S::storem(bIm + k * R + NL * vo, simd::tail<T>(left), oii);
-                }
+                putTileReg<T>(bRe + k * R, vo, valid, orr);
+                putTileReg<T>(bIm + k * R, vo, valid, oii);
             }
         } else if constexpr (RC != 0) {
             // the R x NL tile to NL x R in registers: output register v lane i
@@ -548,14 +548,8 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
                     orr = simd::permuteMerge(orr, mr, ix, y[r].re.r);
                     oii = simd::permuteMerge(oii, mr, ix, y[r].im.r);
                 }
-                const int left = valid - NL * vo;
-                if (left >= NL) {
-                    S::store(bRe + k * R + NL * vo, orr);
-                    S::store(bIm + k * R + NL * vo, oii);
-                } else {
-                    S::storem(bRe + k * R + NL * vo, simd::tail<T>(left), orr);
-                    S::storem(bIm + k * R + NL * vo, simd::tail<T>(left), oii);
-                }
+                putTileReg<T>(bRe + k * R, vo, valid, orr);
+                putTileReg<T>(bIm + k * R, vo, valid, oii);
             }
         } else {
             for (int r = 0; r < R; ++r) {
@@ -738,11 +732,7 @@ void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, con
                 auto tile = [&](typename S::R y0, typename S::R y1, typename S::R y2, typename S::R y3, T* b) {
                     const typename S::R o[4] = {simd::blocks128<0, 1, 0, 1>(y0, y1), simd::blocks128<0, 1, 0, 1>(y2, y3),
                                                 simd::blocks128<2, 3, 2, 3>(y0, y1), simd::blocks128<2, 3, 2, 3>(y2, y3)};
-                    for (int vo = 0; vo < 4 && NL * vo < valid; ++vo) {
-                        const int left = valid - NL * vo;
-                        if (left >= NL) S::store(b + NL * vo, o[vo]);
-                        else S::storem(b + NL * vo, simd::tail<T>(left), o[vo]);
-                    }
+                    for (int vo = 0; vo < 4 && NL * vo < valid; ++vo) putTileReg<T>(b, vo, valid, o[vo]);
                 };
                 tile(y[0].re.r, y[1].re.r, y[2].re.r, y[3].re.r, oRe);
                 tile(y[0].im.r, y[1].im.r, y[2].im.r, y[3].im.r, oIm);
@@ -758,14 +748,8 @@ void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, con
                 orr = simd::permuteMerge(orr, mr, ix, y[r].re.r);
                 oii = simd::permuteMerge(oii, mr, ix, y[r].im.r);
             }
-            const int left = valid - NL * vo;
-            if (left >= NL) {
-                S::store(oRe + NL * vo, orr);
-                S::store(oIm + NL * vo, oii);
-            } else {
-                S::storem(oRe + NL * vo, simd::tail<T>(left), orr);
-                S::storem(oIm + NL * vo, simd::tail<T>(left), oii);
-            }
+            putTileReg<T>(oRe, vo, valid, orr);
+            putTileReg<T>(oIm, vo, valid, oii);
         }
     }
 }
