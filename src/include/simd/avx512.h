@@ -902,3 +902,11 @@ VRX_INLINE __m256i pairMagnitudes16s(__m256i x) {
     return _mm256_madd_epi16(x, sign);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// 128-bit blocks: blocks 0, 1 of the result from a (blocks I0, I1), blocks
+// 2, 3 from b (blocks I2, I3).
+template <int I0, int I1, int I2, int I3> VRX_INLINE __m512d blocks128(__m512d a, __m512d b) {
+    return _mm512_shuffle_f64x2(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
+}
+}  // namespace n0::simd
