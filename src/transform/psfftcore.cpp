@@ -849,7 +849,10 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     } else {
         switch (m) {
             case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
-            case 8: inRegisters<T, 8, Inv, Split, O, false, 16>(src, o, re, im); return true;
+            case 8:
+                if constexpr (Split) order8d<Inv, true>(src.re, src.im, re, im);
+                else order8d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                return true;
             default: return false;
         }
     }

@@ -145,4 +145,122 @@ VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, c
     }
 }
 
+
+// ---- order 8 (double) as 16 x 16 without full-width permutes
+//
+// x[16*n1 + n2]: per four columns n2, 16-point transforms down the rows
+// (every operation vertical: each complex lane is one column), the factors
+// W_256^(k1*n2), then 2 x 2 transposes of complex pairs within each
+// 256-bit half (one in-half permute per register), stored by halves into a
+// stack buffer held as [n2][k1]; per four rows k1, 16-point transforms over
+// n2 give X[k1 + 16*k2], four adjacent outputs per register. Split data is
+// paired on load and unpaired on store, so the operations per position,
+// and the bits, are those of interleaved data.
+//
+// cmul16: y*w (forward) or y*conj(w) (inverse); wr: real parts twice, wi:
+// the imaginary parts as (-im, im).
+template <bool Inv> VRX_INLINE simd::V<double>::R cmul16(simd::V<double>::R y, simd::V<double>::R wr, simd::V<double>::R wi) {
+    using W = simd::V<double>;
+    const W::R p = W::mul(y, wr), q = W::mul(W::swapPair(y), wi);
+    return Inv ? W::sub(p, q) : W::add(p, q);
+}
+// W_16^E times y, E in 1..9 (rotations by -i and W_16^2 by signs)
+template <bool Inv, int E> VRX_INLINE simd::V<double>::R w16d(simd::V<double>::R y) {
+    using W = simd::V<double>;
+    constexpr double c = 0.70710678118654752440;
+    if constexpr (E == 4) return W::mul(W::swapPair(y), rotSign<Inv>());
+    else if constexpr (E == 2) return W::mul(W::fma(W::swapPair(y), rotSign<Inv>(), y), W::set1(c));
+    else {
+        // cos and sin of 2*pi*E/16 for E = 1, 3, 6, 9; forward W = re - i*im
+        constexpr double c1 = 0.92387953251128675613, s1 = 0.38268343236508977173;
+        constexpr double re = E == 1 ? c1 : E == 3 ? s1 : E == 6 ? -c : -c1;
+        constexpr double im = E == 1 ? s1 : E == 3 ? c1 : E == 6 ? c : -s1;
+        return cmul16<Inv>(y, W::set1(re), W::set2(im, -im));
+    }
+}
+// 16-point transform down 16 registers: inputs ld(n), outputs st(k, X[k])
+// in the order 0, 4, 8, 12, 1, 5, ...
+template <bool Inv, class Ld, class St> VRX_INLINE void dft16d(Ld ld, St st) {
+    CVd y[4][4];
+#pragma GCC unroll 4
+    for (int n2 = 0; n2 < 4; ++n2) bfly4d<Inv>(ld(n2), ld(4 + n2), ld(8 + n2), ld(12 + n2), y[n2]);
+    y[1][1].v = w16d<Inv, 1>(y[1][1].v);
+    y[1][2].v = w16d<Inv, 2>(y[1][2].v);
+    y[1][3].v = w16d<Inv, 3>(y[1][3].v);
+    y[2][1].v = w16d<Inv, 2>(y[2][1].v);
+    y[2][2].v = w16d<Inv, 4>(y[2][2].v);
+    y[2][3].v = w16d<Inv, 6>(y[2][3].v);
+    y[3][1].v = w16d<Inv, 3>(y[3][1].v);
+    y[3][2].v = w16d<Inv, 6>(y[3][2].v);
+    y[3][3].v = w16d<Inv, 9>(y[3][3].v);
+#pragma GCC unroll 4
+    for (int k1 = 0; k1 < 4; ++k1) {
+        CVd o[4];
+        bfly4d<Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) st(k1 + 4 * k2, o[k2]);
+    }
+}
+
+// W_256^(k1*n2) for k1, n2 < 16: real parts twice, imaginary parts as
+// (-im, im), entry 16*k1 + n2 (forward sign).
+struct alignas(64) Tw256d {
+    double wr[2 * 256], wi[2 * 256];
+    constexpr Tw256d() : wr{}, wi{} {
+        const double* t = n0::fft_fix_twiddle_table_64f;
+        for (int k1 = 0; k1 < 16; ++k1)
+            for (int n2 = 0; n2 < 16; ++n2) {
+                const int q = (k1 * n2 % 256) * 4, quad = q / 256, r = q % 256;
+                const double sv = t[r], cv = t[256 - r];
+                const double c = quad == 0 ? cv : quad == 1 ? -sv : quad == 2 ? -cv : sv;
+                const double s = quad == 0 ? sv : quad == 1 ? cv : quad == 2 ? -sv : -cv;
+                const int e = 2 * (16 * k1 + n2);
+                wr[e] = wr[e + 1] = c;
+                wi[e] = s;
+                wi[e + 1] = -s;
+            }
+    }
+};
+inline constexpr Tw256d kTw256d{};
+
+template <bool Inv, bool Split>
+VRX_INLINE void order8d(const double* sre, const double* sim, double* dre, double* dim) {
+    using W = simd::V<double>;
+    alignas(64) double y[512];
+#pragma GCC unroll 1
+    for (int q = 0; q < 4; ++q) {
+        W::R a[16];
+        auto ld = [&](int n1) __attribute__((always_inline)) {
+            const int e = 16 * n1 + 4 * q;
+            if constexpr (Split) return CVd{simd::pairSplit4d(sre + e, sim + e)};
+            else return CVd{W::load(sre + 2 * e)};
+        };
+        // rows 2j and 2j + 1 are transposed and stored as soon as both are
+        // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
+        dft16d<Inv>(ld, [&](int k1, CVd v) __attribute__((always_inline)) {
+            const int e = 2 * (16 * k1 + 4 * q);
+            W::R x = v.v;
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTw256d.wr + e), W::load(kTw256d.wi + e));
+            if (k1 % 2 == 0) {
+                a[k1] = x;
+            } else {
+                W::R c0, c1;
+                simd::pairRows2x2d(a[k1 - 1], x, c0, c1);
+                const int b = 2 * (16 * 4 * q + k1 - 1);
+                simd::storeHalves(y + b, y + b + 64, c0);
+                simd::storeHalves(y + b + 32, y + b + 96, c1);
+            }
+        });
+    }
+#pragma GCC unroll 1
+    for (int j = 0; j < 4; ++j) {
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) { return CVd{W::load(y + 2 * (16 * n2 + 4 * j))}; },
+                    [&](int k2, CVd v) __attribute__((always_inline)) {
+                        const int e = 16 * k2 + 4 * j;
+                        if constexpr (Split) simd::unpairSplit4d(dre + e, dim + e, v.v);
+                        else W::store(dre + 2 * e, v.v);
+                    });
+    }
+}
+
 }  // namespace n0::fft

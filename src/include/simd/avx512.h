@@ -902,3 +902,29 @@ VRX_INLINE __m256i pairMagnitudes16s(__m256i x) {
     return _mm256_madd_epi16(x, sign);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Complex pairs (128-bit lanes) of two rows a and b transposed within each
+// 256-bit half: lo = (a0, b0 | a2, b2), hi = (a1, b1 | a3, b3).
+VRX_INLINE void pairRows2x2d(__m512d a, __m512d b, __m512d& lo, __m512d& hi) {
+    lo = _mm512_mask_permutex_pd(a, 0xCC, b, 0x4E);
+    hi = _mm512_mask_permutex_pd(b, 0x33, a, 0x4E);
+}
+// The low 256-bit half of v at lo, the high half at hi.
+VRX_INLINE void storeHalves(double* lo, double* hi, __m512d v) {
+    _mm256_storeu_pd(lo, _mm512_castpd512_pd256(v));
+    _mm256_storeu_pd(hi, _mm512_extractf64x4_pd(v, 1));
+}
+// Four complex values (re, im) in pairs from split arrays, and back.
+VRX_INLINE __m512d pairSplit4d(const double* re, const double* im) {
+    const __m256d r = _mm256_loadu_pd(re), i = _mm256_loadu_pd(im);
+    const __m512d z = _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_unpacklo_pd(r, i)), _mm256_unpackhi_pd(r, i), 1);
+    return _mm512_shuffle_f64x2(z, z, 0xD8);
+}
+VRX_INLINE void unpairSplit4d(double* re, double* im, __m512d v) {
+    const __m512d z = _mm512_shuffle_f64x2(v, v, 0xD8);
+    const __m256d lo = _mm512_castpd512_pd256(z), hi = _mm512_extractf64x4_pd(z, 1);
+    _mm256_storeu_pd(re, _mm256_unpacklo_pd(lo, hi));
+    _mm256_storeu_pd(im, _mm256_unpackhi_pd(lo, hi));
+}
+}  // namespace n0::simd
