@@ -246,15 +246,18 @@ VRX_INLINE void order8d(const double* sre, const double* sim, double* dre, doubl
             } else {
                 W::R c0, c1;
                 simd::pairRows2x2d(a[k1 - 1], x, c0, c1);
-                const int b = 2 * (16 * 4 * q + k1 - 1);
-                simd::storeHalves(y + b, y + b + 64, c0);
-                simd::storeHalves(y + b + 32, y + b + 96, c1);
+                const int b = 16 * (8 * q + k1 / 2);
+                W::store(y + b, c0);
+                W::store(y + b + 8, c1);
             }
         });
     }
 #pragma GCC unroll 1
     for (int j = 0; j < 4; ++j) {
-        dft16d<Inv>([&](int n2) __attribute__((always_inline)) { return CVd{W::load(y + 2 * (16 * n2 + 4 * j))}; },
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
+                        const int b = 16 * (8 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
+                        return CVd{simd::loadHalves(y + b, y + b + 16)};
+                    },
                     [&](int k2, CVd v) __attribute__((always_inline)) {
                         const int e = 16 * k2 + 4 * j;
                         if constexpr (Split) simd::unpairSplit4d(dre + e, dim + e, v.v);

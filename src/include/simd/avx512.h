@@ -928,3 +928,9 @@ VRX_INLINE void unpairSplit4d(double* re, double* im, __m512d v) {
     _mm256_storeu_pd(im, _mm256_unpackhi_pd(lo, hi));
 }
 }  // namespace n0::simd
+namespace n0::simd {
+// 256 bits at lo as the low half, 256 bits at hi as the high half.
+VRX_INLINE __m512d loadHalves(const double* lo, const double* hi) {
+    return _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(lo)), _mm256_loadu_pd(hi), 1);
+}
+}  // namespace n0::simd
