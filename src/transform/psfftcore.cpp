@@ -853,6 +853,10 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
                 if constexpr (Split) order8d<Inv, true>(src.re, src.im, re, im);
                 else order8d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
                 return true;
+            case 9:
+                if constexpr (Split) order9d<Inv, true>(src.re, src.im, re, im);
+                else order9d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                return true;
             default: return false;
         }
     }

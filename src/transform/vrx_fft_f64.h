@@ -157,6 +157,16 @@ VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, c
 // paired on load and unpaired on store, so the operations per position,
 // and the bits, are those of interleaved data.
 //
+// cos and sin of 2*pi*j/N from the constant sine table, N <= 1024.
+struct CosSin {
+    double c, s;
+};
+constexpr CosSin cosSinD(int j, int N) {
+    const double* t = n0::fft_fix_twiddle_table_64f;
+    const int q = (j % N) * (1024 / N), quad = q / 256, r = q % 256;
+    const double sv = t[r], cv = t[256 - r];
+    return {quad == 0 ? cv : quad == 1 ? -sv : quad == 2 ? -cv : sv, quad == 0 ? sv : quad == 1 ? cv : quad == 2 ? -sv : -cv};
+}
 // cmul16: y*w (forward) or y*conj(w) (inverse); wr: real parts twice, wi:
 // the imaginary parts as (-im, im).
 template <bool Inv> VRX_INLINE simd::V<double>::R cmul16(simd::V<double>::R y, simd::V<double>::R wr, simd::V<double>::R wi) {
@@ -164,18 +174,16 @@ template <bool Inv> VRX_INLINE simd::V<double>::R cmul16(simd::V<double>::R y, s
     const W::R p = W::mul(y, wr), q = W::mul(W::swapPair(y), wi);
     return Inv ? W::sub(p, q) : W::add(p, q);
 }
-// W_16^E times y, E in 1..9 (rotations by -i and W_16^2 by signs)
+// W_16^E times y, 0 < E < 16 (rotations by -i and W_16^2 by signs)
 template <bool Inv, int E> VRX_INLINE simd::V<double>::R w16d(simd::V<double>::R y) {
     using W = simd::V<double>;
     constexpr double c = 0.70710678118654752440;
     if constexpr (E == 4) return W::mul(W::swapPair(y), rotSign<Inv>());
     else if constexpr (E == 2) return W::mul(W::fma(W::swapPair(y), rotSign<Inv>(), y), W::set1(c));
     else {
-        // cos and sin of 2*pi*E/16 for E = 1, 3, 6, 9; forward W = re - i*im
-        constexpr double c1 = 0.92387953251128675613, s1 = 0.38268343236508977173;
-        constexpr double re = E == 1 ? c1 : E == 3 ? s1 : E == 6 ? -c : -c1;
-        constexpr double im = E == 1 ? s1 : E == 3 ? c1 : E == 6 ? c : -s1;
-        return cmul16<Inv>(y, W::set1(re), W::set2(im, -im));
+        // forward W = cos - i*sin
+        constexpr CosSin w = cosSinD(E, 16);
+        return cmul16<Inv>(y, W::set1(w.c), W::set2(w.s, -w.s));
     }
 }
 // 16-point transform down 16 registers: inputs ld(n), outputs st(k, X[k])
@@ -202,26 +210,22 @@ template <bool Inv, class Ld, class St> VRX_INLINE void dft16d(Ld ld, St st) {
     }
 }
 
-// W_256^(k1*n2) for k1, n2 < 16: real parts twice, imaginary parts as
-// (-im, im), entry 16*k1 + n2 (forward sign).
-struct alignas(64) Tw256d {
-    double wr[2 * 256], wi[2 * 256];
-    constexpr Tw256d() : wr{}, wi{} {
-        const double* t = n0::fft_fix_twiddle_table_64f;
-        for (int k1 = 0; k1 < 16; ++k1)
+// W_N^(k1*n2) for k1 < N/16, n2 < 16: real parts twice, imaginary parts
+// as (-im, im), entry 16*k1 + n2 (forward sign).
+template <int N> struct alignas(64) TwRowsD {
+    double wr[2 * N], wi[2 * N];
+    constexpr TwRowsD() : wr{}, wi{} {
+        for (int k1 = 0; k1 < N / 16; ++k1)
             for (int n2 = 0; n2 < 16; ++n2) {
-                const int q = (k1 * n2 % 256) * 4, quad = q / 256, r = q % 256;
-                const double sv = t[r], cv = t[256 - r];
-                const double c = quad == 0 ? cv : quad == 1 ? -sv : quad == 2 ? -cv : sv;
-                const double s = quad == 0 ? sv : quad == 1 ? cv : quad == 2 ? -sv : -cv;
+                const CosSin w = cosSinD(k1 * n2, N);
                 const int e = 2 * (16 * k1 + n2);
-                wr[e] = wr[e + 1] = c;
-                wi[e] = s;
-                wi[e + 1] = -s;
+                wr[e] = wr[e + 1] = w.c;
+                wi[e] = w.s;
+                wi[e + 1] = -w.s;
             }
     }
 };
-inline constexpr Tw256d kTw256d{};
+template <int N> inline constexpr TwRowsD<N> kTwRowsD{};
 
 template <bool Inv, bool Split>
 VRX_INLINE void order8d(const double* sre, const double* sim, double* dre, double* dim) {
@@ -240,7 +244,7 @@ VRX_INLINE void order8d(const double* sre, const double* sim, double* dre, doubl
         dft16d<Inv>(ld, [&](int k1, CVd v) __attribute__((always_inline)) {
             const int e = 2 * (16 * k1 + 4 * q);
             W::R x = v.v;
-            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTw256d.wr + e), W::load(kTw256d.wi + e));
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<256>.wr + e), W::load(kTwRowsD<256>.wi + e));
             if (k1 % 2 == 0) {
                 a[k1] = x;
             } else {
@@ -262,6 +266,97 @@ VRX_INLINE void order8d(const double* sre, const double* sim, double* dre, doubl
                         const int e = 16 * k2 + 4 * j;
                         if constexpr (Split) simd::unpairSplit4d(dre + e, dim + e, v.v);
                         else W::store(dre + 2 * e, v.v);
+                    });
+    }
+}
+
+// ---- order 9 (double) as 32 x 16, the same two steps
+//
+// x[16*n1 + n2]: per four columns, the 32-point transforms down the rows as
+// E = 16 points of the even rows (kept in a stack buffer) and O = 16 points
+// of the odd rows, X[k] = E[k] + W_32^k O[k] and X[k+16] = E[k] - W_32^k O[k]
+// as O's outputs arrive; the factors W_512^(k1*n2) and the 2 x 2 transposes
+// of rows k1 = 2t and 2t + 1 as for order 8; then per four rows k1 the
+// 16-point transforms over n2 give X[k1 + 32*k2].
+template <bool Inv, int K> VRX_INLINE simd::V<double>::R w32d(simd::V<double>::R y) {
+    using W = simd::V<double>;
+    if constexpr (K % 2 == 0) return w16d<Inv, K / 2>(y);
+    else {
+        constexpr CosSin w = cosSinD(K, 32);
+        return cmul16<Inv>(y, W::set1(w.c), W::set2(w.s, -w.s));
+    }
+}
+// W_32^k times y, k < 16 (a constant after unrolling)
+template <bool Inv> VRX_INLINE simd::V<double>::R w32sel(int k, simd::V<double>::R y) {
+    switch (k) {
+        case 1: return w32d<Inv, 1>(y);
+        case 2: return w32d<Inv, 2>(y);
+        case 3: return w32d<Inv, 3>(y);
+        case 4: return w32d<Inv, 4>(y);
+        case 5: return w32d<Inv, 5>(y);
+        case 6: return w32d<Inv, 6>(y);
+        case 7: return w32d<Inv, 7>(y);
+        case 8: return w32d<Inv, 8>(y);
+        case 9: return w32d<Inv, 9>(y);
+        case 10: return w32d<Inv, 10>(y);
+        case 11: return w32d<Inv, 11>(y);
+        case 12: return w32d<Inv, 12>(y);
+        case 13: return w32d<Inv, 13>(y);
+        case 14: return w32d<Inv, 14>(y);
+        case 15: return w32d<Inv, 15>(y);
+        default: return y;
+    }
+}
+template <bool Inv, bool Split>
+VRX_INLINE void order9d(const double* sre, const double* sim, double* dre, double* dim) {
+    using W = simd::V<double>;
+    alignas(64) double y[1024];
+    alignas(64) double e[128];
+#pragma GCC unroll 1
+    for (int q = 0; q < 4; ++q) {
+        auto ld = [&](int n1) __attribute__((always_inline)) {
+            const int x = 16 * n1 + 4 * q;
+            if constexpr (Split) return CVd{simd::pairSplit4d(sre + x, sim + x)};
+            else return CVd{W::load(sre + 2 * x)};
+        };
+        dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m); },
+                    [&](int k, CVd v) __attribute__((always_inline)) { W::store(e + 8 * k, v.v); });
+        W::R a[16], b[16];
+        auto put = [&](int k1, W::R x) __attribute__((always_inline)) {
+            const int t = 2 * (16 * k1 + 4 * q);
+            return k1 == 0 ? x : cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
+        };
+        auto pair = [&](int k1, W::R lo, W::R hi) __attribute__((always_inline)) {
+            W::R c0, c1;
+            simd::pairRows2x2d(lo, hi, c0, c1);
+            const int p = 16 * (16 * q + k1 / 2);
+            W::store(y + p, c0);
+            W::store(y + p + 8, c1);
+        };
+        dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m + 1); },
+                    [&](int k, CVd v) __attribute__((always_inline)) {
+                        const W::R t = w32sel<Inv>(k, v.v);
+                        const W::R ek = W::load(e + 8 * k);
+                        const W::R x0 = put(k, W::add(ek, t)), x1 = put(k + 16, W::sub(ek, t));
+                        if (k % 2 == 0) {
+                            a[k] = x0;
+                            b[k] = x1;
+                        } else {
+                            pair(k - 1, a[k - 1], x0);
+                            pair(k + 15, b[k - 1], x1);
+                        }
+                    });
+    }
+#pragma GCC unroll 1
+    for (int j = 0; j < 8; ++j) {
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
+                        const int p = 16 * (16 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
+                        return CVd{simd::loadHalves(y + p, y + p + 16)};
+                    },
+                    [&](int k2, CVd v) __attribute__((always_inline)) {
+                        const int x = 32 * k2 + 4 * j;
+                        if constexpr (Split) simd::unpairSplit4d(dre + x, dim + x, v.v);
+                        else W::store(dre + 2 * x, v.v);
                     });
     }
 }
