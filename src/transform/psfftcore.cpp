@@ -1114,7 +1114,7 @@ template <class T, bool Inv>
 
 // Interleaved data of 16 and 32 points goes straight to its kernels, and so
 // does that of the orders whose whole transform runs in registers (single 7
-// to 10, double 7 and 8), which read all their input before they write.
+// to 10, double 7 to 9), which read all their input before they write.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
@@ -1125,7 +1125,7 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
         else smallCxRun<T, Inv, false>(m, s, d, scale);
         return;
     }
-    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 10 : 8)) {
+    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 10 : 9)) {
         const SrcRef<T> src{reinterpret_cast<const Cx<T>*>(srcRe), nullptr, nullptr};
         Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
         if constexpr (sizeof(T) == 4) {
