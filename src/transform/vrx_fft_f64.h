@@ -228,7 +228,7 @@ template <int N> struct alignas(64) TwRowsD {
 template <int N> inline constexpr TwRowsD<N> kTwRowsD{};
 
 template <bool Inv, bool Split>
-VRX_INLINE void order8d(const double* sre, const double* sim, double* dre, double* dim) {
+[[gnu::noinline]] void order8d(const double* sre, const double* sim, double* dre, double* dim) {
     using W = simd::V<double>;
     alignas(64) double y[512];
 #pragma GCC unroll 1
@@ -308,7 +308,7 @@ template <bool Inv> VRX_INLINE simd::V<double>::R w32sel(int k, simd::V<double>:
     }
 }
 template <bool Inv, bool Split>
-VRX_INLINE void order9d(const double* sre, const double* sim, double* dre, double* dim) {
+[[gnu::noinline]] void order9d(const double* sre, const double* sim, double* dre, double* dim) {
     using W = simd::V<double>;
     alignas(64) double y[1024];
     alignas(64) double e[128];
