@@ -227,6 +227,39 @@ template <int N> struct alignas(64) TwRowsD {
 };
 template <int N> inline constexpr TwRowsD<N> kTwRowsD{};
 
+// Shared pieces of orders 8 and 9 (R = 16 or 32 rows k1): four columns
+// of point x as interleaved values; rows k1 - 1 and k1 (k1 odd) of four
+// columns 4q.. transposed into the buffer, whose row n2 holds complex
+// pairs k1 - 1, k1 at 16*((R/2)*(n2/4) + k1/2) + 8*(n2%2) + 4*(n2%4/2);
+// the second step: per four rows k1, 16-point transforms over n2 of the
+// buffer's rows, outputs X[k1 + R*k2].
+template <bool Split> VRX_INLINE CVd loadCols4d(const double* sre, const double* sim, int x) {
+    if constexpr (Split) return CVd{simd::pairSplit4d(sre + x, sim + x)};
+    else return CVd{simd::V<double>::load(sre + 2 * x)};
+}
+template <int R> VRX_INLINE void storePairs4d(double* y, int q, int k1, simd::V<double>::R lo, simd::V<double>::R hi) {
+    simd::V<double>::R c0, c1;
+    simd::pairRows2x2d(lo, hi, c0, c1);
+    const int p = 16 * (R / 2 * q + k1 / 2);
+    simd::V<double>::store(y + p, c0);
+    simd::V<double>::store(y + p + 8, c1);
+}
+template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* y, double* dre, double* dim) {
+    using W = simd::V<double>;
+#pragma GCC unroll 1
+    for (int j = 0; j < R / 4; ++j) {
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
+                        const int p = 16 * (R / 2 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
+                        return CVd{simd::loadHalves(y + p, y + p + 16)};
+                    },
+                    [&](int k2, CVd v) __attribute__((always_inline)) {
+                        const int x = R * k2 + 4 * j;
+                        if constexpr (Split) simd::unpairSplit4d(dre + x, dim + x, v.v);
+                        else W::store(dre + 2 * x, v.v);
+                    });
+    }
+}
+
 template <bool Inv, bool Split>
 [[gnu::noinline]] void order8d(const double* sre, const double* sim, double* dre, double* dim) {
     using W = simd::V<double>;
@@ -234,40 +267,18 @@ template <bool Inv, bool Split>
 #pragma GCC unroll 1
     for (int q = 0; q < 4; ++q) {
         W::R a[16];
-        auto ld = [&](int n1) __attribute__((always_inline)) {
-            const int e = 16 * n1 + 4 * q;
-            if constexpr (Split) return CVd{simd::pairSplit4d(sre + e, sim + e)};
-            else return CVd{W::load(sre + 2 * e)};
-        };
         // rows 2j and 2j + 1 are transposed and stored as soon as both are
         // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
-        dft16d<Inv>(ld, [&](int k1, CVd v) __attribute__((always_inline)) {
+        dft16d<Inv>([&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); },
+                    [&](int k1, CVd v) __attribute__((always_inline)) {
             const int e = 2 * (16 * k1 + 4 * q);
             W::R x = v.v;
             if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<256>.wr + e), W::load(kTwRowsD<256>.wi + e));
-            if (k1 % 2 == 0) {
-                a[k1] = x;
-            } else {
-                W::R c0, c1;
-                simd::pairRows2x2d(a[k1 - 1], x, c0, c1);
-                const int b = 16 * (8 * q + k1 / 2);
-                W::store(y + b, c0);
-                W::store(y + b + 8, c1);
-            }
+            if (k1 % 2 == 0) a[k1] = x;
+            else storePairs4d<16>(y, q, k1, a[k1 - 1], x);
         });
     }
-#pragma GCC unroll 1
-    for (int j = 0; j < 4; ++j) {
-        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
-                        const int b = 16 * (8 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
-                        return CVd{simd::loadHalves(y + b, y + b + 16)};
-                    },
-                    [&](int k2, CVd v) __attribute__((always_inline)) {
-                        const int e = 16 * k2 + 4 * j;
-                        if constexpr (Split) simd::unpairSplit4d(dre + e, dim + e, v.v);
-                        else W::store(dre + 2 * e, v.v);
-                    });
-    }
+    rowStep16d<Inv, Split, 16>(y, dre, dim);
 }
 
 // ---- order 9 (double) as 32 x 16, the same two steps
@@ -314,24 +325,13 @@ template <bool Inv, bool Split>
     alignas(64) double e[128];
 #pragma GCC unroll 1
     for (int q = 0; q < 4; ++q) {
-        auto ld = [&](int n1) __attribute__((always_inline)) {
-            const int x = 16 * n1 + 4 * q;
-            if constexpr (Split) return CVd{simd::pairSplit4d(sre + x, sim + x)};
-            else return CVd{W::load(sre + 2 * x)};
-        };
+        auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m); },
                     [&](int k, CVd v) __attribute__((always_inline)) { W::store(e + 8 * k, v.v); });
         W::R a[16], b[16];
         auto put = [&](int k1, W::R x) __attribute__((always_inline)) {
             const int t = 2 * (16 * k1 + 4 * q);
             return k1 == 0 ? x : cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
-        };
-        auto pair = [&](int k1, W::R lo, W::R hi) __attribute__((always_inline)) {
-            W::R c0, c1;
-            simd::pairRows2x2d(lo, hi, c0, c1);
-            const int p = 16 * (16 * q + k1 / 2);
-            W::store(y + p, c0);
-            W::store(y + p + 8, c1);
         };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m + 1); },
                     [&](int k, CVd v) __attribute__((always_inline)) {
@@ -342,23 +342,12 @@ template <bool Inv, bool Split>
                             a[k] = x0;
                             b[k] = x1;
                         } else {
-                            pair(k - 1, a[k - 1], x0);
-                            pair(k + 15, b[k - 1], x1);
+                            storePairs4d<32>(y, q, k, a[k - 1], x0);
+                            storePairs4d<32>(y, q, k + 16, b[k - 1], x1);
                         }
                     });
     }
-#pragma GCC unroll 1
-    for (int j = 0; j < 8; ++j) {
-        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
-                        const int p = 16 * (16 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
-                        return CVd{simd::loadHalves(y + p, y + p + 16)};
-                    },
-                    [&](int k2, CVd v) __attribute__((always_inline)) {
-                        const int x = 32 * k2 + 4 * j;
-                        if constexpr (Split) simd::unpairSplit4d(dre + x, dim + x, v.v);
-                        else W::store(dre + 2 * x, v.v);
-                    });
-    }
+    rowStep16d<Inv, Split, 32>(y, dre, dim);
 }
 
 }  // namespace n0::fft
