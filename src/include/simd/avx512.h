@@ -910,11 +910,6 @@ VRX_INLINE void pairRows2x2d(__m512d a, __m512d b, __m512d& lo, __m512d& hi) {
     lo = _mm512_mask_permutex_pd(a, 0xCC, b, 0x4E);
     hi = _mm512_mask_permutex_pd(b, 0x33, a, 0x4E);
 }
-// The low 256-bit half of v at lo, the high half at hi.
-VRX_INLINE void storeHalves(double* lo, double* hi, __m512d v) {
-    _mm256_storeu_pd(lo, _mm512_castpd512_pd256(v));
-    _mm256_storeu_pd(hi, _mm512_extractf64x4_pd(v, 1));
-}
 // Four complex values (re, im) in pairs from split arrays, and back.
 VRX_INLINE __m512d pairSplit4d(const double* re, const double* im) {
     const __m256d r = _mm256_loadu_pd(re), i = _mm256_loadu_pd(im);
@@ -927,8 +922,6 @@ VRX_INLINE void unpairSplit4d(double* re, double* im, __m512d v) {
     _mm256_storeu_pd(re, _mm256_unpacklo_pd(lo, hi));
     _mm256_storeu_pd(im, _mm256_unpackhi_pd(lo, hi));
 }
-}  // namespace n0::simd
-namespace n0::simd {
 // 256 bits at lo as the low half, 256 bits at hi as the high half.
 VRX_INLINE __m512d loadHalves(const double* lo, const double* hi) {
     return _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(lo)), _mm256_loadu_pd(hi), 1);
