@@ -746,7 +746,14 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     } else {
         switch (m) {
             case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
-            case 8: inRegisters<T, 8, Inv, Split, O, false, 16>(src, o, re, im); return true;
+            case 8:
+                if constexpr (Split) order8d<Inv, true>(src.re, src.im, re, im);
+                else order8d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                return true;
+            case 9:
+                if constexpr (Split) order9d<Inv, true>(src.re, src.im, re, im);
+                else order9d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                return true;
             default: return false;
         }
     }
@@ -1004,7 +1011,7 @@ template <class T, bool Inv>
 
 // Interleaved data of 16 and 32 points goes straight to its kernels, and so
 // does that of the orders whose whole transform runs in registers (single 7
-// to 11, double 7 and 8), which read all their input before they write.
+// to 11, double 7 to 9), which read all their input before they write.
 template <class T, bool Inv>
 void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm,
                       bool split, T scale, uint8_t* work) {
@@ -1015,7 +1022,7 @@ void complexTransform(const Plan* plan, int m, const T* srcRe, const T* srcIm, T
         else smallCxRun<T, Inv, false>(m, s, d, scale);
         return;
     }
-    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 11 : 8)) {
+    if (!split && m >= 7 && m <= (sizeof(T) == 4 ? 11 : 9)) {
         const SrcRef<T> src{reinterpret_cast<const Cx<T>*>(srcRe), nullptr, nullptr};
         Cx<T>* d = reinterpret_cast<Cx<T>*>(dstRe);
         if constexpr (sizeof(T) == 4) {

@@ -145,4 +145,209 @@ VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, c
     }
 }
 
+
+// ---- order 8 (double) as 16 x 16 without full-width permutes
+//
+// x[16*n1 + n2]: per four columns n2, 16-point transforms down the rows
+// (every operation vertical: each complex lane is one column), the factors
+// W_256^(k1*n2), then 2 x 2 transposes of complex pairs within each
+// 256-bit half (one in-half permute per register), stored by halves into a
+// stack buffer held as [n2][k1]; per four rows k1, 16-point transforms over
+// n2 give X[k1 + 16*k2], four adjacent outputs per register. Split data is
+// paired on load and unpaired on store, so the operations per position,
+// and the bits, are those of interleaved data.
+//
+// cos and sin of 2*pi*j/N from the constant sine table, N <= 1024.
+struct CosSin {
+    double c, s;
+};
+constexpr CosSin cosSinD(int j, int N) {
+    const double* t = n0::fft_fix_twiddle_table_64f;
+    const int q = (j % N) * (1024 / N), quad = q / 256, r = q % 256;
+    const double sv = t[r], cv = t[256 - r];
+    return {quad == 0 ? cv : quad == 1 ? -sv : quad == 2 ? -cv : sv, quad == 0 ? sv : quad == 1 ? cv : quad == 2 ? -sv : -cv};
+}
+// cmul16: y*w (forward) or y*conj(w) (inverse); wr: real parts twice, wi:
+// the imaginary parts as (-im, im).
+template <bool Inv> VRX_INLINE simd::V<double>::R cmul16(simd::V<double>::R y, simd::V<double>::R wr, simd::V<double>::R wi) {
+    using W = simd::V<double>;
+    const W::R p = W::mul(y, wr), q = W::mul(W::swapPair(y), wi);
+    return Inv ? W::sub(p, q) : W::add(p, q);
+}
+// W_16^E times y, 0 < E < 16 (rotations by -i and W_16^2 by signs)
+template <bool Inv, int E> VRX_INLINE simd::V<double>::R w16d(simd::V<double>::R y) {
+    using W = simd::V<double>;
+    constexpr double c = 0.70710678118654752440;
+    if constexpr (E == 4) return W::mul(W::swapPair(y), rotSign<Inv>());
+    else if constexpr (E == 2) return W::mul(W::fma(W::swapPair(y), rotSign<Inv>(), y), W::set1(c));
+    else {
+        // forward W = cos - i*sin
+        constexpr CosSin w = cosSinD(E, 16);
+        return cmul16<Inv>(y, W::set1(w.c), W::set2(w.s, -w.s));
+    }
+}
+// 16-point transform down 16 registers: inputs ld(n), outputs st(k, X[k])
+// in the order 0, 4, 8, 12, 1, 5, ...
+template <bool Inv, class Ld, class St> VRX_INLINE void dft16d(Ld ld, St st) {
+    CVd y[4][4];
+#pragma GCC unroll 4
+    for (int n2 = 0; n2 < 4; ++n2) bfly4d<Inv>(ld(n2), ld(4 + n2), ld(8 + n2), ld(12 + n2), y[n2]);
+    y[1][1].v = w16d<Inv, 1>(y[1][1].v);
+    y[1][2].v = w16d<Inv, 2>(y[1][2].v);
+    y[1][3].v = w16d<Inv, 3>(y[1][3].v);
+    y[2][1].v = w16d<Inv, 2>(y[2][1].v);
+    y[2][2].v = w16d<Inv, 4>(y[2][2].v);
+    y[2][3].v = w16d<Inv, 6>(y[2][3].v);
+    y[3][1].v = w16d<Inv, 3>(y[3][1].v);
+    y[3][2].v = w16d<Inv, 6>(y[3][2].v);
+    y[3][3].v = w16d<Inv, 9>(y[3][3].v);
+#pragma GCC unroll 4
+    for (int k1 = 0; k1 < 4; ++k1) {
+        CVd o[4];
+        bfly4d<Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+#pragma GCC unroll 4
+        for (int k2 = 0; k2 < 4; ++k2) st(k1 + 4 * k2, o[k2]);
+    }
+}
+
+// W_N^(k1*n2) for k1 < N/16, n2 < 16: real parts twice, imaginary parts
+// as (-im, im), entry 16*k1 + n2 (forward sign).
+template <int N> struct alignas(64) TwRowsD {
+    double wr[2 * N], wi[2 * N];
+    constexpr TwRowsD() : wr{}, wi{} {
+        for (int k1 = 0; k1 < N / 16; ++k1)
+            for (int n2 = 0; n2 < 16; ++n2) {
+                const CosSin w = cosSinD(k1 * n2, N);
+                const int e = 2 * (16 * k1 + n2);
+                wr[e] = wr[e + 1] = w.c;
+                wi[e] = w.s;
+                wi[e + 1] = -w.s;
+            }
+    }
+};
+template <int N> inline constexpr TwRowsD<N> kTwRowsD{};
+
+// Shared pieces of orders 8 and 9 (R = 16 or 32 rows k1): four columns
+// of point x as interleaved values; rows k1 - 1 and k1 (k1 odd) of four
+// columns 4q.. transposed into the buffer, whose row n2 holds complex
+// pairs k1 - 1, k1 at 16*((R/2)*(n2/4) + k1/2) + 8*(n2%2) + 4*(n2%4/2);
+// the second step: per four rows k1, 16-point transforms over n2 of the
+// buffer's rows, outputs X[k1 + R*k2].
+template <bool Split> VRX_INLINE CVd loadCols4d(const double* sre, const double* sim, int x) {
+    if constexpr (Split) return CVd{simd::pairSplit4d(sre + x, sim + x)};
+    else return CVd{simd::V<double>::load(sre + 2 * x)};
+}
+template <int R> VRX_INLINE void storePairs4d(double* y, int q, int k1, simd::V<double>::R lo, simd::V<double>::R hi) {
+    simd::V<double>::R c0, c1;
+    simd::pairRows2x2d(lo, hi, c0, c1);
+    const int p = 16 * (R / 2 * q + k1 / 2);
+    simd::V<double>::store(y + p, c0);
+    simd::V<double>::store(y + p + 8, c1);
+}
+template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* y, double* dre, double* dim) {
+    using W = simd::V<double>;
+#pragma GCC unroll 1
+    for (int j = 0; j < R / 4; ++j) {
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
+                        const int p = 16 * (R / 2 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
+                        return CVd{simd::loadHalves(y + p, y + p + 16)};
+                    },
+                    [&](int k2, CVd v) __attribute__((always_inline)) {
+                        const int x = R * k2 + 4 * j;
+                        if constexpr (Split) simd::unpairSplit4d(dre + x, dim + x, v.v);
+                        else W::store(dre + 2 * x, v.v);
+                    });
+    }
+}
+
+template <bool Inv, bool Split>
+[[gnu::noinline]] void order8d(const double* sre, const double* sim, double* dre, double* dim) {
+    using W = simd::V<double>;
+    alignas(64) double y[512];
+#pragma GCC unroll 1
+    for (int q = 0; q < 4; ++q) {
+        W::R a[16];
+        // rows 2j and 2j + 1 are transposed and stored as soon as both are
+        // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
+        dft16d<Inv>([&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); },
+                    [&](int k1, CVd v) __attribute__((always_inline)) {
+            const int e = 2 * (16 * k1 + 4 * q);
+            W::R x = v.v;
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<256>.wr + e), W::load(kTwRowsD<256>.wi + e));
+            if (k1 % 2 == 0) a[k1] = x;
+            else storePairs4d<16>(y, q, k1, a[k1 - 1], x);
+        });
+    }
+    rowStep16d<Inv, Split, 16>(y, dre, dim);
+}
+
+// ---- order 9 (double) as 32 x 16, the same two steps
+//
+// x[16*n1 + n2]: per four columns, the 32-point transforms down the rows as
+// E = 16 points of the even rows (kept in a stack buffer) and O = 16 points
+// of the odd rows, X[k] = E[k] + W_32^k O[k] and X[k+16] = E[k] - W_32^k O[k]
+// as O's outputs arrive; the factors W_512^(k1*n2) and the 2 x 2 transposes
+// of rows k1 = 2t and 2t + 1 as for order 8; then per four rows k1 the
+// 16-point transforms over n2 give X[k1 + 32*k2].
+template <bool Inv, int K> VRX_INLINE simd::V<double>::R w32d(simd::V<double>::R y) {
+    using W = simd::V<double>;
+    if constexpr (K % 2 == 0) return w16d<Inv, K / 2>(y);
+    else {
+        constexpr CosSin w = cosSinD(K, 32);
+        return cmul16<Inv>(y, W::set1(w.c), W::set2(w.s, -w.s));
+    }
+}
+// W_32^k times y, k < 16 (a constant after unrolling)
+template <bool Inv> VRX_INLINE simd::V<double>::R w32sel(int k, simd::V<double>::R y) {
+    switch (k) {
+        case 1: return w32d<Inv, 1>(y);
+        case 2: return w32d<Inv, 2>(y);
+        case 3: return w32d<Inv, 3>(y);
+        case 4: return w32d<Inv, 4>(y);
+        case 5: return w32d<Inv, 5>(y);
+        case 6: return w32d<Inv, 6>(y);
+        case 7: return w32d<Inv, 7>(y);
+        case 8: return w32d<Inv, 8>(y);
+        case 9: return w32d<Inv, 9>(y);
+        case 10: return w32d<Inv, 10>(y);
+        case 11: return w32d<Inv, 11>(y);
+        case 12: return w32d<Inv, 12>(y);
+        case 13: return w32d<Inv, 13>(y);
+        case 14: return w32d<Inv, 14>(y);
+        case 15: return w32d<Inv, 15>(y);
+        default: return y;
+    }
+}
+template <bool Inv, bool Split>
+[[gnu::noinline]] void order9d(const double* sre, const double* sim, double* dre, double* dim) {
+    using W = simd::V<double>;
+    alignas(64) double y[1024];
+    alignas(64) double e[128];
+#pragma GCC unroll 1
+    for (int q = 0; q < 4; ++q) {
+        auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
+        dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m); },
+                    [&](int k, CVd v) __attribute__((always_inline)) { W::store(e + 8 * k, v.v); });
+        W::R a[16], b[16];
+        auto put = [&](int k1, W::R x) __attribute__((always_inline)) {
+            const int t = 2 * (16 * k1 + 4 * q);
+            return k1 == 0 ? x : cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
+        };
+        dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m + 1); },
+                    [&](int k, CVd v) __attribute__((always_inline)) {
+                        const W::R t = w32sel<Inv>(k, v.v);
+                        const W::R ek = W::load(e + 8 * k);
+                        const W::R x0 = put(k, W::add(ek, t)), x1 = put(k + 16, W::sub(ek, t));
+                        if (k % 2 == 0) {
+                            a[k] = x0;
+                            b[k] = x1;
+                        } else {
+                            storePairs4d<32>(y, q, k, a[k - 1], x0);
+                            storePairs4d<32>(y, q, k + 16, b[k - 1], x1);
+                        }
+                    });
+    }
+    rowStep16d<Inv, Split, 32>(y, dre, dim);
+}
+
 }  // namespace n0::fft

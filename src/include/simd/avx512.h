@@ -909,4 +909,26 @@ namespace n0::simd {
 template <int I0, int I1, int I2, int I3> VRX_INLINE __m512d blocks128(__m512d a, __m512d b) {
     return _mm512_shuffle_f64x2(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
 }
+// Complex pairs (128-bit lanes) of two rows a and b transposed within each
+// 256-bit half: lo = (a0, b0 | a2, b2), hi = (a1, b1 | a3, b3).
+VRX_INLINE void pairRows2x2d(__m512d a, __m512d b, __m512d& lo, __m512d& hi) {
+    lo = _mm512_mask_permutex_pd(a, 0xCC, b, 0x4E);
+    hi = _mm512_mask_permutex_pd(b, 0x33, a, 0x4E);
+}
+// Four complex values (re, im) in pairs from split arrays, and back.
+VRX_INLINE __m512d pairSplit4d(const double* re, const double* im) {
+    const __m256d r = _mm256_loadu_pd(re), i = _mm256_loadu_pd(im);
+    const __m512d z = _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_unpacklo_pd(r, i)), _mm256_unpackhi_pd(r, i), 1);
+    return _mm512_shuffle_f64x2(z, z, 0xD8);
+}
+VRX_INLINE void unpairSplit4d(double* re, double* im, __m512d v) {
+    const __m512d z = _mm512_shuffle_f64x2(v, v, 0xD8);
+    const __m256d lo = _mm512_castpd512_pd256(z), hi = _mm512_extractf64x4_pd(z, 1);
+    _mm256_storeu_pd(re, _mm256_unpacklo_pd(lo, hi));
+    _mm256_storeu_pd(im, _mm256_unpackhi_pd(lo, hi));
+}
+// 256 bits at lo as the low half, 256 bits at hi as the high half.
+VRX_INLINE __m512d loadHalves(const double* lo, const double* hi) {
+    return _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(lo)), _mm256_loadu_pd(hi), 1);
+}
 }  // namespace n0::simd
