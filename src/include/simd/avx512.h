@@ -902,3 +902,32 @@ VRX_INLINE __m256i pairMagnitudes16s(__m256i x) {
     return _mm256_madd_epi16(x, sign);
 }
 }  // namespace n0::simd
+
+namespace n0::simd {
+// Two complex doubles (re, im, re', im') in a 256-bit register, for short
+// transforms whose values do not fill 512-bit registers of four.
+struct CPair {
+    using R = __m256d;
+    // the complex value at a in the low half, the one at b in the high half
+    static VRX_INLINE R load2(const double* a, const double* b) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(a)), _mm_loadu_pd(b), 1);
+    }
+    static VRX_INLINE R dup(const double* a) { return _mm256_broadcast_pd(reinterpret_cast<const __m128d*>(a)); }
+    static VRX_INLINE void store2(double* a, double* b, R v) {
+        _mm_storeu_pd(a, _mm256_castpd256_pd128(v));
+        _mm_storeu_pd(b, _mm256_extractf128_pd(v, 1));
+    }
+    static VRX_INLINE void storeLo(double* a, R v) { _mm_storeu_pd(a, _mm256_castpd256_pd128(v)); }
+    static VRX_INLINE R set1(double v) { return _mm256_set1_pd(v); }
+    static VRX_INLINE R setr(double a, double b, double c, double d) { return _mm256_setr_pd(a, b, c, d); }
+    static VRX_INLINE R add(R a, R b) { return _mm256_add_pd(a, b); }
+    static VRX_INLINE R sub(R a, R b) { return _mm256_sub_pd(a, b); }
+    static VRX_INLINE R mul(R a, R b) { return _mm256_mul_pd(a, b); }
+    static VRX_INLINE R xorb(R a, R b) { return _mm256_xor_pd(a, b); }
+    static VRX_INLINE R swapRI(R a) { return _mm256_permute_pd(a, 0x5); }      // (im, re) in both halves
+    static VRX_INLINE R swapRIHigh(R a) { return _mm256_permute_pd(a, 0x6); }  // in the high half only
+    static VRX_INLINE R swapHalves(R a) { return _mm256_permute2f128_pd(a, a, 0x01); }
+    static VRX_INLINE R lows(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x20); }   // (a.lo, b.lo)
+    static VRX_INLINE R highs(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x31); }  // (a.hi, b.hi)
+};
+}  // namespace n0::simd
