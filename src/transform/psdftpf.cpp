@@ -1569,7 +1569,7 @@ template <bool Inv> VRX_INLINE simd::CPair::R pair3Sign() {
     const double h = kRoots<double>.r[3][1].im;  // -sin(2 pi/3)
     return Inv ? simd::CPair::setr(h, -h, h, -h) : simd::CPair::setr(-h, h, -h, h);
 }
-template <bool Inv> VRX_INLINE void pairStore(double* a, double* b, simd::CPair::R v, double scale) {
+VRX_INLINE void pairStore(double* a, double* b, simd::CPair::R v, double scale) {
     if (scale != 0.0) v = simd::CPair::mul(v, simd::CPair::set1(scale));
     simd::CPair::store2(a, b, v);
 }
@@ -1596,8 +1596,8 @@ template <bool Inv> VRX_INLINE void pair12(const double* s, double* d, double sc
         const R vq = P::xorb(P::swapRIHigh(v), qt);
         const R w = P::lows(u, v), q = P::highs(u, vq);
         // (X(k2 = 0), X(k2 = 1)) and (X(k2 = 2), X(k2 = 3)) at k = 4*k1 + 9*k2 mod 12
-        pairStore<Inv>(d + 2 * ((4 * k1) % 12), d + 2 * ((4 * k1 + 9) % 12), P::add(w, q), scale);
-        pairStore<Inv>(d + 2 * ((4 * k1 + 6) % 12), d + 2 * ((4 * k1 + 3) % 12), P::sub(w, q), scale);
+        pairStore(d + 2 * ((4 * k1) % 12), d + 2 * ((4 * k1 + 9) % 12), P::add(w, q), scale);
+        pairStore(d + 2 * ((4 * k1 + 6) % 12), d + 2 * ((4 * k1 + 3) % 12), P::sub(w, q), scale);
     }
 }
 
@@ -1632,8 +1632,8 @@ template <bool Inv> VRX_INLINE void pair15(const double* s, double* d, double sc
         const R z0 = P::add(P::add(y0, t), ts);                            // y0 + t1 + t2 low
         // k = 10*k1 + 6*k2 mod 15
         const R z12 = Inv ? P::sub(a, ib) : P::add(a, ib), z43 = Inv ? P::add(a, ib) : P::sub(a, ib);
-        pairStore<Inv>(d + 2 * ((10 * k1 + 6) % 15), d + 2 * ((10 * k1 + 12) % 15), z12, scale);
-        pairStore<Inv>(d + 2 * ((10 * k1 + 9) % 15), d + 2 * ((10 * k1 + 3) % 15), z43, scale);
+        pairStore(d + 2 * ((10 * k1 + 6) % 15), d + 2 * ((10 * k1 + 12) % 15), z12, scale);
+        pairStore(d + 2 * ((10 * k1 + 9) % 15), d + 2 * ((10 * k1 + 3) % 15), z43, scale);
         P::storeLo(d + 2 * ((10 * k1) % 15), scale != 0.0 ? P::mul(z0, P::set1(scale)) : z0);
     }
 }
