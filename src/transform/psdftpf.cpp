@@ -1569,12 +1569,29 @@ template <bool Inv> VRX_INLINE simd::CPair::R pair3Sign() {
     const double h = kRoots<double>.r[3][1].im;  // -sin(2 pi/3)
     return Inv ? simd::CPair::setr(h, -h, h, -h) : simd::CPair::setr(-h, h, -h, h);
 }
-VRX_INLINE void pairStore(double* a, double* b, simd::CPair::R v, double scale) {
+// complex value i of interleaved data, or of split arrays
+struct PairInter {
+    const double* s;
+    double* d;
+    VRX_INLINE simd::CPair::R load2(int i, int j) const { return simd::CPair::load2(s + 2 * i, s + 2 * j); }
+    VRX_INLINE simd::CPair::R dup(int i) const { return simd::CPair::dup(s + 2 * i); }
+    VRX_INLINE void store2(int i, int j, simd::CPair::R v) const { simd::CPair::store2(d + 2 * i, d + 2 * j, v); }
+    VRX_INLINE void storeLo(int i, simd::CPair::R v) const { simd::CPair::storeLo(d + 2 * i, v); }
+};
+struct PairSplit {
+    const double *sr, *si;
+    double *dr, *di;
+    VRX_INLINE simd::CPair::R load2(int i, int j) const { return simd::CPair::load2(sr + i, si + i, sr + j, si + j); }
+    VRX_INLINE simd::CPair::R dup(int i) const { return simd::CPair::dup(sr + i, si + i); }
+    VRX_INLINE void store2(int i, int j, simd::CPair::R v) const { simd::CPair::store2(dr + i, di + i, dr + j, di + j, v); }
+    VRX_INLINE void storeLo(int i, simd::CPair::R v) const { simd::CPair::storeLo(dr + i, di + i, v); }
+};
+template <class A> VRX_INLINE void pairStore(const A& io, int i, int j, simd::CPair::R v, double scale) {
     if (scale != 0.0) v = simd::CPair::mul(v, simd::CPair::set1(scale));
-    simd::CPair::store2(a, b, v);
+    io.store2(i, j, v);
 }
 
-template <bool Inv> VRX_INLINE void pair12(const double* s, double* d, double scale) {
+template <bool Inv, class A> VRX_INLINE void pair12(const A& io, double scale) {
     using P = simd::CPair;
     using R = P::R;
     const R sg = pair3Sign<Inv>();
@@ -1584,7 +1601,7 @@ template <bool Inv> VRX_INLINE void pair12(const double* s, double* d, double sc
     for (int p = 0; p < 2; ++p)
 #pragma GCC unroll 3
         for (int a = 0; a < 3; ++a)
-            x[p][a] = P::load2(s + 2 * ((4 * a + 6 * p) % 12), s + 2 * ((4 * a + 6 * p + 3) % 12));
+            x[p][a] = io.load2((4 * a + 6 * p) % 12, (4 * a + 6 * p + 3) % 12);
     pair3(x[0], y[0], sg);
     pair3(x[1], y[1], sg);
     // radix 4 over b: (b0 +- b2, b1 +- b3) across the pair, then inside it;
@@ -1596,12 +1613,12 @@ template <bool Inv> VRX_INLINE void pair12(const double* s, double* d, double sc
         const R vq = P::xorb(P::swapRIHigh(v), qt);
         const R w = P::lows(u, v), q = P::highs(u, vq);
         // (X(k2 = 0), X(k2 = 1)) and (X(k2 = 2), X(k2 = 3)) at k = 4*k1 + 9*k2 mod 12
-        pairStore(d + 2 * ((4 * k1) % 12), d + 2 * ((4 * k1 + 9) % 12), P::add(w, q), scale);
-        pairStore(d + 2 * ((4 * k1 + 6) % 12), d + 2 * ((4 * k1 + 3) % 12), P::sub(w, q), scale);
+        pairStore(io, (4 * k1) % 12, (4 * k1 + 9) % 12, P::add(w, q), scale);
+        pairStore(io, (4 * k1 + 6) % 12, (4 * k1 + 3) % 12, P::sub(w, q), scale);
     }
 }
 
-template <bool Inv> VRX_INLINE void pair15(const double* s, double* d, double scale) {
+template <bool Inv, class A> VRX_INLINE void pair15(const A& io, double scale) {
     using P = simd::CPair;
     using R = P::R;
     const R sg = pair3Sign<Inv>();
@@ -1609,9 +1626,9 @@ template <bool Inv> VRX_INLINE void pair15(const double* s, double* d, double sc
     R x[3][3], y[3][3];
 #pragma GCC unroll 3
     for (int a = 0; a < 3; ++a) {
-        x[0][a] = P::load2(s + 2 * ((5 * a + 3) % 15), s + 2 * ((5 * a + 6) % 15));
-        x[1][a] = P::load2(s + 2 * ((5 * a + 12) % 15), s + 2 * ((5 * a + 9) % 15));
-        x[2][a] = P::dup(s + 2 * (5 * a));
+        x[0][a] = io.load2((5 * a + 3) % 15, (5 * a + 6) % 15);
+        x[1][a] = io.load2((5 * a + 12) % 15, (5 * a + 9) % 15);
+        x[2][a] = io.dup(5 * a);
     }
     pair3(x[0], y[0], sg);
     pair3(x[1], y[1], sg);
@@ -1632,17 +1649,17 @@ template <bool Inv> VRX_INLINE void pair15(const double* s, double* d, double sc
         const R z0 = P::add(P::add(y0, t), ts);                            // y0 + t1 + t2 low
         // k = 10*k1 + 6*k2 mod 15
         const R z12 = Inv ? P::sub(a, ib) : P::add(a, ib), z43 = Inv ? P::add(a, ib) : P::sub(a, ib);
-        pairStore(d + 2 * ((10 * k1 + 6) % 15), d + 2 * ((10 * k1 + 12) % 15), z12, scale);
-        pairStore(d + 2 * ((10 * k1 + 9) % 15), d + 2 * ((10 * k1 + 3) % 15), z43, scale);
-        P::storeLo(d + 2 * ((10 * k1) % 15), scale != 0.0 ? P::mul(z0, P::set1(scale)) : z0);
+        pairStore(io, (10 * k1 + 6) % 15, (10 * k1 + 12) % 15, z12, scale);
+        pairStore(io, (10 * k1 + 9) % 15, (10 * k1 + 3) % 15, z43, scale);
+        io.storeLo((10 * k1) % 15, scale != 0.0 ? P::mul(z0, P::set1(scale)) : z0);
     }
 }
 
 // interleaved 12 and 15: the pair kernels in double, the lane kernels in single
 template <class T, int N, bool Inv> VRX_INLINE void smallInter(const T* s, T* d, T scale) {
     if constexpr (sizeof(T) == 8) {
-        if constexpr (N == 12) pair12<Inv>(s, d, scale);
-        else pair15<Inv>(s, d, scale);
+        if constexpr (N == 12) pair12<Inv>(PairInter{s, d}, scale);
+        else pair15<Inv>(PairInter{s, d}, scale);
     } else {
         smallVec<T, N, Inv>(s, d, scale);
     }
@@ -1667,6 +1684,11 @@ VRX_INLINE void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
     constexpr int ds = ss;
     if constexpr (ss == 2 && (N == 12 || N == 15)) {
         smallInter<T, N, Inv>(sRe, dRe, scale);
+        return;
+    }
+    if constexpr (ss == 1 && sizeof(T) == 8 && (N == 12 || N == 15)) {  // split double: the pair kernels
+        if constexpr (N == 12) pair12<Inv>(PairSplit{sRe, sIm, dRe, dIm}, scale);
+        else pair15<Inv>(PairSplit{sRe, sIm, dRe, dIm}, scale);
         return;
     }
     if constexpr (ss == 2) {  // interleaved: one base each, so that pairs load and store together

@@ -929,5 +929,25 @@ struct CPair {
     static VRX_INLINE R swapHalves(R a) { return _mm256_permute2f128_pd(a, a, 0x01); }
     static VRX_INLINE R lows(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x20); }   // (a.lo, b.lo)
     static VRX_INLINE R highs(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x31); }  // (a.hi, b.hi)
+    // the same from split arrays: (ra[0], ia[0]) low, (rb[0], ib[0]) high
+    static VRX_INLINE R load2(const double* ra, const double* ia, const double* rb, const double* ib) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadh_pd(_mm_load_sd(ra), ia)),
+                                    _mm_loadh_pd(_mm_load_sd(rb), ib), 1);
+    }
+    static VRX_INLINE R dup(const double* ra, const double* ia) {
+        const __m128d v = _mm_loadh_pd(_mm_load_sd(ra), ia);
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(v), v, 1);
+    }
+    static VRX_INLINE void store2(double* ra, double* ia, double* rb, double* ib, R v) {
+        const __m128d lo = _mm256_castpd256_pd128(v), hi = _mm256_extractf128_pd(v, 1);
+        _mm_store_sd(ra, lo);
+        _mm_storeh_pd(ia, lo);
+        _mm_store_sd(rb, hi);
+        _mm_storeh_pd(ib, hi);
+    }
+    static VRX_INLINE void storeLo(double* ra, double* ia, R v) {
+        _mm_store_sd(ra, _mm256_castpd256_pd128(v));
+        _mm_storeh_pd(ia, _mm256_castpd256_pd128(v));
+    }
 };
 }  // namespace n0::simd
