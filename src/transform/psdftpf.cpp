@@ -1723,11 +1723,129 @@ template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T
     }
 }
 
+
+// Double-precision interleaved 12 and 15 as prime-factor maps with no
+// factors, in 256-bit registers of two complex values: input x[(R2*a + 3*b)
+// mod N] (a the radix-3 index, b the other), radix 3 across registers, the
+// radix R2 (4 or 5) inside and across register pairs, and output
+// X[(c3*k1 + c2*k2) mod N] with c3 = 1 mod 3, 0 mod R2 and c2 = 0 mod 3,
+// 1 mod R2. A 512-bit register of four would run a quarter empty and pay
+// full-width permutes for the transposition.
+VRX_INLINE void pair3(const simd::CPair::R x[3], simd::CPair::R y[3], simd::CPair::R sg) {
+    using P = simd::CPair;
+    const P::R t = P::add(x[1], x[2]), dd = P::sub(x[1], x[2]);
+    const P::R am = P::sub(x[0], P::mul(P::set1(0.5), t));
+    const P::R sd = P::mul(P::swapRI(dd), sg);
+    y[0] = P::add(x[0], t);
+    y[1] = P::add(am, sd);
+    y[2] = P::sub(am, sd);
+}
+// the forward sign pattern (s, -s) of -i*s*d, s = sin(2 pi/3); the inverse negates it
+template <bool Inv> VRX_INLINE simd::CPair::R pair3Sign() {
+    const double h = kRoots<double>.r[3][1].im;  // -sin(2 pi/3)
+    return Inv ? simd::CPair::setr(h, -h, h, -h) : simd::CPair::setr(-h, h, -h, h);
+}
+// complex value i of interleaved data, or of split arrays
+struct PairInter {
+    const double* s;
+    double* d;
+    VRX_INLINE simd::CPair::R load2(int i, int j) const { return simd::CPair::load2(s + 2 * i, s + 2 * j); }
+    VRX_INLINE simd::CPair::R dup(int i) const { return simd::CPair::dup(s + 2 * i); }
+    VRX_INLINE void store2(int i, int j, simd::CPair::R v) const { simd::CPair::store2(d + 2 * i, d + 2 * j, v); }
+    VRX_INLINE void storeLo(int i, simd::CPair::R v) const { simd::CPair::storeLo(d + 2 * i, v); }
+};
+struct PairSplit {
+    const double *sr, *si;
+    double *dr, *di;
+    VRX_INLINE simd::CPair::R load2(int i, int j) const { return simd::CPair::load2(sr + i, si + i, sr + j, si + j); }
+    VRX_INLINE simd::CPair::R dup(int i) const { return simd::CPair::dup(sr + i, si + i); }
+    VRX_INLINE void store2(int i, int j, simd::CPair::R v) const { simd::CPair::store2(dr + i, di + i, dr + j, di + j, v); }
+    VRX_INLINE void storeLo(int i, simd::CPair::R v) const { simd::CPair::storeLo(dr + i, di + i, v); }
+};
+template <class A> VRX_INLINE void pairStore(const A& io, int i, int j, simd::CPair::R v, double scale) {
+    if (scale != 0.0) v = simd::CPair::mul(v, simd::CPair::set1(scale));
+    io.store2(i, j, v);
+}
+
+template <bool Inv, class A> VRX_INLINE void pair12(const A& io, double scale) {
+    using P = simd::CPair;
+    using R = P::R;
+    const R sg = pair3Sign<Inv>();
+    // group p holds b = 2p, 2p+1: after the radix 3, y[p][k1] is (y(k1, 2p), y(k1, 2p+1))
+    R x[2][3], y[2][3];
+#pragma GCC unroll 2
+    for (int p = 0; p < 2; ++p)
+#pragma GCC unroll 3
+        for (int a = 0; a < 3; ++a)
+            x[p][a] = io.load2((4 * a + 6 * p) % 12, (4 * a + 6 * p + 3) % 12);
+    pair3(x[0], y[0], sg);
+    pair3(x[1], y[1], sg);
+    // radix 4 over b: (b0 +- b2, b1 +- b3) across the pair, then inside it;
+    // the quarter turn -i (forward) or +i (inverse) on the high half of v
+    const R qt = Inv ? P::setr(0.0, 0.0, -0.0, 0.0) : P::setr(0.0, 0.0, 0.0, -0.0);
+#pragma GCC unroll 3
+    for (int k1 = 0; k1 < 3; ++k1) {
+        const R u = P::add(y[0][k1], y[1][k1]), v = P::sub(y[0][k1], y[1][k1]);
+        const R vq = P::xorb(P::swapRIHigh(v), qt);
+        const R w = P::lows(u, v), q = P::highs(u, vq);
+        // (X(k2 = 0), X(k2 = 1)) and (X(k2 = 2), X(k2 = 3)) at k = 4*k1 + 9*k2 mod 12
+        pairStore(io, (4 * k1) % 12, (4 * k1 + 9) % 12, P::add(w, q), scale);
+        pairStore(io, (4 * k1 + 6) % 12, (4 * k1 + 3) % 12, P::sub(w, q), scale);
+    }
+}
+
+template <bool Inv, class A> VRX_INLINE void pair15(const A& io, double scale) {
+    using P = simd::CPair;
+    using R = P::R;
+    const R sg = pair3Sign<Inv>();
+    // groups over b: (1, 2), (4, 3) and 0 in both halves
+    R x[3][3], y[3][3];
+#pragma GCC unroll 3
+    for (int a = 0; a < 3; ++a) {
+        x[0][a] = io.load2((5 * a + 3) % 15, (5 * a + 6) % 15);
+        x[1][a] = io.load2((5 * a + 12) % 15, (5 * a + 9) % 15);
+        x[2][a] = io.dup(5 * a);
+    }
+    pair3(x[0], y[0], sg);
+    pair3(x[1], y[1], sg);
+    pair3(x[2], y[2], sg);
+    const Cx<double>* W = kRoots<double>.r[5];
+    const R c1 = P::set1(W[1].re), c2 = P::set1(W[2].re), s2 = P::set1(W[2].im);
+    const R s1 = P::setr(W[1].im, W[1].im, -W[1].im, -W[1].im);
+    const R iSign = P::setr(-0.0, 0.0, -0.0, 0.0);
+#pragma GCC unroll 3
+    for (int k1 = 0; k1 < 3; ++k1) {
+        // radix 5 over b: t = (y1 + y4, y2 + y3), e = (y1 - y4, y2 - y3)
+        const R y0 = y[2][k1];
+        const R t = P::add(y[0][k1], y[1][k1]), e = P::sub(y[0][k1], y[1][k1]);
+        const R ts = P::swapHalves(t), es = P::swapHalves(e);
+        const R a = P::add(P::add(y0, P::mul(t, c1)), P::mul(ts, c2));   // (a1, a2)
+        const R b = P::add(P::mul(e, s1), P::mul(es, s2));               // (b1, b2) before the i
+        const R ib = P::xorb(P::swapRI(b), iSign);
+        const R z0 = P::add(P::add(y0, t), ts);                            // y0 + t1 + t2 low
+        // k = 10*k1 + 6*k2 mod 15
+        const R z12 = Inv ? P::sub(a, ib) : P::add(a, ib), z43 = Inv ? P::add(a, ib) : P::sub(a, ib);
+        pairStore(io, (10 * k1 + 6) % 15, (10 * k1 + 12) % 15, z12, scale);
+        pairStore(io, (10 * k1 + 9) % 15, (10 * k1 + 3) % 15, z43, scale);
+        io.storeLo((10 * k1) % 15, scale != 0.0 ? P::mul(z0, P::set1(scale)) : z0);
+    }
+}
+
+// interleaved 12 and 15: the pair kernels in double, the lane kernels in single
+template <class T, int N, bool Inv> VRX_INLINE void smallInter(const T* s, T* d, T scale) {
+    if constexpr (sizeof(T) == 8) {
+        if constexpr (N == 12) pair12<Inv>(PairInter{s, d}, scale);
+        else pair15<Inv>(PairInter{s, d}, scale);
+    } else {
+        smallVec<T, N, Inv>(s, d, scale);
+    }
+}
+
 }  // namespace
 
 template <class T, bool Inv> VrxStatus smallVecC(int N, const T* s, T* d, T scale) {
-    if (N == 12) smallVec<T, 12, Inv>(s, d, scale);
-    else smallVec<T, 15, Inv>(s, d, scale);
+    if (N == 12) smallInter<T, 12, Inv>(s, d, scale);
+    else smallInter<T, 15, Inv>(s, d, scale);
     return vrxOk;
 }
 
@@ -1741,7 +1859,12 @@ template <class T, int N, bool Inv, int ss>
 VRX_INLINE void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
     constexpr int ds = ss;
     if constexpr (ss == 2 && (N == 12 || N == 15)) {
-        smallVec<T, N, Inv>(sRe, dRe, scale);
+        smallInter<T, N, Inv>(sRe, dRe, scale);
+        return;
+    }
+    if constexpr (ss == 1 && sizeof(T) == 8 && (N == 12 || N == 15)) {  // split double: the pair kernels
+        if constexpr (N == 12) pair12<Inv>(PairSplit{sRe, sIm, dRe, dIm}, scale);
+        else pair15<Inv>(PairSplit{sRe, sIm, dRe, dIm}, scale);
         return;
     }
     if constexpr (ss == 2) {  // interleaved: one base each, so that pairs load and store together

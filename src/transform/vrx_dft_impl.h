@@ -691,11 +691,76 @@ template <class T, class Tr> struct Dft {
 
     // ---------------------------------------------------------- convolution path
 
-    // B = chirp * (x, conjugated for the inverse) over n, zero to M, forward,
-    // times the filter, inverse; the caller takes B * chirp.
+    // Register passes of the chirp products. The interleaved forward product
+    // is simd::cmul, the one the library's complex multiply runs; the other
+    // products round each part product and then add (x.re*y.re - x.im*y.im,
+    // x.re*y.im + x.im*y.re), as one value at a time does.
+    using SR = typename S::R;
+    using SM = typename S::M;
+    VRX_INLINE static SR cmulRound(SR x, SR y) {
+        const SR p = S::mul(S::dupRe(x), y), q = S::mul(S::dupIm(x), S::swapPair(y));
+        return S::addm(S::sub(p, q), static_cast<SM>(0xAAAAAAAAu), p, q);
+    }
+    VRX_INLINE static SR conjR(SR x) { return S::xorb(x, S::set2(T(0), T(-0.0))); }
+    // B[0 .. M) = x * chirp over n values, then zeros; conjugated x for the
+    // inverse (x interleaved)
+    template <bool Inv> static void chirpIn(const T* x, const T* ch, T* B, int n, int M) {
+        const int64_t m = 2 * int64_t(n), e2 = 2 * int64_t(M);
+        int64_t i = 0;
+        for (; i + kL <= m; i += kL) {
+            const SR v = S::load(x + i), c = S::load(ch + i);
+            S::store(B + i, Inv ? cmulRound(conjR(v), c) : simd::cmul<T>(v, c));
+        }
+        if (i < m) {  // the last values and zeros after them in one register
+            const SM t = simd::tail<T>(static_cast<size_t>(m - i));
+            const SR v = S::loadm(t, x + i), c = S::loadm(t, ch + i);
+            S::store(B + i, S::blend(t, S::zero(), Inv ? cmulRound(conjR(v), c) : simd::cmul<T>(v, c)));
+            i += kL;
+        }
+        for (; i + kL <= e2; i += kL) S::store(B + i, S::zero());
+        if (i < e2) S::storem(B + i, simd::tail<T>(static_cast<size_t>(e2 - i)), S::zero());
+    }
+    // d = conj(B * chirp) over n values (interleaved)
+    static void chirpOutConj(const T* B, const T* ch, T* d, int n) {
+        const int64_t m = 2 * int64_t(n);
+        int64_t i = 0;
+        for (; i + kL <= m; i += kL) S::store(d + i, conjR(cmulRound(S::load(B + i), S::load(ch + i))));
+        if (i < m) {
+            const SM t = simd::tail<T>(static_cast<size_t>(m - i));
+            S::storem(d + i, t, conjR(cmulRound(S::loadm(t, B + i), S::loadm(t, ch + i))));
+        }
+    }
+    // B[0 .. M) = (x[k] * chirp[k].re, x[k] * chirp[k].im) over n reals, then zeros
+    static void chirpInReal(const T* x, const T* ch, T* B, int n, int M) {
+        using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+        struct Dup {
+            alignas(64) I v[kL];
+            constexpr Dup() : v() { for (int j = 0; j < kL; ++j) v[j] = static_cast<I>(j / 2); }
+        };
+        static constexpr Dup kDup{};
+        const __m512i dup = _mm512_load_si512(kDup.v);
+        constexpr int h = kL / 2;  // reals per register of products
+        const int64_t e2 = 2 * int64_t(M);
+        int64_t k = 0, i = 0;
+        for (; k + h <= n; k += h, i += kL) {
+            const SR v = S::loadm(simd::tail<T>(h), x + k);
+            S::store(B + i, S::mul(S::permute2(v, dup, v), S::load(ch + i)));
+        }
+        if (k < n) {
+            const SR v = S::loadm(simd::tail<T>(static_cast<size_t>(n - k)), x + k);
+            const SM t = simd::tail<T>(static_cast<size_t>(2 * (n - k)));
+            S::store(B + i, S::blend(t, S::zero(), S::mul(S::permute2(v, dup, v), S::loadm(t, ch + i))));
+            i += kL;
+        }
+        for (; i + kL <= e2; i += kL) S::store(B + i, S::zero());
+        if (i < e2) S::storem(B + i, simd::tail<T>(static_cast<size_t>(e2 - i)), S::zero());
+    }
+
+    // B = chirp * (x, conjugated for the inverse) over n, zero to M (both
+    // already in B), forward, times the filter, inverse; the caller takes
+    // B * chirp.
     static VrxStatus convCore(const Plan* p, C* B, uint8_t* iwork) {
-        const int n = p->n, M = p->convLength;
-        if (VrxStatus st = Tr::zeroC(B + n, M - n)) return st;
+        const int M = p->convLength;
         if (VrxStatus st = Tr::dftFwdC(B, B, p->convPlan, iwork)) return st;
         if (VrxStatus st = Tr::mulCI(static_cast<const C*>(p->filterTab), B, M)) return st;
         return Tr::dftInvC(B, B, p->convPlan, iwork);
@@ -705,47 +770,109 @@ template <class T, class Tr> struct Dft {
         C* B = reinterpret_cast<C*>(buf);
         uint8_t* iwork = buf + a64(int64_t(e) * M);
         const C* ch = static_cast<const C*>(p->chirpTab);
-        if (interleaved && !Inv) {
-            if (VrxStatus st = Tr::mulC(reinterpret_cast<const C*>(s.re), ch, B, n)) return st;
+        // the chirp product and the zeros up to M in one pass
+        if (interleaved) {
+            chirpIn<Inv>(s.re, reinterpret_cast<const T*>(ch), reinterpret_cast<T*>(B), n, M);
         } else {
             for (int64_t k = 0; k < n; ++k) B[k] = cmul(Inv ? conj(s.get(k)) : s.get(k), ch[k]);
+            if (VrxStatus st = Tr::zeroC(B + n, M - n)) return st;
         }
         if (VrxStatus st = convCore(p, B, iwork)) return st;
         if (interleaved && !Inv) return Tr::mulC(B, ch, reinterpret_cast<C*>(d.re), n);
+        if (interleaved) {
+            chirpOutConj(reinterpret_cast<const T*>(B), reinterpret_cast<const T*>(ch), d.re, n);
+            return vrxOk;
+        }
         for (int64_t k = 0; k < n; ++k) {
             const C v = cmul(B[k], ch[k]);
             d.set(k, Inv ? conj(v) : v);
         }
         return vrxOk;
     }
-    static VrxStatus convRFwd(const Plan* p, T* d, uint8_t* buf) {
+    // reals of src to the Perm form in d (src may be d), or straight to CCS
+    // when ccs (bins 1 .. h one value further on, 0 after R(0))
+    static VrxStatus convRFwd(const Plan* p, const T* src, T* d, uint8_t* buf, bool ccs) {
         const int n = p->n, M = p->convLength;
         C* B = reinterpret_cast<C*>(buf);
         const C* ch = static_cast<const C*>(p->chirpTab);
-        for (int64_t k = 0; k < n; ++k) B[k] = {d[k] * ch[k].re, d[k] * ch[k].im};
+        chirpInReal(src, reinterpret_cast<const T*>(ch), reinterpret_cast<T*>(B), n, M);
         if (VrxStatus st = convCore(p, B, buf + a64(int64_t(e) * M))) return st;
         d[0] = cmul(B[0], ch[0]).re;
-        for (int64_t k = 1; 2 * k < n; ++k) {
-            const C v = cmul(B[k], ch[k]);
-            d[2 * k - 1] = v.re;
-            d[2 * k] = v.im;
+        if (ccs) d[1] = T(0);
+        // bins 1 .. h as pairs from d[1] (Perm) or d[2] (CCS)
+        const T* b = reinterpret_cast<const T*>(B + 1);
+        const T* c = reinterpret_cast<const T*>(ch + 1);
+        T* o = d + (ccs ? 2 : 1);
+        const int64_t m = 2 * int64_t((n - 1) / 2);
+        int64_t i = 0;
+        for (; i + kL <= m; i += kL) S::store(o + i, cmulRound(S::load(b + i), S::load(c + i)));
+        if (i < m) {
+            const SM t = simd::tail<T>(static_cast<size_t>(m - i));
+            S::storem(o + i, t, cmulRound(S::loadm(t, b + i), S::loadm(t, c + i)));
         }
         return vrxOk;
     }
+    // Index registers of the real inverse: pairs in reverse order, and the
+    // even lanes of two registers.
+    using SI = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
+    struct InvIdx {
+        alignas(64) SI rev[kL], even[kL];
+        constexpr InvIdx() : rev(), even() {
+            for (int j = 0; j < kL; ++j) {
+                rev[j] = static_cast<SI>(kL - 2 - (j & ~1) + (j & 1));
+                even[j] = static_cast<SI>(2 * j);
+            }
+        }
+    };
+    static constexpr InvIdx kInvIdx{};
+    // the Perm form in d to reals in d
     static VrxStatus convRInv(const Plan* p, T* d, uint8_t* buf) {
-        const int n = p->n, M = p->convLength;
+        const int n = p->n, M = p->convLength, h = (n - 1) / 2;
         C* B = reinterpret_cast<C*>(buf);
         const C* ch = static_cast<const C*>(p->chirpTab);
+        T* b = reinterpret_cast<T*>(buf);
+        const T* c = reinterpret_cast<const T*>(ch);
         // conj(X[k]): (R, -I) up to h, X[n-k] above
-        for (int64_t k = 0; k < n; ++k) {
-            C x;
-            if (k == 0) x = {d[0], T(0)};
-            else if (2 * k < n) x = {d[2 * k - 1], -d[2 * k]};
-            else x = {d[2 * (n - k) - 1], d[2 * (n - k)]};
-            B[k] = cmul(x, ch[k]);
+        B[0] = cmul(C{d[0], T(0)}, ch[0]);
+        const int64_t m = 2 * int64_t(h);
+        int64_t i = 0;
+        for (; i + kL <= m; i += kL) S::store(b + 2 + i, cmulRound(conjR(S::load(d + 1 + i)), S::load(c + 2 + i)));
+        if (i < m) {
+            const SM t = simd::tail<T>(static_cast<size_t>(m - i));
+            S::storem(b + 2 + i, t, cmulRound(conjR(S::loadm(t, d + 1 + i)), S::loadm(t, c + 2 + i)));
         }
+        // k = h+1 .. n-1 reads bin n-k: registers of pairs loaded from the top down, reversed
+        const __m512i rev = _mm512_load_si512(kInvIdx.rev);
+        const T* top = d + 1 + m;  // one past the pairs of bins 1 .. h
+        T* o = b + 2 * (int64_t(h) + 1);
+        for (i = 0; i + kL <= m; i += kL) {
+            const SR v = S::load(top - i - kL);
+            S::store(o + i, cmulRound(S::permute2(v, rev, v), S::load(c + 2 * (int64_t(h) + 1) + i)));
+        }
+        if (i < m) {  // the last r values: the register ending at the first pair, masked at its top
+            const int64_t r = m - i;
+            const SM t = simd::tail<T>(static_cast<size_t>(r));
+            const SR v = S::loadm(static_cast<SM>(t << (kL - r)), top - i - kL);
+            S::storem(o + i, t, cmulRound(S::permute2(v, rev, v), S::loadm(t, c + 2 * (int64_t(h) + 1) + i)));
+        }
+        if (VrxStatus st = Tr::zeroC(B + n, M - n)) return st;
         if (VrxStatus st = convCore(p, B, buf + a64(int64_t(e) * M))) return st;
-        for (int64_t k = 0; k < n; ++k) d[k] = B[k].re * ch[k].re - B[k].im * ch[k].im;
+        // d[k] = re(B[k] * chirp[k]): the real lanes of two registers of products
+        const __m512i even = _mm512_load_si512(kInvIdx.even);
+        auto re = [&](int64_t j, SM t) {
+            const SR x = S::loadm(t, b + j), y = S::loadm(t, c + j);
+            return S::sub(S::mul(S::dupRe(x), y), S::mul(S::dupIm(x), S::swapPair(y)));
+        };
+        const int64_t e2 = 2 * int64_t(n);
+        const SM all = static_cast<SM>(~0u);
+        int64_t j = 0;
+        for (; j + 2 * kL <= e2; j += 2 * kL) S::store(d + j / 2, S::permute2(re(j, all), even, re(j + kL, all)));
+        if (j < e2) {
+            const int64_t r = e2 - j;
+            const SR lo = re(j, simd::tail<T>(static_cast<size_t>(r < kL ? r : kL)));
+            const SR hi = r > kL ? re(j + kL, simd::tail<T>(static_cast<size_t>(r - kL))) : S::zero();
+            S::storem(d + j / 2, simd::tail<T>(static_cast<size_t>(r / 2)), S::permute2(lo, even, hi));
+        }
         return vrxOk;
     }
 
@@ -843,11 +970,15 @@ template <class T, class Tr> struct Dft {
         if (p->path == kPathSmall) {
             fft::smallReal<T, false>(log2i(N), src, dst, scale);
         } else {
-            if (N % 2) {
+            if (N % 2 && p->path != kPathPf && p->path != kPathDir) {
+                // convolution: reads src itself; with no scale it writes CCS in place
+                const bool ccs = form == fft::Form::CCS && scale == T(0);
+                if (VrxStatus st = convRFwd(p, src, dst, work, ccs)) return st;
+                if (ccs) return vrxOk;
+            } else if (N % 2) {
                 if (src != dst) memmove(dst, src, sizeof(T) * N);
                 if (p->path == kPathPf) pfReal<T>(p, dst, false);
-                else if (p->path == kPathDir) dirRFwd(p, dst, reinterpret_cast<T*>(work));
-                else if (VrxStatus st = convRFwd(p, dst, work)) return st;
+                else dirRFwd(p, dst, reinterpret_cast<T*>(work));
             } else {
                 const int H = p->n;
                 const CRef<T> s{const_cast<T*>(src), const_cast<T*>(src) + 1, 2};

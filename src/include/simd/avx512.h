@@ -931,4 +931,50 @@ VRX_INLINE void unpairSplit4d(double* re, double* im, __m512d v) {
 VRX_INLINE __m512d loadHalves(const double* lo, const double* hi) {
     return _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(lo)), _mm256_loadu_pd(hi), 1);
 }
+// Two complex doubles (re, im, re', im') in a 256-bit register, for short
+// transforms whose values do not fill 512-bit registers of four.
+struct CPair {
+    using R = __m256d;
+    // the complex value at a in the low half, the one at b in the high half
+    static VRX_INLINE R load2(const double* a, const double* b) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(a)), _mm_loadu_pd(b), 1);
+    }
+    static VRX_INLINE R dup(const double* a) { return _mm256_broadcast_pd(reinterpret_cast<const __m128d*>(a)); }
+    static VRX_INLINE void store2(double* a, double* b, R v) {
+        _mm_storeu_pd(a, _mm256_castpd256_pd128(v));
+        _mm_storeu_pd(b, _mm256_extractf128_pd(v, 1));
+    }
+    static VRX_INLINE void storeLo(double* a, R v) { _mm_storeu_pd(a, _mm256_castpd256_pd128(v)); }
+    static VRX_INLINE R set1(double v) { return _mm256_set1_pd(v); }
+    static VRX_INLINE R setr(double a, double b, double c, double d) { return _mm256_setr_pd(a, b, c, d); }
+    static VRX_INLINE R add(R a, R b) { return _mm256_add_pd(a, b); }
+    static VRX_INLINE R sub(R a, R b) { return _mm256_sub_pd(a, b); }
+    static VRX_INLINE R mul(R a, R b) { return _mm256_mul_pd(a, b); }
+    static VRX_INLINE R xorb(R a, R b) { return _mm256_xor_pd(a, b); }
+    static VRX_INLINE R swapRI(R a) { return _mm256_permute_pd(a, 0x5); }      // (im, re) in both halves
+    static VRX_INLINE R swapRIHigh(R a) { return _mm256_permute_pd(a, 0x6); }  // in the high half only
+    static VRX_INLINE R swapHalves(R a) { return _mm256_permute2f128_pd(a, a, 0x01); }
+    static VRX_INLINE R lows(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x20); }   // (a.lo, b.lo)
+    static VRX_INLINE R highs(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x31); }  // (a.hi, b.hi)
+    // the same from split arrays: (ra[0], ia[0]) low, (rb[0], ib[0]) high
+    static VRX_INLINE R load2(const double* ra, const double* ia, const double* rb, const double* ib) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadh_pd(_mm_load_sd(ra), ia)),
+                                    _mm_loadh_pd(_mm_load_sd(rb), ib), 1);
+    }
+    static VRX_INLINE R dup(const double* ra, const double* ia) {
+        const __m128d v = _mm_loadh_pd(_mm_load_sd(ra), ia);
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(v), v, 1);
+    }
+    static VRX_INLINE void store2(double* ra, double* ia, double* rb, double* ib, R v) {
+        const __m128d lo = _mm256_castpd256_pd128(v), hi = _mm256_extractf128_pd(v, 1);
+        _mm_store_sd(ra, lo);
+        _mm_storeh_pd(ia, lo);
+        _mm_store_sd(rb, hi);
+        _mm_storeh_pd(ib, hi);
+    }
+    static VRX_INLINE void storeLo(double* ra, double* ia, R v) {
+        _mm_store_sd(ra, _mm256_castpd256_pd128(v));
+        _mm_storeh_pd(ia, _mm256_castpd256_pd128(v));
+    }
+};
 }  // namespace n0::simd
