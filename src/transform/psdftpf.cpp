@@ -1024,16 +1024,17 @@ constexpr int tlSplit(int R) {
 // y[m] = sum_j v[j] W_R^(j*m) on registers of complex lanes (forward sign).
 template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y);
 
-template <class T, int R, int A, int B> VRX_INLINE void dftCL2(const typename CL<T>::R* x, typename CL<T>::R* y) {
-    // R = A*B in two levels: DFTs of A over x[n2 + B*n1], the factors
-    // w_R^(n2*k1) (quarter turns as swaps), DFTs of B into y[k1 + A*k2]
+template <class T, int R, int A, int B, class In> VRX_INLINE void dftCL2f(In x, typename CL<T>::R* y) {
+    // R = A*B in two levels: DFTs of A over x(n2 + B*n1), the factors
+    // w_R^(n2*k1) (quarter turns as swaps), DFTs of B into y[k1 + A*k2];
+    // x(j) makes input j when the first level needs it
     using C = CL<T>;
     using Rg = typename C::R;
     Rg a[B][A], v[A > B ? A : B], o[A > B ? A : B];
 #pragma GCC unroll 8
     for (int n2 = 0; n2 < B; ++n2) {
 #pragma GCC unroll 8
-        for (int n1 = 0; n1 < A; ++n1) v[n1] = x[n2 + B * n1];
+        for (int n1 = 0; n1 < A; ++n1) v[n1] = x(n2 + B * n1);
         dftCL<T, A>(v, a[n2]);
     }
 #pragma GCC unroll 8
@@ -1052,6 +1053,10 @@ template <class T, int R, int A, int B> VRX_INLINE void dftCL2(const typename CL
 #pragma GCC unroll 8
         for (int k2 = 0; k2 < B; ++k2) y[k1 + A * k2] = o[k2];
     }
+}
+
+template <class T, int R, int A, int B> VRX_INLINE void dftCL2(const typename CL<T>::R* x, typename CL<T>::R* y) {
+    dftCL2f<T, R, A, B>([x](int j) { return x[j]; }, y);
 }
 
 template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y) {
@@ -1154,9 +1159,7 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
 #pragma GCC unroll 2
     for (int g = 0; g < KB; ++g) {
         const int k0 = g * CC, rows = N1 - k0 < CC ? N1 - k0 : CC;
-        Rg u[N2], o[N2];
-#pragma GCC unroll 32
-        for (int n2 = 0; n2 < N2; ++n2) {
+        const auto col = [&](int n2) {
             const int b = n2 / CC, p = n2 % CC;
             Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
 #pragma GCC unroll 4
@@ -1166,9 +1169,18 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
                                          z[k0 + (2 * q + 1 < rows ? 2 * q + 1 : 2 * q)][b]);
                 t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
             }
-            u[n2] = t;
+            return t;
+        };
+        Rg o[N2];
+        if constexpr (tlSplit(N2) > 1) {
+            // a composite N2 takes each column as its first level needs it
+            dftCL2f<T, N2, tlSplit(N2), N2 / tlSplit(N2)>(col, o);
+        } else {
+            Rg u[N2];
+#pragma GCC unroll 32
+            for (int n2 = 0; n2 < N2; ++n2) u[n2] = col(n2);
+            dftCL<T, N2>(u, o);
         }
-        dftCL<T, N2>(u, o);
         const typename S::M mo = simd::tail<T>(2 * rows);
 #pragma GCC unroll 32
         for (int k2 = 0; k2 < N2; ++k2) {
