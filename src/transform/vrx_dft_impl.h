@@ -812,16 +812,12 @@ template <class T, class Tr> struct Dft {
         }
         return vrxOk;
     }
-    // Index registers of the real inverse: pairs in reverse order, and the
-    // even lanes of two registers.
+    // Index register of the real inverse: pairs in reverse order.
     using SI = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
     struct InvIdx {
-        alignas(64) SI rev[kL], even[kL];
-        constexpr InvIdx() : rev(), even() {
-            for (int j = 0; j < kL; ++j) {
-                rev[j] = static_cast<SI>(kL - 2 - (j & ~1) + (j & 1));
-                even[j] = static_cast<SI>(2 * j);
-            }
+        alignas(64) SI rev[kL];
+        constexpr InvIdx() : rev() {
+            for (int j = 0; j < kL; ++j) rev[j] = static_cast<SI>(kL - 2 - (j & ~1) + (j & 1));
         }
     };
     static constexpr InvIdx kInvIdx{};
@@ -858,20 +854,21 @@ template <class T, class Tr> struct Dft {
         if (VrxStatus st = Tr::zeroC(B + n, M - n)) return st;
         if (VrxStatus st = convCore(p, B, buf + a64(int64_t(e) * M))) return st;
         // d[k] = re(B[k] * chirp[k]): the real lanes of two registers of products
-        const __m512i even = _mm512_load_si512(kInvIdx.even);
-        auto re = [&](int64_t j, SM t) {
-            const SR x = S::loadm(t, b + j), y = S::loadm(t, c + j);
-            return S::sub(S::mul(S::dupRe(x), y), S::mul(S::dupIm(x), S::swapPair(y)));
+        auto prod = [&](int64_t j, SM t) { return cmulRound(S::loadm(t, b + j), S::loadm(t, c + j)); };
+        auto reals = [](SR lo, SR hi) {
+            SR re, im;
+            simd::deinterleave(lo, hi, re, im);
+            return re;
         };
         const int64_t e2 = 2 * int64_t(n);
         const SM all = static_cast<SM>(~0u);
         int64_t j = 0;
-        for (; j + 2 * kL <= e2; j += 2 * kL) S::store(d + j / 2, S::permute2(re(j, all), even, re(j + kL, all)));
+        for (; j + 2 * kL <= e2; j += 2 * kL) S::store(d + j / 2, reals(prod(j, all), prod(j + kL, all)));
         if (j < e2) {
             const int64_t r = e2 - j;
-            const SR lo = re(j, simd::tail<T>(static_cast<size_t>(r < kL ? r : kL)));
-            const SR hi = r > kL ? re(j + kL, simd::tail<T>(static_cast<size_t>(r - kL))) : S::zero();
-            S::storem(d + j / 2, simd::tail<T>(static_cast<size_t>(r / 2)), S::permute2(lo, even, hi));
+            const SR lo = prod(j, simd::tail<T>(static_cast<size_t>(r < kL ? r : kL)));
+            const SR hi = r > kL ? prod(j + kL, simd::tail<T>(static_cast<size_t>(r - kL))) : S::zero();
+            S::storem(d + j / 2, simd::tail<T>(static_cast<size_t>(r / 2)), reals(lo, hi));
         }
         return vrxOk;
     }
