@@ -976,7 +976,9 @@ template <class T> void pairsToNatural(T* a, int64_t n) {
 // factors w_n^(k1*n2); a transposition puts k1 in the lanes, one register
 // per n2; the DFT of N2 across the registers leaves X[k1 + N1*k2] in lane
 // k1 of register k2, stored whole. Nothing goes through memory between the
-// two levels.
+// two levels. Double 2 x 25 runs in 256-bit registers of two complex values
+// (its two rows fill them; 512-bit ones would leave half of every register
+// of the 25-point level empty), the rows paired by moves of 128-bit halves.
 
 // Roots exp(-2*pi*i*q/R) of the composite register kernels.
 template <class T, int R> struct RootsOf {
@@ -990,10 +992,13 @@ template <class T, int R> struct RootsOf {
 };
 template <class T, int R> inline const RootsOf<T, R> kRootsOf{};  // built at load where cosl does not fold
 
-// Arithmetic on registers of complex lanes.
-template <class T> struct CL {
-    using S = simd::V<T>;
+// Arithmetic on registers of complex lanes (S: simd::V<T>, or simd::V256d
+// for two complex doubles a register).
+template <class S> struct CLs {
+    using T = typename S::T;
     using R = typename S::R;
+    // 512-bit double registers move some adds to the multiply unit
+    static constexpr bool kM = sizeof(T) == 8 && S::N == 8;
     static VRX_INLINE R add(R a, R b) { return S::add(a, b); }
     static VRX_INLINE R sub(R a, R b) { return S::sub(a, b); }
     static VRX_INLINE R neg(R a) { return S::neg(a); }
@@ -1001,11 +1006,41 @@ template <class T> struct CL {
     static VRX_INLINE R mulNegI(R v) { return S::xorb(S::swapPair(v), S::set2(T(0), T(-0.0))); }
     static VRX_INLINE R mulI(R v) { return S::xorb(S::swapPair(v), S::set2(T(-0.0), T(0))); }
     static VRX_INLINE R scale(R v, T c) { return S::mul(v, S::set1(c)); }
+    // a + b and a - b (kM: on the multiply unit as b*1 + a and -(b*1) + a,
+    // exact product and one rounding: the bits of add and sub)
+    static VRX_INLINE R addM(R a, R b) {
+        if constexpr (kM) return S::fma(b, S::set1(T(1)), a);
+        else return S::add(a, b);
+    }
+    static VRX_INLINE R subM(R a, R b) {
+        if constexpr (kM) return S::fnma(b, S::set1(T(1)), a);
+        else return S::sub(a, b);
+    }
+    // a + (-i)*b and a - (-i)*b (kM: multiply-adds of the pair swap by the
+    // signs (1, -1), the bits of the add of the rotated value)
+    static VRX_INLINE R addNegI(R a, R b) {
+        if constexpr (kM) return S::fma(S::swapPair(b), S::set2(T(1), T(-1)), a);
+        else return S::add(a, mulNegI(b));
+    }
+    static VRX_INLINE R subNegI(R a, R b) {
+        if constexpr (kM) return S::fnma(S::swapPair(b), S::set2(T(1), T(-1)), a);
+        else return S::sub(a, mulNegI(b));
+    }
     // v * (c + i*s)
-    static VRX_INLINE R mulC(R v, T c, T s) { return S::add(S::mul(v, S::set1(c)), S::mul(S::swapPair(v), S::set2(-s, s))); }
-    // v * w, w a register of factors
+    static VRX_INLINE R mulC(R v, T c, T s) {
+        const R p = S::mul(v, S::set1(c)), q = S::mul(S::swapPair(v), S::set2(-s, s));
+        return addM(p, q);
+    }
+    // v * w, w a register of factors (kM: the cross products' signs as a
+    // multiply-add by (-1, 1) instead of a sign flip and an add)
     static VRX_INLINE R mulW(R v, R w) {
-        return S::add(S::mul(v, S::dupRe(w)), S::mul(S::swapPair(v), S::xorb(S::dupIm(w), S::set2(T(-0.0), T(0)))));
+        if constexpr (kM) {
+            const R p = S::mul(v, S::dupRe(w)), q = S::mul(S::swapPair(v), S::dupIm(w));
+            return S::fma(q, S::set2(T(-1), T(1)), p);
+        } else {
+            const R p = S::mul(v, S::dupRe(w)), q = S::mul(S::swapPair(v), S::xorb(S::dupIm(w), S::set2(T(-0.0), T(0))));
+            return S::add(p, q);
+        }
     }
     static VRX_INLINE R conj(R v) { return S::xorb(v, S::set2(T(0), T(-0.0))); }
 };
@@ -1022,20 +1057,21 @@ constexpr int tlSplit(int R) {
 }
 
 // y[m] = sum_j v[j] W_R^(j*m) on registers of complex lanes (forward sign).
-template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y);
+template <class S, int R> VRX_INLINE void dftCL(const typename S::R* v, typename S::R* y);
 
-template <class T, int R, int A, int B, class In> VRX_INLINE void dftCL2f(In x, typename CL<T>::R* y) {
+template <class S, int R, int A, int B, class In> VRX_INLINE void dftCL2f(In x, typename S::R* y) {
     // R = A*B in two levels: DFTs of A over x(n2 + B*n1), the factors
     // w_R^(n2*k1) (quarter turns as swaps), DFTs of B into y[k1 + A*k2];
     // x(j) makes input j when the first level needs it
-    using C = CL<T>;
-    using Rg = typename C::R;
+    using T = typename S::T;
+    using C = CLs<S>;
+    using Rg = typename S::R;
     Rg a[B][A], v[A > B ? A : B], o[A > B ? A : B];
 #pragma GCC unroll 8
     for (int n2 = 0; n2 < B; ++n2) {
 #pragma GCC unroll 8
         for (int n1 = 0; n1 < A; ++n1) v[n1] = x(n2 + B * n1);
-        dftCL<T, A>(v, a[n2]);
+        dftCL<S, A>(v, a[n2]);
     }
 #pragma GCC unroll 8
     for (int k1 = 0; k1 < A; ++k1) {
@@ -1049,20 +1085,20 @@ template <class T, int R, int A, int B, class In> VRX_INLINE void dftCL2f(In x, 
             else if (4 * q == 3 * R) v[n2] = C::mulI(z);
             else v[n2] = C::mulC(z, kRootsOf<T, R>.r[q].re, kRootsOf<T, R>.r[q].im);
         }
-        dftCL<T, B>(v, o);
+        dftCL<S, B>(v, o);
 #pragma GCC unroll 8
         for (int k2 = 0; k2 < B; ++k2) y[k1 + A * k2] = o[k2];
     }
 }
 
-template <class T, int R, int A, int B> VRX_INLINE void dftCL2(const typename CL<T>::R* x, typename CL<T>::R* y) {
-    dftCL2f<T, R, A, B>([x](int j) { return x[j]; }, y);
+template <class S, int R, int A, int B> VRX_INLINE void dftCL2(const typename S::R* x, typename S::R* y) {
+    dftCL2f<S, R, A, B>([x](int j) { return x[j]; }, y);
 }
 
-template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, typename CL<T>::R* y) {
-    using C = CL<T>;
-    using Rg = typename C::R;
-    using S = simd::V<T>;
+template <class S, int R> VRX_INLINE void dftCL(const typename S::R* v, typename S::R* y) {
+    using T = typename S::T;
+    using C = CLs<S>;
+    using Rg = typename S::R;
     if constexpr (R == 2) {
         y[0] = C::add(v[0], v[1]);
         y[1] = C::sub(v[0], v[1]);
@@ -1076,11 +1112,12 @@ template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, type
         y[2] = C::sub(a, sd);
     } else if constexpr (R == 4) {
         const Rg a = C::add(v[0], v[2]), b = C::sub(v[0], v[2]);
-        const Rg c = C::add(v[1], v[3]), d = C::mulNegI(C::sub(v[1], v[3]));
+        const Rg c = C::add(v[1], v[3]);
         y[0] = C::add(a, c);
         y[2] = C::sub(a, c);
-        y[1] = C::add(b, d);
-        y[3] = C::sub(b, d);
+        const Rg d = C::sub(v[1], v[3]);
+        y[1] = C::addNegI(b, d);
+        y[3] = C::subNegI(b, d);
     } else if constexpr (R == 5) {
         const Cx<T>* W = kRoots<T>.r[5];
         const T c1 = W[1].re, s1 = W[1].im, c2 = W[2].re, s2 = W[2].im;
@@ -1093,14 +1130,14 @@ template <class T, int R> VRX_INLINE void dftCL(const typename CL<T>::R* v, type
         const Rg q1 = S::set2(-s1, s1), q2 = S::set2(-s2, s2);
         const Rg b1 = C::add(S::mul(d1, q1), S::mul(d2, q2));
         const Rg b2 = C::sub(S::mul(d1, q2), S::mul(d2, q1));
-        y[1] = C::add(a1, b1);
-        y[4] = C::sub(a1, b1);
-        y[2] = C::add(a2, b2);
-        y[3] = C::sub(a2, b2);
+        y[1] = C::addM(a1, b1);
+        y[4] = C::subM(a1, b1);
+        y[2] = C::addM(a2, b2);
+        y[3] = C::subM(a2, b2);
     } else {
         constexpr int A = tlSplit(R);
         static_assert(A > 1, "a register kernel of this radix");
-        dftCL2<T, R, A, R / A>(v, y);
+        dftCL2<S, R, A, R / A>(v, y);
     }
 }
 
@@ -1122,78 +1159,97 @@ template <class T> inline constexpr TlIdx<T> kTlIdx{};
 
 // One whole transform of n = N1*N2 complex values (split or interleaved, s
 // may be d): tw holds w_n^(k1*n2), k1 = 1 .. N1-1, n2 = 0 .. N2-1, as pairs.
-template <class T, int N1, int N2>
+// S is the register: simd::V<T>, or simd::V256d (two complex doubles, rows
+// paired by moves of 128-bit halves).
+template <class T, int N1, int N2, class S = simd::V<T>>
 void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
-    using C = CL<T>;
-    using S = simd::V<T>;
+    using C = CLs<S>;
     using Rg = typename S::R;
     constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC, KB = (N1 + CC - 1) / CC;
     Rg z[N1][NB];
-#pragma GCC unroll 8
+#pragma GCC unroll 16
     for (int b = 0; b < NB; ++b) {
         const int cnt = N2 - b * CC < CC ? N2 - b * CC : CC;
-        const typename S::M mk = simd::tail<T>(2 * cnt);
         Rg x[N1], y[N1];
 #pragma GCC unroll 8
         for (int n1 = 0; n1 < N1; ++n1) {
             const int64_t i = int64_t(n1) * N2 + b * CC;
-            if (split) {
+            if constexpr (CC == 2) {
+                x[n1] = split ? S::loadSplit(sRe + i, sIm + i, cnt) : S::loadc(sRe + 2 * i, cnt);
+            } else if (split) {
                 Rg lo, hi;
                 const typename S::M mh = simd::tail<T>(cnt);
                 simd::interleave(S::loadm(mh, sRe + i), S::loadm(mh, sIm + i), lo, hi);
                 x[n1] = lo;
             } else {
-                x[n1] = S::loadm(mk, sRe + 2 * i);
+                x[n1] = S::loadm(simd::tail<T>(2 * cnt), sRe + 2 * i);
             }
             if (inv) x[n1] = C::conj(x[n1]);
         }
-        dftCL<T, N1>(x, y);
+        dftCL<S, N1>(x, y);
         z[0][b] = y[0];
 #pragma GCC unroll 8
-        for (int k1 = 1; k1 < N1; ++k1)
-            z[k1][b] = C::mulW(y[k1], S::loadm(mk, tw + 2 * ((k1 - 1) * N2 + b * CC)));
+        for (int k1 = 1; k1 < N1; ++k1) {
+            const T* w = tw + 2 * ((k1 - 1) * N2 + b * CC);
+            if constexpr (CC == 2) z[k1][b] = C::mulW(y[k1], S::loadc(w, cnt));
+            else z[k1][b] = C::mulW(y[k1], S::loadm(simd::tail<T>(2 * cnt), w));
+        }
     }
     // register n2 of group g takes complex lane n2 % CC of rows
     // k1 = g*CC .. g*CC + CC-1 (a group of at most CC rows)
-    const TlIdx<T>& ti = kTlIdx<T>;
 #pragma GCC unroll 2
     for (int g = 0; g < KB; ++g) {
         const int k0 = g * CC, rows = N1 - k0 < CC ? N1 - k0 : CC;
         const auto col = [&](int n2) {
             const int b = n2 / CC, p = n2 % CC;
-            Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
+            if constexpr (CC == 2) {
+                const Rg lo = z[k0][b], hi = z[rows > 1 ? k0 + 1 : k0][b];
+                return p == 0 ? S::lows(lo, hi) : S::highs(lo, hi);
+            } else if constexpr (sizeof(T) == 8 && N1 % 4 == 0) {
+                // four rows of double: a transposition of 128-bit blocks
+                // (no index registers, no blends)
+                const Rg *r0 = &z[k0][b], *r1 = &z[k0 + 1][b], *r2 = &z[k0 + 2][b], *r3 = &z[k0 + 3][b];
+                const Rg t = p < 2 ? simd::blocks2<0, 1, 0, 1>(*r0, *r1) : simd::blocks2<2, 3, 2, 3>(*r0, *r1);
+                const Rg u = p < 2 ? simd::blocks2<0, 1, 0, 1>(*r2, *r3) : simd::blocks2<2, 3, 2, 3>(*r2, *r3);
+                return p % 2 == 0 ? simd::blocks2<0, 2, 0, 2>(t, u) : simd::blocks2<1, 3, 1, 3>(t, u);
+            } else {
+                const TlIdx<T>& ti = kTlIdx<T>;
+                Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
 #pragma GCC unroll 4
-            for (int q = 1; 2 * q < rows; ++q) {
-                // complex lanes 2q and 2q+1
-                const Rg w = S::permute2(z[k0 + 2 * q][b], _mm512_load_si512(ti.idx[p][q]),
-                                         z[k0 + (2 * q + 1 < rows ? 2 * q + 1 : 2 * q)][b]);
-                t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
+                for (int q = 1; 2 * q < rows; ++q) {
+                    // complex lanes 2q and 2q+1
+                    const Rg w = S::permute2(z[k0 + 2 * q][b], _mm512_load_si512(ti.idx[p][q]),
+                                             z[k0 + (2 * q + 1 < rows ? 2 * q + 1 : 2 * q)][b]);
+                    t = S::blend(static_cast<typename S::M>(0xFu << (4 * q)), t, w);
+                }
+                return t;
             }
-            return t;
         };
         Rg o[N2];
         if constexpr (tlSplit(N2) > 1) {
             // a composite N2 takes each column as its first level needs it
-            dftCL2f<T, N2, tlSplit(N2), N2 / tlSplit(N2)>(col, o);
+            dftCL2f<S, N2, tlSplit(N2), N2 / tlSplit(N2)>(col, o);
         } else {
             Rg u[N2];
 #pragma GCC unroll 32
             for (int n2 = 0; n2 < N2; ++n2) u[n2] = col(n2);
-            dftCL<T, N2>(u, o);
+            dftCL<S, N2>(u, o);
         }
-        const typename S::M mo = simd::tail<T>(2 * rows);
 #pragma GCC unroll 32
         for (int k2 = 0; k2 < N2; ++k2) {
             Rg v = o[k2];
             if (inv) v = C::conj(v);
             const int64_t i = int64_t(N1) * k2 + k0;
-            if (split) {
+            if constexpr (CC == 2) {
+                if (split) S::storeSplit(dRe + i, dIm + i, rows, v);
+                else S::storec(dRe + 2 * i, rows, v);
+            } else if (split) {
                 Rg re, im;
                 simd::deinterleave(v, S::zero(), re, im);
                 S::storem(dRe + i, simd::tail<T>(rows), re);
                 S::storem(dIm + i, simd::tail<T>(rows), im);
             } else {
-                S::storem(dRe + 2 * i, mo, v);
+                S::storem(dRe + 2 * i, simd::tail<T>(2 * rows), v);
             }
         }
     }
@@ -1223,13 +1279,14 @@ template <class T> int tlPick(int64_t n) {
 
 template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
 #define VRX_TL(N1, N2) tlRun<T, N1, N2>(sRe, sIm, dRe, dIm, split, inv, tw); return true
+#define VRX_TL2(N1, N2) tlRun<T, N1, N2, simd::V256d>(sRe, sIm, dRe, dIm, split, inv, tw); return true
     constexpr bool single = sizeof(T) == 4;
     switch (n) {
         case 18: if constexpr (single) { VRX_TL(6, 3); } else { VRX_TL(3, 6); }
         case 20: VRX_TL(4, 5);
         case 30: if constexpr (single) { VRX_TL(6, 5); } else { VRX_TL(3, 10); }
         case 36: VRX_TL(4, 9);
-        case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL(2, 25); }
+        case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL2(2, 25); }
         case 60: if constexpr (single) { VRX_TL(6, 10); } else { VRX_TL(4, 15); }
         case 100: if constexpr (single) { VRX_TL(5, 20); } else { VRX_TL(4, 25); }
         case 180: if constexpr (single) { return false; } else { VRX_TL(4, 45); }
@@ -1237,6 +1294,7 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
         default: return false;
     }
 #undef VRX_TL
+#undef VRX_TL2
 }
 
 // Radices of the passes where they differ from the records (0: the

@@ -977,4 +977,56 @@ struct CPair {
         _mm_storeh_pd(ia, _mm256_castpd256_pd128(v));
     }
 };
+
+// ------------------------------------- two-level DFT kernels in 256-bit registers
+// Two complex doubles a 256-bit register with the members of V<double> the
+// DFT's two-level register kernels use, for lengths whose 512-bit registers
+// would run partly empty or pay full-width permutes to pair their rows.
+// Loads and stores take a count c of complex values, 1 or 2 (a constant
+// where they are used; the rest of a register loads as zeros).
+struct V256d {
+    using T = double;
+    using R = __m256d;
+    static constexpr int N = 4;
+    static VRX_INLINE R loadc(const T* p, int c) {
+        return c > 1 ? _mm256_loadu_pd(p) : _mm256_insertf128_pd(_mm256_setzero_pd(), _mm_loadu_pd(p), 0);
+    }
+    static VRX_INLINE void storec(T* p, int c, R v) {
+        if (c > 1) _mm256_storeu_pd(p, v);
+        else _mm_storeu_pd(p, _mm256_castpd256_pd128(v));
+    }
+    static VRX_INLINE R set1(T v) { return _mm256_set1_pd(v); }
+    static VRX_INLINE R set2(T re, T im) { return _mm256_setr_pd(re, im, re, im); }
+    static VRX_INLINE R add(R a, R b) { return _mm256_add_pd(a, b); }
+    static VRX_INLINE R sub(R a, R b) { return _mm256_sub_pd(a, b); }
+    static VRX_INLINE R mul(R a, R b) { return _mm256_mul_pd(a, b); }
+    static VRX_INLINE R xorb(R a, R b) { return _mm256_xor_pd(a, b); }
+    static VRX_INLINE R neg(R a) { return _mm256_xor_pd(a, _mm256_set1_pd(-0.0)); }
+    static VRX_INLINE R dupRe(R a) { return _mm256_movedup_pd(a); }
+    static VRX_INLINE R dupIm(R a) { return _mm256_permute_pd(a, 0xF); }
+    static VRX_INLINE R swapPair(R a) { return _mm256_permute_pd(a, 0x5); }
+    // (a.lo, b.lo) and (a.hi, b.hi): complex lane p of two registers paired
+    static VRX_INLINE R lows(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x20); }
+    static VRX_INLINE R highs(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x31); }
+    // c values from split arrays as (re, im) pairs, and back
+    static VRX_INLINE R loadSplit(const T* re, const T* im, int c) {
+        const __m128d r = c > 1 ? _mm_loadu_pd(re) : _mm_load_sd(re), i = c > 1 ? _mm_loadu_pd(im) : _mm_load_sd(im);
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_unpacklo_pd(r, i)), _mm_unpackhi_pd(r, i), 1);
+    }
+    static VRX_INLINE void storeSplit(T* re, T* im, int c, R v) {
+        const __m128d lo = _mm256_castpd256_pd128(v), hi = _mm256_extractf128_pd(v, 1);
+        const __m128d r = _mm_unpacklo_pd(lo, hi), i = _mm_unpackhi_pd(lo, hi);
+        if (c > 1) {
+            _mm_storeu_pd(re, r);
+            _mm_storeu_pd(im, i);
+        } else {
+            _mm_store_sd(re, r);
+            _mm_store_sd(im, i);
+        }
+    }
+};
+// 128-bit blocks (a.i, a.j, b.k, b.l) of two registers of double
+template <int I, int J, int K, int L> VRX_INLINE __m512d blocks2(__m512d a, __m512d b) {
+    return _mm512_shuffle_f64x2(a, b, I | J << 2 | K << 4 | L << 6);
+}
 }  // namespace n0::simd
