@@ -977,4 +977,33 @@ struct CPair {
         _mm_storeh_pd(ia, _mm256_castpd256_pd128(v));
     }
 };
+// ---- DFT engine: real recombination in the last pass, single-precision tiles
+// Split registers to interleaved pairs in reverse lane order: lo holds the
+// pairs of lanes N-1 .. N/2, hi those of lanes N/2-1 .. 0.
+VRX_INLINE void interleaveRev(__m512 re, __m512 im, __m512& lo, __m512& hi) {
+    const __m512i il = _mm512_setr_epi32(15, 31, 14, 30, 13, 29, 12, 28, 11, 27, 10, 26, 9, 25, 8, 24);
+    const __m512i ih = _mm512_setr_epi32(7, 23, 6, 22, 5, 21, 4, 20, 3, 19, 2, 18, 1, 17, 0, 16);
+    lo = _mm512_permutex2var_ps(re, il, im);
+    hi = _mm512_permutex2var_ps(re, ih, im);
+}
+VRX_INLINE void interleaveRev(__m512d re, __m512d im, __m512d& lo, __m512d& hi) {
+    const __m512i il = _mm512_setr_epi64(7, 15, 6, 14, 5, 13, 4, 12);
+    const __m512i ih = _mm512_setr_epi64(3, 11, 2, 10, 1, 9, 0, 8);
+    lo = _mm512_permutex2var_pd(re, il, im);
+    hi = _mm512_permutex2var_pd(re, ih, im);
+}
+
+// The float forms of unpackLo/unpackHi (32-bit elements), their 64-bit
+// pairs, and 128-bit blocks as blocks128 does for double.
+VRX_INLINE __m512 unpackLo(__m512 a, __m512 b) { return _mm512_unpacklo_ps(a, b); }
+VRX_INLINE __m512 unpackHi(__m512 a, __m512 b) { return _mm512_unpackhi_ps(a, b); }
+VRX_INLINE __m512 unpackLo64(__m512 a, __m512 b) {
+    return _mm512_castpd_ps(_mm512_unpacklo_pd(_mm512_castps_pd(a), _mm512_castps_pd(b)));
+}
+VRX_INLINE __m512 unpackHi64(__m512 a, __m512 b) {
+    return _mm512_castpd_ps(_mm512_unpackhi_pd(_mm512_castps_pd(a), _mm512_castps_pd(b)));
+}
+template <int I0, int I1, int I2, int I3> VRX_INLINE __m512 blocks128(__m512 a, __m512 b) {
+    return _mm512_shuffle_f32x4(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
+}
 }  // namespace n0::simd
