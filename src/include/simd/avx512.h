@@ -979,20 +979,18 @@ struct CPair {
 };
 // ---- DFT engine: real recombination in the last pass, single-precision tiles
 // Split registers to interleaved pairs in reverse lane order: lo holds the
-// pairs of lanes N-1 .. N/2, hi those of lanes N/2-1 .. 0.
+// pairs of lanes N-1 .. N/2, hi those of lanes N/2-1 .. 0 (the indices of
+// interleave, lane bits complemented; the constants fold).
 VRX_INLINE void interleaveRev(__m512 re, __m512 im, __m512& lo, __m512& hi) {
-    const __m512i il = _mm512_setr_epi32(15, 31, 14, 30, 13, 29, 12, 28, 11, 27, 10, 26, 9, 25, 8, 24);
-    const __m512i ih = _mm512_setr_epi32(7, 23, 6, 22, 5, 21, 4, 20, 3, 19, 2, 18, 1, 17, 0, 16);
-    lo = _mm512_permutex2var_ps(re, il, im);
-    hi = _mm512_permutex2var_ps(re, ih, im);
+    const __m512i il = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23), f = _mm512_set1_epi32(15);
+    lo = _mm512_permutex2var_ps(re, _mm512_xor_si512(il, f), im);
+    hi = _mm512_permutex2var_ps(re, _mm512_xor_si512(_mm512_add_epi32(il, _mm512_set1_epi32(8)), f), im);
 }
 VRX_INLINE void interleaveRev(__m512d re, __m512d im, __m512d& lo, __m512d& hi) {
-    const __m512i il = _mm512_setr_epi64(7, 15, 6, 14, 5, 13, 4, 12);
-    const __m512i ih = _mm512_setr_epi64(3, 11, 2, 10, 1, 9, 0, 8);
-    lo = _mm512_permutex2var_pd(re, il, im);
-    hi = _mm512_permutex2var_pd(re, ih, im);
+    const __m512i il = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11), f = _mm512_set1_epi64(7);
+    lo = _mm512_permutex2var_pd(re, _mm512_xor_si512(il, f), im);
+    hi = _mm512_permutex2var_pd(re, _mm512_xor_si512(_mm512_add_epi64(il, _mm512_set1_epi64(4)), f), im);
 }
-
 // The float forms of unpackLo/unpackHi (32-bit elements), their 64-bit
 // pairs, and 128-bit blocks as blocks128 does for double.
 VRX_INLINE __m512 unpackLo(__m512 a, __m512 b) { return _mm512_unpacklo_ps(a, b); }
