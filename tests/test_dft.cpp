@@ -149,10 +149,13 @@ template <class T> void accuracy(int N, bool allFlags) {
 // conjugated entries), the direct and the chirp paths; every flag on the
 // short lengths. 66-70: real halves at the register width with a one-bin
 // tail; 90 = 2·3·3·5, a short middle stage; 50, 72, 120, 180, 200: lengths
-// (or real halves) that run as two levels in registers.
+// (or real halves) that run as two levels in registers. 96: radix-4 tiles
+// of single precision with a half register left. Real halves whose last
+// pass takes the recombination: 136 (radix 4), 140 (2), 162 and 486 (3, odd
+// halves), 250 and 1000 (5; 1000 has the middle bin in a register of q).
 TEST(DftAccuracy, AllPaths) {
-    std::vector<int> lens = {20, 22, 24, 26, 27, 30, 31, 34, 36, 40, 45, 47, 48, 50, 53, 60, 66, 68, 70, 72, 89, 90, 97, 100, 120, 121, 169, 180,
-                             200, 210, 289, 298,
+    std::vector<int> lens = {20, 22, 24, 26, 27, 30, 31, 34, 36, 40, 45, 47, 48, 50, 53, 60, 66, 68, 70, 72, 89, 90, 96, 97, 100, 120, 121,
+                             136, 140, 162, 169, 180, 200, 210, 250, 289, 298, 486,
                              302, 323, 360, 625, 1000, 1024, 1536, 2310, 4095, 4096, 3 * 5 * 7 * 11, 3 * 3 * 3 * 3 * 3 * 3 * 3,
                              5 * 5 * 13 * 3, 7 * 7 * 11, 10007, 65535};
     for (int N = 1; N <= 18; ++N) lens.push_back(N);

@@ -486,6 +486,38 @@ VRX_INLINE void tileOut4x8(const Cx<VE<double>>* y, int valid, double* bRe, doub
     one(xi, bIm);
 }
 
+// Four float registers of four 128-bit blocks transposed as a 4 x 4 matrix
+// of blocks: o[v] holds blocks v of x0, x1, x2, x3.
+VRX_INLINE void blocks4x4(simd::V<float>::R x0, simd::V<float>::R x1, simd::V<float>::R x2, simd::V<float>::R x3,
+                          simd::V<float>::R* o) {
+    using Rg = simd::V<float>::R;
+    const Rg a = simd::blocks128<0, 1, 0, 1>(x0, x1), b = simd::blocks128<0, 1, 0, 1>(x2, x3);
+    const Rg c = simd::blocks128<2, 3, 2, 3>(x0, x1), d = simd::blocks128<2, 3, 2, 3>(x2, x3);
+    o[0] = simd::blocks128<0, 2, 0, 2>(a, b);
+    o[1] = simd::blocks128<1, 3, 1, 3>(a, b);
+    o[2] = simd::blocks128<0, 2, 0, 2>(c, d);
+    o[3] = simd::blocks128<1, 3, 1, 3>(c, d);
+}
+
+// The 4 x 16 tile of float registers y[r] (lane k: column k) stored as
+// 16 x 4 values b[4*k + r] (valid of them): 32-bit then 64-bit unpacks
+// leave column 4*b + c in block b of register c, and 128-bit block moves
+// gather the four columns of each output register.
+VRX_INLINE void tileOut4x16(const Cx<VE<float>>* y, int valid, float* bRe, float* bIm) {
+    using Rg = simd::V<float>::R;
+    auto one = [valid](Rg x0, Rg x1, Rg x2, Rg x3, float* b) {
+        const Rg t0 = simd::unpackLo(x0, x1), t1 = simd::unpackHi(x0, x1);
+        const Rg t2 = simd::unpackLo(x2, x3), t3 = simd::unpackHi(x2, x3);
+        const Rg u0 = simd::unpackLo64(t0, t2), u1 = simd::unpackHi64(t0, t2);
+        const Rg u2 = simd::unpackLo64(t1, t3), u3 = simd::unpackHi64(t1, t3);
+        Rg o[4];
+        blocks4x4(u0, u1, u2, u3, o);
+        for (int vo = 0; vo < 4 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
+    };
+    one(y[0].re.r, y[1].re.r, y[2].re.r, y[3].re.r, bRe);
+    one(y[0].im.r, y[1].im.r, y[2].im.r, y[3].im.r, bIm);
+}
+
 // Stage 0 (l = 1) of radix R (RC, or R at run time when RC is 0): the input
 // split or interleaved (Il), its imaginary parts negated for the inverse;
 // the output split.
@@ -514,6 +546,8 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
         }
         if constexpr ((RC == 4 || RC == 8) && sizeof(T) == 8) {
             tileOut4x8<RC>(y, R * cnt, bRe + k * R, bIm + k * R);
+        } else if constexpr (RC == 4) {
+            tileOut4x16(y, R * cnt, bRe + k * R, bIm + k * R);
         } else if constexpr (RC % 2 == 1 && sizeof(T) == 8) {
             // odd R: one permute per register puts every column in the lane it
             // takes in its output register; the outputs are then blends
@@ -670,6 +704,111 @@ void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const C
     else stageQ2<T, 5, 8, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
 }
 
+// The last pass of a real plan of even length (m = 1, at least two
+// registers of l) with the forward recombination into Perm (z interleaved,
+// H = l*R bins, the table's factors of bins 1 .. K = H/2, then their second
+// ones). Bin q + l*r pairs with H - q - l*r = (l - q) + l*(R-1-r): a
+// register of q from q0 and the reversed register of l - q take their radix
+// together, and output r of the one meets output R-1-r of the other. The
+// side of a lane whose bin is at most K is x (its factors read forward, the
+// others' reversed); the results go out as interleaved pairs, the partner
+// side reversed and last (bin K). Column q = 0 (bins l*r against l*(R-r))
+// runs in lane 0 alone. Registers of q near l/2 overlap their partners and
+// store the same values twice. The same operations as the pass and the
+// recombination, so the same bits.
+template <class T, int R>
+void stageRec(int64_t l, const Cx<T>* W, const T* aRe, const T* aIm, T* z, const T* tab) {
+    using S = simd::V<T>;
+    using Rg = typename S::R;
+    using M = typename S::M;
+    constexpr int NL = S::N;
+    const int64_t H = l * R, K = H / 2;
+    CV<T> v[R], ya[R], yb[R];
+    // mode 0: every lane's bin kA + i at most K (x is a); 1: none (x is b,
+    // the factors read reversed); 2: the first cA lanes
+    auto pair = [&](const CV<T>& a, const CV<T>& b, int64_t kA, auto mode) {
+        constexpr int md = decltype(mode)::value;
+        const int64_t o = H - kA - NL;  // factors of lanes on the b side read forward from here
+        Rg xr, xi, yr, yi, fa, fb;
+        M mA = 0;
+        if constexpr (md == 0) {
+            xr = a.re.r, xi = a.im.r, yr = b.re.r, yi = b.im.r;
+            fa = S::load(tab + kA - 1);
+            fb = S::load(tab + K + kA - 1);
+        } else if constexpr (md == 1) {
+            xr = b.re.r, xi = b.im.r, yr = a.re.r, yi = a.im.r;
+            fa = simd::reverseLanes(S::load(tab + o));
+            fb = simd::reverseLanes(S::load(tab + K + o));
+        } else {
+            const int cA = static_cast<int>(K - kA + 1);
+            mA = simd::tail<T>(cA);
+            const M mB = simd::tail<T>(NL - cA);
+            fa = S::blend(mA, simd::reverseLanes(S::loadm(mB, tab + o)), S::loadm(mA, tab + kA - 1));
+            fb = S::blend(mA, simd::reverseLanes(S::loadm(mB, tab + K + o)), S::loadm(mA, tab + K + kA - 1));
+            xr = S::blend(mA, b.re.r, a.re.r), xi = S::blend(mA, b.im.r, a.im.r);
+            yr = S::blend(mA, a.re.r, b.re.r), yi = S::blend(mA, a.im.r, b.im.r);
+        }
+        Rg Xr, Xi, Yr, Yi, lo, hi;
+        recFwdPair<S>(xr, xi, yr, yi, fa, fb, Xr, Xi, Yr, Yi);
+        Rg ar = Xr, ai = Xi, br = Yr, bi = Yi;  // new bins of the a and b sides
+        if constexpr (md == 1) ar = Yr, ai = Yi, br = Xr, bi = Xi;
+        if constexpr (md == 2) {
+            ar = S::blend(mA, Yr, Xr), ai = S::blend(mA, Yi, Xi);
+            br = S::blend(mA, Xr, Yr), bi = S::blend(mA, Xi, Yi);
+        }
+        simd::interleave(ar, ai, lo, hi);
+        S::store(z + 2 * kA, lo);
+        S::store(z + 2 * kA + NL, hi);
+        simd::interleaveRev(br, bi, lo, hi);
+        S::store(z + 2 * (o + 1), lo);
+        S::store(z + 2 * (o + 1) + NL, hi);
+    };
+    for (int64_t q0 = 1; q0 <= l / 2; q0 += NL) {
+        const int64_t qb = l - q0 - (NL - 1);
+        for (int j = 0; j < R; ++j) v[j] = {{S::load(aRe + q0 + l * j)}, {S::load(aIm + q0 + l * j)}};
+        dftR<T, VE<T>>(R, W, v, ya);
+        for (int j = 0; j < R; ++j)
+            v[j] = {{simd::reverseLanes(S::load(aRe + qb + l * j))}, {simd::reverseLanes(S::load(aIm + qb + l * j))}};
+        dftR<T, VE<T>>(R, W, v, yb);
+#pragma GCC unroll 8
+        for (int r = 0; r < R; ++r) {
+            const int64_t kA = q0 + l * r;
+            if (kA + NL - 1 <= K) pair(ya[r], yb[R - 1 - r], kA, std::integral_constant<int, 0>{});
+            else if (kA > K) pair(ya[r], yb[R - 1 - r], kA, std::integral_constant<int, 1>{});
+            else pair(ya[r], yb[R - 1 - r], kA, std::integral_constant<int, 2>{});
+        }
+    }
+    // column 0 in lane 0
+    const M m1 = simd::tail<T>(1);
+    for (int j = 0; j < R; ++j) v[j] = {{S::loadm(m1, aRe + l * j)}, {S::loadm(m1, aIm + l * j)}};
+    dftR<T, VE<T>>(R, W, v, ya);
+    const T p0 = S::first(ya[0].re.r), q0 = S::first(ya[0].im.r);
+    z[0] = p0 + q0;
+    z[1] = p0 - q0;
+    for (int r = 1; 2 * r <= R; ++r) {
+        const int64_t k = l * r;
+        Rg Xr, Xi, Yr, Yi;
+        recFwdPair<S>(ya[r].re.r, ya[r].im.r, ya[R - r].re.r, ya[R - r].im.r, S::set1(tab[k - 1]), S::set1(tab[K + k - 1]),
+                      Xr, Xi, Yr, Yi);
+        z[2 * k] = S::first(Xr);
+        z[2 * k + 1] = S::first(Xi);
+        z[2 * (H - k)] = S::first(Yr);
+        z[2 * (H - k) + 1] = S::first(Yi);
+    }
+}
+template <class T> bool recFits(int R, int64_t l) {
+    return R >= 2 && R <= 5 && l >= 2 * simd::V<T>::N;
+}
+template <class T>
+void runStageRec(int R, int64_t l, const Cx<T>* W, const T* aRe, const T* aIm, T* z, const T* tab) {
+    switch (R) {
+        case 2: stageRec<T, 2>(l, W, aRe, aIm, z, tab); return;
+        case 3: stageRec<T, 3>(l, W, aRe, aIm, z, tab); return;
+        case 4: stageRec<T, 4>(l, W, aRe, aIm, z, tab); return;
+        default: stageRec<T, 5>(l, W, aRe, aIm, z, tab); return;
+    }
+}
+
 // A later stage whose l finished sub-transforms are fewer than the lanes
 // (and m above 1): the registers run across t = q + l*k, contiguous in the
 // input for each j, c = l*floor(NL/l) lanes a register (whole groups of l),
@@ -725,13 +864,19 @@ void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, con
         const int valid = R * cnt;
         T* oRe = bRe + R * t0;
         T* oIm = bIm + R * t0;
-        if constexpr (R == 4 && sizeof(T) == 8) {
+        if constexpr (R == 4) {
             if (l == 4) {
-                // lanes 0-3 of register r are q = 0 .. 3 of r (kk = 0), lanes 4-7
-                // the same for kk = 1: whole 256-bit halves
+                // double: lanes 0-3 of register r are q = 0 .. 3 of r (kk = 0),
+                // lanes 4-7 the same for kk = 1, whole 256-bit halves; single:
+                // output register kk takes blocks kk of registers 0 .. 3
                 auto tile = [&](typename S::R y0, typename S::R y1, typename S::R y2, typename S::R y3, T* b) {
-                    const typename S::R o[4] = {simd::blocks128<0, 1, 0, 1>(y0, y1), simd::blocks128<0, 1, 0, 1>(y2, y3),
-                                                simd::blocks128<2, 3, 2, 3>(y0, y1), simd::blocks128<2, 3, 2, 3>(y2, y3)};
+                    typename S::R o[4];
+                    if constexpr (sizeof(T) == 8) {
+                        o[0] = simd::blocks128<0, 1, 0, 1>(y0, y1), o[1] = simd::blocks128<0, 1, 0, 1>(y2, y3);
+                        o[2] = simd::blocks128<2, 3, 2, 3>(y0, y1), o[3] = simd::blocks128<2, 3, 2, 3>(y2, y3);
+                    } else {
+                        blocks4x4(y0, y1, y2, y3, o);
+                    }
                     for (int vo = 0; vo < 4 && NL * vo < valid; ++vo) putTileReg<T>(b, vo, valid, o[vo]);
                 };
                 tile(y[0].re.r, y[1].re.r, y[2].re.r, y[3].re.r, oRe);
@@ -1209,9 +1354,9 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
                 // four rows of double: a transposition of 128-bit blocks
                 // (no index registers, no blends)
                 const Rg *r0 = &z[k0][b], *r1 = &z[k0 + 1][b], *r2 = &z[k0 + 2][b], *r3 = &z[k0 + 3][b];
-                const Rg t = p < 2 ? simd::blocks2<0, 1, 0, 1>(*r0, *r1) : simd::blocks2<2, 3, 2, 3>(*r0, *r1);
-                const Rg u = p < 2 ? simd::blocks2<0, 1, 0, 1>(*r2, *r3) : simd::blocks2<2, 3, 2, 3>(*r2, *r3);
-                return p % 2 == 0 ? simd::blocks2<0, 2, 0, 2>(t, u) : simd::blocks2<1, 3, 1, 3>(t, u);
+                const Rg t = p < 2 ? simd::blocks128<0, 1, 0, 1>(*r0, *r1) : simd::blocks128<2, 3, 2, 3>(*r0, *r1);
+                const Rg u = p < 2 ? simd::blocks128<0, 1, 0, 1>(*r2, *r3) : simd::blocks128<2, 3, 2, 3>(*r2, *r3);
+                return p % 2 == 0 ? simd::blocks128<0, 2, 0, 2>(t, u) : simd::blocks128<1, 3, 1, 3>(t, u);
             } else {
                 const TlIdx<T>& ti = kTlIdx<T>;
                 Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
@@ -1543,8 +1688,8 @@ namespace {
 // The passes of the complex engine (the lengths that do not run as two
 // levels in registers).
 template <class T>
-VRX_INLINE void pfPasses(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv,
-                         Cx<T>* work) {
+VRX_INLINE bool pfPasses(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv,
+                         Cx<T>* work, const T* rec) {
     const int64_t n = p->n;
     // the radix, twiddle rows and roots of each pass
     int Rs[kMaxRec + 1];
@@ -1616,7 +1761,7 @@ VRX_INLINE void pfPasses(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* d
             } else {
                 runStageQ2<T, true>(RA, RB, l, tws[st], Ws[st], Ws[st + 1], aRe, aIm, dRe, nullptr, inv);
             }
-            return;
+            return false;
         }
         target(st, bRe, bIm);
         const bool last = st == stages - 1;
@@ -1628,7 +1773,10 @@ VRX_INLINE void pfPasses(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* d
             if (!(2 * l <= simd::V<T>::N && m > 1 && runStageT<T>(R, l, m, tw, W, aRe, aIm, bRe, bIm)))
                 runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, bRe, bIm, false);
         }
-        else if (split) {
+        else if (rec && recFits<T>(R, l)) {
+            runStageRec<T>(R, l, W, aRe, aIm, dRe, rec);
+            return true;
+        } else if (split) {
             runStageQ<T, false>(R, l, m, tw, W, aRe, aIm, dRe, dIm, false);
             if (inv)
                 for (int64_t i = 0; i < n; ++i) dIm[i] = -dIm[i];
@@ -1637,24 +1785,26 @@ VRX_INLINE void pfPasses(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* d
         }
         l *= R;
     }
+    return false;
 }
 
 // Double calls the passes out of line: inline, they made the two-level
 // double length 60 measure a tenth slower; single keeps them inline (it
 // measured slower the other way).
 template <class T>
-__attribute__((noinline)) void pfPassesOut(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split,
-                                           bool inv, Cx<T>* work) {
-    pfPasses<T>(p, sRe, sIm, dRe, dIm, split, inv, work);
+__attribute__((noinline)) bool pfPassesOut(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split,
+                                           bool inv, Cx<T>* work, const T* rec) {
+    return pfPasses<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
 }
 
 }  // namespace
 
 template <class T>
-void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work) {
-    if (tlDispatch<T>(p->n, sRe, sIm, dRe, dIm, split, inv, static_cast<const T*>(p->rec[0].tw))) return;
-    if constexpr (sizeof(T) == 8) pfPassesOut<T>(p, sRe, sIm, dRe, dIm, split, inv, work);
-    else pfPasses<T>(p, sRe, sIm, dRe, dIm, split, inv, work);
+bool pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work,
+               const T* rec) {
+    if (tlDispatch<T>(p->n, sRe, sIm, dRe, dIm, split, inv, static_cast<const T*>(p->rec[0].tw))) return false;
+    if constexpr (sizeof(T) == 8) return pfPassesOut<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
+    else return pfPasses<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
 }
 
 template <class T> void pfReal(const Plan* p, T* d, bool inv) {
@@ -2082,7 +2232,7 @@ template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form
 
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
     template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int, int32_t*);   \
-    template void pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*);            \
+    template bool pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*, const T*);  \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
     template const Cx<T>* smallRoots<T>(int);                                                            \
     template void smallRunC<T>(int, bool, const T*, const T*, int, T*, T*, int, T);                     \

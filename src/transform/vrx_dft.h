@@ -98,9 +98,27 @@ void pfInit(Plan* p, Carver& c, const int* f, int count, int n, bool real, const
             int32_t* scratch);
 
 // Complex transform of length p->n: interleaved (split false: re pointers
-// only) or split arrays; work holds n complex values.
+// only) or split arrays; work holds n complex values. With rec (the forward
+// recombination table of a real plan of even length, interleaved forward
+// data), the last pass may also recombine into Perm: returns true if it did.
 template <class T>
-void pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work);
+bool pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work,
+               const T* rec = nullptr);
+
+// The forward recombination of a real plan of even length for a register of
+// bin pairs (S the register operations): x = z[k], y = z[H-k] as parts, the
+// factors (a, b) of bin k; d = (xr - yr, xi + yi), P = dr*b + a*di,
+// Q = di*b - a*dr, z[k] = (yr + P, Q - yi), z[H-k] = (xr - P, Q - xi).
+template <class S, class R>
+VRX_INLINE void recFwdPair(R xr, R xi, R yr, R yi, R a, R b, R& Xr, R& Xi, R& Yr, R& Yi) {
+    const R dr = S::sub(xr, yr), di = S::add(xi, yi);
+    const R P = S::add(S::mul(dr, b), S::mul(a, di));
+    const R Q = S::sub(S::mul(di, b), S::mul(a, dr));
+    Xr = S::add(yr, P);
+    Xi = S::sub(Q, yi);
+    Yr = S::sub(xr, P);
+    Yi = S::sub(Q, xi);
+}
 // Real transform of odd length in place in d: forward, N reals to the odd
 // form; inverse, the odd form to N reals (unscaled).
 template <class T> void pfReal(const Plan* p, T* d, bool inv);

@@ -408,14 +408,13 @@ template <class T, class Tr> struct Dft {
             const int64_t cnt = 2 * ((N + 3) / 4) + 2;
             T* rf = cs.take<T>(cnt);
             T* ri = cs.take<T>(cnt);
-            for (int64_t k = 1; k <= N / 4; ++k) {
+            const int64_t K = N / 4;
+            for (int64_t k = 1; k <= K; ++k) {
                 const C w = base[k];  // (cos, -sin)
-                int64_t cnt;
-                const int64_t at = recPos(k, N / 4, &cnt);
-                rf[at] = T(0.5) * w.re;
-                rf[at + cnt] = T(0.5) + T(0.5) * w.im;
-                ri[at] = w.re;
-                ri[at + cnt] = w.im;
+                rf[k - 1] = T(0.5) * w.re;
+                rf[K + k - 1] = T(0.5) + T(0.5) * w.im;
+                ri[k - 1] = w.re;
+                ri[K + k - 1] = w.im;
             }
             p->recFwdTab = rf;
             p->recInvTab = ri;
@@ -980,8 +979,15 @@ template <class T, class Tr> struct Dft {
                 const int H = p->n;
                 const CRef<T> s{const_cast<T*>(src), const_cast<T*>(src) + 1, 2};
                 const CRef<T> d{dst, dst + 1, 2};
-                if (VrxStatus st = pathC<false>(p, s, d, true, work)) return st;
-                recombineFwd(dst, H, static_cast<const T*>(p->recFwdTab));
+                const T* rt = static_cast<const T*>(p->recFwdTab);
+                // the engine's last pass may take the recombination with it
+                if (p->path == kPathPf) {
+                    if (!pfComplex<T>(p, src, nullptr, dst, nullptr, false, false, reinterpret_cast<C*>(work), rt))
+                        recombineFwd(dst, H, rt);
+                } else {
+                    if (VrxStatus st = pathC<false>(p, s, d, true, work)) return st;
+                    recombineFwd(dst, H, rt);
+                }
             }
             if (scale != T(0)) Tr::mulScalarI(scale, dst, N);
         }
@@ -1056,15 +1062,10 @@ template <class T, class Tr> struct Dft {
     // partners H-k .. H-k-G+1, in split registers: the two registers of
     // each side are split into real and imaginary parts (the partners
     // reversed by the same permute) and the results interleaved back.
-    // The table holds the two factors of each bin in groups of G bins in
-    // bin order, the first factors of a group, then its second ones (a
-    // short last group keeps them adjacent), so a step loads them straight.
+    // The table holds the first factors of bins 1 .. K (K = H/2), then their
+    // second ones, so a step (or any run of consecutive bins) loads them
+    // straight.
     static constexpr int kG = simd::V<T>::N;
-    static VRX_INLINE int64_t recPos(int64_t k, int64_t K, int64_t* cnt) {
-        const int64_t g0 = (k - 1) / kG * kG;
-        *cnt = K - g0 < kG ? K - g0 : kG;
-        return 2 * g0 + (k - 1 - g0);
-    }
     struct RecIdx {
         using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
         // ev/od: parts of bins 0..G-1 of a pair of registers; rev/rod: of
@@ -1111,7 +1112,7 @@ template <class T, class Tr> struct Dft {
         const auto step = [&](int64_t k, int64_t cnt, auto full) {
             T* px = z + 2 * k;
             T* py = z + 2 * (H - k - kG + 1);
-            const T* pt = tab + 2 * (k - 1);
+            const T* pt = tab + (k - 1);
             R x0, x1, y0, y1;
             RecParts q;
             M mx0{}, mx1{}, my0{}, my1{};
@@ -1121,7 +1122,7 @@ template <class T, class Tr> struct Dft {
                 y0 = S::load(py);
                 y1 = S::load(py + NL);
                 q.a = S::load(pt);
-                q.b = S::load(pt + kG);
+                q.b = S::load(pt + K);
             } else {
                 const int c2 = static_cast<int>(2 * cnt), lead = 2 * kG - c2;  // values of each side, lanes before y's
                 mx0 = simd::tail<T>(c2);
@@ -1134,7 +1135,7 @@ template <class T, class Tr> struct Dft {
                 y1 = S::loadm(my1, py + NL);
                 const M mt = simd::tail<T>(static_cast<int>(cnt));
                 q.a = S::loadm(mt, pt);
-                q.b = S::loadm(mt, pt + cnt);
+                q.b = S::loadm(mt, pt + K);
             }
             q.xr = S::permute2(x0, ev, x1);
             q.xi = S::permute2(x0, od, x1);
@@ -1162,9 +1163,7 @@ template <class T, class Tr> struct Dft {
     }
 
     // Half-length spectrum z (H complex values) to Perm, in place: with
-    // x = z[k], y = z[H-k] and the factors (a, b) of bin k,
-    // d = (xr - yr, xi + yi), P = dr*b + a*di, Q = di*b - a*dr,
-    // z[k] = (yr + P, Q - yi), z[H-k] = (xr - P, Q - xi).
+    // x = z[k], y = z[H-k] and the factors (a, b) of bin k (recFwdPair).
     static void recombineFwd(T* z, int64_t H, const T* tab) {
         using S = simd::V<T>;
         using R = typename S::R;
@@ -1172,13 +1171,7 @@ template <class T, class Tr> struct Dft {
         z[0] = p0 + q0;
         z[1] = p0 - q0;
         recSteps(z, H, tab, [](const RecParts& q, R& Xr, R& Xi, R& Yr, R& Yi) {
-            const R dr = S::sub(q.xr, q.yr), di = S::add(q.xi, q.yi);
-            const R P = S::add(S::mul(dr, q.b), S::mul(q.a, di));
-            const R Q = S::sub(S::mul(di, q.b), S::mul(q.a, dr));
-            Xr = S::add(q.yr, P);
-            Xi = S::sub(Q, q.yi);
-            Yr = S::sub(q.xr, P);
-            Yi = S::sub(Q, q.xi);
+            recFwdPair<S>(q.xr, q.xi, q.yr, q.yi, q.a, q.b, Xr, Xi, Yr, Yi);
         });
     }
     // Perm to twice the half-length spectrum, in place: with the factors

@@ -1025,8 +1025,32 @@ struct V256d {
         }
     }
 };
-// 128-bit blocks (a.i, a.j, b.k, b.l) of two registers of double
-template <int I, int J, int K, int L> VRX_INLINE __m512d blocks2(__m512d a, __m512d b) {
-    return _mm512_shuffle_f64x2(a, b, I | J << 2 | K << 4 | L << 6);
+
+// ---- DFT engine: real recombination in the last pass, single-precision tiles
+// Split registers to interleaved pairs in reverse lane order: lo holds the
+// pairs of lanes N-1 .. N/2, hi those of lanes N/2-1 .. 0 (the indices of
+// interleave, lane bits complemented; the constants fold).
+VRX_INLINE void interleaveRev(__m512 re, __m512 im, __m512& lo, __m512& hi) {
+    const __m512i il = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23), f = _mm512_set1_epi32(15);
+    lo = _mm512_permutex2var_ps(re, _mm512_xor_si512(il, f), im);
+    hi = _mm512_permutex2var_ps(re, _mm512_xor_si512(_mm512_add_epi32(il, _mm512_set1_epi32(8)), f), im);
+}
+VRX_INLINE void interleaveRev(__m512d re, __m512d im, __m512d& lo, __m512d& hi) {
+    const __m512i il = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11), f = _mm512_set1_epi64(7);
+    lo = _mm512_permutex2var_pd(re, _mm512_xor_si512(il, f), im);
+    hi = _mm512_permutex2var_pd(re, _mm512_xor_si512(_mm512_add_epi64(il, _mm512_set1_epi64(4)), f), im);
+}
+// The float forms of unpackLo/unpackHi (32-bit elements), their 64-bit
+// pairs, and 128-bit blocks as blocks128 does for double.
+VRX_INLINE __m512 unpackLo(__m512 a, __m512 b) { return _mm512_unpacklo_ps(a, b); }
+VRX_INLINE __m512 unpackHi(__m512 a, __m512 b) { return _mm512_unpackhi_ps(a, b); }
+VRX_INLINE __m512 unpackLo64(__m512 a, __m512 b) {
+    return _mm512_castpd_ps(_mm512_unpacklo_pd(_mm512_castps_pd(a), _mm512_castps_pd(b)));
+}
+VRX_INLINE __m512 unpackHi64(__m512 a, __m512 b) {
+    return _mm512_castpd_ps(_mm512_unpackhi_pd(_mm512_castps_pd(a), _mm512_castps_pd(b)));
+}
+template <int I0, int I1, int I2, int I3> VRX_INLINE __m512 blocks128(__m512 a, __m512 b) {
+    return _mm512_shuffle_f32x4(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
 }
 }  // namespace n0::simd
