@@ -68,6 +68,17 @@ template <int C, bool Perm> struct LaneFoldTw {
 };
 template <int C, bool Perm> inline constexpr LaneFoldTw<C, Perm> kLaneFoldTw{};
 
+// 4 x 4 transposes within each 128-bit lane: o[m] lane L element j = r[j]
+// lane L element m.
+VRX_INLINE void inLaneTranspose4f(const __m512* r, __m512* o) {
+    const __m512 t0 = _mm512_unpacklo_ps(r[0], r[1]), t1 = _mm512_unpackhi_ps(r[0], r[1]);
+    const __m512 t2 = _mm512_unpacklo_ps(r[2], r[3]), t3 = _mm512_unpackhi_ps(r[2], r[3]);
+    o[0] = asPs(_mm512_unpacklo_pd(asPd(t0), asPd(t2)));
+    o[1] = asPs(_mm512_unpackhi_pd(asPd(t0), asPd(t2)));
+    o[2] = asPs(_mm512_unpacklo_pd(asPd(t1), asPd(t3)));
+    o[3] = asPs(_mm512_unpackhi_pd(asPd(t1), asPd(t3)));
+}
+
 // A transform of N = 32*C floats, 32 rows of C = 16*Q columns (Q = 1, 2
 // or 4), x[C*n1 + n2], in two sweeps over a stack buffer y. Sweep one,
 // per group h of 16 columns: transforms of length 32 down the rows, a
@@ -149,15 +160,25 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
         for (int q = 0; q < Q; ++q) {
             G c[16];
             {
-                typename W::R rr[V], ri[V], tr[V], ti[V];
-#pragma GCC unroll 16
-                for (int j = 0; j < V; ++j) {
-                    const int k1 = V * b + (O == Out::Cx ? pairLane<float>(j) : j);
-                    rr[j] = W::load(y + 2 * (C * k1 + V * q));
-                    ri[j] = W::load(y + 2 * (C * k1 + V * q) + V);
-                }
-                transposeReals(rr, tr);
-                transposeReals(ri, ti);
+                // tr[p] lane e = row(e) column p: the 128-bit pieces of four
+                // columns of rows e = 4L + j gathered into lanes L, then
+                // transposed within the lanes
+                typename W::R tr[V], ti[V];
+#pragma GCC unroll 2
+                for (int part = 0; part < 2; ++part)
+#pragma GCC unroll 4
+                    for (int g = 0; g < 4; ++g) {
+                        __m512 m[4];
+#pragma GCC unroll 4
+                        for (int j = 0; j < 4; ++j) {
+                            auto at = [&](int e) __attribute__((always_inline)) {
+                                const int k1 = V * b + (O == Out::Cx ? pairLane<float>(e) : e);
+                                return y + 2 * (C * k1 + V * q) + V * part + 4 * g;
+                            };
+                            m[j] = simd::load4x128(at(j), at(4 + j), at(8 + j), at(12 + j));
+                        }
+                        inLaneTranspose4f(m, (part ? ti : tr) + 4 * g);
+                    }
 #pragma GCC unroll 16
                 for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<float>(p)] = {tr[p], ti[p]};
             }

@@ -46,10 +46,23 @@ template <bool Inv> VRX_INLINE simd::V<double>::R rotSign() {
     using W = simd::V<double>;
     return Inv ? W::set2(-1.0, 1.0) : W::set2(1.0, -1.0);
 }
-template <bool Inv> VRX_INLINE void bfly4d(CVd a0, CVd a1, CVd a2, CVd a3, CVd* o) {
+// Rot2: a2 is taken as a2 * (-i) (forward; +i inverse), the pair swap
+// times the signs folded into a0 +- a2 as above (the bits of rotating
+// first).
+template <bool Inv, bool Rot2 = false> VRX_INLINE void bfly4d(CVd a0, CVd a1, CVd a2, CVd a3, CVd* o) {
     using W = simd::V<double>;
-    const CVd t0 = a0 + a2, t1 = a0 - a2, t2 = CVd::addM(a1, a3);
-    const W::R s = W::swapPair(CVd::subM(a1, a3).v), sg = rotSign<Inv>();
+    const W::R sg = rotSign<Inv>();
+    CVd t0, t1;
+    if constexpr (Rot2) {
+        const W::R r = W::swapPair(a2.v);
+        t0 = {W::fma(r, sg, a0.v)};
+        t1 = {W::fnma(r, sg, a0.v)};
+    } else {
+        t0 = a0 + a2;
+        t1 = a0 - a2;
+    }
+    const CVd t2 = CVd::addM(a1, a3);
+    const W::R s = W::swapPair(CVd::subM(a1, a3).v);
     o[0] = t0 + t2;
     o[1] = {W::fma(s, sg, t1.v)};
     o[2] = t0 - t2;
@@ -196,7 +209,6 @@ template <bool Inv, class Ld, class St> VRX_INLINE void dft16d(Ld ld, St st) {
     y[1][2].v = w16d<Inv, 2>(y[1][2].v);
     y[1][3].v = w16d<Inv, 3>(y[1][3].v);
     y[2][1].v = w16d<Inv, 2>(y[2][1].v);
-    y[2][2].v = w16d<Inv, 4>(y[2][2].v);
     y[2][3].v = w16d<Inv, 6>(y[2][3].v);
     y[3][1].v = w16d<Inv, 3>(y[3][1].v);
     y[3][2].v = w16d<Inv, 6>(y[3][2].v);
@@ -204,7 +216,9 @@ template <bool Inv, class Ld, class St> VRX_INLINE void dft16d(Ld ld, St st) {
 #pragma GCC unroll 4
     for (int k1 = 0; k1 < 4; ++k1) {
         CVd o[4];
-        bfly4d<Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+        // y[2][2] is still to be multiplied by W_16^4 = -i: folded into its butterfly
+        if (k1 == 2) bfly4d<Inv, true>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
+        else bfly4d<Inv>(y[0][k1], y[1][k1], y[2][k1], y[3][k1], o);
 #pragma GCC unroll 4
         for (int k2 = 0; k2 < 4; ++k2) st(k1 + 4 * k2, o[k2]);
     }
@@ -335,9 +349,19 @@ template <bool Inv, bool Split>
         };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m + 1); },
                     [&](int k, CVd v) __attribute__((always_inline)) {
-                        const W::R t = w32sel<Inv>(k, v.v);
                         const W::R ek = W::load(e + 8 * k);
-                        const W::R x0 = put(k, W::add(ek, t)), x1 = put(k + 16, W::sub(ek, t));
+                        W::R s0, s1;
+                        if (k == 8) {
+                            // W_32^8 = -i: the rotation folded into the sums
+                            const W::R r = W::swapPair(v.v);
+                            s0 = W::fma(r, rotSign<Inv>(), ek);
+                            s1 = W::fnma(r, rotSign<Inv>(), ek);
+                        } else {
+                            const W::R t = w32sel<Inv>(k, v.v);
+                            s0 = W::add(ek, t);
+                            s1 = W::sub(ek, t);
+                        }
+                        const W::R x0 = put(k, s0), x1 = put(k + 16, s1);
                         if (k % 2 == 0) {
                             a[k] = x0;
                             b[k] = x1;

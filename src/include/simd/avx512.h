@@ -1054,3 +1054,12 @@ template <int I0, int I1, int I2, int I3> VRX_INLINE __m512 blocks128(__m512 a, 
     return _mm512_shuffle_f32x4(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
 }
 }  // namespace n0::simd
+
+// ---- gathers of 128-bit pieces (the FFT's 32-bit two-sweep transposes)
+namespace n0::simd {
+// 128-bit lane L of the result: the four floats at p[L] (16-byte aligned).
+VRX_INLINE __m512 load4x128(const float* p0, const float* p1, const float* p2, const float* p3) {
+    const __m512 a = _mm512_insertf32x4(_mm512_castps128_ps512(_mm_load_ps(p0)), _mm_load_ps(p1), 1);
+    return _mm512_insertf32x4(_mm512_insertf32x4(a, _mm_load_ps(p2), 2), _mm_load_ps(p3), 3);
+}
+}  // namespace n0::simd
