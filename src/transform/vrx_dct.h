@@ -438,8 +438,10 @@ template <class T> void kernelInv(int N, const T* y, T* x) {
 // Lanes in reverse order.
 template <class T> VRX_INLINE typename simd::V<T>::R rev(typename simd::V<T>::R a) { return simd::reverseLanes(a); }
 
-// t[j] = x[2j], t[N-1-j] = x[2j+1], j < N/2.
-template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
+// t[j] = x[2j], t[N-1-j] = x[2j+1], j < N/2; each register of t passes
+// through f(v, at, m) on its way out (at: the index in t of lane 0, m: the
+// lanes written).
+template <class T, class Fn> void splitEvenOdd(const T* x, T* t, int64_t N, Fn f) {
     using F = simd::V<T>;
     constexpr int L = F::N;
     const int64_t H = N / 2;
@@ -450,26 +452,35 @@ template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
         lo = F::loadm(simd::tail<T>(n >= L / 2 ? L : 2 * n), x + 2 * j);
         hi = F::loadm(simd::tail<T>(n > L / 2 ? 2 * n - L : 0), x + 2 * j + L);
         simd::deinterleave(lo, hi, ev, od);
-        F::storem(t + j, m, ev);
+        F::storem(t + j, m, f(ev, j, m));
         // lane l of the reversed odd values is x[2(j + L-1-l) + 1]: stored at t[N-1-j-(L-1)+l]
-        F::storem(t + N - j - L, static_cast<typename F::M>(~simd::tail<T>(L - n)), rev<T>(od));
+        const typename F::M mo = static_cast<typename F::M>(~simd::tail<T>(L - n));
+        F::storem(t + N - j - L, mo, f(rev<T>(od), N - j - L, mo));
     }
 }
+template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
+    splitEvenOdd<T>(x, t, N, [](auto v, int64_t, auto) { return v; });
+}
 
-// x[2j] = t[j], x[2j+1] = t[N-1-j], j < N/2.
-template <class T> void joinEvenOdd(const T* t, T* x, int64_t N) {
+// x[2j] = t[j], x[2j+1] = t[N-1-j], j < N/2; each register of t passes
+// through f(v, at, m) as it is read.
+template <class T, class Fn> void joinEvenOdd(const T* t, T* x, int64_t N, Fn f) {
     using F = simd::V<T>;
     constexpr int L = F::N;
     const int64_t H = N / 2;
     for (int64_t j = 0; j < H; j += L) {
         const int64_t n = H - j < L ? H - j : L;
-        const typename F::R ev = F::loadm(simd::tail<T>(n), t + j);
-        const typename F::R od = rev<T>(F::loadm(static_cast<typename F::M>(~simd::tail<T>(L - n)), t + N - j - L));
+        const typename F::M m = simd::tail<T>(n), mo = static_cast<typename F::M>(~simd::tail<T>(L - n));
+        const typename F::R ev = f(F::loadm(m, t + j), j, m);
+        const typename F::R od = rev<T>(f(F::loadm(mo, t + N - j - L), N - j - L, mo));
         typename F::R lo, hi;
         simd::interleave(ev, od, lo, hi);
         F::storem(x + 2 * j, simd::tail<T>(n >= L / 2 ? L : 2 * n), lo);
         F::storem(x + 2 * j + L, simd::tail<T>(n > L / 2 ? 2 * n - L : 0), hi);
     }
+}
+template <class T> void joinEvenOdd(const T* t, T* x, int64_t N) {
+    joinEvenOdd<T>(t, x, N, [](auto v, int64_t, auto) { return v; });
 }
 
 // Forward rotation: y[k] = pi*im - re*pr, y[N-k] = pr*im + pi*re, k = 1 .. N/2-1.
@@ -852,18 +863,17 @@ template <class T> void directInv(const Plan* p, const T* y, T* x) {
 
 // ------------------------------------------------------------ chirp path
 
-// The convolution with the conjugate chirp: zeros past len, the forward
-// FFT, the product with filterTab, the inverse FFT. The product with the
-// chirp that finishes it is left to the caller's final pass.
+// The convolution with the conjugate chirp of a, which holds the chirp
+// product and zeros up to M: the forward FFT, the product with filterTab,
+// the inverse FFT. The product with the chirp that finishes it is left to
+// the caller's final pass.
 template <class T>
-VrxStatus convolve(const Plan* p, typename Width<T>::C* a, int64_t len, uint8_t* work) {
+VrxStatus convolve(const Plan* p, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
-    const int M = p->convLength;
     const auto* inner = static_cast<const typename W::CPlan*>(p->innerPlan);
-    if (VrxStatus st = W::zero(a + len, M - static_cast<int>(len))) return st;
     if (VrxStatus st = W::cFwd(a, inner, work)) return st;
-    if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, M)) return st;
+    if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, p->convLength)) return st;
     return W::cInv(a, inner, work);
 }
 
@@ -886,17 +896,16 @@ template <class T> struct CV {
     static VRX_INLINE void loadRev(const typename Width<T>::C* c, int64_t cnt, R& re, R& im) {
         const T* p = &(c - (L - 1))->re;
         const int64_t skip = 2 * (L - cnt);
-        R a, b;
-        simd::deinterleave(F::loadm(static_cast<M>(~lo(skip)), p), F::loadm(static_cast<M>(~hi(skip)), p + L), a, b);
-        re = simd::reverseLanes(a);
-        im = simd::reverseLanes(b);
+        const R a = F::loadm(static_cast<M>(~lo(skip)), p), b = F::loadm(static_cast<M>(~hi(skip)), p + L);
+        re = simd::evenLanesReversed(a, b);
+        im = simd::oddLanesReversed(a, b);
     }
     // c[-l] = lane l, l < cnt
     static VRX_INLINE void storeRev(typename Width<T>::C* c, int64_t cnt, R re, R im) {
         T* p = &(c - (L - 1))->re;
         const int64_t skip = 2 * (L - cnt);
         R a, b;
-        simd::interleave(simd::reverseLanes(re), simd::reverseLanes(im), a, b);
+        simd::interleaveReversed(re, im, a, b);
         F::storem(p, static_cast<M>(~lo(skip)), a);
         F::storem(p + L, static_cast<M>(~hi(skip)), b);
     }
@@ -924,18 +933,45 @@ template <class T> struct CV {
     }
 };
 
+// Interleaved pairs: L/2 complex values per register, (re, im) lanes.
+template <class T> struct CP {
+    using F = simd::V<T>;
+    using R = typename F::R;
+    using M = typename F::M;
+    static constexpr int L = F::N, P = L / 2;
+    static VRX_INLINE R negOdd(R a) { return F::xorb(a, F::set2(T(0), T(-0.0))); }
+    // the pairs c[i .. i+cnt) (reals of c, pair index i)
+    static VRX_INLINE R load(const T* c, int64_t i, int64_t cnt) { return F::loadm(simd::tail<T>(2 * cnt), c + 2 * i); }
+    // pairs in register r of a group of L starting at pair k0, cnt pairs in the group
+    static VRX_INLINE int64_t count(int64_t cnt, int r) {
+        const int64_t c = cnt - r * P;
+        return c < 0 ? 0 : c > P ? P : c;
+    }
+    // reals c[from .. to) = 0, from even, to a multiple of L
+    static VRX_INLINE void zero(T* c, int64_t from, int64_t to) {
+        const int64_t r = from % L;
+        if (r) {
+            F::storem(c + from, simd::tail<T>(L - r), F::zero());
+            from += L - r;
+        }
+        for (; from < to; from += L) F::store(c + from, F::zero());
+    }
+};
+
 template <class T>
 VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
     using V = CV<T>;
+    using Q = CP<T>;
     using F = typename V::F;
     using R = typename V::R;
-    constexpr int L = V::L;
-    const int64_t N = p->length;
+    constexpr int L = V::L, P = Q::P;
+    const int64_t N = p->length, M = p->convLength;
     const C* chirp = static_cast<const C*>(p->chirpTab);
     const C* post = static_cast<const C*>(p->postTab);
     const T c0 = static_cast<T>(p->scale0);
+    T* at = &a->re;
     if (N & 1) {
         for (int64_t n = 0; n < N; n += L) {
             const int64_t c = N - n < L ? N - n : L;
@@ -944,23 +980,31 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
             const R v = V::loadR(x + n, c);
             V::store(a + n, c, F::mul(v, wr), F::mul(v, wi));
         }
-        if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
-        // rotTab holds postTab times the chirp
-        const C* rot = static_cast<const C*>(p->rotTab);
+        Q::zero(at, 2 * N, 2 * M);
+        if (VrxStatus st = convolve<T>(p, a, work)) return st;
+        // rotTab holds postTab times the chirp: y = re(rot a), the part products
+        // of two registers of pairs split into real and imaginary lanes
+        const T* rot = static_cast<const T*>(static_cast<const void*>(p->rotTab));
         for (int64_t k = 0; k < N; k += L) {
             const int64_t c = N - k < L ? N - k : L;
-            R pr, pi, ar, ai;
-            V::load(rot + k, c, pr, pi);
-            V::load(a + k, c, ar, ai);
-            V::storeR(y + k, c, F::sub(F::mul(pr, ar), F::mul(pi, ai)));
+            R re, im;
+            simd::deinterleave(F::mul(Q::load(rot, k, Q::count(c, 0)), Q::load(at, k, Q::count(c, 0))),
+                               F::mul(Q::load(rot, k + P, Q::count(c, 1)), Q::load(at, k + P, Q::count(c, 1))), re, im);
+            V::storeR(y + k, c, F::sub(re, im));
         }
         return vrxOk;
     }
     const int64_t h = N / 2;
-    // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h)
-    splitEvenOdd<T>(x, &a->re, N);
-    if (VrxStatus st = W::mulI(chirp, a, static_cast<int>(h))) return st;
-    if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
+    const T* ch = &chirp->re;
+    // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h),
+    // times the chirp (the library's complex product, chirp first) on the way, then zeros
+    splitEvenOdd<T>(x, at, N, [ch](R v, int64_t i, typename F::M m) { return simd::cmul<T>(F::loadm(m, ch + i), v); });
+    if (h & 1) {  // the pair of t[h-1] and t[h] was split between the registers: (x[N-2], x[N-1])
+        const typename F::M m2 = simd::tail<T>(2);
+        F::storem(at + h - 1, m2, simd::cmul<T>(F::loadm(m2, ch + h - 1), F::loadm(m2, x + N - 2)));
+    }
+    Q::zero(at, N, 2 * M);
+    if (VrxStatus st = convolve<T>(p, a, work)) return st;
     const C* rot = static_cast<const C*>(p->rotTab);
     const T z0r = a[0].re * chirp[0].re - a[0].im * chirp[0].im;
     const T z0i = a[0].re * chirp[0].im + a[0].im * chirp[0].re;
@@ -1003,12 +1047,15 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
     using W = Width<T>;
     using C = typename W::C;
     using V = CV<T>;
+    using Q = CP<T>;
     using F = typename V::F;
     using R = typename V::R;
-    constexpr int L = V::L;
-    const int64_t N = p->length;
+    constexpr int L = V::L, P = Q::P;
+    const int64_t N = p->length, M = p->convLength;
     const C* rot = static_cast<const C*>(p->rotTab);
     const C* post = static_cast<const C*>(p->postTab);
+    T* at = &a->re;
+    const T* ch = &static_cast<const C*>(p->chirpTab)->re;
     if (N & 1) {
         for (int64_t k = 0; k < N; k += L) {
             const int64_t c = N - k < L ? N - k : L;
@@ -1017,14 +1064,15 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
             const R v = V::loadR(y + k, c);
             V::store(a + k, c, F::mul(v, wr), F::mul(v, wi));
         }
-        if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
-        const C* chirp = static_cast<const C*>(p->chirpTab);
+        Q::zero(at, 2 * N, 2 * M);
+        if (VrxStatus st = convolve<T>(p, a, work)) return st;
+        // x = re(a chirp): the part products of two registers of pairs split into real and imaginary lanes
         for (int64_t n = 0; n < N; n += L) {
             const int64_t c = N - n < L ? N - n : L;
-            R ar, ai, wr, wi;
-            V::load(a + n, c, ar, ai);
-            V::load(chirp + n, c, wr, wi);
-            V::storeR(x + n, c, F::sub(F::mul(ar, wr), F::mul(ai, wi)));
+            R re, im;
+            simd::deinterleave(F::mul(Q::load(at, n, Q::count(c, 0)), Q::load(ch, n, Q::count(c, 0))),
+                               F::mul(Q::load(at, n + P, Q::count(c, 1)), Q::load(ch, n + P, Q::count(c, 1))), re, im);
+            V::storeR(x + n, c, F::sub(re, im));
         }
         return vrxOk;
     }
@@ -1069,17 +1117,16 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         V::mul(zr, zi, wr, wi);
         V::storeRev(a + h - k, c, zr, zi);
     }
-    if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
+    Q::zero(at, N, 2 * M);
+    if (VrxStatus st = convolve<T>(p, a, work)) return st;
     // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
-    for (int64_t j = 0; j < h; j += L) {
-        const int64_t c = h - j < L ? h - j : L;
-        R ar, ai, wr, wi;
-        V::load(a + j, c, ar, ai);
-        V::load(chirp + j, c, wr, wi);
-        V::mul(ar, ai, wr, wi);
-        V::store(a + j, c, ar, F::neg(ai));
+    joinEvenOdd<T>(at, x, N, [ch](R v, int64_t i, typename F::M m) {
+        return Q::negOdd(simd::cmulRound<T>(v, F::loadm(m, ch + i)));
+    });
+    if (h & 1) {  // the pair of t[h-1] and t[h] was split between the registers
+        const typename F::M m2 = simd::tail<T>(2);
+        F::storem(x + N - 2, m2, Q::negOdd(simd::cmulRound<T>(F::loadm(m2, at + h - 1), F::loadm(m2, ch + h - 1))));
     }
-    joinEvenOdd<T>(&a->re, x, N);
     return vrxOk;
 }
 
