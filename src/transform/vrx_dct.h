@@ -1012,8 +1012,8 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     // B = -i (Z(k) - conj Z(h-k)). Outputs k and h-k come from one pair of
     // Z values: A and B of h-k are the conjugates of those of k.
     const int64_t half = h / 2;
-    for (int64_t k = 1; k <= half; k += L) {
-        const int64_t c = half + 1 - k < L ? half + 1 - k : L;
+    // whole groups with the count a constant, then the rest
+    const auto group = [&](int64_t k, int64_t c) __attribute__((always_inline)) {
         R zr, zi, mr, mi, rr, ri, pr, pi, wr, wi;
         V::load(a + k, c, zr, zi);
         V::load(chirp + k, c, wr, wi);
@@ -1036,7 +1036,10 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
         vi = F::sub(F::sub(F::mul(ri, Br), F::mul(rr, Bi)), Ai);
         V::storeRRev(y + h - k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
         V::storeR(y + N - h + k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
-    }
+    };
+    int64_t k = 1;
+    for (; k + L - 1 <= half; k += L) group(k, L);
+    if (k <= half) group(k, half + 1 - k);
     y[0] = (z0r + z0i) * c0;
     y[h] = (z0r - z0i) * c0;
     return vrxOk;
@@ -1093,8 +1096,8 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
     // k and h-k from one pair P = R'(k), Q = conj R'(h-k): for h-k the sum
     // is (Ar, -Ai) and the difference (-Dr, Di)
     const int64_t half = h / 2;
-    for (int64_t k = 1; k <= half; k += L) {
-        const int64_t c = half + 1 - k < L ? half + 1 - k : L;
+    // whole groups with the count a constant, then the rest
+    const auto group = [&](int64_t k, int64_t c) __attribute__((always_inline)) {
         R gr, gi, hr, hi, cr, ci;
         V::load(post + k, c, gr, gi);
         V::loadRev(post + h - k, c, hr, hi);
@@ -1116,7 +1119,10 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         V::loadRev(chirp + h - k, c, wr, wi);
         V::mul(zr, zi, wr, wi);
         V::storeRev(a + h - k, c, zr, zi);
-    }
+    };
+    int64_t k = 1;
+    for (; k + L - 1 <= half; k += L) group(k, L);
+    if (k <= half) group(k, half + 1 - k);
     Q::zero(at, N, 2 * M);
     if (VrxStatus st = convolve<T>(p, a, work)) return st;
     // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
