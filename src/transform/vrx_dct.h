@@ -873,7 +873,11 @@ VrxStatus convolve(const Plan* p, typename Width<T>::C* a, uint8_t* work) {
     using C = typename W::C;
     const auto* inner = static_cast<const typename W::CPlan*>(p->innerPlan);
     if (VrxStatus st = W::cFwd(a, inner, work)) return st;
-    if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, p->convLength)) return st;
+    // the product with filterTab as the library's complex multiply forms it (filter first)
+    using F = simd::V<T>;
+    const T* f = &static_cast<const C*>(p->filterTab)->re;
+    T* b = &a->re;
+    for (int64_t i = 0, n = 2 * int64_t(p->convLength); i < n; i += F::N) F::store(b + i, simd::cmul<T>(F::load(f + i), F::load(b + i)));
     return W::cInv(a, inner, work);
 }
 
