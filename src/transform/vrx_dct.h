@@ -1041,9 +1041,22 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
         V::storeRRev(y + h - k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
         V::storeR(y + N - h + k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
     };
+    // for even h the middle k = h/2 is its own partner: alone below, as the
+    // h-k side that the groups would write last
+    const int64_t last = half - (h & 1 ? 0 : 1);
     int64_t k = 1;
-    for (; k + L - 1 <= half; k += L) group(k, L);
-    if (k <= half) group(k, half + 1 - k);
+    for (; k + L - 1 <= last; k += L) group(k, L);
+    if (k <= last) group(k, last + 1 - k);
+    if (!(h & 1)) {
+        const int64_t m = half;
+        const T zr = a[m].re * chirp[m].re - a[m].im * chirp[m].im;
+        const T zi = a[m].re * chirp[m].im + a[m].im * chirp[m].re;
+        const T Ar = zr + zr, Ai = zi - zi, Br = zi + zi, Bi = zr - zr;
+        const T rr = rot[m].re, ri = rot[m].im, pr = post[m].re, pi = post[m].im;
+        const T vr = Ar + (rr * Br + ri * Bi), vi = (ri * Br - rr * Bi) - Ai;
+        y[m] = pr * vr + pi * vi;
+        y[N - m] = pi * vr - pr * vi;
+    }
     y[0] = (z0r + z0i) * c0;
     y[h] = (z0r - z0i) * c0;
     return vrxOk;
@@ -1124,9 +1137,24 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         V::mul(zr, zi, wr, wi);
         V::storeRev(a + h - k, c, zr, zi);
     };
+    // for even h the middle k = h/2 is its own partner: alone below, as the
+    // h-k side that the groups would write last
+    const int64_t last = half - (h & 1 ? 0 : 1);
     int64_t k = 1;
-    for (; k + L - 1 <= half; k += L) group(k, L);
-    if (k <= half) group(k, half + 1 - k);
+    for (; k + L - 1 <= last; k += L) group(k, L);
+    if (k <= last) group(k, last + 1 - k);
+    if (!(h & 1)) {
+        const int64_t m = half;
+        const T u = y[m], v = y[N - m], gr = post[m].re, gi = post[m].im;
+        const T pr = gr * u + gi * v, pi = gi * u - gr * v;
+        const T qr = gr * u + gi * v, qi = -(gi * u - gr * v);
+        const T Ar = pr + qr, Ai = pi + qi, Dr = pr - qr, Di = pi - qi;
+        const T cr = rot[m].re, ci = rot[m].im;
+        const T fr = cr * Dr + ci * Di, fi = cr * Di - ci * Dr;
+        const T zr = Ar - fi, zi = Ai + fr, wr = chirp[m].re, wi = chirp[m].im;
+        a[m].re = zr * wr - zi * wi;
+        a[m].im = zr * wi + zi * wr;
+    }
     Q::zero(at, N, 2 * M);
     if (VrxStatus st = convolve<T>(p, a, work)) return st;
     // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
