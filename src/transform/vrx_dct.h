@@ -62,7 +62,6 @@ template <class T> struct WidthCalls {
     static VrxStatus rInv(T* d, const RPlan* p, uint8_t* b) { return R::invPermI(d, p, b); }
     static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return X::fwdI(d, p, b); }
     static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return X::invI(d, p, b); }
-    static VrxStatus mulI(const C* s, C* d, int n) { return X::mulI(s, d, n); }
     static VrxStatus zero(C* d, int n) { return X::zero(d, n); }
 };
 template <class T> struct Width;
@@ -877,7 +876,8 @@ VrxStatus convolve(const Plan* p, typename Width<T>::C* a, uint8_t* work) {
     using F = simd::V<T>;
     const T* f = &static_cast<const C*>(p->filterTab)->re;
     T* b = &a->re;
-    for (int64_t i = 0, n = 2 * int64_t(p->convLength); i < n; i += F::N) F::store(b + i, simd::cmul<T>(F::load(f + i), F::load(b + i)));
+    for (int64_t i = 0, n = 2 * int64_t(p->convLength); i < n; i += F::N)
+        F::store(b + i, simd::cmul<T>(F::load(f + i), F::load(b + i)));
     return W::cInv(a, inner, work);
 }
 
@@ -988,7 +988,7 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
         if (VrxStatus st = convolve<T>(p, a, work)) return st;
         // rotTab holds postTab times the chirp: y = re(rot a), the part products
         // of two registers of pairs split into real and imaginary lanes
-        const T* rot = static_cast<const T*>(static_cast<const void*>(p->rotTab));
+        const T* rot = static_cast<const T*>(p->rotTab);
         for (int64_t k = 0; k < N; k += L) {
             const int64_t c = N - k < L ? N - k : L;
             R re, im;
