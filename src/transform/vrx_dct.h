@@ -951,6 +951,17 @@ template <class T> struct CP {
         const int64_t c = cnt - r * P;
         return c < 0 ? 0 : c > P ? P : c;
     }
+    // a[k] = (x[k] w[k].re, x[k] w[k].im) for k < N (w as reals), zeros up to M
+    static VRX_INLINE void realTimes(const T* x, const T* w, T* a, int64_t N, int64_t M) {
+        for (int64_t k = 0; k < N; k += L) {
+            const int64_t c = N - k < L ? N - k : L;
+            R lo, hi;
+            simd::dupLanes(F::loadm(simd::tail<T>(c), x + k), lo, hi);
+            F::store(a + 2 * k, F::mul(lo, load(w, k, count(c, 0))));
+            F::store(a + 2 * k + L, F::mul(hi, load(w, k + P, count(c, 1))));
+        }
+        zero(a, 2 * N, 2 * M);
+    }
     // reals c[from .. to) = 0, from even, to a multiple of L
     static VRX_INLINE void zero(T* c, int64_t from, int64_t to) {
         const int64_t r = from % L;
@@ -977,14 +988,7 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     const T c0 = static_cast<T>(p->scale0);
     T* at = &a->re;
     if (N & 1) {
-        for (int64_t n = 0; n < N; n += L) {
-            const int64_t c = N - n < L ? N - n : L;
-            R wr, wi;
-            V::load(chirp + n, c, wr, wi);
-            const R v = V::loadR(x + n, c);
-            V::store(a + n, c, F::mul(v, wr), F::mul(v, wi));
-        }
-        Q::zero(at, 2 * N, 2 * M);
+        Q::realTimes(x, &chirp->re, at, N, M);
         if (VrxStatus st = convolve<T>(p, a, work)) return st;
         // rotTab holds postTab times the chirp: y = re(rot a), the part products
         // of two registers of pairs split into real and imaginary lanes
@@ -1077,14 +1081,7 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
     T* at = &a->re;
     const T* ch = &static_cast<const C*>(p->chirpTab)->re;
     if (N & 1) {
-        for (int64_t k = 0; k < N; k += L) {
-            const int64_t c = N - k < L ? N - k : L;
-            R wr, wi;
-            V::load(rot + k, c, wr, wi);
-            const R v = V::loadR(y + k, c);
-            V::store(a + k, c, F::mul(v, wr), F::mul(v, wi));
-        }
-        Q::zero(at, 2 * N, 2 * M);
+        Q::realTimes(y, &rot->re, at, N, M);
         if (VrxStatus st = convolve<T>(p, a, work)) return st;
         // x = re(a chirp): the part products of two registers of pairs split into real and imaginary lanes
         for (int64_t n = 0; n < N; n += L) {

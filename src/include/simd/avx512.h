@@ -1013,4 +1013,13 @@ VRX_INLINE typename V<T>::R cmulRound(typename V<T>::R x, typename V<T>::R y) {
     const typename W::R p = W::mul(W::dupRe(x), y), q = W::mul(W::dupIm(x), W::swapPair(y));
     return W::addm(W::sub(p, q), static_cast<typename W::M>(0xAAAAAAAAu), p, q);
 }
+// Pairs (a[i], a[i]): lo holds i < N/2, hi the rest.
+VRX_INLINE void dupLanes(__m512 a, __m512& lo, __m512& hi) {
+    lo = _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
+    hi = _mm512_permutexvar_ps(_mm512_setr_epi32(8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13, 14, 14, 15, 15), a);
+}
+VRX_INLINE void dupLanes(__m512d a, __m512d& lo, __m512d& hi) {
+    lo = _mm512_permutexvar_pd(_mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3), a);
+    hi = _mm512_permutexvar_pd(_mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7), a);
+}
 }  // namespace n0::simd
