@@ -973,6 +973,18 @@ template <class T> struct CP {
     }
 };
 
+// group(k, c) over k = 1 .. h/2 in groups of L (whole groups with the
+// count a constant, then the rest), k = h/2 left out for even h: the middle
+// is its own partner, and the caller runs it alone as the h-k side that the
+// groups would write last. True when the middle is left to the caller.
+template <int L, class G> VRX_INLINE bool pairGroups(int64_t h, G group) {
+    const int64_t last = h / 2 - (h & 1 ? 0 : 1);
+    int64_t k = 1;
+    for (; k + L - 1 <= last; k += L) group(k, int64_t(L));
+    if (k <= last) group(k, last + 1 - k);
+    return !(h & 1);
+}
+
 template <class T>
 VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
@@ -1020,7 +1032,7 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     // B = -i (Z(k) - conj Z(h-k)). Outputs k and h-k come from one pair of
     // Z values: A and B of h-k are the conjugates of those of k.
     const int64_t half = h / 2;
-    // whole groups with the count a constant, then the rest
+    // the values of k from 1 to h/2 in groups (pairGroups)
     const auto group = [&](int64_t k, int64_t c) __attribute__((always_inline)) {
         R zr, zi, mr, mi, rr, ri, pr, pi, wr, wi;
         V::load(a + k, c, zr, zi);
@@ -1045,13 +1057,7 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
         V::storeRRev(y + h - k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
         V::storeR(y + N - h + k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
     };
-    // for even h the middle k = h/2 is its own partner: alone below, as the
-    // h-k side that the groups would write last
-    const int64_t last = half - (h & 1 ? 0 : 1);
-    int64_t k = 1;
-    for (; k + L - 1 <= last; k += L) group(k, L);
-    if (k <= last) group(k, last + 1 - k);
-    if (!(h & 1)) {
+    if (pairGroups<L>(h, group)) {
         const int64_t m = half;
         const T zr = a[m].re * chirp[m].re - a[m].im * chirp[m].im;
         const T zi = a[m].re * chirp[m].im + a[m].im * chirp[m].re;
@@ -1110,7 +1116,7 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
     // k and h-k from one pair P = R'(k), Q = conj R'(h-k): for h-k the sum
     // is (Ar, -Ai) and the difference (-Dr, Di)
     const int64_t half = h / 2;
-    // whole groups with the count a constant, then the rest
+    // the values of k from 1 to h/2 in groups (pairGroups)
     const auto group = [&](int64_t k, int64_t c) __attribute__((always_inline)) {
         R gr, gi, hr, hi, cr, ci;
         V::load(post + k, c, gr, gi);
@@ -1134,13 +1140,7 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         V::mul(zr, zi, wr, wi);
         V::storeRev(a + h - k, c, zr, zi);
     };
-    // for even h the middle k = h/2 is its own partner: alone below, as the
-    // h-k side that the groups would write last
-    const int64_t last = half - (h & 1 ? 0 : 1);
-    int64_t k = 1;
-    for (; k + L - 1 <= last; k += L) group(k, L);
-    if (k <= last) group(k, last + 1 - k);
-    if (!(h & 1)) {
+    if (pairGroups<L>(h, group)) {
         const int64_t m = half;
         const T u = y[m], v = y[N - m], gr = post[m].re, gi = post[m].im;
         const T pr = gr * u + gi * v, pi = gi * u - gr * v;
