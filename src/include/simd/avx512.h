@@ -980,7 +980,8 @@ struct CPair {
 }  // namespace n0::simd
 
 // ---- DCT chirp glue: interleaved pairs to split registers in reverse order
-// and back, one permute per register; the rounded complex product.
+// and back, one permute per register; lanes doubled into pairs; the rounded
+// complex product.
 namespace n0::simd {
 // Lane i: lane 2N-2-2i of (lo, hi) (lo's lanes first), the even lanes in reverse order.
 VRX_INLINE __m512 evenLanesReversed(__m512 lo, __m512 hi) {
