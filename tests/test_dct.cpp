@@ -128,7 +128,7 @@ template <class T> LD bound(int n) {
 TYPED_TEST(DctTest, EveryPathMeetsTheDefinition) {
     using T = TypeParam;
     using A = Api<T>;
-    std::vector<int> lens = {1001, 1024, 10007};
+    std::vector<int> lens = {1000, 1001, 1024, 4098, 10007};
     for (int n = 1; n <= 200; ++n) lens.push_back(n);
     const unsigned modes[] = {vt::kRoundNear, vt::kRoundDown, vt::kRoundUp, vt::kRoundZero | vt::kFtz};
     for (int n : lens) {

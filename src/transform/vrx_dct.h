@@ -62,7 +62,6 @@ template <class T> struct WidthCalls {
     static VrxStatus rInv(T* d, const RPlan* p, uint8_t* b) { return R::invPermI(d, p, b); }
     static VrxStatus cFwd(C* d, const CPlan* p, uint8_t* b) { return X::fwdI(d, p, b); }
     static VrxStatus cInv(C* d, const CPlan* p, uint8_t* b) { return X::invI(d, p, b); }
-    static VrxStatus mulI(const C* s, C* d, int n) { return X::mulI(s, d, n); }
     static VrxStatus zero(C* d, int n) { return X::zero(d, n); }
 };
 template <class T> struct Width;
@@ -438,8 +437,10 @@ template <class T> void kernelInv(int N, const T* y, T* x) {
 // Lanes in reverse order.
 template <class T> VRX_INLINE typename simd::V<T>::R rev(typename simd::V<T>::R a) { return simd::reverseLanes(a); }
 
-// t[j] = x[2j], t[N-1-j] = x[2j+1], j < N/2.
-template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
+// t[j] = x[2j], t[N-1-j] = x[2j+1], j < N/2; each register of t passes
+// through f(v, at, m) on its way out (at: the index in t of lane 0, m: the
+// lanes written).
+template <class T, class Fn> void splitEvenOdd(const T* x, T* t, int64_t N, Fn f) {
     using F = simd::V<T>;
     constexpr int L = F::N;
     const int64_t H = N / 2;
@@ -450,26 +451,35 @@ template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
         lo = F::loadm(simd::tail<T>(n >= L / 2 ? L : 2 * n), x + 2 * j);
         hi = F::loadm(simd::tail<T>(n > L / 2 ? 2 * n - L : 0), x + 2 * j + L);
         simd::deinterleave(lo, hi, ev, od);
-        F::storem(t + j, m, ev);
+        F::storem(t + j, m, f(ev, j, m));
         // lane l of the reversed odd values is x[2(j + L-1-l) + 1]: stored at t[N-1-j-(L-1)+l]
-        F::storem(t + N - j - L, static_cast<typename F::M>(~simd::tail<T>(L - n)), rev<T>(od));
+        const typename F::M mo = static_cast<typename F::M>(~simd::tail<T>(L - n));
+        F::storem(t + N - j - L, mo, f(rev<T>(od), N - j - L, mo));
     }
 }
+template <class T> void splitEvenOdd(const T* x, T* t, int64_t N) {
+    splitEvenOdd<T>(x, t, N, [](auto v, int64_t, auto) { return v; });
+}
 
-// x[2j] = t[j], x[2j+1] = t[N-1-j], j < N/2.
-template <class T> void joinEvenOdd(const T* t, T* x, int64_t N) {
+// x[2j] = t[j], x[2j+1] = t[N-1-j], j < N/2; each register of t passes
+// through f(v, at, m) as it is read.
+template <class T, class Fn> void joinEvenOdd(const T* t, T* x, int64_t N, Fn f) {
     using F = simd::V<T>;
     constexpr int L = F::N;
     const int64_t H = N / 2;
     for (int64_t j = 0; j < H; j += L) {
         const int64_t n = H - j < L ? H - j : L;
-        const typename F::R ev = F::loadm(simd::tail<T>(n), t + j);
-        const typename F::R od = rev<T>(F::loadm(static_cast<typename F::M>(~simd::tail<T>(L - n)), t + N - j - L));
+        const typename F::M m = simd::tail<T>(n), mo = static_cast<typename F::M>(~simd::tail<T>(L - n));
+        const typename F::R ev = f(F::loadm(m, t + j), j, m);
+        const typename F::R od = rev<T>(f(F::loadm(mo, t + N - j - L), N - j - L, mo));
         typename F::R lo, hi;
         simd::interleave(ev, od, lo, hi);
         F::storem(x + 2 * j, simd::tail<T>(n >= L / 2 ? L : 2 * n), lo);
         F::storem(x + 2 * j + L, simd::tail<T>(n > L / 2 ? 2 * n - L : 0), hi);
     }
+}
+template <class T> void joinEvenOdd(const T* t, T* x, int64_t N) {
+    joinEvenOdd<T>(t, x, N, [](auto v, int64_t, auto) { return v; });
 }
 
 // Forward rotation: y[k] = pi*im - re*pr, y[N-k] = pr*im + pi*re, k = 1 .. N/2-1.
@@ -852,18 +862,22 @@ template <class T> void directInv(const Plan* p, const T* y, T* x) {
 
 // ------------------------------------------------------------ chirp path
 
-// The convolution with the conjugate chirp: zeros past len, the forward
-// FFT, the product with filterTab, the inverse FFT. The product with the
-// chirp that finishes it is left to the caller's final pass.
+// The convolution with the conjugate chirp of a, which holds the chirp
+// product and zeros up to M: the forward FFT, the product with filterTab,
+// the inverse FFT. The product with the chirp that finishes it is left to
+// the caller's final pass.
 template <class T>
-VrxStatus convolve(const Plan* p, typename Width<T>::C* a, int64_t len, uint8_t* work) {
+VrxStatus convolve(const Plan* p, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
-    const int M = p->convLength;
     const auto* inner = static_cast<const typename W::CPlan*>(p->innerPlan);
-    if (VrxStatus st = W::zero(a + len, M - static_cast<int>(len))) return st;
     if (VrxStatus st = W::cFwd(a, inner, work)) return st;
-    if (VrxStatus st = W::mulI(static_cast<const C*>(p->filterTab), a, M)) return st;
+    // the product with filterTab as the library's complex multiply forms it (filter first)
+    using F = simd::V<T>;
+    const T* f = &static_cast<const C*>(p->filterTab)->re;
+    T* b = &a->re;
+    for (int64_t i = 0, n = 2 * int64_t(p->convLength); i < n; i += F::N)
+        F::store(b + i, simd::cmul<T>(F::load(f + i), F::load(b + i)));
     return W::cInv(a, inner, work);
 }
 
@@ -886,17 +900,16 @@ template <class T> struct CV {
     static VRX_INLINE void loadRev(const typename Width<T>::C* c, int64_t cnt, R& re, R& im) {
         const T* p = &(c - (L - 1))->re;
         const int64_t skip = 2 * (L - cnt);
-        R a, b;
-        simd::deinterleave(F::loadm(static_cast<M>(~lo(skip)), p), F::loadm(static_cast<M>(~hi(skip)), p + L), a, b);
-        re = simd::reverseLanes(a);
-        im = simd::reverseLanes(b);
+        const R a = F::loadm(static_cast<M>(~lo(skip)), p), b = F::loadm(static_cast<M>(~hi(skip)), p + L);
+        re = simd::evenLanesReversed(a, b);
+        im = simd::oddLanesReversed(a, b);
     }
     // c[-l] = lane l, l < cnt
     static VRX_INLINE void storeRev(typename Width<T>::C* c, int64_t cnt, R re, R im) {
         T* p = &(c - (L - 1))->re;
         const int64_t skip = 2 * (L - cnt);
         R a, b;
-        simd::interleave(simd::reverseLanes(re), simd::reverseLanes(im), a, b);
+        simd::interleaveReversed(re, im, a, b);
         F::storem(p, static_cast<M>(~lo(skip)), a);
         F::storem(p + L, static_cast<M>(~hi(skip)), b);
     }
@@ -924,43 +937,94 @@ template <class T> struct CV {
     }
 };
 
+// Interleaved pairs: L/2 complex values per register, (re, im) lanes.
+template <class T> struct CP {
+    using F = simd::V<T>;
+    using R = typename F::R;
+    using M = typename F::M;
+    static constexpr int L = F::N, P = L / 2;
+    static VRX_INLINE R negOdd(R a) { return F::xorb(a, F::set2(T(0), T(-0.0))); }
+    // the pairs c[i .. i+cnt) (reals of c, pair index i)
+    static VRX_INLINE R load(const T* c, int64_t i, int64_t cnt) { return F::loadm(simd::tail<T>(2 * cnt), c + 2 * i); }
+    // pairs in register r of a group of L starting at pair k0, cnt pairs in the group
+    static VRX_INLINE int64_t count(int64_t cnt, int r) {
+        const int64_t c = cnt - r * P;
+        return c < 0 ? 0 : c > P ? P : c;
+    }
+    // a[k] = (x[k] w[k].re, x[k] w[k].im) for k < N (w as reals), zeros up to M
+    static VRX_INLINE void realTimes(const T* x, const T* w, T* a, int64_t N, int64_t M) {
+        for (int64_t k = 0; k < N; k += L) {
+            const int64_t c = N - k < L ? N - k : L;
+            R lo, hi;
+            simd::dupLanes(F::loadm(simd::tail<T>(c), x + k), lo, hi);
+            F::store(a + 2 * k, F::mul(lo, load(w, k, count(c, 0))));
+            F::store(a + 2 * k + L, F::mul(hi, load(w, k + P, count(c, 1))));
+        }
+        zero(a, 2 * N, 2 * M);
+    }
+    // reals c[from .. to) = 0, from even, to a multiple of L
+    static VRX_INLINE void zero(T* c, int64_t from, int64_t to) {
+        const int64_t r = from % L;
+        if (r) {
+            F::storem(c + from, simd::tail<T>(L - r), F::zero());
+            from += L - r;
+        }
+        for (; from < to; from += L) F::store(c + from, F::zero());
+    }
+};
+
+// group(k, c) over k = 1 .. h/2 in groups of L (whole groups with the
+// count a constant, then the rest), k = h/2 left out for even h: the middle
+// is its own partner, and the caller runs it alone as the h-k side that the
+// groups would write last. True when the middle is left to the caller.
+template <int L, class G> VRX_INLINE bool pairGroups(int64_t h, G group) {
+    const int64_t last = h / 2 - (h & 1 ? 0 : 1);
+    int64_t k = 1;
+    for (; k + L - 1 <= last; k += L) group(k, int64_t(L));
+    if (k <= last) group(k, last + 1 - k);
+    return !(h & 1);
+}
+
 template <class T>
 VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint8_t* work) {
     using W = Width<T>;
     using C = typename W::C;
     using V = CV<T>;
+    using Q = CP<T>;
     using F = typename V::F;
     using R = typename V::R;
-    constexpr int L = V::L;
-    const int64_t N = p->length;
+    constexpr int L = V::L, P = Q::P;
+    const int64_t N = p->length, M = p->convLength;
     const C* chirp = static_cast<const C*>(p->chirpTab);
     const C* post = static_cast<const C*>(p->postTab);
     const T c0 = static_cast<T>(p->scale0);
+    T* at = &a->re;
     if (N & 1) {
-        for (int64_t n = 0; n < N; n += L) {
-            const int64_t c = N - n < L ? N - n : L;
-            R wr, wi;
-            V::load(chirp + n, c, wr, wi);
-            const R v = V::loadR(x + n, c);
-            V::store(a + n, c, F::mul(v, wr), F::mul(v, wi));
-        }
-        if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
-        // rotTab holds postTab times the chirp
-        const C* rot = static_cast<const C*>(p->rotTab);
+        Q::realTimes(x, &chirp->re, at, N, M);
+        if (VrxStatus st = convolve<T>(p, a, work)) return st;
+        // rotTab holds postTab times the chirp: y = re(rot a), the part products
+        // of two registers of pairs split into real and imaginary lanes
+        const T* rot = static_cast<const T*>(p->rotTab);
         for (int64_t k = 0; k < N; k += L) {
             const int64_t c = N - k < L ? N - k : L;
-            R pr, pi, ar, ai;
-            V::load(rot + k, c, pr, pi);
-            V::load(a + k, c, ar, ai);
-            V::storeR(y + k, c, F::sub(F::mul(pr, ar), F::mul(pi, ai)));
+            R re, im;
+            simd::deinterleave(F::mul(Q::load(rot, k, Q::count(c, 0)), Q::load(at, k, Q::count(c, 0))),
+                               F::mul(Q::load(rot, k + P, Q::count(c, 1)), Q::load(at, k + P, Q::count(c, 1))), re, im);
+            V::storeR(y + k, c, F::sub(re, im));
         }
         return vrxOk;
     }
     const int64_t h = N / 2;
-    // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h)
-    splitEvenOdd<T>(x, &a->re, N);
-    if (VrxStatus st = W::mulI(chirp, a, static_cast<int>(h))) return st;
-    if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
+    const T* ch = &chirp->re;
+    // z[j] = v[2j] + i v[2j+1] of the reordered v: v[m] = x[2m] (m < h), x[2N-2m-1] (m >= h),
+    // times the chirp (the library's complex product, chirp first) on the way, then zeros
+    splitEvenOdd<T>(x, at, N, [ch](R v, int64_t i, typename F::M m) { return simd::cmul<T>(F::loadm(m, ch + i), v); });
+    if (h & 1) {  // the pair of t[h-1] and t[h] was split between the registers: (x[N-2], x[N-1])
+        const typename F::M m2 = simd::tail<T>(2);
+        F::storem(at + h - 1, m2, simd::cmul<T>(F::loadm(m2, ch + h - 1), F::loadm(m2, x + N - 2)));
+    }
+    Q::zero(at, N, 2 * M);
+    if (VrxStatus st = convolve<T>(p, a, work)) return st;
     const C* rot = static_cast<const C*>(p->rotTab);
     const T z0r = a[0].re * chirp[0].re - a[0].im * chirp[0].im;
     const T z0i = a[0].re * chirp[0].im + a[0].im * chirp[0].re;
@@ -968,8 +1032,8 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
     // B = -i (Z(k) - conj Z(h-k)). Outputs k and h-k come from one pair of
     // Z values: A and B of h-k are the conjugates of those of k.
     const int64_t half = h / 2;
-    for (int64_t k = 1; k <= half; k += L) {
-        const int64_t c = half + 1 - k < L ? half + 1 - k : L;
+    // the values of k from 1 to h/2 in groups (pairGroups)
+    const auto group = [&](int64_t k, int64_t c) __attribute__((always_inline)) {
         R zr, zi, mr, mi, rr, ri, pr, pi, wr, wi;
         V::load(a + k, c, zr, zi);
         V::load(chirp + k, c, wr, wi);
@@ -992,6 +1056,16 @@ VrxStatus convFwd(const Plan* p, const T* x, T* y, typename Width<T>::C* a, uint
         vi = F::sub(F::sub(F::mul(ri, Br), F::mul(rr, Bi)), Ai);
         V::storeRRev(y + h - k, c, F::add(F::mul(pr, vr), F::mul(pi, vi)));
         V::storeR(y + N - h + k, c, F::sub(F::mul(pi, vr), F::mul(pr, vi)));
+    };
+    if (pairGroups<L>(h, group)) {
+        const int64_t m = half;
+        const T zr = a[m].re * chirp[m].re - a[m].im * chirp[m].im;
+        const T zi = a[m].re * chirp[m].im + a[m].im * chirp[m].re;
+        const T Ar = zr + zr, Ai = zi - zi, Br = zi + zi, Bi = zr - zr;
+        const T rr = rot[m].re, ri = rot[m].im, pr = post[m].re, pi = post[m].im;
+        const T vr = Ar + (rr * Br + ri * Bi), vi = (ri * Br - rr * Bi) - Ai;
+        y[m] = pr * vr + pi * vi;
+        y[N - m] = pi * vr - pr * vi;
     }
     y[0] = (z0r + z0i) * c0;
     y[h] = (z0r - z0i) * c0;
@@ -1003,28 +1077,25 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
     using W = Width<T>;
     using C = typename W::C;
     using V = CV<T>;
+    using Q = CP<T>;
     using F = typename V::F;
     using R = typename V::R;
-    constexpr int L = V::L;
-    const int64_t N = p->length;
+    constexpr int L = V::L, P = Q::P;
+    const int64_t N = p->length, M = p->convLength;
     const C* rot = static_cast<const C*>(p->rotTab);
     const C* post = static_cast<const C*>(p->postTab);
+    T* at = &a->re;
+    const T* ch = &static_cast<const C*>(p->chirpTab)->re;
     if (N & 1) {
-        for (int64_t k = 0; k < N; k += L) {
-            const int64_t c = N - k < L ? N - k : L;
-            R wr, wi;
-            V::load(rot + k, c, wr, wi);
-            const R v = V::loadR(y + k, c);
-            V::store(a + k, c, F::mul(v, wr), F::mul(v, wi));
-        }
-        if (VrxStatus st = convolve<T>(p, a, N, work)) return st;
-        const C* chirp = static_cast<const C*>(p->chirpTab);
+        Q::realTimes(y, &rot->re, at, N, M);
+        if (VrxStatus st = convolve<T>(p, a, work)) return st;
+        // x = re(a chirp): the part products of two registers of pairs split into real and imaginary lanes
         for (int64_t n = 0; n < N; n += L) {
             const int64_t c = N - n < L ? N - n : L;
-            R ar, ai, wr, wi;
-            V::load(a + n, c, ar, ai);
-            V::load(chirp + n, c, wr, wi);
-            V::storeR(x + n, c, F::sub(F::mul(ar, wr), F::mul(ai, wi)));
+            R re, im;
+            simd::deinterleave(F::mul(Q::load(at, n, Q::count(c, 0)), Q::load(ch, n, Q::count(c, 0))),
+                               F::mul(Q::load(at, n + P, Q::count(c, 1)), Q::load(ch, n + P, Q::count(c, 1))), re, im);
+            V::storeR(x + n, c, F::sub(re, im));
         }
         return vrxOk;
     }
@@ -1045,8 +1116,8 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
     // k and h-k from one pair P = R'(k), Q = conj R'(h-k): for h-k the sum
     // is (Ar, -Ai) and the difference (-Dr, Di)
     const int64_t half = h / 2;
-    for (int64_t k = 1; k <= half; k += L) {
-        const int64_t c = half + 1 - k < L ? half + 1 - k : L;
+    // the values of k from 1 to h/2 in groups (pairGroups)
+    const auto group = [&](int64_t k, int64_t c) __attribute__((always_inline)) {
         R gr, gi, hr, hi, cr, ci;
         V::load(post + k, c, gr, gi);
         V::loadRev(post + h - k, c, hr, hi);
@@ -1068,18 +1139,29 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
         V::loadRev(chirp + h - k, c, wr, wi);
         V::mul(zr, zi, wr, wi);
         V::storeRev(a + h - k, c, zr, zi);
+    };
+    if (pairGroups<L>(h, group)) {
+        const int64_t m = half;
+        const T u = y[m], v = y[N - m], gr = post[m].re, gi = post[m].im;
+        const T pr = gr * u + gi * v, pi = gi * u - gr * v;
+        const T qr = gr * u + gi * v, qi = -(gi * u - gr * v);
+        const T Ar = pr + qr, Ai = pi + qi, Dr = pr - qr, Di = pi - qi;
+        const T cr = rot[m].re, ci = rot[m].im;
+        const T fr = cr * Dr + ci * Di, fi = cr * Di - ci * Dr;
+        const T zr = Ar - fi, zi = Ai + fr, wr = chirp[m].re, wi = chirp[m].im;
+        a[m].re = zr * wr - zi * wi;
+        a[m].im = zr * wi + zi * wr;
     }
-    if (VrxStatus st = convolve<T>(p, a, h, work)) return st;
+    Q::zero(at, N, 2 * M);
+    if (VrxStatus st = convolve<T>(p, a, work)) return st;
     // t[2j] = re, t[2j+1] = -im of a times the chirp; x[2m] = t[m] (m < h), x[2N-2m-1] = t[m] (m >= h)
-    for (int64_t j = 0; j < h; j += L) {
-        const int64_t c = h - j < L ? h - j : L;
-        R ar, ai, wr, wi;
-        V::load(a + j, c, ar, ai);
-        V::load(chirp + j, c, wr, wi);
-        V::mul(ar, ai, wr, wi);
-        V::store(a + j, c, ar, F::neg(ai));
+    joinEvenOdd<T>(at, x, N, [ch](R v, int64_t i, typename F::M m) {
+        return Q::negOdd(simd::cmulRound<T>(v, F::loadm(m, ch + i)));
+    });
+    if (h & 1) {  // the pair of t[h-1] and t[h] was split between the registers
+        const typename F::M m2 = simd::tail<T>(2);
+        F::storem(x + N - 2, m2, Q::negOdd(simd::cmulRound<T>(F::loadm(m2, at + h - 1), F::loadm(m2, ch + h - 1))));
     }
-    joinEvenOdd<T>(&a->re, x, N);
     return vrxOk;
 }
 

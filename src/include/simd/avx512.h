@@ -1063,3 +1063,49 @@ VRX_INLINE __m512 load4x128(const float* p0, const float* p1, const float* p2, c
     return _mm512_insertf32x4(_mm512_insertf32x4(a, _mm_load_ps(p2), 2), _mm_load_ps(p3), 3);
 }
 }  // namespace n0::simd
+
+// ---- DCT chirp glue: interleaved pairs to split registers in reverse order
+// and back, one permute per register; lanes doubled into pairs; the rounded
+// complex product.
+namespace n0::simd {
+// Lane i: lane 2N-2-2i of (lo, hi) (lo's lanes first), the even lanes in reverse order.
+VRX_INLINE __m512 evenLanesReversed(__m512 lo, __m512 hi) {
+    return _mm512_permutex2var_ps(lo, _mm512_setr_epi32(30, 28, 26, 24, 22, 20, 18, 16, 14, 12, 10, 8, 6, 4, 2, 0), hi);
+}
+VRX_INLINE __m512d evenLanesReversed(__m512d lo, __m512d hi) {
+    return _mm512_permutex2var_pd(lo, _mm512_setr_epi64(14, 12, 10, 8, 6, 4, 2, 0), hi);
+}
+// Lane i: lane 2N-1-2i of (lo, hi), the odd lanes in reverse order.
+VRX_INLINE __m512 oddLanesReversed(__m512 lo, __m512 hi) {
+    return _mm512_permutex2var_ps(lo, _mm512_setr_epi32(31, 29, 27, 25, 23, 21, 19, 17, 15, 13, 11, 9, 7, 5, 3, 1), hi);
+}
+VRX_INLINE __m512d oddLanesReversed(__m512d lo, __m512d hi) {
+    return _mm512_permutex2var_pd(lo, _mm512_setr_epi64(15, 13, 11, 9, 7, 5, 3, 1), hi);
+}
+// Pairs (re[N-1-i], im[N-1-i]): lo holds i < N/2, hi the rest.
+VRX_INLINE void interleaveReversed(__m512 re, __m512 im, __m512& lo, __m512& hi) {
+    lo = _mm512_permutex2var_ps(re, _mm512_setr_epi32(15, 31, 14, 30, 13, 29, 12, 28, 11, 27, 10, 26, 9, 25, 8, 24), im);
+    hi = _mm512_permutex2var_ps(re, _mm512_setr_epi32(7, 23, 6, 22, 5, 21, 4, 20, 3, 19, 2, 18, 1, 17, 0, 16), im);
+}
+VRX_INLINE void interleaveReversed(__m512d re, __m512d im, __m512d& lo, __m512d& hi) {
+    lo = _mm512_permutex2var_pd(re, _mm512_setr_epi64(7, 15, 6, 14, 5, 13, 4, 12), im);
+    hi = _mm512_permutex2var_pd(re, _mm512_setr_epi64(3, 11, 2, 10, 1, 9, 0, 8), im);
+}
+// x*y of interleaved pairs with each part product rounded before the add:
+// (x.re*y.re - x.im*y.im, x.re*y.im + x.im*y.re).
+template <class T>
+VRX_INLINE typename V<T>::R cmulRound(typename V<T>::R x, typename V<T>::R y) {
+    using W = V<T>;
+    const typename W::R p = W::mul(W::dupRe(x), y), q = W::mul(W::dupIm(x), W::swapPair(y));
+    return W::addm(W::sub(p, q), static_cast<typename W::M>(0xAAAAAAAAu), p, q);
+}
+// Pairs (a[i], a[i]): lo holds i < N/2, hi the rest.
+VRX_INLINE void dupLanes(__m512 a, __m512& lo, __m512& hi) {
+    lo = _mm512_permutexvar_ps(_mm512_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7), a);
+    hi = _mm512_permutexvar_ps(_mm512_setr_epi32(8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13, 14, 14, 15, 15), a);
+}
+VRX_INLINE void dupLanes(__m512d a, __m512d& lo, __m512d& hi) {
+    lo = _mm512_permutexvar_pd(_mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3), a);
+    hi = _mm512_permutexvar_pd(_mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7), a);
+}
+}  // namespace n0::simd
