@@ -909,7 +909,7 @@ template <class T> struct CV {
         T* p = &(c - (L - 1))->re;
         const int64_t skip = 2 * (L - cnt);
         R a, b;
-        simd::interleaveReversed(re, im, a, b);
+        simd::interleaveRev(re, im, a, b);
         F::storem(p, static_cast<M>(~lo(skip)), a);
         F::storem(p + L, static_cast<M>(~hi(skip)), b);
     }

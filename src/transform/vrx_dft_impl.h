@@ -696,10 +696,6 @@ template <class T, class Tr> struct Dft {
     // x.re*y.im + x.im*y.re), as one value at a time does.
     using SR = typename S::R;
     using SM = typename S::M;
-    VRX_INLINE static SR cmulRound(SR x, SR y) {
-        const SR p = S::mul(S::dupRe(x), y), q = S::mul(S::dupIm(x), S::swapPair(y));
-        return S::addm(S::sub(p, q), static_cast<SM>(0xAAAAAAAAu), p, q);
-    }
     VRX_INLINE static SR conjR(SR x) { return S::xorb(x, S::set2(T(0), T(-0.0))); }
     // B[0 .. M) = x * chirp over n values, then zeros; conjugated x for the
     // inverse (x interleaved)
@@ -708,12 +704,12 @@ template <class T, class Tr> struct Dft {
         int64_t i = 0;
         for (; i + kL <= m; i += kL) {
             const SR v = S::load(x + i), c = S::load(ch + i);
-            S::store(B + i, Inv ? cmulRound(conjR(v), c) : simd::cmul<T>(v, c));
+            S::store(B + i, Inv ? simd::cmulRound<T>(conjR(v), c) : simd::cmul<T>(v, c));
         }
         if (i < m) {  // the last values and zeros after them in one register
             const SM t = simd::tail<T>(static_cast<size_t>(m - i));
             const SR v = S::loadm(t, x + i), c = S::loadm(t, ch + i);
-            S::store(B + i, S::blend(t, S::zero(), Inv ? cmulRound(conjR(v), c) : simd::cmul<T>(v, c)));
+            S::store(B + i, S::blend(t, S::zero(), Inv ? simd::cmulRound<T>(conjR(v), c) : simd::cmul<T>(v, c)));
             i += kL;
         }
         for (; i + kL <= e2; i += kL) S::store(B + i, S::zero());
@@ -723,10 +719,10 @@ template <class T, class Tr> struct Dft {
     static void chirpOutConj(const T* B, const T* ch, T* d, int n) {
         const int64_t m = 2 * int64_t(n);
         int64_t i = 0;
-        for (; i + kL <= m; i += kL) S::store(d + i, conjR(cmulRound(S::load(B + i), S::load(ch + i))));
+        for (; i + kL <= m; i += kL) S::store(d + i, conjR(simd::cmulRound<T>(S::load(B + i), S::load(ch + i))));
         if (i < m) {
             const SM t = simd::tail<T>(static_cast<size_t>(m - i));
-            S::storem(d + i, t, conjR(cmulRound(S::loadm(t, B + i), S::loadm(t, ch + i))));
+            S::storem(d + i, t, conjR(simd::cmulRound<T>(S::loadm(t, B + i), S::loadm(t, ch + i))));
         }
     }
     // B[0 .. M) = (x[k] * chirp[k].re, x[k] * chirp[k].im) over n reals, then zeros
@@ -804,10 +800,10 @@ template <class T, class Tr> struct Dft {
         T* o = d + (ccs ? 2 : 1);
         const int64_t m = 2 * int64_t((n - 1) / 2);
         int64_t i = 0;
-        for (; i + kL <= m; i += kL) S::store(o + i, cmulRound(S::load(b + i), S::load(c + i)));
+        for (; i + kL <= m; i += kL) S::store(o + i, simd::cmulRound<T>(S::load(b + i), S::load(c + i)));
         if (i < m) {
             const SM t = simd::tail<T>(static_cast<size_t>(m - i));
-            S::storem(o + i, t, cmulRound(S::loadm(t, b + i), S::loadm(t, c + i)));
+            S::storem(o + i, t, simd::cmulRound<T>(S::loadm(t, b + i), S::loadm(t, c + i)));
         }
         return vrxOk;
     }
@@ -831,10 +827,10 @@ template <class T, class Tr> struct Dft {
         B[0] = cmul(C{d[0], T(0)}, ch[0]);
         const int64_t m = 2 * int64_t(h);
         int64_t i = 0;
-        for (; i + kL <= m; i += kL) S::store(b + 2 + i, cmulRound(conjR(S::load(d + 1 + i)), S::load(c + 2 + i)));
+        for (; i + kL <= m; i += kL) S::store(b + 2 + i, simd::cmulRound<T>(conjR(S::load(d + 1 + i)), S::load(c + 2 + i)));
         if (i < m) {
             const SM t = simd::tail<T>(static_cast<size_t>(m - i));
-            S::storem(b + 2 + i, t, cmulRound(conjR(S::loadm(t, d + 1 + i)), S::loadm(t, c + 2 + i)));
+            S::storem(b + 2 + i, t, simd::cmulRound<T>(conjR(S::loadm(t, d + 1 + i)), S::loadm(t, c + 2 + i)));
         }
         // k = h+1 .. n-1 reads bin n-k: registers of pairs loaded from the top down, reversed
         const __m512i rev = _mm512_load_si512(kInvIdx.rev);
@@ -842,18 +838,18 @@ template <class T, class Tr> struct Dft {
         T* o = b + 2 * (int64_t(h) + 1);
         for (i = 0; i + kL <= m; i += kL) {
             const SR v = S::load(top - i - kL);
-            S::store(o + i, cmulRound(S::permute2(v, rev, v), S::load(c + 2 * (int64_t(h) + 1) + i)));
+            S::store(o + i, simd::cmulRound<T>(S::permute2(v, rev, v), S::load(c + 2 * (int64_t(h) + 1) + i)));
         }
         if (i < m) {  // the last r values: the register ending at the first pair, masked at its top
             const int64_t r = m - i;
             const SM t = simd::tail<T>(static_cast<size_t>(r));
             const SR v = S::loadm(static_cast<SM>(t << (kL - r)), top - i - kL);
-            S::storem(o + i, t, cmulRound(S::permute2(v, rev, v), S::loadm(t, c + 2 * (int64_t(h) + 1) + i)));
+            S::storem(o + i, t, simd::cmulRound<T>(S::permute2(v, rev, v), S::loadm(t, c + 2 * (int64_t(h) + 1) + i)));
         }
         if (VrxStatus st = Tr::zeroC(B + n, M - n)) return st;
         if (VrxStatus st = convCore(p, B, buf + a64(int64_t(e) * M))) return st;
         // d[k] = re(B[k] * chirp[k]): the real lanes of two registers of products
-        auto prod = [&](int64_t j, SM t) { return cmulRound(S::loadm(t, b + j), S::loadm(t, c + j)); };
+        auto prod = [&](int64_t j, SM t) { return simd::cmulRound<T>(S::loadm(t, b + j), S::loadm(t, c + j)); };
         auto reals = [](SR lo, SR hi) {
             SR re, im;
             simd::deinterleave(lo, hi, re, im);

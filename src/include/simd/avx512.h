@@ -1065,8 +1065,8 @@ VRX_INLINE __m512 load4x128(const float* p0, const float* p1, const float* p2, c
 }  // namespace n0::simd
 
 // ---- DCT chirp glue: interleaved pairs to split registers in reverse order
-// and back, one permute per register; lanes doubled into pairs; the rounded
-// complex product.
+// (and back by interleaveRev), one permute per register; lanes doubled into
+// pairs; the rounded complex product (also the DFT convolution path's).
 namespace n0::simd {
 // Lane i: lane 2N-2-2i of (lo, hi) (lo's lanes first), the even lanes in reverse order.
 VRX_INLINE __m512 evenLanesReversed(__m512 lo, __m512 hi) {
@@ -1081,15 +1081,6 @@ VRX_INLINE __m512 oddLanesReversed(__m512 lo, __m512 hi) {
 }
 VRX_INLINE __m512d oddLanesReversed(__m512d lo, __m512d hi) {
     return _mm512_permutex2var_pd(lo, _mm512_setr_epi64(15, 13, 11, 9, 7, 5, 3, 1), hi);
-}
-// Pairs (re[N-1-i], im[N-1-i]): lo holds i < N/2, hi the rest.
-VRX_INLINE void interleaveReversed(__m512 re, __m512 im, __m512& lo, __m512& hi) {
-    lo = _mm512_permutex2var_ps(re, _mm512_setr_epi32(15, 31, 14, 30, 13, 29, 12, 28, 11, 27, 10, 26, 9, 25, 8, 24), im);
-    hi = _mm512_permutex2var_ps(re, _mm512_setr_epi32(7, 23, 6, 22, 5, 21, 4, 20, 3, 19, 2, 18, 1, 17, 0, 16), im);
-}
-VRX_INLINE void interleaveReversed(__m512d re, __m512d im, __m512d& lo, __m512d& hi) {
-    lo = _mm512_permutex2var_pd(re, _mm512_setr_epi64(7, 15, 6, 14, 5, 13, 4, 12), im);
-    hi = _mm512_permutex2var_pd(re, _mm512_setr_epi64(3, 11, 2, 10, 1, 9, 0, 8), im);
 }
 // x*y of interleaved pairs with each part product rounded before the add:
 // (x.re*y.re - x.im*y.im, x.re*y.im + x.im*y.re).
