@@ -506,12 +506,10 @@ VRX_INLINE void blocks4x4(simd::V<float>::R x0, simd::V<float>::R x1, simd::V<fl
 VRX_INLINE void tileOut4x16(const Cx<VE<float>>* y, int valid, float* bRe, float* bIm) {
     using Rg = simd::V<float>::R;
     auto one = [valid](Rg x0, Rg x1, Rg x2, Rg x3, float* b) {
-        const Rg t0 = simd::unpackLo(x0, x1), t1 = simd::unpackHi(x0, x1);
-        const Rg t2 = simd::unpackLo(x2, x3), t3 = simd::unpackHi(x2, x3);
-        const Rg u0 = simd::unpackLo64(t0, t2), u1 = simd::unpackHi64(t0, t2);
-        const Rg u2 = simd::unpackLo64(t1, t3), u3 = simd::unpackHi64(t1, t3);
-        Rg o[4];
-        blocks4x4(u0, u1, u2, u3, o);
+        const Rg x[4] = {x0, x1, x2, x3};
+        Rg u[4], o[4];
+        simd::transpose4InLanes(x, u);
+        blocks4x4(u[0], u[1], u[2], u[3], o);
         for (int vo = 0; vo < 4 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
     };
     one(y[0].re.r, y[1].re.r, y[2].re.r, y[3].re.r, bRe);

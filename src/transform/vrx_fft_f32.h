@@ -68,17 +68,6 @@ template <int C, bool Perm> struct LaneFoldTw {
 };
 template <int C, bool Perm> inline constexpr LaneFoldTw<C, Perm> kLaneFoldTw{};
 
-// 4 x 4 transposes within each 128-bit lane: o[m] lane L element j = r[j]
-// lane L element m.
-VRX_INLINE void inLaneTranspose4f(const __m512* r, __m512* o) {
-    const __m512 t0 = _mm512_unpacklo_ps(r[0], r[1]), t1 = _mm512_unpackhi_ps(r[0], r[1]);
-    const __m512 t2 = _mm512_unpacklo_ps(r[2], r[3]), t3 = _mm512_unpackhi_ps(r[2], r[3]);
-    o[0] = asPs(_mm512_unpacklo_pd(asPd(t0), asPd(t2)));
-    o[1] = asPs(_mm512_unpackhi_pd(asPd(t0), asPd(t2)));
-    o[2] = asPs(_mm512_unpacklo_pd(asPd(t1), asPd(t3)));
-    o[3] = asPs(_mm512_unpackhi_pd(asPd(t1), asPd(t3)));
-}
-
 // A transform of N = 32*C floats, 32 rows of C = 16*Q columns (Q = 1, 2
 // or 4), x[C*n1 + n2], in two sweeps over a stack buffer y. Sweep one,
 // per group h of 16 columns: transforms of length 32 down the rows, a
@@ -177,7 +166,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
                             };
                             m[j] = simd::load4x128(at(j), at(4 + j), at(8 + j), at(12 + j));
                         }
-                        inLaneTranspose4f(m, (part ? ti : tr) + 4 * g);
+                        simd::transpose4InLanes(m, (part ? ti : tr) + 4 * g);
                     }
 #pragma GCC unroll 16
                 for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<float>(p)] = {tr[p], ti[p]};

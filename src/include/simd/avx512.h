@@ -1053,6 +1053,16 @@ VRX_INLINE __m512 unpackHi64(__m512 a, __m512 b) {
 template <int I0, int I1, int I2, int I3> VRX_INLINE __m512 blocks128(__m512 a, __m512 b) {
     return _mm512_shuffle_f32x4(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
 }
+// 4 x 4 transposes within each 128-bit lane: o[m] lane L element j = r[j]
+// lane L element m.
+VRX_INLINE void transpose4InLanes(const __m512* r, __m512* o) {
+    const __m512 t0 = unpackLo(r[0], r[1]), t1 = unpackHi(r[0], r[1]);
+    const __m512 t2 = unpackLo(r[2], r[3]), t3 = unpackHi(r[2], r[3]);
+    o[0] = unpackLo64(t0, t2);
+    o[1] = unpackHi64(t0, t2);
+    o[2] = unpackLo64(t1, t3);
+    o[3] = unpackHi64(t1, t3);
+}
 }  // namespace n0::simd
 
 // ---- gathers of 128-bit pieces (the FFT's 32-bit two-sweep transposes)
