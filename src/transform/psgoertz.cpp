@@ -9,7 +9,7 @@
 // so the chain of dependent operations is three per four samples; the
 // sample terms do not depend on the state. The 32- and 16-bit forms round
 // c, s and the U_k (computed in double from the rounded c) to float and
-// run in float (16-bit samples are converted a stretch at a time); the
+// run in float (16-bit samples converted as they are loaded); the
 // 64-bit forms run in double. The 16-bit forms run at
 // round to nearest whatever the caller's mode, which they put back.
 #include "vrx_base.h"
@@ -76,80 +76,84 @@ VRX_INLINE void stepFour(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b
     for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
 }
 
-// The sample terms of the four-sample step for every position q of a
-// stretch of total scalars x (K per sample), sixteen positions at a time:
-//   p3[q] = (x[q+2K] + U1 x[q+K]) + U2 x[q]
-//   p4[q] = ((x[q+3K] + U1 x[q+2K]) + U2 x[q+K]) + U3 x[q]
-// (positions past the stretch read as 0; the step uses q = 4iK + k only).
-template <int K>
-VRX_INLINE void sampleTerms(const float* x, int64_t total, const Factors<float>& f, float* p3, float* p4) {
+// Real input in float, 64 samples (sixteen four-sample steps) a round: the
+// four samples of each step are brought into one lane by an in-lane 4 x 4
+// transpose (step 4r + l lands at element 4l + r), the sample terms of the
+// sixteen steps are computed in two registers,
+//   p3 = (x[4i+2] + U1 x[4i+1]) + U2 x[4i]
+//   p4 = ((x[4i+3] + U1 x[4i+2]) + U2 x[4i+1]) + U3 x[4i],
+// and the dependent chain takes them from a stack copy. The register work
+// of one round runs under the chain of the round before. load(j, r) gives
+// the 16 samples from j as floats, those from r on as 0. cnt is a multiple
+// of 4.
+template <class Load>
+VRX_INLINE void stepReal(Load load, int64_t cnt, const Factors<float>& f, float* a, float* b) {
     using F = n0::simd::V<float>;
     const F::R u1 = F::set1(f.u1), u2 = F::set1(f.u2), u3 = F::set1(f.u3);
-    for (int64_t q = 0; q < total; q += 16) {
-        auto ld = [&](int64_t off) {
-            const int64_t r = total - (q + off);
-            return F::loadm(n0::simd::tail<float>(static_cast<size_t>(r <= 0 ? 0 : (r < 16 ? r : 16))), x + q + off);
-        };
-        const F::R x1 = ld(0), x2 = ld(K), x3 = ld(2 * K), x4 = ld(3 * K);
-        F::store(p3 + q, F::add(F::add(x3, F::mul(u1, x2)), F::mul(u2, x1)));
-        F::store(p4 + q, F::add(F::add(F::add(x4, F::mul(u1, x3)), F::mul(u2, x2)), F::mul(u3, x1)));
-    }
-}
-
-// cnt samples (a multiple of 4) with their sample terms ready.
-template <int K>
-VRX_INLINE void stepTerms(const float* p3, const float* p4, int64_t cnt, const Factors<float>& f, float* a, float* b) {
-    float ra[K], rb[K];  // in registers: the stores below could alias the terms
-    for (int k = 0; k < K; ++k) { ra[k] = a[k]; rb[k] = b[k]; }
-    for (int64_t i = 0; i < cnt; i += 4) {
-        for (int k = 0; k < K; ++k) {
-            const float nb = (f.u3 * ra[k] - f.u2 * rb[k]) + p3[i * K + k];
-            const float na = (f.u4 * ra[k] - f.u3 * rb[k]) + p4[i * K + k];
-            ra[k] = na;
-            rb[k] = nb;
+    float ra = *a, rb = *b;  // in registers: the stores below could alias the samples
+    alignas(64) float t3[16], t4[16];
+    auto step = [&](int e) {
+        const float nb = (f.u3 * ra - f.u2 * rb) + t3[e];
+        const float na = (f.u4 * ra - f.u3 * rb) + t4[e];
+        ra = na;
+        rb = nb;
+    };
+    for (int64_t i = 0; i < cnt; i += 64) {
+        const int64_t r = cnt - i < 64 ? cnt - i : 64;
+        F::R v[4], x[4];
+        for (int k = 0; k < 4; ++k) {
+            const int64_t rk = r - 16 * k;
+            v[k] = load(i + 16 * k, static_cast<size_t>(rk <= 0 ? 0 : (rk < 16 ? rk : 16)));
+        }
+        n0::simd::transpose4InLanes(v, x);
+        F::store(t3, F::add(F::add(x[2], F::mul(u1, x[1])), F::mul(u2, x[0])));
+        F::store(t4, F::add(F::add(F::add(x[3], F::mul(u1, x[2])), F::mul(u2, x[1])), F::mul(u3, x[0])));
+        if (r == 64) {
+#pragma GCC unroll 16
+            for (int j = 0; j < 16; ++j) step(4 * (j & 3) + (j >> 2));
+        } else {
+            for (int j = 0; j < r / 4; ++j) step(4 * (j & 3) + (j >> 2));
         }
     }
-    for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
+    *a = ra;
+    *b = rb;
 }
 
 // The whole recurrence: len mod 4 single steps, then blocks of four. On
-// return w1 = w[len-1], w2 = w[len-2]. In float, a stretch at a time: the
-// samples (16-bit ones converted); for real input their terms sixteen
-// positions at a time, then the dependent chain alone.
+// return w1 = w[len-1], w2 = w[len-2]. Real input in float by stepReal
+// (16-bit samples converted as they are loaded); complex input straight
+// through the four-sample step (16-bit samples converted a stretch of 1024
+// scalars at a time first).
 template <class A, int K, class S>
 VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const Factors<A> f(c);
     for (int k = 0; k < K; ++k) w1[k] = w2[k] = A(0);
     const int head = len & 3;
     stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
-    if constexpr (sizeof(A) == 4) {
+    const S* rest = src + int64_t(head) * K;
+    if constexpr (sizeof(A) == 4 && K == 1) {
+        using F = n0::simd::V<float>;
+        if constexpr (sizeof(S) == 2)
+            stepReal([rest](int64_t j, size_t r) { return n0::simd::intToFloat(n0::simd::widen16sPart(rest + j, r)); },
+                     len - head, f, w1, w2);
+        else
+            stepReal([rest](int64_t j, size_t r) { return F::loadm(n0::simd::tail<float>(r), rest + j); }, len - head, f,
+                     w1, w2);
+    } else if constexpr (sizeof(A) == 4 && sizeof(S) == 2) {
         constexpr int kChunk = 1024;
         alignas(64) float buf[kChunk];
-        alignas(64) float p3[kChunk], p4[kChunk];
         for (int64_t i = head; i < len;) {
             const int64_t cnt = len - i < kChunk / K ? len - i : kChunk / K;
-            const float* x;
-            if constexpr (sizeof(S) == 2) {
-                const int16_t* p = src + i * K;
-                for (int64_t j = 0; j < cnt * K; j += 16) {
-                    const size_t r = static_cast<size_t>(cnt * K - j);
-                    n0::simd::V<float>::storem(buf + j, n0::simd::tail<float>(r < 16 ? r : 16),
-                                               n0::simd::intToFloat(n0::simd::widen16sPart(p + j, r)));
-                }
-                x = buf;
-            } else {
-                x = src + i * K;
+            const int16_t* p = src + i * K;
+            for (int64_t j = 0; j < cnt * K; j += 16) {
+                const size_t r = static_cast<size_t>(cnt * K - j);
+                n0::simd::V<float>::storem(buf + j, n0::simd::tail<float>(r < 16 ? r : 16),
+                                           n0::simd::intToFloat(n0::simd::widen16sPart(p + j, r)));
             }
-            if constexpr (K == 1) {
-                sampleTerms<K>(x, cnt * K, f, p3, p4);
-                stepTerms<K>(p3, p4, cnt, f, w1, w2);
-            } else {
-                stepFour<A, K>([x](int64_t q) { return x[q]; }, cnt, f, w1, w2);
-            }
+            stepFour<A, K>([&buf](int64_t q) { return buf[q]; }, cnt, f, w1, w2);
             i += cnt;
         }
     } else {
-        const S* rest = src + int64_t(head) * K;
         stepFour<A, K>([rest](int64_t i) { return static_cast<A>(rest[i]); }, len - head, f, w1, w2);
     }
 }
