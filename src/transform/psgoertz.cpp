@@ -9,7 +9,8 @@
 // so the chain of dependent operations is three per four samples; the
 // sample terms do not depend on the state. The 32- and 16-bit forms round
 // c, s and the U_k (computed in double from the rounded c) to float and
-// run in float (16-bit samples converted as they are loaded); the
+// run in float, the sample terms first, a register of them at a time, then
+// the chain (16-bit samples converted as they are loaded); the
 // 64-bit forms run in double. The 16-bit forms run at
 // round to nearest whatever the caller's mode, which they put back.
 #include "vrx_base.h"
@@ -76,54 +77,70 @@ VRX_INLINE void stepFour(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b
     for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
 }
 
-// Real input in float, 64 samples (sixteen four-sample steps) a round: the
-// four samples of each step are brought into one lane by an in-lane 4 x 4
-// transpose (step 4r + l lands at element 4l + r), the sample terms of the
-// sixteen steps are computed in two registers,
+// The float forms, a stretch of 1024 samples at a time, in two passes.
+// The first computes the sample terms of each four-sample step,
 //   p3 = (x[4i+2] + U1 x[4i+1]) + U2 x[4i]
 //   p4 = ((x[4i+3] + U1 x[4i+2]) + U2 x[4i+1]) + U3 x[4i],
-// and the dependent chain takes them from a stack copy. The register work
-// of one round runs under the chain of the round before. load(j, r) gives
-// the 16 samples from j as floats, those from r on as 0. cnt is a multiple
-// of 4.
-template <class Load>
-VRX_INLINE void stepReal(Load load, int64_t cnt, const Factors<float>& f, float* a, float* b) {
+// sixteen steps per register and part: complex samples are split into
+// their parts, and an in-lane 4 x 4 transpose of 64 samples brings the four
+// samples of each step into one lane (step 4r + l of the sixteen lands at
+// element 4l + r). The second runs the dependent chain alone on them
+// (register work beside it would take its ports). K = 1 real, 2 complex;
+// load(j, r) gives the 16 scalars from j as floats, those from r on as 0.
+// cnt is a multiple of 4.
+template <int K, class Load>
+VRX_INLINE void stepFloat(Load load, int64_t cnt, const Factors<float>& f, float* a, float* b) {
     using F = n0::simd::V<float>;
+    constexpr int64_t kStretch = 1024;
     const F::R u1 = F::set1(f.u1), u2 = F::set1(f.u2), u3 = F::set1(f.u3);
-    float ra = *a, rb = *b;  // in registers: the stores below could alias the samples
-    alignas(64) float t3[16], t4[16];
-    auto step = [&](int e) {
-        const float nb = (f.u3 * ra - f.u2 * rb) + t3[e];
-        const float na = (f.u4 * ra - f.u3 * rb) + t4[e];
-        ra = na;
-        rb = nb;
+    const float v2 = f.u2, v3 = f.u3, v4 = f.u4;
+    float ra[K], rb[K];  // in registers: the stores below could alias the samples
+    for (int k = 0; k < K; ++k) { ra[k] = a[k]; rb[k] = b[k]; }
+    alignas(64) float t3[K][kStretch / 4], t4[K][kStretch / 4];
+    auto step = [&](int64_t e) {
+        for (int k = 0; k < K; ++k) {
+            const float nb = (v3 * ra[k] - v2 * rb[k]) + t3[k][e];
+            const float na = (v4 * ra[k] - v3 * rb[k]) + t4[k][e];
+            ra[k] = na;
+            rb[k] = nb;
+        }
     };
-    for (int64_t i = 0; i < cnt; i += 64) {
-        const int64_t r = cnt - i < 64 ? cnt - i : 64;
-        F::R v[4], x[4];
-        for (int k = 0; k < 4; ++k) {
-            const int64_t rk = r - 16 * k;
-            v[k] = load(i + 16 * k, static_cast<size_t>(rk <= 0 ? 0 : (rk < 16 ? rk : 16)));
+    auto part = [](int64_t r) { return static_cast<size_t>(r <= 0 ? 0 : (r < 16 ? r : 16)); };
+    for (int64_t i = 0; i < cnt; i += kStretch) {
+        const int64_t n = cnt - i < kStretch ? cnt - i : kStretch;
+        for (int64_t q = 0; q < n; q += 64) {
+            const int64_t j = (i + q) * K, r = (n - q) * K;  // scalars
+            F::R v[K][4], x[4];
+            for (int m = 0; m < 4; ++m) {
+                if constexpr (K == 1) {
+                    v[0][m] = load(j + 16 * m, part(r - 16 * m));
+                } else {
+                    n0::simd::deinterleave(load(j + 32 * m, part(r - 32 * m)), load(j + 32 * m + 16, part(r - 32 * m - 16)),
+                                           v[0][m], v[1][m]);
+                }
+            }
+            for (int k = 0; k < K; ++k) {
+                n0::simd::transpose4InLanes(v[k], x);
+                F::store(t3[k] + q / 4, F::add(F::add(x[2], F::mul(u1, x[1])), F::mul(u2, x[0])));
+                F::store(t4[k] + q / 4, F::add(F::add(F::add(x[3], F::mul(u1, x[2])), F::mul(u2, x[1])), F::mul(u3, x[0])));
+            }
         }
-        n0::simd::transpose4InLanes(v, x);
-        F::store(t3, F::add(F::add(x[2], F::mul(u1, x[1])), F::mul(u2, x[0])));
-        F::store(t4, F::add(F::add(F::add(x[3], F::mul(u1, x[2])), F::mul(u2, x[1])), F::mul(u3, x[0])));
-        if (r == 64) {
+        const int64_t steps = n / 4;
+        int64_t s = 0;
+        for (; s + 16 <= steps; s += 16) {
 #pragma GCC unroll 16
-            for (int j = 0; j < 16; ++j) step(4 * (j & 3) + (j >> 2));
-        } else {
-            for (int j = 0; j < r / 4; ++j) step(4 * (j & 3) + (j >> 2));
+            for (int m = 0; m < 16; ++m) step(s + 4 * (m & 3) + (m >> 2));
         }
+        for (int m = 0; s + m < steps; ++m) step(s + 4 * (m & 3) + (m >> 2));
     }
-    *a = ra;
-    *b = rb;
+    for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
 }
 
 // The whole recurrence: len mod 4 single steps, then blocks of four. On
-// return w1 = w[len-1], w2 = w[len-2]. Real input in float by stepReal
-// (16-bit samples converted as they are loaded); complex input straight
-// through the four-sample step (16-bit samples converted a stretch of 1024
-// scalars at a time first).
+// return w1 = w[len-1], w2 = w[len-2]. Real or 16-bit input by stepFloat
+// (16-bit samples converted as they are loaded); complex float input and
+// the double forms by stepFour, whose inline terms cost nothing there: two
+// chains side by side leave the ports enough room for them.
 template <class A, int K, class S>
 VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const Factors<A> f(c);
@@ -131,28 +148,14 @@ VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const int head = len & 3;
     stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
     const S* rest = src + int64_t(head) * K;
-    if constexpr (sizeof(A) == 4 && K == 1) {
+    if constexpr (sizeof(A) == 4 && (K == 1 || sizeof(S) == 2)) {
         using F = n0::simd::V<float>;
         if constexpr (sizeof(S) == 2)
-            stepReal([rest](int64_t j, size_t r) { return n0::simd::intToFloat(n0::simd::widen16sPart(rest + j, r)); },
-                     len - head, f, w1, w2);
+            stepFloat<K>([rest](int64_t j, size_t r) { return n0::simd::intToFloat(n0::simd::widen16sPart(rest + j, r)); },
+                         len - head, f, w1, w2);
         else
-            stepReal([rest](int64_t j, size_t r) { return F::loadm(n0::simd::tail<float>(r), rest + j); }, len - head, f,
-                     w1, w2);
-    } else if constexpr (sizeof(A) == 4 && sizeof(S) == 2) {
-        constexpr int kChunk = 1024;
-        alignas(64) float buf[kChunk];
-        for (int64_t i = head; i < len;) {
-            const int64_t cnt = len - i < kChunk / K ? len - i : kChunk / K;
-            const int16_t* p = src + i * K;
-            for (int64_t j = 0; j < cnt * K; j += 16) {
-                const size_t r = static_cast<size_t>(cnt * K - j);
-                n0::simd::V<float>::storem(buf + j, n0::simd::tail<float>(r < 16 ? r : 16),
-                                           n0::simd::intToFloat(n0::simd::widen16sPart(p + j, r)));
-            }
-            stepFour<A, K>([&buf](int64_t q) { return buf[q]; }, cnt, f, w1, w2);
-            i += cnt;
-        }
+            stepFloat<K>([rest](int64_t j, size_t r) { return F::loadm(n0::simd::tail<float>(r), rest + j); }, len - head,
+                         f, w1, w2);
     } else {
         stepFour<A, K>([rest](int64_t i) { return static_cast<A>(rest[i]); }, len - head, f, w1, w2);
     }
