@@ -25,7 +25,7 @@ namespace {
 // Every buffer starts on a page, so that the DFT, the bare FFT and FFTW see
 // their sources, destinations and work at the same offsets modulo 4096 (with
 // 64-byte alignment, where each landed depended on the sizes allocated and
-// freed before it, and the same FFT measured up to a fifth apart).
+// freed before it).
 void* allocBytes(size_t n) { return aligned_alloc(4096, (n + 4095) & ~size_t(4095)); }
 
 template <class T> void fillRandom(T* p, size_t n) {
