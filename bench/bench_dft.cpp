@@ -22,7 +22,11 @@
 
 namespace {
 
-void* allocBytes(size_t n) { return aligned_alloc(64, (n + 63) & ~size_t(63)); }
+// Every buffer starts on a page, so that the DFT, the bare FFT and FFTW see
+// their sources, destinations and work at the same offsets modulo 4096 (with
+// 64-byte alignment, where each landed depended on the sizes allocated and
+// freed before it).
+void* allocBytes(size_t n) { return aligned_alloc(4096, (n + 4095) & ~size_t(4095)); }
 
 template <class T> void fillRandom(T* p, size_t n) {
     uint64_t s = 12345;
@@ -50,14 +54,14 @@ template <class T, bool Real> void benchDft(benchmark::State& state, int N) {
     if constexpr (Real) st = sizeof(T) == 4 ? vrxsDFTGetSize_R_32f(N, 8, 0, &s, &i, &w) : vrxsDFTGetSize_R_64f(N, 8, 0, &s, &i, &w);
     else st = sizeof(T) == 4 ? vrxsDFTGetSize_C_32fc(N, 8, 0, &s, &i, &w) : vrxsDFTGetSize_C_64fc(N, 8, 0, &s, &i, &w);
     if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
+    T* src = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
+    T* dst = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
     Vrx8u* spec = static_cast<Vrx8u*>(m.get(s));
     Vrx8u* init = static_cast<Vrx8u*>(m.get(i));
     Vrx8u* work = static_cast<Vrx8u*>(m.get(w));
     if constexpr (Real) st = sizeof(T) == 4 ? vrxsDFTInit_R_32f(N, 8, 0, spec, init) : vrxsDFTInit_R_64f(N, 8, 0, spec, init);
     else st = sizeof(T) == 4 ? vrxsDFTInit_C_32fc(N, 8, 0, spec, init) : vrxsDFTInit_C_64fc(N, 8, 0, spec, init);
     if (st != vrxOk) { state.SkipWithError("Init"); return; }
-    T* src = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
-    T* dst = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
     fillRandom(src, 2 * N + 2);
     for (auto _ : state) {
         if constexpr (Real) {
@@ -81,6 +85,8 @@ template <class T, bool Real> void benchFft(benchmark::State& state, int N) {
     if constexpr (Real) st = sizeof(T) == 4 ? vrxsFFTGetSize_R_32f(order, 8, 0, &s, &i, &w) : vrxsFFTGetSize_R_64f(order, 8, 0, &s, &i, &w);
     else st = sizeof(T) == 4 ? vrxsFFTGetSize_C_32fc(order, 8, 0, &s, &i, &w) : vrxsFFTGetSize_C_64fc(order, 8, 0, &s, &i, &w);
     if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
+    T* src = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
+    T* dst = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
     Vrx8u* spec = static_cast<Vrx8u*>(m.get(s));
     Vrx8u* init = static_cast<Vrx8u*>(m.get(i));
     Vrx8u* work = static_cast<Vrx8u*>(m.get(w));
@@ -93,8 +99,6 @@ template <class T, bool Real> void benchFft(benchmark::State& state, int N) {
         else st = vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(&plan), order, 8, 0, spec, init);
     }
     if (st != vrxOk) { state.SkipWithError("Init"); return; }
-    T* src = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
-    T* dst = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
     fillRandom(src, 2 * N + 2);
     for (auto _ : state) {
         if constexpr (Real) {

@@ -247,13 +247,16 @@ TEST(DftStatus, TransformsInOrderAndNothingWritten) {
 // The lengths that run as two levels in registers load and store each form
 // (interleaved, split, in place, any offset) with their own code around the
 // same sums: every form gives the bits of interleaved data out of place.
-template <class T> void sameBitsEveryForm(int N) {
+// Chirp lengths (split data take other chirp products) give the bits of
+// their own kind out of place, whichever buffers the inner transforms run in.
+template <class T> void sameBitsEveryForm(int N, bool kindsAgree = true) {
     const auto x = ft::randomSignal(N, 11);
     for (int flag : {1, 8})
-        for (bool inv : {false, true}) {
-            auto ref = makePlan<T>(K::C, N, flag);
-            const std::vector<CLD> want = runC<T>(K::C, *ref, inv, false, 0, x);
-            for (K k : {K::C, K::S})
+        for (bool inv : {false, true})
+            for (K k : {K::C, K::S}) {
+                const K rk = kindsAgree ? K::C : k;
+                auto ref = makePlan<T>(rk, N, flag);
+                const std::vector<CLD> want = runC<T>(rk, *ref, inv, false, 0, x);
                 for (size_t mis : {size_t(0), sizeof(T), size_t(24)}) {
                     auto pl = makePlan<T>(k, N, flag, mis);
                     for (bool inPlace : {false, true}) {
@@ -263,12 +266,22 @@ template <class T> void sameBitsEveryForm(int N) {
                                                            << inv << " mis " << mis << " inPlace " << inPlace << " bin " << i;
                     }
                 }
-        }
+            }
 }
 
 TEST(DftBits, TwoLevelLengthsEveryForm) {
     for (int N : {18, 20, 30, 36, 50, 60, 100, 360}) sameBitsEveryForm<float>(N);
     for (int N : {18, 20, 30, 36, 50, 60, 100, 180}) sameBitsEveryForm<double>(N);
+}
+
+// 97 and 4099: inner lengths of the prime-factor engine; 65535: of the
+// radix engine; 100003: of the radix engine (single) and the large path
+// (double), whose work holds no second copy and runs in place.
+TEST(DftBits, ChirpLengthsInPlaceAndAtOffsets) {
+    for (int N : {97, 4099, 65535, 100003}) {
+        sameBitsEveryForm<float>(N, false);
+        sameBitsEveryForm<double>(N, false);
+    }
 }
 
 TEST(DftStatus, MxcsrUnchanged) {

@@ -753,11 +753,25 @@ template <class T, class Tr> struct Dft {
 
     // B = chirp * (x, conjugated for the inverse) over n, zero to M (both
     // already in B), forward, times the filter, inverse; the caller takes
-    // B * chirp.
+    // B * chirp. The work holds two inner work areas behind B: when the
+    // inner one can take M values (the inner FFT's work of its in-place
+    // calls), the forward runs from B into it, the product stays there and
+    // the inverse comes back to B, both out of place with the second area
+    // as their work (the same bits as in place, about a tenth faster at M =
+    // 2^17); otherwise both run in place in B.
     static VrxStatus convCore(const Plan* p, C* B, uint8_t* iwork) {
         const int M = p->convLength;
+        const C* filt = static_cast<const C*>(p->filterTab);
+        const int64_t area = p->workSize - int64_t(e) * M - 64;  // a64 of the inner work size
+        if (area >= int64_t(e) * M) {
+            C* X = reinterpret_cast<C*>(iwork);
+            uint8_t* w2 = iwork + area;
+            if (VrxStatus st = Tr::dftFwdC(B, X, p->convPlan, w2)) return st;
+            if (VrxStatus st = Tr::mulCI(filt, X, M)) return st;
+            return Tr::dftInvC(X, B, p->convPlan, w2);
+        }
         if (VrxStatus st = Tr::dftFwdC(B, B, p->convPlan, iwork)) return st;
-        if (VrxStatus st = Tr::mulCI(static_cast<const C*>(p->filterTab), B, M)) return st;
+        if (VrxStatus st = Tr::mulCI(filt, B, M)) return st;
         return Tr::dftInvC(B, B, p->convPlan, iwork);
     }
     template <bool Inv> static VrxStatus convC(const Plan* p, CRef<T> s, CRef<T> d, uint8_t* buf, bool interleaved) {
