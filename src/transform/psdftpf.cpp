@@ -1300,12 +1300,14 @@ template <class T> struct TlIdx {
 };
 template <class T> inline constexpr TlIdx<T> kTlIdx{};
 
-// One whole transform of n = N1*N2 complex values (split or interleaved, s
-// may be d): tw holds w_n^(k1*n2), k1 = 1 .. N1-1, n2 = 0 .. N2-1, as pairs.
-// S is the register: simd::V<T>, or simd::V256d (two complex doubles, rows
-// paired by moves of 128-bit halves).
-template <class T, int N1, int N2, class S = simd::V<T>>
-void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+// One whole transform of n = N1*N2 complex values (split or interleaved):
+// tw holds w_n^(k1*n2), k1 = 1 .. N1-1, n2 = 0 .. N2-1, as pairs. S is the
+// register: simd::V<T>, or simd::V256d (two complex doubles, rows paired by
+// moves of 128-bit halves). Every value is loaded before out(k0, rows, o)
+// takes the first group's N2 registers (X[k1 + N1*k2] in lane k1 - k0 of
+// o[k2], forward sign), so the output may overwrite the source.
+template <class T, int N1, int N2, class S, class Out>
+VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T* tw, Out&& out) {
     using C = CLs<S>;
     using Rg = typename S::R;
     constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC, KB = (N1 + CC - 1) / CC;
@@ -1378,12 +1380,22 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
             for (int n2 = 0; n2 < N2; ++n2) u[n2] = col(n2);
             dftCL<S, N2>(u, o);
         }
+        out(k0, rows, o);
+    }
+}
+
+// The whole transform stored to the destination (s may be d).
+template <class T, int N1, int N2, class S = simd::V<T>>
+void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+    using C = CLs<S>;
+    using Rg = typename S::R;
+    tlCore<T, N1, N2, S>(sRe, sIm, split, inv, tw, [&](int k0, int rows, const Rg* o) {
 #pragma GCC unroll 32
         for (int k2 = 0; k2 < N2; ++k2) {
             Rg v = o[k2];
             if (inv) v = C::conj(v);
             const int64_t i = int64_t(N1) * k2 + k0;
-            if constexpr (CC == 2) {
+            if constexpr (S::N == 4) {
                 if (split) S::storeSplit(dRe + i, dIm + i, rows, v);
                 else S::storec(dRe + 2 * i, rows, v);
             } else if (split) {
@@ -1395,7 +1407,7 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
                 S::storem(dRe + 2 * i, simd::tail<T>(2 * rows), v);
             }
         }
-    }
+    });
 }
 
 // N1 of the two-level path for a complex length n, or 0: k1 fills as many
@@ -1803,6 +1815,68 @@ bool pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
     if (tlDispatch<T>(p->n, sRe, sIm, dRe, dIm, split, inv, static_cast<const T*>(p->rec[0].tw))) return false;
     if constexpr (sizeof(T) == 8) return pfPassesOut<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
     else return pfPasses<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
+}
+
+// The real forward of double length 100 in one piece: its half of 50 runs
+// as 2 x 25 (tlCore), and the recombination takes the registers as they
+// come: register k2 holds bins 2*k2 and 2*k2 + 1, their partners 50 - 2*k2
+// and 49 - 2*k2 are value 0 of register 25 - k2 and value 1 of register
+// 24 - k2 (one blend). On complex pairs, with y the partner's conjugate,
+// the factors as (a, a) and (b, b), d = x - y, PQ = d*b + swap(d)*(a, -a),
+// the bin is y + PQ and its partner conj(x) + (-P, Q): the same products
+// and sums as the split recombination, so the same bits. The bins go
+// straight to their places in the form (Pack one value earlier), scaled
+// there when the plan scales; bin 25 is stored last from the partner side.
+template <class T> bool pfRealFwdTl(const Plan* p, const T* s, T* d, fft::Form f, T scale) {
+    if constexpr (sizeof(T) != 8) {
+        return false;
+    } else {
+        if (p->n != 50) return false;
+        using S = simd::V256d;
+        using C = CLs<S>;
+        using Rg = S::R;
+        constexpr int K = 25;
+        const T* ab = static_cast<const T*>(p->recFwdTab);  // a of bins 1 .. K, then b
+        const int off = f == fft::Form::Pack ? -1 : 0;
+        tlCore<T, 2, 25, S>(s, nullptr, false, false, static_cast<const T*>(p->rec[0].tw), [&](int, int, const Rg* o) {
+            const Rg sc = S::set1(scale), negRe = S::set2(T(-0.0), T(0));
+#pragma GCC unroll 13
+            for (int k2 = 0; k2 <= K / 2; ++k2) {
+                const Rg x = o[k2], y = C::conj(simd::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
+                const Rg a = k2 ? simd::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
+                const Rg b = k2 ? simd::loadDupPair(ab + K + 2 * k2 - 1) : S::set1(ab[K]);
+                const Rg dd = S::sub(x, y);
+                const Rg pq = S::add(S::mul(dd, b), S::mul(S::swapPair(dd), C::conj(a)));
+                Rg X = S::add(y, pq), Y = S::add(C::conj(x), S::xorb(pq, negRe));
+                if (scale != T(0)) {
+                    X = S::mul(X, sc);
+                    Y = S::mul(Y, sc);
+                }
+                // bin 0 of register 0 and its partner 50 are not recombined
+                if (k2) S::storec(d + 4 * k2 + off, 2, X);
+                else S::storec(d + 2 + off, 1, simd::swapHalves(X));
+                S::storec(d + 2 * (49 - 2 * k2) + off, k2 ? 2 : 1, simd::swapHalves(Y));
+            }
+            alignas(32) T z0[4];
+            S::storec(z0, 2, o[0]);
+            T r0 = z0[0] + z0[1], rh = z0[0] - z0[1];
+            if (scale != T(0)) {
+                r0 = r0 * scale;
+                rh = rh * scale;
+            }
+            d[0] = r0;
+            if (f == fft::Form::Perm) {
+                d[1] = rh;
+            } else if (f == fft::Form::CCS) {
+                d[1] = T(0);
+                d[100] = rh;
+                d[101] = T(0);
+            } else {
+                d[99] = rh;
+            }
+        });
+        return true;
+    }
 }
 
 template <class T> void pfReal(const Plan* p, T* d, bool inv) {
@@ -2231,6 +2305,7 @@ template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
     template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int, int32_t*);   \
     template bool pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*, const T*);  \
+    template bool pfRealFwdTl<T>(const Plan*, const T*, T*, fft::Form, T);                              \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
     template const Cx<T>* smallRoots<T>(int);                                                            \
     template void smallRunC<T>(int, bool, const T*, const T*, int, T*, T*, int, T);                     \
