@@ -919,6 +919,7 @@ void runStageK(int R, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, cons
         case 6: stageK<T, 6, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 7: stageK<T, 7, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 8: stageK<T, 8, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 9: stageK<T, 9, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 11: stageK<T, 11, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 13: stageK<T, 13, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 16: stageK<T, 16, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
@@ -936,6 +937,7 @@ void runStageQ(int R, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T
         case 6: stageQ<T, 6, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 7: stageQ<T, 7, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 8: stageQ<T, 8, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 9: stageQ<T, 9, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 11: stageQ<T, 11, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 13: stageQ<T, 13, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 16: stageQ<T, 16, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
@@ -1456,17 +1458,23 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // records' order). Double lengths whose records would leave the early
 // passes with fewer finished sub-transforms than a register's lanes run a
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
-// every later pass fills whole registers. The twiddle rows of the passes
-// follow one another in level 0's table: 2*(n-1) values in all, within its
-// 2*n.
+// every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
+// runs four passes instead of five, its two 3s as one radix 9; 500 runs
+// its radix 4 second, which measured faster than first. The twiddle
+// rows of the passes follow one another in level 0's table: 2*(n-1) values
+// in all, within its 2*n.
 template <class T> int altPasses(int64_t n, int* R) {
+    if (n == 4095) {
+        R[0] = 5; R[1] = 9; R[2] = 7; R[3] = 13;
+        return 4;
+    }
     if constexpr (sizeof(T) == 8) {
         switch (n) {
             case 1000: R[0] = 8; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
             case 1536: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 6; return 4;
             case 768: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 3; return 4;
             case 360: R[0] = 8; R[1] = 3; R[2] = 3; R[3] = 5; return 4;
-            case 500: R[0] = 4; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
+            case 500: R[0] = 5; R[1] = 4; R[2] = 5; R[3] = 5; return 4;
             default: return 0;
         }
     }
