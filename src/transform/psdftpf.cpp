@@ -1848,23 +1848,28 @@ template <class T> bool pfRealFwdTl(const Plan* p, const T* s, T* d, fft::Form f
         const int off = f == fft::Form::Pack ? -1 : 0;
         tlCore<T, 2, 25, S>(s, nullptr, false, false, static_cast<const T*>(p->rec[0].tw), [&](int, int, const Rg* o) {
             const Rg sc = S::set1(scale), negRe = S::set2(T(-0.0), T(0));
+            // one loop with the scale and one without (no test per register)
+            const auto bins = [&](auto scaled) {
 #pragma GCC unroll 13
-            for (int k2 = 0; k2 <= K / 2; ++k2) {
-                const Rg x = o[k2], y = C::conj(simd::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
-                const Rg a = k2 ? simd::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
-                const Rg b = k2 ? simd::loadDupPair(ab + K + 2 * k2 - 1) : S::set1(ab[K]);
-                const Rg dd = S::sub(x, y);
-                const Rg pq = S::add(S::mul(dd, b), S::mul(S::swapPair(dd), C::conj(a)));
-                Rg X = S::add(y, pq), Y = S::add(C::conj(x), S::xorb(pq, negRe));
-                if (scale != T(0)) {
-                    X = S::mul(X, sc);
-                    Y = S::mul(Y, sc);
+                for (int k2 = 0; k2 <= K / 2; ++k2) {
+                    const Rg x = o[k2], y = C::conj(simd::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
+                    const Rg a = k2 ? simd::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
+                    const Rg b = k2 ? simd::loadDupPair(ab + K + 2 * k2 - 1) : S::set1(ab[K]);
+                    const Rg dd = S::sub(x, y);
+                    const Rg pq = S::add(S::mul(dd, b), S::mul(S::swapPair(dd), C::conj(a)));
+                    Rg X = S::add(y, pq), Y = S::add(C::conj(x), S::xorb(pq, negRe));
+                    if constexpr (decltype(scaled)::value) {
+                        X = S::mul(X, sc);
+                        Y = S::mul(Y, sc);
+                    }
+                    // bin 0 of register 0 and its partner 50 are not recombined
+                    if (k2) S::storec(d + 4 * k2 + off, 2, X);
+                    else S::storec(d + 2 + off, 1, simd::swapHalves(X));
+                    S::storec(d + 2 * (49 - 2 * k2) + off, k2 ? 2 : 1, simd::swapHalves(Y));
                 }
-                // bin 0 of register 0 and its partner 50 are not recombined
-                if (k2) S::storec(d + 4 * k2 + off, 2, X);
-                else S::storec(d + 2 + off, 1, simd::swapHalves(X));
-                S::storec(d + 2 * (49 - 2 * k2) + off, k2 ? 2 : 1, simd::swapHalves(Y));
-            }
+            };
+            if (scale != T(0)) bins(std::true_type{});
+            else bins(std::false_type{});
             alignas(32) T z0[4];
             S::storec(z0, 2, o[0]);
             T r0 = z0[0] + z0[1], rh = z0[0] - z0[1];
