@@ -166,6 +166,53 @@ TEST(DftAccuracy, AllPaths) {
     }
 }
 
+// Real forwards of even length whose recombination runs inside the half's
+// register body (100 double) or its last pass (250, 1000, 2808): every
+// form, offset and placement holds the same bins, and a scaling plan's bins
+// are the unscaled ones times its scale, rounded once.
+template <class T> std::vector<T> fwdBins(int N, int flag, Form f, bool inPlace, size_t mis, const std::vector<LD>& x) {
+    using A = Api<T>;
+    auto pl = makePlan<T>(K::R, N, flag, mis);
+    const size_t no = formLen(f, N);
+    vt::Buffer src(no * sizeof(T), mis), dst(no * sizeof(T), (mis + 4) % 64);
+    T *s = src.as<T>(), *d = inPlace ? s : dst.as<T>();
+    for (int i = 0; i < N; ++i) s[i] = static_cast<T>(x[i]);
+    const auto run = f == Form::CCS ? A::fwdCCS : f == Form::Pack ? A::fwdPack : A::fwdPerm;
+    EXPECT_EQ(run(s, d, reinterpret_cast<const typename A::PR*>(pl->p()), pl->w()), vrxOk);
+    EXPECT_TRUE(src.guardsIntact() && dst.guardsIntact());
+    const int h = N / 2, o = f == Form::Pack ? -1 : 0;  // bin k at 2k + o, 0 < k < h
+    std::vector<T> b(2 * h + 2, T(0));
+    b[0] = d[0];
+    b[2 * h] = f == Form::CCS ? d[N] : f == Form::Pack ? d[N - 1] : d[1];
+    for (int k = 1; k < h; ++k) b[2 * k] = d[2 * k + o], b[2 * k + 1] = d[2 * k + 1 + o];
+    return b;
+}
+template <class T> void realFoldBits(int N) {
+    SCOPED_TRACE(testing::Message() << "N=" << N << " T=" << sizeof(T));
+    std::vector<LD> x(N);
+    const auto r = ft::randomSignal(N, 77);
+    for (int i = 0; i < N; ++i) x[i] = r[i].real();
+    const std::vector<T> want = fwdBins<T>(N, 8, Form::Perm, false, 0, x);
+    for (int flag : {1, 4, 8}) {
+        const T sc = flag == 1 ? T(1) / static_cast<T>(N) : static_cast<T>(1.0 / sqrt(static_cast<double>(N)));
+        for (Form f : {Form::CCS, Form::Pack, Form::Perm})
+            for (size_t mis : {size_t(0), sizeof(T), size_t(24)})
+                for (bool inPlace : {false, true}) {
+                    const std::vector<T> got = fwdBins<T>(N, flag, f, inPlace, mis, x);
+                    for (size_t i = 0; i < got.size(); ++i)
+                        ASSERT_TRUE(got[i] == (flag == 8 ? want[i] : static_cast<T>(want[i] * sc)))
+                            << "flag " << flag << " form " << int(f) << " mis " << mis << " inPlace " << inPlace << " value " << i;
+                }
+    }
+}
+
+TEST(DftBits, RealRecombinationEveryFormAndScale) {
+    for (int N : {100, 250, 1000, 2808}) {
+        realFoldBits<float>(N);
+        realFoldBits<double>(N);
+    }
+}
+
 // ------------------------------------------------------------ statuses
 
 template <class T> void statusesOf(K k) {

@@ -919,6 +919,7 @@ void runStageK(int R, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, cons
         case 6: stageK<T, 6, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 7: stageK<T, 7, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 8: stageK<T, 8, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 9: stageK<T, 9, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 11: stageK<T, 11, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 13: stageK<T, 13, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 16: stageK<T, 16, Il>(R, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
@@ -936,6 +937,7 @@ void runStageQ(int R, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T
         case 6: stageQ<T, 6, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 7: stageQ<T, 7, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 8: stageQ<T, 8, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
+        case 9: stageQ<T, 9, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 11: stageQ<T, 11, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 13: stageQ<T, 13, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
         case 16: stageQ<T, 16, Il>(R, l, m, tw, W, aRe, aIm, bRe, bIm, neg); return;
@@ -1300,12 +1302,14 @@ template <class T> struct TlIdx {
 };
 template <class T> inline constexpr TlIdx<T> kTlIdx{};
 
-// One whole transform of n = N1*N2 complex values (split or interleaved, s
-// may be d): tw holds w_n^(k1*n2), k1 = 1 .. N1-1, n2 = 0 .. N2-1, as pairs.
-// S is the register: simd::V<T>, or simd::V256d (two complex doubles, rows
-// paired by moves of 128-bit halves).
-template <class T, int N1, int N2, class S = simd::V<T>>
-void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+// One whole transform of n = N1*N2 complex values (split or interleaved):
+// tw holds w_n^(k1*n2), k1 = 1 .. N1-1, n2 = 0 .. N2-1, as pairs. S is the
+// register: simd::V<T>, or simd::V256d (two complex doubles, rows paired by
+// moves of 128-bit halves). Every value is loaded before out(k0, rows, o)
+// takes the first group's N2 registers (X[k1 + N1*k2] in lane k1 - k0 of
+// o[k2], forward sign), so the output may overwrite the source.
+template <class T, int N1, int N2, class S, class Out>
+VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T* tw, Out&& out) {
     using C = CLs<S>;
     using Rg = typename S::R;
     constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC, KB = (N1 + CC - 1) / CC;
@@ -1378,12 +1382,22 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
             for (int n2 = 0; n2 < N2; ++n2) u[n2] = col(n2);
             dftCL<S, N2>(u, o);
         }
+        out(k0, rows, o);
+    }
+}
+
+// The whole transform stored to the destination (s may be d).
+template <class T, int N1, int N2, class S = simd::V<T>>
+void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, const T* tw) {
+    using C = CLs<S>;
+    using Rg = typename S::R;
+    tlCore<T, N1, N2, S>(sRe, sIm, split, inv, tw, [&](int k0, int rows, const Rg* o) {
 #pragma GCC unroll 32
         for (int k2 = 0; k2 < N2; ++k2) {
             Rg v = o[k2];
             if (inv) v = C::conj(v);
             const int64_t i = int64_t(N1) * k2 + k0;
-            if constexpr (CC == 2) {
+            if constexpr (S::N == 4) {
                 if (split) S::storeSplit(dRe + i, dIm + i, rows, v);
                 else S::storec(dRe + 2 * i, rows, v);
             } else if (split) {
@@ -1395,7 +1409,7 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
                 S::storem(dRe + 2 * i, simd::tail<T>(2 * rows), v);
             }
         }
-    }
+    });
 }
 
 // N1 of the two-level path for a complex length n, or 0: k1 fills as many
@@ -1444,17 +1458,23 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // records' order). Double lengths whose records would leave the early
 // passes with fewer finished sub-transforms than a register's lanes run a
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
-// every later pass fills whole registers. The twiddle rows of the passes
-// follow one another in level 0's table: 2*(n-1) values in all, within its
-// 2*n.
+// every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
+// runs four passes instead of five, its two 3s as one radix 9; 500 runs
+// its radix 4 second, which measured faster than first. The twiddle
+// rows of the passes follow one another in level 0's table: 2*(n-1) values
+// in all, within its 2*n.
 template <class T> int altPasses(int64_t n, int* R) {
+    if (n == 4095) {
+        R[0] = 5; R[1] = 9; R[2] = 7; R[3] = 13;
+        return 4;
+    }
     if constexpr (sizeof(T) == 8) {
         switch (n) {
             case 1000: R[0] = 8; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
             case 1536: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 6; return 4;
             case 768: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 3; return 4;
             case 360: R[0] = 8; R[1] = 3; R[2] = 3; R[3] = 5; return 4;
-            case 500: R[0] = 4; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
+            case 500: R[0] = 5; R[1] = 4; R[2] = 5; R[3] = 5; return 4;
             default: return 0;
         }
     }
@@ -1803,6 +1823,73 @@ bool pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool s
     if (tlDispatch<T>(p->n, sRe, sIm, dRe, dIm, split, inv, static_cast<const T*>(p->rec[0].tw))) return false;
     if constexpr (sizeof(T) == 8) return pfPassesOut<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
     else return pfPasses<T>(p, sRe, sIm, dRe, dIm, split, inv, work, rec);
+}
+
+// The real forward of double length 100 in one piece: its half of 50 runs
+// as 2 x 25 (tlCore), and the recombination takes the registers as they
+// come: register k2 holds bins 2*k2 and 2*k2 + 1, their partners 50 - 2*k2
+// and 49 - 2*k2 are value 0 of register 25 - k2 and value 1 of register
+// 24 - k2 (one blend). On complex pairs, with y the partner's conjugate,
+// the factors as (a, a) and (b, b), d = x - y, PQ = d*b + swap(d)*(a, -a),
+// the bin is y + PQ and its partner conj(x) + (-P, Q): the same products
+// and sums as the split recombination, so the same bits. The bins go
+// straight to their places in the form (Pack one value earlier), scaled
+// there when the plan scales; bin 25 is stored last from the partner side.
+template <class T> bool pfRealFwdTl(const Plan* p, const T* s, T* d, fft::Form f, T scale) {
+    if constexpr (sizeof(T) != 8) {
+        return false;
+    } else {
+        if (p->n != 50) return false;
+        using S = simd::V256d;
+        using C = CLs<S>;
+        using Rg = S::R;
+        constexpr int K = 25;
+        const T* ab = static_cast<const T*>(p->recFwdTab);  // a of bins 1 .. K, then b
+        const int off = f == fft::Form::Pack ? -1 : 0;
+        tlCore<T, 2, 25, S>(s, nullptr, false, false, static_cast<const T*>(p->rec[0].tw), [&](int, int, const Rg* o) {
+            const Rg sc = S::set1(scale), negRe = S::set2(T(-0.0), T(0));
+            // one loop with the scale and one without (no test per register)
+            const auto bins = [&](auto scaled) {
+#pragma GCC unroll 13
+                for (int k2 = 0; k2 <= K / 2; ++k2) {
+                    const Rg x = o[k2], y = C::conj(simd::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
+                    const Rg a = k2 ? simd::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
+                    const Rg b = k2 ? simd::loadDupPair(ab + K + 2 * k2 - 1) : S::set1(ab[K]);
+                    const Rg dd = S::sub(x, y);
+                    const Rg pq = S::add(S::mul(dd, b), S::mul(S::swapPair(dd), C::conj(a)));
+                    Rg X = S::add(y, pq), Y = S::add(C::conj(x), S::xorb(pq, negRe));
+                    if constexpr (decltype(scaled)::value) {
+                        X = S::mul(X, sc);
+                        Y = S::mul(Y, sc);
+                    }
+                    // bin 0 of register 0 and its partner 50 are not recombined
+                    if (k2) S::storec(d + 4 * k2 + off, 2, X);
+                    else S::storec(d + 2 + off, 1, simd::swapHalves(X));
+                    S::storec(d + 2 * (49 - 2 * k2) + off, k2 ? 2 : 1, simd::swapHalves(Y));
+                }
+            };
+            if (scale != T(0)) bins(std::true_type{});
+            else bins(std::false_type{});
+            alignas(32) T z0[4];
+            S::storec(z0, 2, o[0]);
+            T r0 = z0[0] + z0[1], rh = z0[0] - z0[1];
+            if (scale != T(0)) {
+                r0 = r0 * scale;
+                rh = rh * scale;
+            }
+            d[0] = r0;
+            if (f == fft::Form::Perm) {
+                d[1] = rh;
+            } else if (f == fft::Form::CCS) {
+                d[1] = T(0);
+                d[100] = rh;
+                d[101] = T(0);
+            } else {
+                d[99] = rh;
+            }
+        });
+        return true;
+    }
 }
 
 template <class T> void pfReal(const Plan* p, T* d, bool inv) {
@@ -2231,6 +2318,7 @@ template <class T> void smallRunRInv(int N, const T* s, T* d, T scale, fft::Form
 #define VRX_DFTPF_INSTANTIATE(T)                                                                         \
     template void pfInit<T>(Plan*, Carver&, const int*, int, int, bool, const Cx<T>*, int, int32_t*);   \
     template bool pfComplex<T>(const Plan*, const T*, const T*, T*, T*, bool, bool, Cx<T>*, const T*);  \
+    template bool pfRealFwdTl<T>(const Plan*, const T*, T*, fft::Form, T);                              \
     template void pfReal<T>(const Plan*, T*, bool);                                                     \
     template const Cx<T>* smallRoots<T>(int);                                                            \
     template void smallRunC<T>(int, bool, const T*, const T*, int, T*, T*, int, T);                     \

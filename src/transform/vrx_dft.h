@@ -105,6 +105,11 @@ template <class T>
 bool pfComplex(const Plan* p, const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, Cx<T>* work,
                const T* rec = nullptr);
 
+// The real forward of a plan of even length whose half runs as two levels
+// in registers with the recombination folded in (double 100), straight into
+// form f and scaled (scale 0: none): returns false for the other plans.
+template <class T> bool pfRealFwdTl(const Plan* p, const T* src, T* dst, fft::Form f, T scale);
+
 // The forward recombination of a real plan of even length for a register of
 // bin pairs (S the register operations): x = z[k], y = z[H-k] as parts, the
 // factors (a, b) of bin k; d = (xr - yr, xi + yi), P = dr*b + a*di,

@@ -992,6 +992,7 @@ template <class T, class Tr> struct Dft {
                 const T* rt = static_cast<const T*>(p->recFwdTab);
                 // the engine's last pass may take the recombination with it
                 if (p->path == kPathPf) {
+                    if (pfRealFwdTl<T>(p, src, dst, form, scale)) return vrxOk;
                     if (!pfComplex<T>(p, src, nullptr, dst, nullptr, false, false, reinterpret_cast<C*>(work), rt))
                         recombineFwd(dst, H, rt);
                 } else {

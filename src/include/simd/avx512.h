@@ -1109,4 +1109,13 @@ VRX_INLINE void dupLanes(__m512d a, __m512d& lo, __m512d& hi) {
     lo = _mm512_permutexvar_pd(_mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3), a);
     hi = _mm512_permutexvar_pd(_mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7), a);
 }
+// ---- DFT engine: real even length 100 recombined in 256-bit registers of two complex doubles
+// (a.lo, b.hi): complex value 0 of a, value 1 of b
+VRX_INLINE __m256d blendHalves(__m256d a, __m256d b) { return _mm256_blend_pd(a, b, 0xC); }
+// the two complex values of a register swapped
+VRX_INLINE __m256d swapHalves(__m256d a) { return _mm256_permute4x64_pd(a, 0x4E); }
+// (p[0], p[0], p[1], p[1])
+VRX_INLINE __m256d loadDupPair(const double* p) {
+    return _mm256_permute_pd(_mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p)), 0xC);
+}
 }  // namespace n0::simd
