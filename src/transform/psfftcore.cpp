@@ -745,7 +745,10 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
         }
     } else {
         switch (m) {
-            case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
+            case 7:
+                if constexpr (Split) order7d<Inv, true>(src.re, src.im, re, im);
+                else order7d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                return true;
             case 8:
                 if constexpr (Split) order8d<Inv, true>(src.re, src.im, re, im);
                 else order8d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
