@@ -726,12 +726,12 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     } else {
         switch (m) {
             case 7:
-                if constexpr (Split) order7d<Inv, true>(src.re, src.im, re, im);
-                else order7d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                if constexpr (Split) rows16d<Inv, true, 8>(src.re, src.im, re, im);
+                else rows16d<Inv, false, 8>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
                 return true;
             case 8:
-                if constexpr (Split) order8d<Inv, true>(src.re, src.im, re, im);
-                else order8d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                if constexpr (Split) rows16d<Inv, true, 16>(src.re, src.im, re, im);
+                else rows16d<Inv, false, 16>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
                 return true;
             case 9:
                 if constexpr (Split) order9d<Inv, true>(src.re, src.im, re, im);

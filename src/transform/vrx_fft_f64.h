@@ -274,27 +274,6 @@ template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* 
     }
 }
 
-template <bool Inv, bool Split>
-[[gnu::noinline]] void order8d(const double* sre, const double* sim, double* dre, double* dim) {
-    using W = simd::V<double>;
-    alignas(64) double y[512];
-#pragma GCC unroll 1
-    for (int q = 0; q < 4; ++q) {
-        W::R a[16];
-        // rows 2j and 2j + 1 are transposed and stored as soon as both are
-        // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
-        dft16d<Inv>([&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); },
-                    [&](int k1, CVd v) __attribute__((always_inline)) {
-            const int e = 2 * (16 * k1 + 4 * q);
-            W::R x = v.v;
-            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<256>.wr + e), W::load(kTwRowsD<256>.wi + e));
-            if (k1 % 2 == 0) a[k1] = x;
-            else storePairs4d<16>(y, q, k1, a[k1 - 1], x);
-        });
-    }
-    rowStep16d<Inv, Split, 16>(y, dre, dim);
-}
-
 // ---- order 7 (double) as 8 x 16, the same two steps
 //
 // x[16*n1 + n2]: per four columns, 8-point transforms down the rows (two
@@ -324,23 +303,28 @@ template <bool Inv, class Ld, class St> VRX_INLINE void dft8d(Ld ld, St st) {
         st(k + 4, CVd{s1});
     }
 }
-template <bool Inv, bool Split>
-[[gnu::noinline]] void order7d(const double* sre, const double* sim, double* dre, double* dim) {
+// Orders 7 and 8: R = 8 or 16 rows of 16 columns.
+template <bool Inv, bool Split, int R>
+[[gnu::noinline]] void rows16d(const double* sre, const double* sim, double* dre, double* dim) {
     using W = simd::V<double>;
-    alignas(64) double y[256];
+    alignas(64) double y[32 * R];
 #pragma GCC unroll 1
     for (int q = 0; q < 4; ++q) {
-        W::R a[8];
-        dft8d<Inv>([&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); },
-                   [&](int k1, CVd v) __attribute__((always_inline)) {
+        W::R a[R];
+        // rows 2j and 2j + 1 are transposed and stored as soon as both are
+        // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
+        auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
+        auto st = [&](int k1, CVd v) __attribute__((always_inline)) {
             const int e = 2 * (16 * k1 + 4 * q);
             W::R x = v.v;
-            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<128>.wr + e), W::load(kTwRowsD<128>.wi + e));
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<16 * R>.wr + e), W::load(kTwRowsD<16 * R>.wi + e));
             if (k1 % 2 == 0) a[k1] = x;
-            else storePairs4d<8>(y, q, k1, a[k1 - 1], x);
-        });
+            else storePairs4d<R>(y, q, k1, a[k1 - 1], x);
+        };
+        if constexpr (R == 8) dft8d<Inv>(ld, st);
+        else dft16d<Inv>(ld, st);
     }
-    rowStep16d<Inv, Split, 8>(y, dre, dim);
+    rowStep16d<Inv, Split, R>(y, dre, dim);
 }
 
 // ---- order 9 (double) as 32 x 16, the same two steps
