@@ -150,33 +150,24 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
         for (int q = 0; q < Q; ++q) {
             G c[16];
             {
-                // tr[p] lane e = row(e) column p: per eight columns, the
-                // 256-bit pieces of rows 8h + j and 8h + 4 + j (j < 4) joined
-                // into register 4h + j, the 128-bit blocks of registers j and
-                // 4 + j paired (block 2h + l then holds row 8h + 4l + j), and
-                // 4 x 4 transposes within the lanes (256-bit loads of data
-                // still in the store queue are served from it, 128-bit ones
-                // are not)
+                // tr[p] lane e = row(e) column p: the 128-bit pieces of four
+                // columns of rows e = 4L + j gathered into lanes L, then
+                // transposed within the lanes
                 typename W::R tr[V], ti[V];
 #pragma GCC unroll 2
                 for (int part = 0; part < 2; ++part)
-#pragma GCC unroll 2
-                    for (int c = 0; c < 2; ++c) {
-                        auto at = [&](int e) __attribute__((always_inline)) {
-                            const int k1 = V * b + (O == Out::Cx ? pairLane<float>(e) : e);
-                            return reinterpret_cast<const double*>(y + 2 * (C * k1 + V * q) + V * part + 8 * c);
-                        };
-                        __m512 g[8], m[8];
-#pragma GCC unroll 8
-                        for (int i = 0; i < 8; ++i)
-                            g[i] = _mm512_castpd_ps(simd::loadHalves(at(8 * (i / 4) + i % 4), at(8 * (i / 4) + 4 + i % 4)));
+#pragma GCC unroll 4
+                    for (int g = 0; g < 4; ++g) {
+                        __m512 m[4];
 #pragma GCC unroll 4
                         for (int j = 0; j < 4; ++j) {
-                            m[j] = simd::blocks128<0, 2, 0, 2>(g[j], g[4 + j]);
-                            m[4 + j] = simd::blocks128<1, 3, 1, 3>(g[j], g[4 + j]);
+                            auto at = [&](int e) __attribute__((always_inline)) {
+                                const int k1 = V * b + (O == Out::Cx ? pairLane<float>(e) : e);
+                                return y + 2 * (C * k1 + V * q) + V * part + 4 * g;
+                            };
+                            m[j] = simd::load4x128(at(j), at(4 + j), at(8 + j), at(12 + j));
                         }
-                        simd::transpose4InLanes(m, (part ? ti : tr) + 8 * c);
-                        simd::transpose4InLanes(m + 4, (part ? ti : tr) + 8 * c + 4);
+                        simd::transpose4InLanes(m, (part ? ti : tr) + 4 * g);
                     }
 #pragma GCC unroll 16
                 for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<float>(p)] = {tr[p], ti[p]};
