@@ -657,26 +657,10 @@ VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale 
     static_assert(R >= V && C % V == 0, "whole square blocks");
     // one square block stays in registers; more go through the stack
     constexpr bool Direct = R == V && H == 1;
-    // the streamed 16-point transforms: faster for the single block of 16
-    // x 16 floats, slower where the rows go through the stack (double)
-    constexpr bool Stream = Direct && R == 16;
     alignas(64) T y[Direct ? 1 : 2 * N];
     G a[R];
 #pragma GCC unroll 1
     for (int h = 0; h < H; ++h) {
-        if constexpr (Stream) {
-            auto ld = [&](int r) __attribute__((always_inline)) {
-                const int64_t e = C * r + V * h;
-                G x;
-                if constexpr (SplitIn) x = {W::load(src.re + e), W::load(src.im + e)};
-                else pairLoad(reinterpret_cast<const T*>(src.cx + e), x.re, x.im);
-                return x;
-            };
-            sdft16S<T, Inv>(ld, [&](int k1, G v) __attribute__((always_inline)) {
-                a[k1] = k1 == 0 ? v : P::template mul<Inv>(v, kLaneTwGroup<T, M, !SplitIn, C>.f + 2 * (C * k1 + V * h));
-            });
-            continue;
-        }
 #pragma GCC unroll 64
         for (int r = 0; r < R; ++r) {
             const int64_t e = C * r + V * h;
@@ -718,17 +702,13 @@ VRX_INLINE void inRegisters(const SrcRef<T>& src, T* out, T* re, T* im, T scale 
             if constexpr (O == Out::Cx) pairStore(out + 2 * (V * b + R * k2), v.re, v.im);
             else P::template put<O>(v, out, re, im, V * b + R * k2);
         };
-        if constexpr (Stream) {
-            sdft16S<T, Inv>([&](int n) __attribute__((always_inline)) { return c[n]; }, st);
-        } else {
-            sdft<T, C, Inv>(c);
+        sdft<T, C, Inv>(c);
 #pragma GCC unroll 32
-            for (int k2 = 0; k2 < C; ++k2) st(k2, c[k2]);
-        }
+        for (int k2 = 0; k2 < C; ++k2) st(k2, c[k2]);
     }
 }
 
-// Single-precision orders 9 to 11: two sweeps over a stack buffer.
+// Single-precision orders 8 to 11: two sweeps over a stack buffer.
 #include "vrx_fft_f32.h"
 
 // The orders that run in registers; false for the others.
@@ -737,7 +717,7 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
     T* o = reinterpret_cast<T*>(out);
     if constexpr (sizeof(T) == 4) {
         switch (m) {
-            case 8: inRegisters<T, 8, Inv, Split, O>(src, o, re, im); return true;
+            case 8: twoSweepF<8, 1, Inv, Split, O>(src, o, re, im); return true;
             case 9: twoSweepF<9, 1, Inv, Split, O>(src, o, re, im); return true;
             case 10: twoSweepF<10, 2, Inv, Split, O>(src, o, re, im); return true;
             case 11: twoSweepF<11, 4, Inv, Split, O>(src, o, re, im); return true;
@@ -745,10 +725,13 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
         }
     } else {
         switch (m) {
-            case 7: inRegisters<T, 7, Inv, Split, O>(src, o, re, im); return true;
+            case 7:
+                if constexpr (Split) rows16d<Inv, true, 8>(src.re, src.im, re, im);
+                else rows16d<Inv, false, 8>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                return true;
             case 8:
-                if constexpr (Split) order8d<Inv, true>(src.re, src.im, re, im);
-                else order8d<Inv, false>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
+                if constexpr (Split) rows16d<Inv, true, 16>(src.re, src.im, re, im);
+                else rows16d<Inv, false, 16>(reinterpret_cast<const T*>(src.cx), nullptr, o, nullptr);
                 return true;
             case 9:
                 if constexpr (Split) order9d<Inv, true>(src.re, src.im, re, im);

@@ -1,4 +1,4 @@
-// Single-precision orders 9 to 11 as two sweeps over a stack buffer.
+// Single-precision orders 8 to 11 as two sweeps over a stack buffer.
 // Included by psfftcore.cpp inside its unnamed namespace, after the
 // in-register kernels (fixW, sdft, mulFix, transposeReals) it uses.
 #pragma once
@@ -68,27 +68,28 @@ template <int C, bool Perm> struct LaneFoldTw {
 };
 template <int C, bool Perm> inline constexpr LaneFoldTw<C, Perm> kLaneFoldTw{};
 
-// A transform of N = 32*C floats, 32 rows of C = 16*Q columns (Q = 1, 2
-// or 4), x[C*n1 + n2], in two sweeps over a stack buffer y. Sweep one,
-// per group h of 16 columns: transforms of length 32 down the rows, a
-// radix-4 step over rows n1 + 8j first (j = 0 .. 3), whose outputs 1 to 3,
-// times W_32^(n1*j), wait in the stack while output 0 runs its 8-point
-// transforms down the registers; they give rows k1 = j + 4k, each
+// A transform of N = R*C floats, R = 32 rows of C = 16*Q columns (Q = 1,
+// 2 or 4) or 16 rows of 16 (order 8), x[C*n1 + n2], in two sweeps over a
+// stack buffer y. Sweep one, per group h of 16 columns: transforms of
+// length R down the rows, a radix-4 step over rows n1 + Lj first (L = R/4,
+// j = 0 .. 3), whose outputs 1 to 3, times W_R^(n1*j), wait in the stack
+// while output 0 runs its L-point transforms down the registers (the
+// operations of sdft<R>); they give rows k1 = j + 4k, each
 // multiplied by W_N^(k1*n2). The last group also takes the first step of
 // the row transforms, which pairs columns c + 16h (h = 0 .. Q-1) and so
 // lies within lanes: per row k1 the groups stored before are loaded again,
 // a Q-point transform runs across the groups, its output q is multiplied
 // by W_C^(c*q) lane by lane and stored in the slot of group q. Sweep two,
 // per 16 rows and per q: a transpose of the 16 x 16 block and a 16-point
-// transform give X[k1 + 32*(Q*k + q)], 16 adjacent outputs per register,
+// transform give X[k1 + R*(Q*k + q)], 16 adjacent outputs per register,
 // with no trip through the stack between its transpose and its stores.
 template <int M, int Q, bool Inv, bool SplitIn, Out O>
 [[gnu::noinline]] void twoSweepF(const SrcRef<float>& src, float* out, float* re, float* im) {
     using G = GVec<float>;
     using W = simd::V<float>;
     using Pq = GOps<float>;
-    constexpr int V = 16, C = 16 * Q, R = 32, N = R * C, L = 8;
-    static_assert(N == 1 << M && (Q == 1 || Q == 2 || Q == 4), "32 rows of 16, 32 or 64 columns");
+    constexpr int V = 16, C = 16 * Q, N = 1 << M, R = N / C, L = R / 4;
+    static_assert((R == 32 && (Q == 1 || Q == 2 || Q == 4)) || (R == 16 && Q == 1), "32 rows of 16, 32 or 64 columns, or 16 x 16");
     alignas(64) float y[2 * N];
     alignas(64) float z[2 * V * 3 * L];
     const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
@@ -144,7 +145,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
         }
     }
 #pragma GCC unroll 1
-    for (int b = 0; b < 2; ++b) {
+    for (int b = 0; b < R / V; ++b) {
 #pragma GCC unroll 1
         for (int q = 0; q < Q; ++q) {
             G c[16];

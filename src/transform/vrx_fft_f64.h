@@ -274,25 +274,57 @@ template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* 
     }
 }
 
-template <bool Inv, bool Split>
-[[gnu::noinline]] void order8d(const double* sre, const double* sim, double* dre, double* dim) {
+// ---- order 7 (double) as 8 x 16, the same two steps
+//
+// x[16*n1 + n2]: per four columns, 8-point transforms down the rows (two
+// radix-4 butterflies over the even and odd rows, joined by W_8^k), the
+// factors W_128^(k1*n2) and the 2 x 2 transposes of rows k1 = 2t and
+// 2t + 1 as for order 8; then per four rows k1 the 16-point transforms over
+// n2 give X[k1 + 8*k2]. Outputs leave as X[k], X[k + 4] for k = 0 .. 3.
+template <bool Inv, class Ld, class St> VRX_INLINE void dft8d(Ld ld, St st) {
     using W = simd::V<double>;
-    alignas(64) double y[512];
+    CVd e[4], o[4];
+    bfly4d<Inv>(ld(0), ld(2), ld(4), ld(6), e);
+    bfly4d<Inv>(ld(1), ld(3), ld(5), ld(7), o);
+#pragma GCC unroll 4
+    for (int k = 0; k < 4; ++k) {
+        W::R s0, s1;
+        if (k == 2) {
+            // W_8^2 = -i: the rotation folded into the sums
+            const W::R r = W::swapPair(o[k].v);
+            s0 = W::fma(r, rotSign<Inv>(), e[k].v);
+            s1 = W::fnma(r, rotSign<Inv>(), e[k].v);
+        } else {
+            const W::R t = k == 0 ? o[k].v : k == 1 ? w16d<Inv, 2>(o[k].v) : w16d<Inv, 6>(o[k].v);
+            s0 = W::add(e[k].v, t);
+            s1 = W::sub(e[k].v, t);
+        }
+        st(k, CVd{s0});
+        st(k + 4, CVd{s1});
+    }
+}
+// Orders 7 and 8: R = 8 or 16 rows of 16 columns.
+template <bool Inv, bool Split, int R>
+[[gnu::noinline]] void rows16d(const double* sre, const double* sim, double* dre, double* dim) {
+    using W = simd::V<double>;
+    alignas(64) double y[32 * R];
 #pragma GCC unroll 1
     for (int q = 0; q < 4; ++q) {
-        W::R a[16];
+        W::R a[R];
         // rows 2j and 2j + 1 are transposed and stored as soon as both are
         // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
-        dft16d<Inv>([&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); },
-                    [&](int k1, CVd v) __attribute__((always_inline)) {
+        auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
+        auto st = [&](int k1, CVd v) __attribute__((always_inline)) {
             const int e = 2 * (16 * k1 + 4 * q);
             W::R x = v.v;
-            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<256>.wr + e), W::load(kTwRowsD<256>.wi + e));
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<16 * R>.wr + e), W::load(kTwRowsD<16 * R>.wi + e));
             if (k1 % 2 == 0) a[k1] = x;
-            else storePairs4d<16>(y, q, k1, a[k1 - 1], x);
-        });
+            else storePairs4d<R>(y, q, k1, a[k1 - 1], x);
+        };
+        if constexpr (R == 8) dft8d<Inv>(ld, st);
+        else dft16d<Inv>(ld, st);
     }
-    rowStep16d<Inv, Split, 16>(y, dre, dim);
+    rowStep16d<Inv, Split, R>(y, dre, dim);
 }
 
 // ---- order 9 (double) as 32 x 16, the same two steps
