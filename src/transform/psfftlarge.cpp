@@ -318,25 +318,36 @@ void largeLevel(const Plan* plan, int m, int level, const Data<T>& dt, int64_t b
     const int64_t tabBytes = perGroup * int64_t(sizeof(C));
     const int64_t tabShare = ((tabBytes / rows) + 63) & ~int64_t(63);
     const int64_t rowBytes = 2 * w * int64_t(sizeof(T));
+    // The data fetched ahead: at block order 4 the group after next, half
+    // of its rows while this group is merged and half after its first
+    // pass, so that the fetches overlap the passes; at block order 8 the
+    // next group while this one is merged.
+    const int64_t dist = blk == 4 ? 2 : 1;
+    const int64_t early = blk == 4 ? rows / 2 : rows;
     for (int64_t c0 = 0; c0 < rowLen; c0 += w) {
+        const bool fetch = c0 + dist * w < rowLen;
+        auto fetchRow = [&](int64_t r) {
+            const int64_t at = base + r * rowLen + c0 + dist * w;
+            if (dt.cx) prefetchRow(dt.cx + 2 * at, rowBytes);
+            else {
+                prefetchRow(dt.re + at, rowBytes / 2);
+                prefetchRow(dt.im + at, rowBytes / 2);
+            }
+        };
         // merge the group into work
         const bool ahead = c0 + w < rowLen;
         const char* nextTab = reinterpret_cast<const char*>(step + perGroup);
         for (int64_t r = 0; r < rows; ++r) {
             const int64_t at = base + r * rowLen + c0;
-            if (ahead) {
-                if (r * tabShare < tabBytes) prefetchRow(nextTab + r * tabShare, tabShare);
-                if (dt.cx) prefetchRow(dt.cx + 2 * (at + w), rowBytes);
-                else {
-                    prefetchRow(dt.re + at + w, rowBytes / 2);
-                    prefetchRow(dt.im + at + w, rowBytes / 2);
-                }
-            }
+            if (ahead && r * tabShare < tabBytes) prefetchRow(nextTab + r * tabShare, tabShare);
+            if (fetch && r < early) fetchRow(r);
             if (dt.cx) copy64(work + 2 * r * w, dt.cx + 2 * at, rowBytes);
             else toGroups<T>(dt.re + at, dt.im + at, work + 2 * r * w, w);
         }
         int64_t c = w;
         for (int t = 0; t < blk;) {
+            if (t == 2 && fetch)  // after the first pass at block order 4
+                for (int64_t r = early; r < rows; ++r) fetchRow(r);
             if (blk == t + 2) {
                 // level 0, interleaved data: ordinary complex values again
                 if (dt.cx && level == 0) passLast4<T, Inv, Out::Cx>(cw, cw, nullptr, nullptr, c, step, sh);
