@@ -138,9 +138,9 @@ VRX_INLINE void stepFloat(Load load, int64_t cnt, const Factors<float>& f, float
 
 // The whole recurrence: len mod 4 single steps, then blocks of four. On
 // return w1 = w[len-1], w2 = w[len-2]. Real or 16-bit input by stepFloat
-// (16-bit samples converted as they are loaded); complex float input and
-// the double forms by stepFour, whose inline terms cost nothing there: two
-// chains side by side leave the ports enough room for them.
+// (16-bit samples converted as they are loaded); complex float input (its
+// two chains side by side leave the ports room for the inline terms) and
+// the double forms by stepFour.
 template <class A, int K, class S>
 VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const Factors<A> f(c);
