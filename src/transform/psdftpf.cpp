@@ -1852,9 +1852,9 @@ template <class T> bool pfRealFwdTl(const Plan* p, const T* s, T* d, fft::Form f
             const auto bins = [&](auto scaled) {
 #pragma GCC unroll 13
                 for (int k2 = 0; k2 <= K / 2; ++k2) {
-                    const Rg x = o[k2], y = C::conj(simd::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
-                    const Rg a = k2 ? simd::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
-                    const Rg b = k2 ? simd::loadDupPair(ab + K + 2 * k2 - 1) : S::set1(ab[K]);
+                    const Rg x = o[k2], y = C::conj(S::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
+                    const Rg a = k2 ? S::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
+                    const Rg b = k2 ? S::loadDupPair(ab + K + 2 * k2 - 1) : S::set1(ab[K]);
                     const Rg dd = S::sub(x, y);
                     const Rg pq = S::add(S::mul(dd, b), S::mul(S::swapPair(dd), C::conj(a)));
                     Rg X = S::add(y, pq), Y = S::add(C::conj(x), S::xorb(pq, negRe));
@@ -1864,8 +1864,8 @@ template <class T> bool pfRealFwdTl(const Plan* p, const T* s, T* d, fft::Form f
                     }
                     // bin 0 of register 0 and its partner 50 are not recombined
                     if (k2) S::storec(d + 4 * k2 + off, 2, X);
-                    else S::storec(d + 2 + off, 1, simd::swapHalves(X));
-                    S::storec(d + 2 * (49 - 2 * k2) + off, k2 ? 2 : 1, simd::swapHalves(Y));
+                    else S::storec(d + 2 + off, 1, S::swapHalves(X));
+                    S::storec(d + 2 * (49 - 2 * k2) + off, k2 ? 2 : 1, S::swapHalves(Y));
                 }
             };
             if (scale != T(0)) bins(std::true_type{});

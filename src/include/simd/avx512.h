@@ -1008,6 +1008,12 @@ struct V256d {
     // (a.lo, b.lo) and (a.hi, b.hi): complex lane p of two registers paired
     static VRX_INLINE R lows(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x20); }
     static VRX_INLINE R highs(R a, R b) { return _mm256_permute2f128_pd(a, b, 0x31); }
+    // (a.lo, b.hi); the two complex values swapped; (p[0], p[0], p[1], p[1])
+    static VRX_INLINE R blendHalves(R a, R b) { return _mm256_blend_pd(a, b, 0xC); }
+    static VRX_INLINE R swapHalves(R a) { return _mm256_permute2f128_pd(a, a, 0x01); }
+    static VRX_INLINE R loadDupPair(const T* p) {
+        return _mm256_permute_pd(_mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p)), 0xC);
+    }
     // c values from split arrays as (re, im) pairs, and back
     static VRX_INLINE R loadSplit(const T* re, const T* im, int c) {
         const __m128d r = c > 1 ? _mm_loadu_pd(re) : _mm_load_sd(re), i = c > 1 ? _mm_loadu_pd(im) : _mm_load_sd(im);
@@ -1108,14 +1114,5 @@ VRX_INLINE void dupLanes(__m512 a, __m512& lo, __m512& hi) {
 VRX_INLINE void dupLanes(__m512d a, __m512d& lo, __m512d& hi) {
     lo = _mm512_permutexvar_pd(_mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3), a);
     hi = _mm512_permutexvar_pd(_mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7), a);
-}
-// ---- DFT engine: real even length 100 recombined in 256-bit registers of two complex doubles
-// (a.lo, b.hi): complex value 0 of a, value 1 of b
-VRX_INLINE __m256d blendHalves(__m256d a, __m256d b) { return _mm256_blend_pd(a, b, 0xC); }
-// the two complex values of a register swapped
-VRX_INLINE __m256d swapHalves(__m256d a) { return _mm256_permute4x64_pd(a, 0x4E); }
-// (p[0], p[0], p[1], p[1])
-VRX_INLINE __m256d loadDupPair(const double* p) {
-    return _mm256_permute_pd(_mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p)), 0xC);
 }
 }  // namespace n0::simd
