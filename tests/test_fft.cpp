@@ -115,7 +115,7 @@ TEST(FftReal, AccuracyEveryOrderTo17) {
     realAccuracy<double>(0, 17);
 }
 
-// Double orders 10 to 14 run their half-length transform and the
+// Double orders 11 to 14 run their half-length transform and the
 // recombination in the destination when it is 64-byte aligned and not the
 // source, through the work buffer otherwise: every destination offset,
 // source offset and in place give the same bits in each form, scaled or

@@ -243,7 +243,7 @@ template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, co
     }
 }
 
-// The same recombination (double precision, orders 10 to 14) reading the
+// The same recombination (double precision, orders 11 to 14) reading the
 // half-length spectrum w in the group form that the radix engine leaves in
 // the work buffer and writing the Perm form to z: per eight values of k =
 // 8g .. 8g + 7, the front values are one group as it stands (and their
