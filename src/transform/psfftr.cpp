@@ -245,12 +245,12 @@ template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, co
 
 // The same recombination (double precision, orders 11 to 14) reading the
 // half-length spectrum w in the group form that the radix engine leaves in
-// the work buffer and writing the Perm form to z: per eight values of k =
-// 8g .. 8g + 7, the front values are one group as it stands (and their
-// outputs a block of z that starts on a 64-byte boundary when z does), the
-// back values z[M - k] the groups of positions 8h and 8h + 8 (h = M/8 - 1 -
-// g) joined and reversed by one index permute per part. k = 0 .. 7 and M/2
-// go the scalar way.
+// the work buffer (or in z itself) and writing the Perm form to z: per
+// eight values of k = 8g .. 8g + 7, the front values are one group as it
+// stands (and their outputs a block of z that starts on a 64-byte boundary
+// when z does), the back values z[M - k] the groups of positions 8h and
+// 8h + 8 (h = M/8 - 1 - g) joined and reversed by one index permute per
+// part. k = 0 .. 7 and M/2 go the scalar way.
 struct GroupSel {
     alignas(64) int64_t rev[8], lo[8], hi[8], loRev[8], hiRev[8];
     constexpr GroupSel() : rev{}, lo{}, hi{}, loRev{}, hiRev{} {
