@@ -815,17 +815,26 @@ template <bool Inv, bool Scale> VRX_INLINE void small16d(const Cx<double>* src, 
 // The register kernels of 16 and 32 complex values as functions of their
 // own: no stack frame (the other small orders' kernels need one), and
 // reached from complexTransform before the general paths' frame is set up.
-template <class T, int LOG, bool Inv, bool Scale>
+// Whole: the 64-bit kernel of 16 points on whole registers (smallVec),
+// taken out of place; in place each call waits for the stores of the one
+// before, and the kernel on 256-bit halves has the shorter chain, while out
+// of place the one on whole registers, with half the operations, runs more
+// calls at once (the same operations per value: same bits).
+template <class T, int LOG, bool Inv, bool Scale, bool Whole = false>
 [[gnu::noinline]] void smallCx(const Cx<T>* src, Cx<T>* dst, T scale) {
-    if constexpr (sizeof(T) == 8 && LOG == 4) small16d<Inv, Scale>(src, dst, scale);
+    if constexpr (sizeof(T) == 8 && LOG == 4 && !Whole) small16d<Inv, Scale>(src, dst, scale);
     else if constexpr (sizeof(T) == 8 && LOG == 5)
         small32d<Inv, Scale>(src, dst, scale, &kLaneTwSplit<double, 8, 4>.wr[0].re, &kLaneTwSigned<Inv, 8>.wi[0].re,
                              [](CVd* r) __attribute__((always_inline)) { transposeV<CVd>(r); });
     else smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
 }
 template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
-    if (m == 4) smallCx<T, 4, Inv, Scale>(src, dst, scale);
-    else smallCx<T, 5, Inv, Scale>(src, dst, scale);
+    if (m == 4) {
+        if (sizeof(T) == 8 && src != dst) smallCx<T, 4, Inv, Scale, sizeof(T) == 8>(src, dst, scale);
+        else smallCx<T, 4, Inv, Scale>(src, dst, scale);
+    } else {
+        smallCx<T, 5, Inv, Scale>(src, dst, scale);
+    }
 }
 
 template <class T, bool Inv, bool Scale>

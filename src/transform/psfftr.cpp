@@ -243,14 +243,14 @@ template <class T, bool Planar, bool Sc> void realRecombine1(T* z, int64_t M, co
     }
 }
 
-// The same recombination (double precision, orders 10 to 14) reading the
+// The same recombination (double precision, orders 11 to 14) reading the
 // half-length spectrum w in the group form that the radix engine leaves in
-// the work buffer and writing the Perm form to z: per eight values of k =
-// 8g .. 8g + 7, the front values are one group as it stands (and their
-// outputs a block of z that starts on a 64-byte boundary when z does), the
-// back values z[M - k] the groups of positions 8h and 8h + 8 (h = M/8 - 1 -
-// g) joined and reversed by one index permute per part. k = 0 .. 7 and M/2
-// go the scalar way.
+// the work buffer (or in z itself) and writing the Perm form to z: per
+// eight values of k = 8g .. 8g + 7, the front values are one group as it
+// stands (and their outputs a block of z that starts on a 64-byte boundary
+// when z does), the back values z[M - k] the groups of positions 8h and
+// 8h + 8 (h = M/8 - 1 - g) joined and reversed by one index permute per
+// part. k = 0 .. 7 and M/2 go the scalar way.
 struct GroupSel {
     alignas(64) int64_t rev[8], lo[8], hi[8], loRev[8], hiRev[8];
     constexpr GroupSel() : rev{}, lo{}, hi{}, loRev{}, hiRev{} {
@@ -265,6 +265,10 @@ struct GroupSel {
 };
 inline constexpr GroupSel kGroupSel{};
 
+// w may be z: step g reads groups g, h and h + 1 and writes group g and
+// all of group h but its first two reals (and those of group h + 1), so
+// group h + 1 is the group h of the step before, carried in registers
+// from it, and the values of the scalar steps are copied first.
 template <bool Sc> void recombineGroups(const double* w, double* z, int64_t M, const double* tab, double scale) {
     using S = SV<double>;
     using W = n0::simd::V<double>;
@@ -272,11 +276,19 @@ template <bool Sc> void recombineGroups(const double* w, double* z, int64_t M, c
     const OutScale<double, Sc> o(scale);
     const __m512i rev = S::ldi(kGroupSel.rev), lo = S::ldi(kGroupSel.lo), hi = S::ldi(kGroupSel.hi);
     const __m512i loRev = S::ldi(kGroupSel.loRev), hiRev = S::ldi(kGroupSel.hiRev);
+    // groups 0 and M/8 - 1, and position M/2 (group M/16, lane 0)
+    alignas(64) double head[16], tail[16];
+    const double* last = w + 2 * M - 16;
+    for (int i = 0; i < 16; ++i) head[i] = w[i], tail[i] = last[i];
+    const double midRe = w[M], midIm = w[M + 8];
+    V cr = W::load(last), ci = W::load(last + 8);
     for (int64_t g = 1; g < M / 16; ++g) {
         const int64_t h = M / 8 - 1 - g;
         const V xr = W::load(w + 16 * g), xi = W::load(w + 16 * g + 8);
-        const V yr = S::perm(W::load(w + 16 * h), rev, W::load(w + 16 * h + 16));
-        const V yi = S::perm(W::load(w + 16 * h + 8), rev, W::load(w + 16 * h + 24));
+        const V hr = W::load(w + 16 * h), hiv = W::load(w + 16 * h + 8);
+        const V yr = S::perm(hr, rev, cr), yi = S::perm(hiv, rev, ci);
+        cr = hr;
+        ci = hiv;
         const V c = W::load(tab + 16 * g), s = W::load(tab + 16 * g + 8);
         const V dr = S::sub(xr, yr), di = S::add(xi, yi);
         const V P = S::add(S::mulv(dr, s), S::mulv(c, di));
@@ -288,17 +300,20 @@ template <bool Sc> void recombineGroups(const double* w, double* z, int64_t M, c
         W::store(b, S::perm(br, loRev, bi));
         W::store(b + 8, S::perm(br, hiRev, bi));
     }
-    const auto re = [w](int64_t p) { return w[16 * (p >> 3) + (p & 7)]; };
-    const auto im = [w](int64_t p) { return w[16 * (p >> 3) + (p & 7) + 8]; };
+    // part 0: real, 8: imaginary
+    const auto val = [&](int64_t p, int part) {
+        if (p < 8) return head[p + part];
+        if (p >= M - 8) return tail[(p & 7) + part];
+        return part ? midIm : midRe;
+    };
     for (int64_t k = 1; k <= 8; ++k) {
         const int64_t kk = k == 8 ? M / 2 : k;
         int64_t ia, ib;
         groupSlots(kk, M / 2, ia, ib);
-        fwdStep1(re(kk), im(kk), re(M - kk), im(M - kk), tab[ia], tab[ib], z, M, kk, o);
+        fwdStep1(val(kk, 0), val(kk, 8), val(M - kk, 0), val(M - kk, 8), tab[ia], tab[ib], z, M, kk, o);
     }
-    const double p = w[0], q = w[8];
-    z[0] = o(p + q);
-    z[1] = o(p - q);
+    z[0] = o(head[0] + head[8]);
+    z[1] = o(head[0] - head[8]);
 }
 
 // Two levels: W = fine(k') * coarse(j) for k = k' + kFine*j; A = 0.5*(x +
@@ -435,8 +450,11 @@ VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f
         const T* tab = static_cast<const T*>(plan->recombFwdTab);
         if constexpr (sizeof(T) == 8) {
             if (recombGroupsFwd<T>(order)) {
-                // the half-length transform leaves its result in work, in the group form
-                Cx<T>* w = reinterpret_cast<Cx<T>*>(work);
+                // the half-length transform leaves its result in the group
+                // form in the destination (out of place, 64-byte aligned:
+                // the recombination then runs in place) or in work
+                const bool inDst = pSrc != pDst && (reinterpret_cast<uintptr_t>(pDst) & 63) == 0;
+                Cx<T>* w = reinterpret_cast<Cx<T>*>(inDst ? reinterpret_cast<uint8_t*>(pDst) : work);
                 radixToGroups<T, false>(plan, order - 1, reinterpret_cast<const Cx<T>*>(pSrc), w);
                 const T* wv = reinterpret_cast<const T*>(w);
                 if (scale != T(0)) recombineGroups<true>(wv, pDst, N / 2, tab, scale);

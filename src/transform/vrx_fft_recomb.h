@@ -7,7 +7,7 @@
 namespace n0::fft {
 
 // Double precision with one level (inverse tables, and forward tables
-// of orders 8, 9, 15 and 16): blocks of eight values of k (k = 1 +
+// of orders 8 to 10, 15 and 16): blocks of eight values of k (k = 1 +
 // 8g .. 8 + 8g), the eight first factors then the eight second ones, lane
 // i of a block holding k = 1 + 8g + kLaneK(i). The order is the one the
 // in-lane unpacks of two registers of interleaved values leave (0, 4, 1,
@@ -27,15 +27,17 @@ constexpr bool slotsInverse() {
 }
 static_assert(slotsInverse(), "lane and slot orders of a block disagree");
 
-// Forward tables of double precision from order 10 to 14, whose
+// Forward tables of double precision from order 11 to 14, whose
 // half-length transform leaves its result in the group form (psfftcore.cpp
 // radixToGroups): blocks of eight values of k = 8g .. 8g + 7 in natural
 // order, the eight first factors then the eight second ones; k = 0 has no
 // factors and its slots hold those of k = N/4. From order 15 the work
 // buffer and the destination together outgrow the second-level cache (on
 // a family-25 processor orders 15 and 16 ran 4 to 5% slower so) and the
-// transform stays in place in the destination.
-template <class T> constexpr bool recombGroupsFwd(int order) { return sizeof(T) == 8 && order >= 10 && order <= 14; }
+// transform stays in place in the destination. Order 10 takes the two
+// steps of complex order 9 (vrx_fft_f64.h order9d), which outrun the
+// radix engine, and the planar table.
+template <class T> constexpr bool recombGroupsFwd(int order) { return sizeof(T) == 8 && order >= 11 && order <= 14; }
 VRX_INLINE void groupSlots(int64_t k, int64_t q, int64_t& a, int64_t& b) {
     const int64_t j = k == q ? 0 : k;
     a = 16 * (j >> 3) + (j & 7);
