@@ -33,9 +33,22 @@ constexpr Cx<float> fixWf(int j, int N) {
     return {static_cast<float>(c), static_cast<float>(-s)};
 }
 
+// The lane order of interleaved input in the first sweep: lane p holds
+// column inLane(p) of its 16 values (lanes 2i and 2i + 1 columns i and
+// 8 + i), as the loads of duplicated parts and one blend leave them.
+constexpr int inLane(int p) { return (p >> 1) + 8 * (p & 1); }
+// 16 interleaved values to real and imaginary parts in the order inLane:
+// the real (imaginary) parts of each half duplicated by the load itself,
+// the two halves joined by a blend, so no shuffle is issued.
+VRX_INLINE void dupLoad(const float* p, __m512& re, __m512& im) {
+    using W = simd::V<float>;
+    re = W::blend(0xAAAA, W::dupRe(W::load(p)), W::dupRe(W::load(p + 16)));
+    im = W::blend(0xAAAA, W::dupIm(W::load(p)), W::dupIm(W::load(p + 16)));
+}
+
 // Factors W_N^(k1*n2) of the first sweep: row k1, per 16 columns, the 16
 // real parts then the 16 imaginary parts, lane p for column n2 =
-// pairLane(p) (Perm) or p of those 16.
+// inLane(p) (Perm) or p of those 16.
 template <int M, bool Perm, int C> struct LaneTwF {
     static constexpr int V = 16, N = 1 << M;
     float f[2 * N];
@@ -43,7 +56,7 @@ template <int M, bool Perm, int C> struct LaneTwF {
         for (int k1 = 0; k1 < N / C; ++k1)
             for (int h = 0; h < C / V; ++h)
                 for (int p = 0; p < V; ++p) {
-                    const Cx<float> w = fixWf(k1 * (V * h + (Perm ? pairLane<float>(p) : p)), N);
+                    const Cx<float> w = fixWf(k1 * (V * h + (Perm ? inLane(p) : p)), N);
                     f[2 * (C * k1 + V * h) + p] = w.re;
                     f[2 * (C * k1 + V * h) + V + p] = w.im;
                 }
@@ -53,14 +66,14 @@ template <int M, bool Perm, int C> inline constexpr LaneTwF<M, Perm, C> kLaneTwF
 
 // Per-lane factors W_C^(c*q), q = 1 .. Q-1, of the row transforms' first
 // step: per q, 16 real parts then 16 imaginary parts, lane p for column
-// c = pairLane(p) (Perm, the lane order of interleaved input) or c = p.
+// c = inLane(p) (Perm, the lane order of interleaved input) or c = p.
 template <int C, bool Perm> struct LaneFoldTw {
     static constexpr int V = 16, Q = C / V;
     float f[Q > 1 ? 2 * V * (Q - 1) : 1];
     constexpr LaneFoldTw() : f{} {
         for (int q = 1; q < Q; ++q)
             for (int p = 0; p < V; ++p) {
-                const Cx<float> w = fixW<float>(q * (Perm ? pairLane<float>(p) : p), C);
+                const Cx<float> w = fixW<float>(q * (Perm ? inLane(p) : p), C);
                 f[2 * V * (q - 1) + p] = w.re;
                 f[2 * V * (q - 1) + V + p] = w.im;
             }
@@ -104,7 +117,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
             for (int j = 0; j < 4; ++j) {
                 const int64_t e = C * (n1 + L * j) + V * h;
                 if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
-                else pairLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
+                else dupLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
             }
             sdft<float, 4, Inv>(a);
             u[n1] = a[0];
@@ -170,7 +183,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
                         simd::transpose4InLanes(m, (part ? ti : tr) + 4 * g);
                     }
 #pragma GCC unroll 16
-                for (int p = 0; p < V; ++p) c[SplitIn ? p : pairLane<float>(p)] = {tr[p], ti[p]};
+                for (int p = 0; p < V; ++p) c[SplitIn ? p : inLane(p)] = {tr[p], ti[p]};
             }
             sdft16S<float, Inv>([&](int n) __attribute__((always_inline)) { return c[n]; },
                                 [&](int k, G v) __attribute__((always_inline)) {
