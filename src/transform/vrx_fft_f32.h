@@ -46,6 +46,10 @@ VRX_INLINE void dupLoad(const float* p, __m512& re, __m512& im) {
     im = W::blend(0xAAAA, W::dupIm(W::load(p)), W::dupIm(W::load(p + 16)));
 }
 
+// The lane of row r (0 .. 15) in the order pairLane, its inverse.
+constexpr int pairLaneInv(int r) { return (r & 1) + 2 * ((r >> 3) & 1) + 4 * ((r >> 1) & 1) + 8 * ((r >> 2) & 1); }
+static_assert(pairLaneInv(pairLane<float>(5)) == 5 && pairLaneInv(pairLane<float>(10)) == 10 && pairLaneInv(pairLane<float>(7)) == 7, "inverse lane order");
+
 // Factors W_N^(k1*n2) of the first sweep: row k1, per 16 columns, the 16
 // real parts then the 16 imaginary parts, lane p for column n2 =
 // inLane(p) (Perm) or p of those 16.
@@ -103,10 +107,34 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
     using Pq = GOps<float>;
     constexpr int V = 16, C = 16 * Q, N = 1 << M, R = N / C, L = R / 4;
     static_assert((R == 32 && (Q == 1 || Q == 2 || Q == 4)) || (R == 16 && Q == 1), "32 rows of 16, 32 or 64 columns, or 16 x 16");
+    // rows stored as half rows up to 32 columns; at 64 (order 11) whole
+    constexpr bool Halves = Q < 4;
+    // KS: the stride of the rows of the groups before the last, kept whole
+    // for the rows' first step (in t when y holds half rows)
+    constexpr int KS = Halves ? 2 * V * (Q - 1) : 2 * C;
     alignas(64) float y[2 * N];
+    alignas(64) float t[Halves && Q > 1 ? 2 * V * R * (Q - 1) : 1];
+    float* const keep = Halves ? t : y;
     alignas(64) float z[2 * V * 3 * L];
     const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
     const float* fold = kLaneFoldTw<C, !SplitIn>.f;
+    // row k1 of slot q into y: per 16 rows, slot and part, 16 chunks of 16
+    // floats; chunk 8hh + u holds the halves hh (columns 8hh .. 8hh + 7) of
+    // the rows of lanes l and l + 4 of the second sweep's registers, l = u0
+    // + 2*u1 + 8*u2 (lane l holds row pairLane(l) for interleaved output,
+    // else row l)
+    auto put = [&](int k1, int q, G v) __attribute__((always_inline)) {
+        if constexpr (!Halves) {
+            v.store(y + 2 * C * k1 + 2 * V * q);
+            return;
+        }
+        const int l = O == Out::Cx ? pairLaneInv(k1 & 15) : k1 & 15;
+        float* p = y + 2 * 256 * (Q * (k1 >> 4) + q) + 16 * ((l & 3) + 4 * (l >> 3)) + 8 * ((l >> 2) & 1);
+        simd::storeHalf8<0>(p, v.re);
+        simd::storeHalf8<1>(p + 128, v.re);
+        simd::storeHalf8<0>(p + 256, v.im);
+        simd::storeHalf8<1>(p + 384, v.im);
+    };
 #pragma GCC unroll 1
     for (int h = 0; h < Q; ++h) {
         G u[L];
@@ -134,15 +162,15 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
 #pragma GCC unroll 8
             for (int k = 0; k < L; ++k) {
                 const int k1 = j + 4 * k;
-                float* yr = y + 2 * C * k1;
+                float* kr = keep + KS * k1;
                 const float* fr = ftw + 2 * C * k1;
                 if (!last) {
-                    (k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * h)).store(yr + 2 * V * h);
+                    (k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * h)).store(kr + 2 * V * h);
                     continue;
                 }
                 G g[Q];
 #pragma GCC unroll 4
-                for (int i = 0; i < Q - 1; ++i) g[i] = G::load(yr + 2 * V * i);
+                for (int i = 0; i < Q - 1; ++i) g[i] = G::load(kr + 2 * V * i);
                 g[Q - 1] = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * (Q - 1));
                 if constexpr (Q == 2) {
                     const G s = Pq::add(g[0], g[1]), d = Pq::sub(g[0], g[1]);
@@ -151,9 +179,9 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
                 } else if constexpr (Q == 4) {
                     sdft<float, 4, Inv>(g);
                 }
-                g[0].store(yr);
+                put(k1, 0, g[0]);
 #pragma GCC unroll 4
-                for (int q = 1; q < Q; ++q) Pq::template mul<Inv>(g[q], fold + 2 * V * (q - 1)).store(yr + 2 * V * q);
+                for (int q = 1; q < Q; ++q) put(k1, q, Pq::template mul<Inv>(g[q], fold + 2 * V * (q - 1)));
             }
         }
     }
@@ -162,7 +190,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
 #pragma GCC unroll 1
         for (int q = 0; q < Q; ++q) {
             G c[16];
-            {
+            if constexpr (!Halves) {
                 // tr[p] lane e = row(e) column p: the 128-bit pieces of four
                 // columns of rows e = 4L + j gathered into lanes L, then
                 // transposed within the lanes
@@ -181,6 +209,39 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
                             m[j] = simd::load4x128(at(j), at(4 + j), at(8 + j), at(12 + j));
                         }
                         simd::transpose4InLanes(m, (part ? ti : tr) + 4 * g);
+                    }
+#pragma GCC unroll 16
+                for (int p = 0; p < V; ++p) c[SplitIn ? p : inLane(p)] = {tr[p], ti[p]};
+            } else {
+                // tr[p] lane l = column p of the row of lane l: the even
+                // (odd) columns of chunks u and u + 1 paired by duplicating
+                // loads and a blend, then 64-bit pairs and 128-bit blocks
+                // exchanged between four registers
+                typename W::R tr[V], ti[V];
+#pragma GCC unroll 2
+                for (int part = 0; part < 2; ++part)
+#pragma GCC unroll 2
+                    for (int hh = 0; hh < 2; ++hh) {
+                        const float* base = y + 2 * 256 * (Q * b + q) + 256 * part + 128 * hh;
+                        __m512 x[4], w[4];
+#pragma GCC unroll 4
+                        for (int r = 0; r < 4; ++r) {
+                            const float* pa = base + 16 * (2 * (r & 1) + 4 * (r >> 1));
+                            x[r] = W::blend(0xAAAA, W::dupRe(W::load(pa)), W::dupRe(W::load(pa + 16)));
+                            w[r] = W::blend(0xAAAA, W::dupIm(W::load(pa)), W::dupIm(W::load(pa + 16)));
+                        }
+                        typename W::R* o = (part ? ti : tr) + 8 * hh;
+#pragma GCC unroll 2
+                        for (int s0 = 0; s0 < 2; ++s0) {
+                            const __m512 px0 = s0 ? simd::unpackHi64(x[0], x[1]) : simd::unpackLo64(x[0], x[1]);
+                            const __m512 px1 = s0 ? simd::unpackHi64(x[2], x[3]) : simd::unpackLo64(x[2], x[3]);
+                            const __m512 pw0 = s0 ? simd::unpackHi64(w[0], w[1]) : simd::unpackLo64(w[0], w[1]);
+                            const __m512 pw1 = s0 ? simd::unpackHi64(w[2], w[3]) : simd::unpackLo64(w[2], w[3]);
+                            o[2 * s0] = simd::blocks128<0, 2, 0, 2>(px0, px1);
+                            o[2 * s0 + 4] = simd::blocks128<1, 3, 1, 3>(px0, px1);
+                            o[2 * s0 + 1] = simd::blocks128<0, 2, 0, 2>(pw0, pw1);
+                            o[2 * s0 + 5] = simd::blocks128<1, 3, 1, 3>(pw0, pw1);
+                        }
                     }
 #pragma GCC unroll 16
                 for (int p = 0; p < V; ++p) c[SplitIn ? p : inLane(p)] = {tr[p], ti[p]};
