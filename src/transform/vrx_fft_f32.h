@@ -106,7 +106,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
     using W = simd::V<float>;
     using Pq = GOps<float>;
     constexpr int V = 16, C = 16 * Q, N = 1 << M, R = N / C, L = R / 4;
-    static_assert((R == 32 && (Q == 1 || Q == 2 || Q == 4)) || (R == 16 && Q == 1), "32 rows of 16, 32 or 64 columns, or 16 x 16");
+    static_assert((R == 32 && (Q == 1 || Q == 2 || Q == 4)) || ((R == 16 || R == 64) && Q == 1), "32 rows of 16, 32 or 64 columns, or 16 or 64 rows of 16");
     // rows stored as half rows up to 32 columns; at 64 (order 11) whole
     constexpr bool Halves = Q < 4;
     // KS: the stride of the rows of the groups before the last, kept whole
@@ -115,7 +115,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
     alignas(64) float y[2 * N];
     alignas(64) float t[Halves && Q > 1 ? 2 * V * R * (Q - 1) : 1];
     float* const keep = Halves ? t : y;
-    alignas(64) float z[2 * V * 3 * L];
+    alignas(64) float z[2 * V * (L == 16 ? 4 : 3) * L];
     const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
     const float* fold = kLaneFoldTw<C, !SplitIn>.f;
     // row k1 of slot q into y: per 16 rows, slot and part, 16 chunks of 16
@@ -135,6 +135,30 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
         simd::storeHalf8<0>(p + 256, v.im);
         simd::storeHalf8<1>(p + 384, v.im);
     };
+    if constexpr (L == 16) {
+        // 64 rows: all four outputs of the radix-4 step wait in z, then
+        // per output a 16-point transform down the rows
+#pragma GCC unroll 16
+        for (int n1 = 0; n1 < L; ++n1) {
+            G a[4];
+#pragma GCC unroll 4
+            for (int j = 0; j < 4; ++j) {
+                const int64_t e = C * (n1 + L * j);
+                if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
+                else dupLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
+            }
+            sdft<float, 4, Inv>(a);
+#pragma GCC unroll 4
+            for (int j = 0; j < 4; ++j) mulFix<float, Inv>(a[j], n1 * j, R).store(z + 2 * V * (j * L + n1));
+        }
+#pragma GCC unroll 1
+        for (int j = 0; j < 4; ++j)
+            sdft16S<float, Inv>([&](int n) __attribute__((always_inline)) { return G::load(z + 2 * V * (j * L + n)); },
+                                [&](int k, G v) __attribute__((always_inline)) {
+                                    const int k1 = j + 4 * k;
+                                    put(k1, 0, k1 == 0 ? v : Pq::template mul<Inv>(v, ftw + 2 * C * k1));
+                                });
+    } else
 #pragma GCC unroll 1
     for (int h = 0; h < Q; ++h) {
         G u[L];
