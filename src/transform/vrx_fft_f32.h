@@ -85,44 +85,44 @@ template <int C, bool Perm> struct LaneFoldTw {
 };
 template <int C, bool Perm> inline constexpr LaneFoldTw<C, Perm> kLaneFoldTw{};
 
-// A transform of N = R*C floats, R = 32 rows of C = 16*Q columns (Q = 1,
-// 2 or 4) or 16 rows of 16 (order 8), x[C*n1 + n2], in two sweeps over a
-// stack buffer y. Sweep one, per group h of 16 columns: transforms of
-// length R down the rows, a radix-4 step over rows n1 + Lj first (L = R/4,
-// j = 0 .. 3), whose outputs 1 to 3, times W_R^(n1*j), wait in the stack
-// while output 0 runs its L-point transforms down the registers (the
-// operations of sdft<R>); they give rows k1 = j + 4k, each
-// multiplied by W_N^(k1*n2). The last group also takes the first step of
-// the row transforms, which pairs columns c + 16h (h = 0 .. Q-1) and so
-// lies within lanes: per row k1 the groups stored before are loaded again,
-// a Q-point transform runs across the groups, its output q is multiplied
-// by W_C^(c*q) lane by lane and stored in the slot of group q. Sweep two,
-// per 16 rows and per q: a transpose of the 16 x 16 block and a 16-point
-// transform give X[k1 + R*(Q*k + q)], 16 adjacent outputs per register,
-// with no trip through the stack between its transpose and its stores.
+// A transform of N = R*C floats, R = 32 rows of C = 16*Q columns (Q = 1
+// or 4), or 16 or 64 rows of 16 (orders 8 and 10), x[C*n1 + n2], in two
+// sweeps over a stack buffer y. Sweep one, per group h of 16 columns:
+// transforms of length R down the rows, a radix-4 step over rows n1 + Lj
+// first (L = R/4, j = 0 .. 3), whose outputs 1 to 3, times W_R^(n1*j),
+// wait in the stack while output 0 runs its L-point transforms down the
+// registers (the operations of sdft<R>; at 64 rows all four outputs wait
+// and each runs a 16-point transform loaded from the stack); they give
+// rows k1 = j + 4k, each multiplied by W_N^(k1*n2). At 64 columns the last
+// group also takes the first step of the row transforms, which pairs
+// columns c + 16h (h = 0 .. 3) and so lies within lanes: per row k1 the
+// groups stored before are loaded again, a 4-point transform runs across
+// the groups, its output q is multiplied by W_C^(c*q) lane by lane and
+// stored in the slot of group q. Sweep two, per 16 rows and per q: a
+// transpose of the 16 x 16 block and a 16-point transform give
+// X[k1 + R*(Q*k + q)], 16 adjacent outputs per register, with no trip
+// through the stack between its transpose and its stores. With 16 columns
+// y holds half rows (put below) and the transposes pair columns by loads
+// of duplicated floats; at 64 columns y holds whole rows, gathered by
+// 128-bit pieces.
 template <int M, int Q, bool Inv, bool SplitIn, Out O>
 [[gnu::noinline]] void twoSweepF(const SrcRef<float>& src, float* out, float* re, float* im) {
     using G = GVec<float>;
     using W = simd::V<float>;
     using Pq = GOps<float>;
     constexpr int V = 16, C = 16 * Q, N = 1 << M, R = N / C, L = R / 4;
-    static_assert((R == 32 && (Q == 1 || Q == 2 || Q == 4)) || ((R == 16 || R == 64) && Q == 1), "32 rows of 16, 32 or 64 columns, or 16 or 64 rows of 16");
-    // rows stored as half rows up to 32 columns; at 64 (order 11) whole
-    constexpr bool Halves = Q < 4;
-    // KS: the stride of the rows of the groups before the last, kept whole
-    // for the rows' first step (in t when y holds half rows)
-    constexpr int KS = Halves ? 2 * V * (Q - 1) : 2 * C;
+    static_assert((R == 32 && (Q == 1 || Q == 4)) || ((R == 16 || R == 64) && Q == 1), "32 rows of 16 or 64 columns, or 16 or 64 rows of 16");
+    constexpr bool Halves = Q == 1;
     alignas(64) float y[2 * N];
-    alignas(64) float t[Halves && Q > 1 ? 2 * V * R * (Q - 1) : 1];
-    float* const keep = Halves ? t : y;
     alignas(64) float z[2 * V * (L == 16 ? 4 : 3) * L];
     const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
     const float* fold = kLaneFoldTw<C, !SplitIn>.f;
-    // row k1 of slot q into y: per 16 rows, slot and part, 16 chunks of 16
-    // floats; chunk 8hh + u holds the halves hh (columns 8hh .. 8hh + 7) of
-    // the rows of lanes l and l + 4 of the second sweep's registers, l = u0
-    // + 2*u1 + 8*u2 (lane l holds row pairLane(l) for interleaved output,
-    // else row l)
+    auto row = [&](int64_t e) __attribute__((always_inline)) {
+        G a;
+        if constexpr (SplitIn) a = {W::load(src.re + e), W::load(src.im + e)};
+        else dupLoad(reinterpret_cast<const float*>(src.cx + e), a.re, a.im);
+        return a;
+    };
     auto put = [&](int k1, int q, G v) __attribute__((always_inline)) {
         if constexpr (!Halves) {
             v.store(y + 2 * C * k1 + 2 * V * q);
@@ -142,11 +142,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
         for (int n1 = 0; n1 < L; ++n1) {
             G a[4];
 #pragma GCC unroll 4
-            for (int j = 0; j < 4; ++j) {
-                const int64_t e = C * (n1 + L * j);
-                if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
-                else dupLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
-            }
+            for (int j = 0; j < 4; ++j) a[j] = row(C * (n1 + L * j));
             sdft<float, 4, Inv>(a);
 #pragma GCC unroll 4
             for (int j = 0; j < 4; ++j) mulFix<float, Inv>(a[j], n1 * j, R).store(z + 2 * V * (j * L + n1));
@@ -166,11 +162,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
         for (int n1 = 0; n1 < L; ++n1) {
             G a[4];
 #pragma GCC unroll 4
-            for (int j = 0; j < 4; ++j) {
-                const int64_t e = C * (n1 + L * j) + V * h;
-                if constexpr (SplitIn) a[j] = {W::load(src.re + e), W::load(src.im + e)};
-                else dupLoad(reinterpret_cast<const float*>(src.cx + e), a[j].re, a[j].im);
-            }
+            for (int j = 0; j < 4; ++j) a[j] = row(C * (n1 + L * j) + V * h);
             sdft<float, 4, Inv>(a);
             u[n1] = a[0];
 #pragma GCC unroll 4
@@ -186,23 +178,17 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
 #pragma GCC unroll 8
             for (int k = 0; k < L; ++k) {
                 const int k1 = j + 4 * k;
-                float* kr = keep + KS * k1;
+                float* yr = y + 2 * C * k1;
                 const float* fr = ftw + 2 * C * k1;
                 if (!last) {
-                    (k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * h)).store(kr + 2 * V * h);
+                    (k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * h)).store(yr + 2 * V * h);
                     continue;
                 }
                 G g[Q];
 #pragma GCC unroll 4
-                for (int i = 0; i < Q - 1; ++i) g[i] = G::load(kr + 2 * V * i);
+                for (int i = 0; i < Q - 1; ++i) g[i] = G::load(yr + 2 * V * i);
                 g[Q - 1] = k1 == 0 ? u[k] : Pq::template mul<Inv>(u[k], fr + 2 * V * (Q - 1));
-                if constexpr (Q == 2) {
-                    const G s = Pq::add(g[0], g[1]), d = Pq::sub(g[0], g[1]);
-                    g[0] = s;
-                    g[1] = d;
-                } else if constexpr (Q == 4) {
-                    sdft<float, 4, Inv>(g);
-                }
+                if constexpr (Q == 4) sdft<float, 4, Inv>(g);
                 put(k1, 0, g[0]);
 #pragma GCC unroll 4
                 for (int q = 1; q < Q; ++q) put(k1, q, Pq::template mul<Inv>(g[q], fold + 2 * V * (q - 1)));
