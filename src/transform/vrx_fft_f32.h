@@ -37,6 +37,9 @@ constexpr Cx<float> fixWf(int j, int N) {
 // column inLane(p) of its 16 values (lanes 2i and 2i + 1 columns i and
 // 8 + i), as the loads of duplicated parts and one blend leave them.
 constexpr int inLane(int p) { return (p >> 1) + 8 * (p & 1); }
+// The lane order of interleaved input for rows of C columns: at 64 columns
+// (order 11) the in-lane shuffles' order pairLane, split by pairLoad.
+constexpr int inLaneOf(int p, int C) { return C == 64 ? pairLane<float>(p) : inLane(p); }
 // 16 interleaved values to real and imaginary parts in the order inLane:
 // the real (imaginary) parts of each half duplicated by the load itself,
 // the two halves joined by a blend, so no shuffle is issued.
@@ -60,7 +63,7 @@ template <int M, bool Perm, int C> struct LaneTwF {
         for (int k1 = 0; k1 < N / C; ++k1)
             for (int h = 0; h < C / V; ++h)
                 for (int p = 0; p < V; ++p) {
-                    const Cx<float> w = fixWf(k1 * (V * h + (Perm ? inLane(p) : p)), N);
+                    const Cx<float> w = fixWf(k1 * (V * h + (Perm ? inLaneOf(p, C) : p)), N);
                     f[2 * (C * k1 + V * h) + p] = w.re;
                     f[2 * (C * k1 + V * h) + V + p] = w.im;
                 }
@@ -77,7 +80,7 @@ template <int C, bool Perm> struct LaneFoldTw {
     constexpr LaneFoldTw() : f{} {
         for (int q = 1; q < Q; ++q)
             for (int p = 0; p < V; ++p) {
-                const Cx<float> w = fixW<float>(q * (Perm ? inLane(p) : p), C);
+                const Cx<float> w = fixW<float>(q * (Perm ? inLaneOf(p, C) : p), C);
                 f[2 * V * (q - 1) + p] = w.re;
                 f[2 * V * (q - 1) + V + p] = w.im;
             }
@@ -120,6 +123,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
     auto row = [&](int64_t e) __attribute__((always_inline)) {
         G a;
         if constexpr (SplitIn) a = {W::load(src.re + e), W::load(src.im + e)};
+        else if constexpr (C == 64) pairLoad(reinterpret_cast<const float*>(src.cx + e), a.re, a.im);
         else dupLoad(reinterpret_cast<const float*>(src.cx + e), a.re, a.im);
         return a;
     };
@@ -221,7 +225,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
                         simd::transpose4InLanes(m, (part ? ti : tr) + 4 * g);
                     }
 #pragma GCC unroll 16
-                for (int p = 0; p < V; ++p) c[SplitIn ? p : inLane(p)] = {tr[p], ti[p]};
+                for (int p = 0; p < V; ++p) c[SplitIn ? p : inLaneOf(p, C)] = {tr[p], ti[p]};
             } else {
                 // tr[p] lane l = column p of the row of lane l: the even
                 // (odd) columns of chunks u and u + 1 paired by duplicating
@@ -254,7 +258,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
                         }
                     }
 #pragma GCC unroll 16
-                for (int p = 0; p < V; ++p) c[SplitIn ? p : inLane(p)] = {tr[p], ti[p]};
+                for (int p = 0; p < V; ++p) c[SplitIn ? p : inLaneOf(p, C)] = {tr[p], ti[p]};
             }
             sdft16S<float, Inv>([&](int n) __attribute__((always_inline)) { return c[n]; },
                                 [&](int k, G v) __attribute__((always_inline)) {
