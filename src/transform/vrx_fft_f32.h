@@ -55,7 +55,7 @@ static_assert(pairLaneInv(pairLane<float>(5)) == 5 && pairLaneInv(pairLane<float
 
 // Factors W_N^(k1*n2) of the first sweep: row k1, per 16 columns, the 16
 // real parts then the 16 imaginary parts, lane p for column n2 =
-// inLane(p) (Perm) or p of those 16.
+// inLaneOf(p, C) (Perm) or p of those 16.
 template <int M, bool Perm, int C> struct LaneTwF {
     static constexpr int V = 16, N = 1 << M;
     float f[2 * N];
@@ -73,7 +73,7 @@ template <int M, bool Perm, int C> inline constexpr LaneTwF<M, Perm, C> kLaneTwF
 
 // Per-lane factors W_C^(c*q), q = 1 .. Q-1, of the row transforms' first
 // step: per q, 16 real parts then 16 imaginary parts, lane p for column
-// c = inLane(p) (Perm, the lane order of interleaved input) or c = p.
+// c = inLaneOf(p, C) (Perm, the lane order of interleaved input) or c = p.
 template <int C, bool Perm> struct LaneFoldTw {
     static constexpr int V = 16, Q = C / V;
     float f[Q > 1 ? 2 * V * (Q - 1) : 1];
