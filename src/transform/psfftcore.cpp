@@ -719,7 +719,7 @@ bool runInRegisters(int m, const SrcRef<T>& src, Cx<T>* out, T* re, T* im) {
         switch (m) {
             case 8: twoSweepF<8, 1, Inv, Split, O>(src, o, re, im); return true;
             case 9: twoSweepF<9, 1, Inv, Split, O>(src, o, re, im); return true;
-            case 10: twoSweepF<10, 2, Inv, Split, O>(src, o, re, im); return true;
+            case 10: twoSweepF<10, 1, Inv, Split, O>(src, o, re, im); return true;
             case 11: twoSweepF<11, 4, Inv, Split, O>(src, o, re, im); return true;
             default: return false;
         }

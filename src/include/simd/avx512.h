@@ -1116,3 +1116,12 @@ VRX_INLINE void dupLanes(__m512d a, __m512d& lo, __m512d& hi) {
     hi = _mm512_permutexvar_pd(_mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7), a);
 }
 }  // namespace n0::simd
+
+// ---- 256-bit half stores (the FFT's 32-bit two-sweep buffer of half rows)
+namespace n0::simd {
+// the low (H = 0) or high (H = 1) eight floats of a to p (32-byte aligned)
+template <int H> VRX_INLINE void storeHalf8(float* p, __m512 a) {
+    if constexpr (H == 0) _mm256_store_ps(p, _mm512_castps512_ps256(a));
+    else _mm256_store_ps(p, _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
+}
+}  // namespace n0::simd
