@@ -324,12 +324,12 @@ TEST(DftBits, TwoLevelLengthsEveryForm) {
 // Lengths whose passes are not the records': single 1000 (8·5·5·5: an
 // 8 x 16 first tile with 13 columns in its last, a radix 5 at l = 8 whose
 // tile takes half registers and whose last register holds one group, 5
-// then 5 fused at l = 40 over a register half empty), double 360, 500, 768,
-// 1000 and 1536, and 4095: every form, placement and offset gives the bits
-// of interleaved data out of place.
+// then 5 fused at l = 40 over a register half empty), single 1536 (a
+// 16 x 16 first tile), double 360, 500, 768, 1000 and 1536, and 4095: every
+// form, placement and offset gives the bits of interleaved data out of place.
 TEST(DftBits, OwnPassLengthsEveryForm) {
     const struct { int n; bool single, dbl; } cases[] = {
-        {1000, true, true}, {360, false, true}, {500, false, true}, {768, false, true}, {1536, false, true}, {4095, true, true}};
+        {1000, true, true}, {360, false, true}, {500, false, true}, {768, false, true}, {1536, true, true}, {4095, true, true}};
     for (const auto& c : cases) {
         if (c.single) sameBitsEveryForm<float>(c.n);
         if (c.dbl) sameBitsEveryForm<double>(c.n);

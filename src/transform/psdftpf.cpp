@@ -548,6 +548,32 @@ VRX_INLINE void tileOut8x16(const Cx<VE<float>>* y, int valid, float* bRe, float
     one(xi, bIm);
 }
 
+// The 16 x 16 tile of float registers y[r] stored as 16 x 16 values
+// b[16*k + r] (valid of them): the in-lane transposition of each group of
+// four rows leaves column 4*b + c in block b of register c of the group;
+// output register k = 4*b + c gathers blocks b of register c of the four
+// groups (blocks4x4).
+VRX_INLINE void tileOut16x16(const Cx<VE<float>>* y, int valid, float* bRe, float* bIm) {
+    using Rg = simd::V<float>::R;
+    auto one = [valid](const Rg* x, float* b) {
+        Rg u[4][4], o[16];
+        for (int g = 0; g < 4; ++g) simd::transpose4InLanes(x + 4 * g, u[g]);
+        for (int c = 0; c < 4; ++c) {
+            Rg t[4];
+            blocks4x4(u[0][c], u[1][c], u[2][c], u[3][c], t);
+            for (int bb = 0; bb < 4; ++bb) o[4 * bb + c] = t[bb];
+        }
+        for (int vo = 0; vo < 16 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
+    };
+    Rg xr[16], xi[16];
+    for (int r = 0; r < 16; ++r) {
+        xr[r] = y[r].re.r;
+        xi[r] = y[r].im.r;
+    }
+    one(xr, bRe);
+    one(xi, bIm);
+}
+
 // Stage 0 (l = 1) of radix R (RC, or R at run time when RC is 0): the input
 // split or interleaved (Il), its imaginary parts negated for the inverse;
 // the output split.
@@ -580,6 +606,8 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
             tileOut4x16(y, R * cnt, bRe + k * R, bIm + k * R);
         } else if constexpr (RC == 8) {
             tileOut8x16(y, R * cnt, bRe + k * R, bIm + k * R);
+        } else if constexpr (RC == 16 && sizeof(T) == 4) {
+            tileOut16x16(y, R * cnt, bRe + k * R, bIm + k * R);
         } else if constexpr (RC % 2 == 1 && sizeof(T) == 8) {
             // odd R: one permute per register puts every column in the lane it
             // takes in its output register; the outputs are then blends
@@ -1514,7 +1542,10 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
 // every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
 // runs four passes instead of five, its two 3s as one radix 9; 500 runs
-// its radix 4 second, which measured faster than first. The twiddle
+// its radix 4 second, which measured faster than first. Single 1000 and
+// 1536 run a radix 8 or 16 first (their tiles move by unpacks and 128-bit
+// blocks), so the radix 5 at l = 5 or the radix 4 at l = 4 across t goes
+// away. The twiddle
 // rows of the passes follow one another in level 0's table: 2*(n-1) values
 // in all, within its 2*n.
 template <class T> int altPasses(int64_t n, int* R) {
@@ -1533,6 +1564,7 @@ template <class T> int altPasses(int64_t n, int* R) {
         }
     } else {
         if (n == 1000) { R[0] = 8; R[1] = 5; R[2] = 5; R[3] = 5; return 4; }
+        if (n == 1536) { R[0] = 16; R[1] = 4; R[2] = 4; R[3] = 6; return 4; }
     }
     return 0;
 }
