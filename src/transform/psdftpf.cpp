@@ -516,6 +516,18 @@ VRX_INLINE void tileOut4x16(const Cx<VE<float>>* y, int valid, float* bRe, float
     one(y[0].im.r, y[1].im.r, y[2].im.r, y[3].im.r, bIm);
 }
 
+// A float tile of RC rows transposed by one(x, b), real parts then
+// imaginary parts.
+template <int RC, class F> VRX_INLINE void tileReIm(const Cx<VE<float>>* y, F one, float* bRe, float* bIm) {
+    simd::V<float>::R xr[RC], xi[RC];
+    for (int r = 0; r < RC; ++r) {
+        xr[r] = y[r].re.r;
+        xi[r] = y[r].im.r;
+    }
+    one(xr, bRe);
+    one(xi, bIm);
+}
+
 // The 8 x 16 tile of float registers y[r] stored as 16 x 8 values
 // b[8*k + r] (valid of them): the two halves r = 0 .. 3 and 4 .. 7 by the
 // in-lane transposition (block b of register c: column 4*b + c), then
@@ -539,13 +551,7 @@ VRX_INLINE void tileOut8x16(const Cx<VE<float>>* y, int valid, float* bRe, float
             }
         for (int vo = 0; vo < 8 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
     };
-    Rg xr[8], xi[8];
-    for (int r = 0; r < 8; ++r) {
-        xr[r] = y[r].re.r;
-        xi[r] = y[r].im.r;
-    }
-    one(xr, bRe);
-    one(xi, bIm);
+    tileReIm<8>(y, one, bRe, bIm);
 }
 
 // The 16 x 16 tile of float registers y[r] stored as 16 x 16 values
@@ -565,13 +571,7 @@ VRX_INLINE void tileOut16x16(const Cx<VE<float>>* y, int valid, float* bRe, floa
         }
         for (int vo = 0; vo < 16 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
     };
-    Rg xr[16], xi[16];
-    for (int r = 0; r < 16; ++r) {
-        xr[r] = y[r].re.r;
-        xi[r] = y[r].im.r;
-    }
-    one(xr, bRe);
-    one(xi, bIm);
+    tileReIm<16>(y, one, bRe, bIm);
 }
 
 // Stage 0 (l = 1) of radix R (RC, or R at run time when RC is 0): the input
