@@ -1542,7 +1542,8 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
 // every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
 // runs four passes instead of five, its two 3s as one radix 9; 500 runs
-// its radix 4 second, which measured faster than first. Single 1000 and
+// its radix 4 first, its radix 5 at l = 4 on the half-register tile (with
+// the masked permutes, the radix 4 second measured faster). Single 1000 and
 // 1536 run a radix 8 or 16 first (their tiles move by unpacks and 128-bit
 // blocks), so the radix 5 at l = 5 or the radix 4 at l = 4 across t goes
 // away. The twiddle
@@ -1559,7 +1560,7 @@ template <class T> int altPasses(int64_t n, int* R) {
             case 1536: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 6; return 4;
             case 768: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 3; return 4;
             case 360: R[0] = 8; R[1] = 3; R[2] = 3; R[3] = 5; return 4;
-            case 500: R[0] = 5; R[1] = 4; R[2] = 5; R[3] = 5; return 4;
+            case 500: R[0] = 4; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
             default: return 0;
         }
     } else {
