@@ -321,6 +321,21 @@ TEST(DftBits, TwoLevelLengthsEveryForm) {
     for (int N : {18, 20, 30, 36, 50, 60, 100, 180}) sameBitsEveryForm<double>(N);
 }
 
+// Lengths whose passes are not the records': single 1000 (8·5·5·5: an
+// 8 x 16 first tile with 13 columns in its last, a radix 5 at l = 8 whose
+// tile takes half registers and whose last register holds one group, 5
+// then 5 fused at l = 40 over a register half empty), single 1536 (a
+// 16 x 16 first tile), double 360, 500, 768, 1000 and 1536, and 4095: every
+// form, placement and offset gives the bits of interleaved data out of place.
+TEST(DftBits, OwnPassLengthsEveryForm) {
+    const struct { int n; bool single, dbl; } cases[] = {
+        {1000, true, true}, {360, false, true}, {500, false, true}, {768, false, true}, {1536, true, true}, {4095, true, true}};
+    for (const auto& c : cases) {
+        if (c.single) sameBitsEveryForm<float>(c.n);
+        if (c.dbl) sameBitsEveryForm<double>(c.n);
+    }
+}
+
 // 97 and 4099: inner lengths of the prime-factor engine; 65535: of the
 // radix engine; 100003: of the radix engine (single) and the large path
 // (double), whose work holds no second copy and runs in place.

@@ -516,6 +516,64 @@ VRX_INLINE void tileOut4x16(const Cx<VE<float>>* y, int valid, float* bRe, float
     one(y[0].im.r, y[1].im.r, y[2].im.r, y[3].im.r, bIm);
 }
 
+// A float tile of RC rows transposed by one(x, b), real parts then
+// imaginary parts.
+template <int RC, class F> VRX_INLINE void tileReIm(const Cx<VE<float>>* y, F one, float* bRe, float* bIm) {
+    simd::V<float>::R xr[RC], xi[RC];
+    for (int r = 0; r < RC; ++r) {
+        xr[r] = y[r].re.r;
+        xi[r] = y[r].im.r;
+    }
+    one(xr, bRe);
+    one(xi, bIm);
+}
+
+// The 8 x 16 tile of float registers y[r] stored as 16 x 8 values
+// b[8*k + r] (valid of them): the two halves r = 0 .. 3 and 4 .. 7 by the
+// in-lane transposition (block b of register c: column 4*b + c), then
+// output register 2*b + c/2 (columns 4*b + c and 4*b + c + 1) gathers
+// block b of both halves of registers c and c + 1 by two 128-bit block
+// moves.
+VRX_INLINE void tileOut8x16(const Cx<VE<float>>* y, int valid, float* bRe, float* bIm) {
+    using Rg = simd::V<float>::R;
+    auto one = [valid](const Rg* x, float* b) {
+        Rg u[4], w[4], ab[8], o[8];
+        simd::transpose4InLanes(x, u);
+        simd::transpose4InLanes(x + 4, w);
+        for (int c = 0; c < 4; ++c) {
+            ab[c] = simd::blocks128<0, 1, 0, 1>(u[c], w[c]);      // blocks 0, 1 of both halves
+            ab[4 + c] = simd::blocks128<2, 3, 2, 3>(u[c], w[c]);  // blocks 2, 3
+        }
+        for (int h = 0; h < 2; ++h)
+            for (int c = 0; c < 4; c += 2) {
+                o[4 * h + c / 2] = simd::blocks128<0, 2, 0, 2>(ab[4 * h + c], ab[4 * h + c + 1]);
+                o[4 * h + 2 + c / 2] = simd::blocks128<1, 3, 1, 3>(ab[4 * h + c], ab[4 * h + c + 1]);
+            }
+        for (int vo = 0; vo < 8 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
+    };
+    tileReIm<8>(y, one, bRe, bIm);
+}
+
+// The 16 x 16 tile of float registers y[r] stored as 16 x 16 values
+// b[16*k + r] (valid of them): the in-lane transposition of each group of
+// four rows leaves column 4*b + c in block b of register c of the group;
+// output register k = 4*b + c gathers blocks b of register c of the four
+// groups (blocks4x4).
+VRX_INLINE void tileOut16x16(const Cx<VE<float>>* y, int valid, float* bRe, float* bIm) {
+    using Rg = simd::V<float>::R;
+    auto one = [valid](const Rg* x, float* b) {
+        Rg u[4][4], o[16];
+        for (int g = 0; g < 4; ++g) simd::transpose4InLanes(x + 4 * g, u[g]);
+        for (int c = 0; c < 4; ++c) {
+            Rg t[4];
+            blocks4x4(u[0][c], u[1][c], u[2][c], u[3][c], t);
+            for (int bb = 0; bb < 4; ++bb) o[4 * bb + c] = t[bb];
+        }
+        for (int vo = 0; vo < 16 && 16 * vo < valid; ++vo) putTileReg<float>(b, vo, valid, o[vo]);
+    };
+    tileReIm<16>(y, one, bRe, bIm);
+}
+
 // Stage 0 (l = 1) of radix R (RC, or R at run time when RC is 0): the input
 // split or interleaved (Il), its imaginary parts negated for the inverse;
 // the output split.
@@ -546,6 +604,10 @@ void stageK(int Rr, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const 
             tileOut4x8<RC>(y, R * cnt, bRe + k * R, bIm + k * R);
         } else if constexpr (RC == 4) {
             tileOut4x16(y, R * cnt, bRe + k * R, bIm + k * R);
+        } else if constexpr (RC == 8) {
+            tileOut8x16(y, R * cnt, bRe + k * R, bIm + k * R);
+        } else if constexpr (RC == 16 && sizeof(T) == 4) {
+            tileOut16x16(y, R * cnt, bRe + k * R, bIm + k * R);
         } else if constexpr (RC % 2 == 1 && sizeof(T) == 8) {
             // odd R: one permute per register puts every column in the lane it
             // takes in its output register; the outputs are then blends
@@ -685,7 +747,7 @@ template <class T> bool q2Fits(int RA, int RB, int64_t l) {
     if (RA == 3 && RB == 6) return true;
     if (RA == 4 && RB == 6) return true;
     if (RA == 5 && RB == 4) return true;
-    if constexpr (sizeof(T) == 4) return RA == 5 && RB == 8;
+    if constexpr (sizeof(T) == 4) return RA == 5 && (RB == 8 || RB == 5);
     // 5 x 8 in double would keep more registers than there are; 5 x 5 only
     // pays with every register of q full (measured slower for l = 20)
     return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 5 && RB == 5 && l % NL == 0);
@@ -834,6 +896,12 @@ template <class T, int RC> struct TTile {
 };
 template <class T, int RC> inline constexpr TTile<T, RC> kTTile{};
 
+// Half ha of register a, then half hb of register b.
+template <class Rg> VRX_INLINE Rg halvesOf(Rg a, int ha, Rg b, int hb) {
+    if (ha == 0) return hb == 0 ? simd::blocks128<0, 1, 0, 1>(a, b) : simd::blocks128<0, 1, 2, 3>(a, b);
+    return hb == 0 ? simd::blocks128<2, 3, 0, 1>(a, b) : simd::blocks128<2, 3, 2, 3>(a, b);
+}
+
 template <class T, int RC>
 void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, const T* aIm, T* bRe, T* bIm) {
     using S = simd::V<T>;
@@ -881,6 +949,20 @@ void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, con
                 tile(y[0].im.r, y[1].im.r, y[2].im.r, y[3].im.r, oIm);
                 continue;
             }
+        }
+        if (2 * l == NL) {
+            // two groups of l a register: output register vo is run 2*vo
+            // then run 2*vo + 1 of the sequence r + R*kk, each the half kk
+            // of register r (one 128-bit block move per register)
+#pragma GCC unroll 16
+            for (int vo = 0; vo < R; ++vo) {
+                if (NL * vo >= valid) break;
+                const int s0 = 2 * vo, s1 = 2 * vo + 1;
+                const auto cat = [&](const VE<T>& a, const VE<T>& b) { return halvesOf(a.r, s0 / R, b.r, s1 / R); };
+                putTileReg<T>(oRe, vo, valid, cat(y[s0 % R].re, y[s1 % R].re));
+                putTileReg<T>(oIm, vo, valid, cat(y[s0 % R].im, y[s1 % R].im));
+            }
+            continue;
         }
         for (int vo = 0; vo < R && NL * vo < valid; ++vo) {
             typename S::R orr = S::zero(), oii = S::zero();
@@ -1460,7 +1542,11 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
 // every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
 // runs four passes instead of five, its two 3s as one radix 9; 500 runs
-// its radix 4 second, which measured faster than first. The twiddle
+// its radix 4 first, its radix 5 at l = 4 on the half-register tile (with
+// the masked permutes, the radix 4 second measured faster). Single 1000 and
+// 1536 run a radix 8 or 16 first (their tiles move by unpacks and 128-bit
+// blocks), so the radix 5 at l = 5 or the radix 4 at l = 4 across t goes
+// away. The twiddle
 // rows of the passes follow one another in level 0's table: 2*(n-1) values
 // in all, within its 2*n.
 template <class T> int altPasses(int64_t n, int* R) {
@@ -1474,9 +1560,12 @@ template <class T> int altPasses(int64_t n, int* R) {
             case 1536: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 6; return 4;
             case 768: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 3; return 4;
             case 360: R[0] = 8; R[1] = 3; R[2] = 3; R[3] = 5; return 4;
-            case 500: R[0] = 5; R[1] = 4; R[2] = 5; R[3] = 5; return 4;
+            case 500: R[0] = 4; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
             default: return 0;
         }
+    } else {
+        if (n == 1000) { R[0] = 8; R[1] = 5; R[2] = 5; R[3] = 5; return 4; }
+        if (n == 1536) { R[0] = 16; R[1] = 4; R[2] = 4; R[3] = 6; return 4; }
     }
     return 0;
 }
