@@ -241,8 +241,7 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
 #pragma GCC unroll 4
                         for (int r = 0; r < 4; ++r) {
                             const float* pa = base + 16 * (2 * (r & 1) + 4 * (r >> 1));
-                            x[r] = W::blend(0xAAAA, W::dupRe(W::load(pa)), W::dupRe(W::load(pa + 16)));
-                            w[r] = W::blend(0xAAAA, W::dupIm(W::load(pa)), W::dupIm(W::load(pa + 16)));
+                            dupLoad(pa, x[r], w[r]);
                         }
                         typename W::R* o = (part ? ti : tr) + 8 * hh;
 #pragma GCC unroll 2
