@@ -829,12 +829,10 @@ template <class T, int LOG, bool Inv, bool Scale, bool Whole = false>
     else smallVec<T, 4, (1 << LOG) / 4, Inv, Scale>(src, dst, scale);
 }
 template <class T, bool Inv, bool Scale> VRX_INLINE void smallCxRun(int m, const Cx<T>* src, Cx<T>* dst, T scale) {
-    if (m == 4) {
-        if (sizeof(T) == 8 && src != dst) smallCx<T, 4, Inv, Scale, sizeof(T) == 8>(src, dst, scale);
-        else smallCx<T, 4, Inv, Scale>(src, dst, scale);
-    } else {
-        smallCx<T, 5, Inv, Scale>(src, dst, scale);
-    }
+    if (m == 5) return smallCx<T, 5, Inv, Scale>(src, dst, scale);
+    if constexpr (sizeof(T) == 8)
+        if (src != dst) return smallCx<T, 4, Inv, Scale, true>(src, dst, scale);
+    smallCx<T, 4, Inv, Scale>(src, dst, scale);
 }
 
 template <class T, bool Inv, bool Scale>
