@@ -10,8 +10,9 @@
 // sample terms do not depend on the state. The 32- and 16-bit forms round
 // c, s and the U_k (computed in double from the rounded c) to float and
 // run in float, the sample terms first, a register of them at a time, then
-// the chain (16-bit samples converted as they are loaded); the
-// 64-bit forms run in double. The 16-bit forms run at
+// the chain (16-bit samples converted as they are loaded; complex input
+// with both parts of the chain in one register); the 64-bit forms run in
+// double. The 16-bit forms run at
 // round to nearest whatever the caller's mode, which they put back.
 #include "vrx_base.h"
 #include "vrx_fpu.h"
@@ -77,53 +78,41 @@ VRX_INLINE void stepFour(Load load, int64_t cnt, const Factors<A>& f, A* a, A* b
     for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
 }
 
-// The float forms, a stretch of 1024 samples at a time, in two passes.
-// The first computes the sample terms of each four-sample step,
+// Real input in float (32- and 16-bit forms), a stretch of 1024 samples at
+// a time, in two passes. The first computes the sample terms of each
+// four-sample step,
 //   p3 = (x[4i+2] + U1 x[4i+1]) + U2 x[4i]
 //   p4 = ((x[4i+3] + U1 x[4i+2]) + U2 x[4i+1]) + U3 x[4i],
-// sixteen steps per register and part: complex samples are split into
-// their parts, and an in-lane 4 x 4 transpose of 64 samples brings the four
-// samples of each step into one lane (step 4r + l of the sixteen lands at
-// element 4l + r). The second runs the dependent chain alone on them
-// (register work beside it would take its ports). K = 1 real, 2 complex;
-// load(j, r) gives the 16 scalars from j as floats, those from r on as 0.
-// cnt is a multiple of 4.
-template <int K, class Load>
+// sixteen steps per register: an in-lane 4 x 4 transpose of 64 samples
+// brings the four samples of each step into one lane (step 4r + l of the
+// sixteen lands at element 4l + r). The second runs the dependent chain
+// alone on them (register work beside it would take its ports). load(j, r)
+// gives the 16 scalars from j as floats, those from r on as 0. cnt is a
+// multiple of 4.
+template <class Load>
 VRX_INLINE void stepFloat(Load load, int64_t cnt, const Factors<float>& f, float* a, float* b) {
     using F = n0::simd::V<float>;
     constexpr int64_t kStretch = 1024;
     const F::R u1 = F::set1(f.u1), u2 = F::set1(f.u2), u3 = F::set1(f.u3);
     const float v2 = f.u2, v3 = f.u3, v4 = f.u4;
-    float ra[K], rb[K];  // in registers: the stores below could alias the samples
-    for (int k = 0; k < K; ++k) { ra[k] = a[k]; rb[k] = b[k]; }
-    alignas(64) float t3[K][kStretch / 4], t4[K][kStretch / 4];
+    float ra = *a, rb = *b;  // in registers: the stores below could alias the samples
+    alignas(64) float t3[kStretch / 4], t4[kStretch / 4];
     auto step = [&](int64_t e) {
-        for (int k = 0; k < K; ++k) {
-            const float nb = (v3 * ra[k] - v2 * rb[k]) + t3[k][e];
-            const float na = (v4 * ra[k] - v3 * rb[k]) + t4[k][e];
-            ra[k] = na;
-            rb[k] = nb;
-        }
+        const float nb = (v3 * ra - v2 * rb) + t3[e];
+        const float na = (v4 * ra - v3 * rb) + t4[e];
+        ra = na;
+        rb = nb;
     };
     auto part = [](int64_t r) { return static_cast<size_t>(r <= 0 ? 0 : (r < 16 ? r : 16)); };
     for (int64_t i = 0; i < cnt; i += kStretch) {
         const int64_t n = cnt - i < kStretch ? cnt - i : kStretch;
         for (int64_t q = 0; q < n; q += 64) {
-            const int64_t j = (i + q) * K, r = (n - q) * K;  // scalars
-            F::R v[K][4], x[4];
-            for (int m = 0; m < 4; ++m) {
-                if constexpr (K == 1) {
-                    v[0][m] = load(j + 16 * m, part(r - 16 * m));
-                } else {
-                    n0::simd::deinterleave(load(j + 32 * m, part(r - 32 * m)), load(j + 32 * m + 16, part(r - 32 * m - 16)),
-                                           v[0][m], v[1][m]);
-                }
-            }
-            for (int k = 0; k < K; ++k) {
-                n0::simd::transpose4InLanes(v[k], x);
-                F::store(t3[k] + q / 4, F::add(F::add(x[2], F::mul(u1, x[1])), F::mul(u2, x[0])));
-                F::store(t4[k] + q / 4, F::add(F::add(F::add(x[3], F::mul(u1, x[2])), F::mul(u2, x[1])), F::mul(u3, x[0])));
-            }
+            const int64_t j = i + q, r = n - q;  // scalars
+            F::R v[4], x[4];
+            for (int m = 0; m < 4; ++m) v[m] = load(j + 16 * m, part(r - 16 * m));
+            n0::simd::transpose4InLanes(v, x);
+            F::store(t3 + q / 4, F::add(F::add(x[2], F::mul(u1, x[1])), F::mul(u2, x[0])));
+            F::store(t4 + q / 4, F::add(F::add(F::add(x[3], F::mul(u1, x[2])), F::mul(u2, x[1])), F::mul(u3, x[0])));
         }
         const int64_t steps = n / 4;
         int64_t s = 0;
@@ -133,14 +122,66 @@ VRX_INLINE void stepFloat(Load load, int64_t cnt, const Factors<float>& f, float
         }
         for (int m = 0; s + m < steps; ++m) step(s + 4 * (m & 3) + (m >> 2));
     }
-    for (int k = 0; k < K; ++k) { a[k] = ra[k]; b[k] = rb[k]; }
+    *a = ra;
+    *b = rb;
+}
+
+// Complex input in float (32- and 16-bit forms): as stepFloat, but each
+// sample's two parts stay together as a 64-bit pair. The first pass computes
+// the terms of eight steps per register: of four registers of 32 samples,
+// moves of 128-bit blocks and unpacks of 64-bit pairs bring sample m of
+// step L + 4e (L < 4, e < 2) to pair 2L + e of register m. The second runs
+// both parts' chains in one register, a pair per step, each part through
+// the operations of the real form. load as stepFloat's; cnt a multiple of 4.
+template <class Load>
+VRX_INLINE void stepPairs(Load load, int64_t cnt, const Factors<float>& f, float* a, float* b) {
+    namespace s = n0::simd;
+    using F = s::V<float>;
+    using P = s::Pair32f;
+    constexpr int64_t kStretch = 1024;
+    const F::R u1 = F::set1(f.u1), u2 = F::set1(f.u2), u3 = F::set1(f.u3);
+    const P::R v2 = P::set1(f.u2), v3 = P::set1(f.u3), v4 = P::set1(f.u4);
+    P::R ra = P::set(a[0], a[1]), rb = P::set(b[0], b[1]);
+    alignas(64) double t3[kStretch / 4], t4[kStretch / 4];  // a pair of floats per step
+    auto part = [](int64_t r) { return static_cast<size_t>(r <= 0 ? 0 : (r < 16 ? r : 16)); };
+    auto step = [&](int64_t e) {
+        const P::R nb = P::add(P::sub(P::mul(v3, ra), P::mul(v2, rb)), P::load(t3 + e));
+        const P::R na = P::add(P::sub(P::mul(v4, ra), P::mul(v3, rb)), P::load(t4 + e));
+        ra = na;
+        rb = nb;
+    };
+    for (int64_t i = 0; i < cnt; i += kStretch) {
+        const int64_t n = cnt - i < kStretch ? cnt - i : kStretch;
+        for (int64_t q = 0; q < n; q += 32) {
+            const int64_t j = (i + q) * 2, r = (n - q) * 2;  // scalars
+            F::R v[4];
+            for (int m = 0; m < 4; ++m) v[m] = load(j + 16 * m, part(r - 16 * m));
+            const F::R w0 = s::blocks128<0, 2, 0, 2>(v[0], v[1]), w1 = s::blocks128<1, 3, 1, 3>(v[0], v[1]);
+            const F::R w2 = s::blocks128<0, 2, 0, 2>(v[2], v[3]), w3 = s::blocks128<1, 3, 1, 3>(v[2], v[3]);
+            const F::R x0 = s::unpackLo64(w0, w2), x1 = s::unpackHi64(w0, w2);
+            const F::R x2 = s::unpackLo64(w1, w3), x3 = s::unpackHi64(w1, w3);
+            F::store(reinterpret_cast<float*>(t3 + q / 4), F::add(F::add(x2, F::mul(u1, x1)), F::mul(u2, x0)));
+            F::store(reinterpret_cast<float*>(t4 + q / 4),
+                     F::add(F::add(F::add(x3, F::mul(u1, x2)), F::mul(u2, x1)), F::mul(u3, x0)));
+        }
+        const int64_t steps = n / 4;
+        int64_t st = 0;
+        for (; st + 8 <= steps; st += 8) {
+#pragma GCC unroll 8
+            for (int m = 0; m < 8; ++m) step(st + 2 * (m & 3) + (m >> 2));
+        }
+        for (int m = 0; st + m < steps; ++m) step(st + 2 * (m & 3) + (m >> 2));
+    }
+    a[0] = P::re(ra);
+    a[1] = P::im(ra);
+    b[0] = P::re(rb);
+    b[1] = P::im(rb);
 }
 
 // The whole recurrence: len mod 4 single steps, then blocks of four. On
-// return w1 = w[len-1], w2 = w[len-2]. Real or 16-bit input by stepFloat
-// (16-bit samples converted as they are loaded); complex float input (its
-// two chains side by side leave the ports room for the inline terms) and
-// the double forms by stepFour.
+// return w1 = w[len-1], w2 = w[len-2]. Float and 16-bit input by stepFloat
+// (real) or stepPairs (complex), 16-bit samples converted as they are
+// loaded; the double forms by stepFour.
 template <class A, int K, class S>
 VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const Factors<A> f(c);
@@ -148,14 +189,16 @@ VRX_INLINE void recur(const S* src, int len, A c, A* w1, A* w2) {
     const int head = len & 3;
     stepOne<A, K>([src](int64_t i) { return static_cast<A>(src[i]); }, head, f, w1, w2);
     const S* rest = src + int64_t(head) * K;
-    if constexpr (sizeof(A) == 4 && (K == 1 || sizeof(S) == 2)) {
+    if constexpr (sizeof(A) == 4) {
         using F = n0::simd::V<float>;
+        auto run = [&](auto load) {
+            if constexpr (K == 1) stepFloat(load, len - head, f, w1, w2);
+            else stepPairs(load, len - head, f, w1, w2);
+        };
         if constexpr (sizeof(S) == 2)
-            stepFloat<K>([rest](int64_t j, size_t r) { return n0::simd::intToFloat(n0::simd::widen16sPart(rest + j, r)); },
-                         len - head, f, w1, w2);
+            run([rest](int64_t j, size_t r) { return n0::simd::intToFloat(n0::simd::widen16sPart(rest + j, r)); });
         else
-            stepFloat<K>([rest](int64_t j, size_t r) { return F::loadm(n0::simd::tail<float>(r), rest + j); }, len - head,
-                         f, w1, w2);
+            run([rest](int64_t j, size_t r) { return F::loadm(n0::simd::tail<float>(r), rest + j); });
     } else {
         stepFour<A, K>([rest](int64_t i) { return static_cast<A>(rest[i]); }, len - head, f, w1, w2);
     }

@@ -1125,3 +1125,20 @@ template <int H> VRX_INLINE void storeHalf8(float* p, __m512 a) {
     else _mm256_store_ps(p, _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
 }
 }  // namespace n0::simd
+
+// ---- a complex float pair in the low half of a 128-bit register (the
+// Goertzel chain of complex input: both parts in one register)
+namespace n0::simd {
+struct Pair32f {
+    using R = __m128;
+    // the two floats stored as *p into the low lanes, zero above
+    static VRX_INLINE R load(const double* p) { return _mm_castpd_ps(_mm_load_sd(p)); }
+    static VRX_INLINE R set(float re, float im) { return _mm_setr_ps(re, im, 0.0f, 0.0f); }
+    static VRX_INLINE R set1(float v) { return _mm_set1_ps(v); }
+    static VRX_INLINE R add(R a, R b) { return _mm_add_ps(a, b); }
+    static VRX_INLINE R sub(R a, R b) { return _mm_sub_ps(a, b); }
+    static VRX_INLINE R mul(R a, R b) { return _mm_mul_ps(a, b); }
+    static VRX_INLINE float re(R a) { return _mm_cvtss_f32(a); }
+    static VRX_INLINE float im(R a) { return _mm_cvtss_f32(_mm_movehdup_ps(a)); }
+};
+}  // namespace n0::simd
