@@ -258,20 +258,22 @@ template <int R> VRX_INLINE void storePairs4d(double* y, int q, int k1, simd::V<
     simd::V<double>::store(y + p, c0);
     simd::V<double>::store(y + p + 8, c1);
 }
-template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* y, double* dre, double* dim) {
+template <bool Inv, bool Split, int R, class Ld> VRX_INLINE void rowStep16d(Ld ld, double* dre, double* dim) {
     using W = simd::V<double>;
 #pragma GCC unroll 1
     for (int j = 0; j < R / 4; ++j) {
-        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
-                        const int p = 16 * (R / 2 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
-                        return CVd{simd::loadHalves(y + p, y + p + 16)};
-                    },
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) { return ld(n2, j); },
                     [&](int k2, CVd v) __attribute__((always_inline)) {
                         const int x = R * k2 + 4 * j;
                         if constexpr (Split) simd::unpairSplit4d(dre + x, dim + x, v.v);
                         else W::store(dre + 2 * x, v.v);
                     });
     }
+}
+// the rows of the buffer of storePairs4d: two 256-bit halves
+template <int R> VRX_INLINE CVd loadPairs4d(const double* y, int n2, int j) {
+    const int p = 16 * (R / 2 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
+    return CVd{simd::loadHalves(y + p, y + p + 16)};
 }
 
 // ---- order 7 (double) as 8 x 16, the same two steps
@@ -324,7 +326,7 @@ template <bool Inv, bool Split, int R>
         if constexpr (R == 8) dft8d<Inv>(ld, st);
         else dft16d<Inv>(ld, st);
     }
-    rowStep16d<Inv, Split, R>(y, dre, dim);
+    rowStep16d<Inv, Split, R>([&](int n2, int j) __attribute__((always_inline)) { return loadPairs4d<R>(y, n2, j); }, dre, dim);
 }
 
 // ---- order 9 (double) as 32 x 16, the same two steps
@@ -332,9 +334,10 @@ template <bool Inv, bool Split, int R>
 // x[16*n1 + n2]: per four columns, the 32-point transforms down the rows as
 // E = 16 points of the even rows (kept in a stack buffer) and O = 16 points
 // of the odd rows, X[k] = E[k] + W_32^k O[k] and X[k+16] = E[k] - W_32^k O[k]
-// as O's outputs arrive; the factors W_512^(k1*n2) and the 2 x 2 transposes
-// of rows k1 = 2t and 2t + 1 as for order 8; then per four rows k1 the
-// 16-point transforms over n2 give X[k1 + 32*k2].
+// as O's outputs arrive; the factors W_512^(k1*n2), then each row's four
+// columns stored one by one (lane stores: no shuffle) into a buffer held as
+// [n2][k1]; per four rows k1, one whole load per n2 and the 16-point
+// transforms over n2 give X[k1 + 32*k2].
 template <bool Inv, int K> VRX_INLINE simd::V<double>::R w32d(simd::V<double>::R y) {
     using W = simd::V<double>;
     if constexpr (K % 2 == 0) return w16d<Inv, K / 2>(y);
@@ -367,6 +370,8 @@ template <bool Inv> VRX_INLINE simd::V<double>::R w32sel(int k, simd::V<double>:
 template <bool Inv, bool Split>
 [[gnu::noinline]] void order9d(const double* sre, const double* sim, double* dre, double* dim) {
     using W = simd::V<double>;
+    // y[2*(32*n2 + k1)]: column n2 of row k1, so that each register of the
+    // second step (four consecutive k1 of one n2) is one whole load
     alignas(64) double y[1024];
     alignas(64) double e[128];
 #pragma GCC unroll 1
@@ -374,10 +379,12 @@ template <bool Inv, bool Split>
         auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m); },
                     [&](int k, CVd v) __attribute__((always_inline)) { W::store(e + 8 * k, v.v); });
-        W::R a[16], b[16];
+        // row k1 times its factors, its four columns stored one by one
         auto put = [&](int k1, W::R x) __attribute__((always_inline)) {
             const int t = 2 * (16 * k1 + 4 * q);
-            return k1 == 0 ? x : cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
+            double* p = y + 2 * (32 * 4 * q + k1);
+            simd::storeLanes128d(p, p + 64, p + 128, p + 192, x);
         };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m + 1); },
                     [&](int k, CVd v) __attribute__((always_inline)) {
@@ -393,17 +400,11 @@ template <bool Inv, bool Split>
                             s0 = W::add(ek, t);
                             s1 = W::sub(ek, t);
                         }
-                        const W::R x0 = put(k, s0), x1 = put(k + 16, s1);
-                        if (k % 2 == 0) {
-                            a[k] = x0;
-                            b[k] = x1;
-                        } else {
-                            storePairs4d<32>(y, q, k, a[k - 1], x0);
-                            storePairs4d<32>(y, q, k + 16, b[k - 1], x1);
-                        }
+                        put(k, s0);
+                        put(k + 16, s1);
                     });
     }
-    rowStep16d<Inv, Split, 32>(y, dre, dim);
+    rowStep16d<Inv, Split, 32>([&](int n2, int j) __attribute__((always_inline)) { return CVd{W::load(y + 2 * (32 * n2 + 4 * j))}; }, dre, dim);
 }
 
 }  // namespace n0::fft

@@ -1125,3 +1125,15 @@ template <int H> VRX_INLINE void storeHalf8(float* p, __m512 a) {
     else _mm256_store_ps(p, _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1)));
 }
 }  // namespace n0::simd
+
+// ---- 128-bit lane stores (the FFT's 64-bit order-9 buffer of columns)
+namespace n0::simd {
+// the four complex values (128-bit lanes) of v to p0 .. p3: a store of the
+// low lane and three lane extracts into memory, which issue no shuffle
+VRX_INLINE void storeLanes128d(double* p0, double* p1, double* p2, double* p3, __m512d v) {
+    _mm_store_pd(p0, _mm512_castpd512_pd128(v));
+    _mm_store_ps(reinterpret_cast<float*>(p1), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 1));
+    _mm_store_ps(reinterpret_cast<float*>(p2), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 2));
+    _mm_store_ps(reinterpret_cast<float*>(p3), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 3));
+}
+}  // namespace n0::simd
