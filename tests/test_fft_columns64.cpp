@@ -36,15 +36,7 @@ TEST(FftColumns64, ImpulsesOnEveryLaneAndRowAgainstLongDouble) {
         for (size_t i = 0; i < 64; ++i) at.push_back(i);
         for (size_t r = 4; r < n / 16; ++r) at.push_back(16 * r + (5 * r) % 16);
         for (size_t n0 : at) {
-            std::vector<CLD> x(n, CLD(0, 0));
-            x[n0] = CLD(1, 0);
-            const auto y = runComplex<double>(c.lay, c.order, vrxFftScaleNone, c.inverse, c.inPlace, c.misalign, x);
-            LD worst = 0;
-            for (size_t k = 0; k < n; ++k) {
-                const LD a = 2 * 3.141592653589793238462643383279502884L * static_cast<LD>((n0 * k) % n) / static_cast<LD>(n);
-                const CLD want(cosl(a), c.inverse ? sinl(a) : -sinl(a));
-                worst = std::max(worst, std::abs(y[k] - want));
-            }
+            const LD worst = impulseError<double>(c.lay, c.order, c.inverse, c.inPlace, c.misalign, n0);
             EXPECT_LE(worst, bound<double>(c.order)) << "order " << c.order << " impulse at " << n0;
         }
     }
