@@ -166,9 +166,8 @@ VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, c
 // W_256^(k1*n2), then each complex value stored by a lane store into a
 // stack buffer held as [n2][k1]; per four rows k1, one load per n2 and
 // 16-point transforms over n2 give X[k1 + 16*k2], four adjacent outputs per
-// register. Split data is
-// paired on load and unpaired on store, so the operations per position,
-// and the bits, are those of interleaved data.
+// register. Split data is paired on load and unpaired on store, so the
+// operations per position, and the bits, are those of interleaved data.
 //
 // cos and sin of 2*pi*j/N from the constant sine table, N <= 1024.
 struct CosSin {
@@ -273,7 +272,8 @@ template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* 
 // x[16*n1 + n2]: per four columns, 8-point transforms down the rows (two
 // radix-4 butterflies over the even and odd rows, joined by W_8^k), the
 // factors W_128^(k1*n2) and the lane stores as for order 8; then per four
-// rows k1 the 16-point transforms over n2 give X[k1 + 8*k2]. Outputs leave as X[k], X[k + 4] for k = 0 .. 3.
+// rows k1 the 16-point transforms over n2 give X[k1 + 8*k2]. Outputs leave
+// as X[k], X[k + 4] for k = 0 .. 3.
 template <bool Inv, class Ld, class St> VRX_INLINE void dft8d(Ld ld, St st) {
     using W = simd::V<double>;
     CVd e[4], o[4];

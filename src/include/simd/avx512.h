@@ -1126,7 +1126,7 @@ template <int H> VRX_INLINE void storeHalf8(float* p, __m512 a) {
 }
 }  // namespace n0::simd
 
-// ---- 128-bit lane stores (the FFT's 64-bit order-9 buffer of columns)
+// ---- 128-bit lane stores (the FFT's 64-bit buffer of columns, orders 7 to 9)
 namespace n0::simd {
 // the four complex values (128-bit lanes) of v to p0 .. p3: a store of the
 // low lane and three lane extracts into memory, which issue no shuffle
