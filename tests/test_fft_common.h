@@ -336,4 +336,21 @@ template <class T> std::vector<CLD> roundTo(std::vector<CLD> x) {
     return x;
 }
 
+// The largest error over all bins of the transform of a unit impulse at n0
+// against exp(-+2 pi i n0 k / N) in long double.
+template <class T>
+LD impulseError(Layout lay, int order, bool inverse, bool inPlace, size_t misalign, size_t n0) {
+    const size_t n = size_t(1) << order;
+    std::vector<CLD> x(n, CLD(0, 0));
+    x[n0] = CLD(1, 0);
+    const auto y = runComplex<T>(lay, order, vrxFftScaleNone, inverse, inPlace, misalign, x);
+    LD worst = 0;
+    for (size_t k = 0; k < n; ++k) {
+        const LD a = 2 * 3.141592653589793238462643383279502884L * static_cast<LD>((n0 * k) % n) / static_cast<LD>(n);
+        const CLD want(cosl(a), inverse ? sinl(a) : -sinl(a));
+        worst = std::max(worst, std::abs(y[k] - want));
+    }
+    return worst;
+}
+
 }  // namespace ft

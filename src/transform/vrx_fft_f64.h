@@ -163,12 +163,11 @@ VRX_INLINE void small32d(const Cx<double>* src, Cx<double>* dst, double scale, c
 //
 // x[16*n1 + n2]: per four columns n2, 16-point transforms down the rows
 // (every operation vertical: each complex lane is one column), the factors
-// W_256^(k1*n2), then 2 x 2 transposes of complex pairs within each
-// 256-bit half (one in-half permute per register), stored by halves into a
-// stack buffer held as [n2][k1]; per four rows k1, 16-point transforms over
-// n2 give X[k1 + 16*k2], four adjacent outputs per register. Split data is
-// paired on load and unpaired on store, so the operations per position,
-// and the bits, are those of interleaved data.
+// W_256^(k1*n2), then each complex value stored by a lane store into a
+// stack buffer held as [n2][k1]; per four rows k1, one load per n2 and
+// 16-point transforms over n2 give X[k1 + 16*k2], four adjacent outputs per
+// register. Split data is paired on load and unpaired on store, so the
+// operations per position, and the bits, are those of interleaved data.
 //
 // cos and sin of 2*pi*j/N from the constant sine table, N <= 1024.
 struct CosSin {
@@ -241,31 +240,25 @@ template <int N> struct alignas(64) TwRowsD {
 };
 template <int N> inline constexpr TwRowsD<N> kTwRowsD{};
 
-// Shared pieces of orders 8 and 9 (R = 16 or 32 rows k1): four columns
-// of point x as interleaved values; rows k1 - 1 and k1 (k1 odd) of four
-// columns 4q.. transposed into the buffer, whose row n2 holds complex
-// pairs k1 - 1, k1 at 16*((R/2)*(n2/4) + k1/2) + 8*(n2%2) + 4*(n2%4/2);
-// the second step: per four rows k1, 16-point transforms over n2 of the
-// buffer's rows, outputs X[k1 + R*k2].
+// Shared pieces of orders 7 to 9 (R = 8, 16 or 32 rows k1): four columns
+// of point x as interleaved values; the buffer held by columns,
+// y[2*(R*n2 + k1)]: row k1 of the four columns 4q.. is stored value by
+// value (lane stores: no shuffle), and each register of the second step
+// (four consecutive k1 of one n2) is one whole load; the second step: per
+// four rows k1, 16-point transforms over n2, outputs X[k1 + R*k2].
 template <bool Split> VRX_INLINE CVd loadCols4d(const double* sre, const double* sim, int x) {
     if constexpr (Split) return CVd{simd::pairSplit4d(sre + x, sim + x)};
     else return CVd{simd::V<double>::load(sre + 2 * x)};
 }
-template <int R> VRX_INLINE void storePairs4d(double* y, int q, int k1, simd::V<double>::R lo, simd::V<double>::R hi) {
-    simd::V<double>::R c0, c1;
-    simd::pairRows2x2d(lo, hi, c0, c1);
-    const int p = 16 * (R / 2 * q + k1 / 2);
-    simd::V<double>::store(y + p, c0);
-    simd::V<double>::store(y + p + 8, c1);
+template <int R> VRX_INLINE void storeLanes4d(double* y, int q, int k1, simd::V<double>::R x) {
+    double* p = y + 2 * (4 * R * q + k1);
+    simd::storeLanes128d(p, p + 2 * R, p + 4 * R, p + 6 * R, x);
 }
 template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* y, double* dre, double* dim) {
     using W = simd::V<double>;
 #pragma GCC unroll 1
     for (int j = 0; j < R / 4; ++j) {
-        dft16d<Inv>([&](int n2) __attribute__((always_inline)) {
-                        const int p = 16 * (R / 2 * (n2 / 4) + 2 * j) + 8 * (n2 % 2) + 4 * (n2 % 4 / 2);
-                        return CVd{simd::loadHalves(y + p, y + p + 16)};
-                    },
+        dft16d<Inv>([&](int n2) __attribute__((always_inline)) { return CVd{W::load(y + 2 * (R * n2 + 4 * j))}; },
                     [&](int k2, CVd v) __attribute__((always_inline)) {
                         const int x = R * k2 + 4 * j;
                         if constexpr (Split) simd::unpairSplit4d(dre + x, dim + x, v.v);
@@ -278,9 +271,9 @@ template <bool Inv, bool Split, int R> VRX_INLINE void rowStep16d(const double* 
 //
 // x[16*n1 + n2]: per four columns, 8-point transforms down the rows (two
 // radix-4 butterflies over the even and odd rows, joined by W_8^k), the
-// factors W_128^(k1*n2) and the 2 x 2 transposes of rows k1 = 2t and
-// 2t + 1 as for order 8; then per four rows k1 the 16-point transforms over
-// n2 give X[k1 + 8*k2]. Outputs leave as X[k], X[k + 4] for k = 0 .. 3.
+// factors W_128^(k1*n2) and the lane stores as for order 8; then per four
+// rows k1 the 16-point transforms over n2 give X[k1 + 8*k2]. Outputs leave
+// as X[k], X[k + 4] for k = 0 .. 3.
 template <bool Inv, class Ld, class St> VRX_INLINE void dft8d(Ld ld, St st) {
     using W = simd::V<double>;
     CVd e[4], o[4];
@@ -310,16 +303,12 @@ template <bool Inv, bool Split, int R>
     alignas(64) double y[32 * R];
 #pragma GCC unroll 1
     for (int q = 0; q < 4; ++q) {
-        W::R a[R];
-        // rows 2j and 2j + 1 are transposed and stored as soon as both are
-        // there: columns 4q + h and 4q + 2 + h go to rows n2 of the buffer
         auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
         auto st = [&](int k1, CVd v) __attribute__((always_inline)) {
             const int e = 2 * (16 * k1 + 4 * q);
             W::R x = v.v;
             if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<16 * R>.wr + e), W::load(kTwRowsD<16 * R>.wi + e));
-            if (k1 % 2 == 0) a[k1] = x;
-            else storePairs4d<R>(y, q, k1, a[k1 - 1], x);
+            storeLanes4d<R>(y, q, k1, x);
         };
         if constexpr (R == 8) dft8d<Inv>(ld, st);
         else dft16d<Inv>(ld, st);
@@ -332,9 +321,10 @@ template <bool Inv, bool Split, int R>
 // x[16*n1 + n2]: per four columns, the 32-point transforms down the rows as
 // E = 16 points of the even rows (kept in a stack buffer) and O = 16 points
 // of the odd rows, X[k] = E[k] + W_32^k O[k] and X[k+16] = E[k] - W_32^k O[k]
-// as O's outputs arrive; the factors W_512^(k1*n2) and the 2 x 2 transposes
-// of rows k1 = 2t and 2t + 1 as for order 8; then per four rows k1 the
-// 16-point transforms over n2 give X[k1 + 32*k2].
+// as O's outputs arrive; the factors W_512^(k1*n2), then each row's four
+// columns stored one by one (lane stores: no shuffle) into a buffer held as
+// [n2][k1]; per four rows k1, one whole load per n2 and the 16-point
+// transforms over n2 give X[k1 + 32*k2].
 template <bool Inv, int K> VRX_INLINE simd::V<double>::R w32d(simd::V<double>::R y) {
     using W = simd::V<double>;
     if constexpr (K % 2 == 0) return w16d<Inv, K / 2>(y);
@@ -374,10 +364,11 @@ template <bool Inv, bool Split>
         auto ld = [&](int n1) __attribute__((always_inline)) { return loadCols4d<Split>(sre, sim, 16 * n1 + 4 * q); };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m); },
                     [&](int k, CVd v) __attribute__((always_inline)) { W::store(e + 8 * k, v.v); });
-        W::R a[16], b[16];
+        // row k1 times its factors, its four columns stored one by one
         auto put = [&](int k1, W::R x) __attribute__((always_inline)) {
             const int t = 2 * (16 * k1 + 4 * q);
-            return k1 == 0 ? x : cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
+            if (k1 != 0) x = cmul16<Inv>(x, W::load(kTwRowsD<512>.wr + t), W::load(kTwRowsD<512>.wi + t));
+            storeLanes4d<32>(y, q, k1, x);
         };
         dft16d<Inv>([&](int m) __attribute__((always_inline)) { return ld(2 * m + 1); },
                     [&](int k, CVd v) __attribute__((always_inline)) {
@@ -393,14 +384,8 @@ template <bool Inv, bool Split>
                             s0 = W::add(ek, t);
                             s1 = W::sub(ek, t);
                         }
-                        const W::R x0 = put(k, s0), x1 = put(k + 16, s1);
-                        if (k % 2 == 0) {
-                            a[k] = x0;
-                            b[k] = x1;
-                        } else {
-                            storePairs4d<32>(y, q, k, a[k - 1], x0);
-                            storePairs4d<32>(y, q, k + 16, b[k - 1], x1);
-                        }
+                        put(k, s0);
+                        put(k + 16, s1);
                     });
     }
     rowStep16d<Inv, Split, 32>(y, dre, dim);

@@ -909,12 +909,6 @@ namespace n0::simd {
 template <int I0, int I1, int I2, int I3> VRX_INLINE __m512d blocks128(__m512d a, __m512d b) {
     return _mm512_shuffle_f64x2(a, b, I0 | (I1 << 2) | (I2 << 4) | (I3 << 6));
 }
-// Complex pairs (128-bit lanes) of two rows a and b transposed within each
-// 256-bit half: lo = (a0, b0 | a2, b2), hi = (a1, b1 | a3, b3).
-VRX_INLINE void pairRows2x2d(__m512d a, __m512d b, __m512d& lo, __m512d& hi) {
-    lo = _mm512_mask_permutex_pd(a, 0xCC, b, 0x4E);
-    hi = _mm512_mask_permutex_pd(b, 0x33, a, 0x4E);
-}
 // Four complex values (re, im) in pairs from split arrays, and back.
 VRX_INLINE __m512d pairSplit4d(const double* re, const double* im) {
     const __m256d r = _mm256_loadu_pd(re), i = _mm256_loadu_pd(im);
@@ -926,10 +920,6 @@ VRX_INLINE void unpairSplit4d(double* re, double* im, __m512d v) {
     const __m256d lo = _mm512_castpd512_pd256(z), hi = _mm512_extractf64x4_pd(z, 1);
     _mm256_storeu_pd(re, _mm256_unpacklo_pd(lo, hi));
     _mm256_storeu_pd(im, _mm256_unpackhi_pd(lo, hi));
-}
-// 256 bits at lo as the low half, 256 bits at hi as the high half.
-VRX_INLINE __m512d loadHalves(const double* lo, const double* hi) {
-    return _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(lo)), _mm256_loadu_pd(hi), 1);
 }
 // Two complex doubles (re, im, re', im') in a 256-bit register, for short
 // transforms whose values do not fill 512-bit registers of four.
@@ -1141,4 +1131,16 @@ struct Pair32f {
     static VRX_INLINE float re(R a) { return _mm_cvtss_f32(a); }
     static VRX_INLINE float im(R a) { return _mm_cvtss_f32(_mm_movehdup_ps(a)); }
 };
+}  // namespace n0::simd
+
+// ---- 128-bit lane stores (the FFT's 64-bit buffer of columns, orders 7 to 9)
+namespace n0::simd {
+// the four complex values (128-bit lanes) of v to p0 .. p3: a store of the
+// low lane and three lane extracts into memory, which issue no shuffle
+VRX_INLINE void storeLanes128d(double* p0, double* p1, double* p2, double* p3, __m512d v) {
+    _mm_store_pd(p0, _mm512_castpd512_pd128(v));
+    _mm_store_ps(reinterpret_cast<float*>(p1), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 1));
+    _mm_store_ps(reinterpret_cast<float*>(p2), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 2));
+    _mm_store_ps(reinterpret_cast<float*>(p3), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 3));
+}
 }  // namespace n0::simd
