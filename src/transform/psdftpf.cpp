@@ -717,7 +717,21 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
 // The last two stages in one pass: radix RA with l finished sub-transforms
 // and m = RB, then radix RB with l*RA, the RA x RB values of each register
 // of q kept in registers between them (the same operations as the two
-// passes, so the same bits).
+// passes, so the same bits). Together they are a DFT of N = RA*RB values
+// of stride l; for coprime radices it runs as a prime-factor map with no
+// factors between the two: input (RB*n1 + RA*n2) mod N, radix RA over n1,
+// radix RB over n2, output k1 + RA*k2 to the bin congruent to k1 mod RA
+// and k2 mod RB (the twiddle rows of the pair are not read).
+constexpr int gcdOf(int a, int b) { return b ? gcdOf(b, a % b) : a; }
+template <int RA, int RB> struct PfaMap {
+    static constexpr int N = RA * RB;
+    int in[RB][RA] = {}, out[RA][RB] = {};
+    constexpr PfaMap() {
+        for (int n2 = 0; n2 < RB; ++n2)
+            for (int n1 = 0; n1 < RA; ++n1) in[n2][n1] = (RB * n1 + RA * n2) % N;
+        for (int b = 0; b < N; ++b) out[b % RA][b % RB] = b;
+    }
+};
 template <class T, int RA, int RB, bool Il>
 void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm, T* bRe, T* bIm,
              bool neg) {
@@ -727,6 +741,27 @@ void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* 
     for (int64_t q = 0; q < l; q += NL) {
         const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
         const typename S::M mk = simd::tail<T>(cnt);
+        if constexpr (gcdOf(RA, RB) == 1) {
+            constexpr PfaMap<RA, RB> pm{};
+#pragma GCC unroll 8
+            for (int n2 = 0; n2 < RB; ++n2) {
+#pragma GCC unroll 8
+                for (int n1 = 0; n1 < RA; ++n1) {
+                    const int64_t i = q + l * pm.in[n2][n1];
+                    v[n1] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+                }
+                dftR<T, VE<T>>(RA, WA, v, o);
+#pragma GCC unroll 8
+                for (int k1 = 0; k1 < RA; ++k1) y[k1][n2] = o[k1];
+            }
+#pragma GCC unroll 8
+            for (int k1 = 0; k1 < RA; ++k1) {
+                dftR<T, VE<T>>(RB, WB, y[k1], o);
+#pragma GCC unroll 8
+                for (int k2 = 0; k2 < RB; ++k2) putQ<T, Il>(o[k2], q + l * pm.out[k1][k2], cnt, mk, bRe, bIm, neg);
+            }
+            continue;
+        }
         for (int k = 0; k < RB; ++k) {
             loadQ<T>(RA, q, l, RB, k, mk, aRe, aIm, v);
             dftR<T, VE<T>>(RA, WA, v, o);
