@@ -785,7 +785,7 @@ template <class T> bool q2Fits(int RA, int RB, int64_t l) {
     if constexpr (sizeof(T) == 4) return RA == 5 && (RB == 8 || RB == 5);
     // 5 x 8 in double would keep more registers than there are; 5 x 5 only
     // pays with every register of q full (measured slower for l = 20)
-    return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 5 && RB == 5 && l % NL == 0);
+    return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 8 && RB == 3) || (RA == 5 && RB == 5 && l % NL == 0);
 }
 template <class T, bool Il>
 void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm,
@@ -796,6 +796,7 @@ void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const C
     else if (RA == 4) stageQ2<T, 4, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RB == 5) stageQ2<T, 5, 5, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RB == 4) stageQ2<T, 5, 4, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RA == 8) stageQ2<T, 8, 3, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else stageQ2<T, 5, 8, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
 }
 
@@ -1592,7 +1593,7 @@ template <class T> int altPasses(int64_t n, int* R) {
     if constexpr (sizeof(T) == 8) {
         switch (n) {
             case 1000: R[0] = 8; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
-            case 1536: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 6; return 4;
+            case 1536: R[0] = 8; R[1] = 8; R[2] = 8; R[3] = 3; return 4;
             case 768: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 3; return 4;
             case 360: R[0] = 8; R[1] = 3; R[2] = 3; R[3] = 5; return 4;
             case 500: R[0] = 4; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
