@@ -782,10 +782,10 @@ template <class T> bool q2Fits(int RA, int RB, int64_t l) {
     if (RA == 3 && RB == 6) return true;
     if (RA == 4 && RB == 6) return true;
     if (RA == 5 && RB == 4) return true;
-    if constexpr (sizeof(T) == 4) return RA == 5 && (RB == 8 || RB == 5);
+    if constexpr (sizeof(T) == 4) return RA == 5 && (RB == 8 || RB == 5 || RB == 7);
     // 5 x 8 in double would keep more registers than there are; 5 x 5 only
     // pays with every register of q full (measured slower for l = 20)
-    return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 8 && RB == 3) || (RA == 5 && RB == 5 && l % NL == 0);
+    return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 8 && RB == 3) || (RA == 5 && RB == 7) || (RA == 5 && RB == 5 && l % NL == 0);
 }
 template <class T, bool Il>
 void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm,
@@ -794,6 +794,7 @@ void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const C
     else if (RA == 3) stageQ2<T, 3, 5, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RA == 4 && RB == 3) stageQ2<T, 4, 3, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RA == 4) stageQ2<T, 4, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RA == 5 && RB == 7) stageQ2<T, 5, 7, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RB == 5) stageQ2<T, 5, 5, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RB == 4) stageQ2<T, 5, 4, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RA == 8) stageQ2<T, 8, 3, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
@@ -1577,7 +1578,8 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // passes with fewer finished sub-transforms than a register's lanes run a
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
 // every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
-// runs four passes instead of five, its two 3s as one radix 9; 500 runs
+// runs 13, 9, then 5 and 7 fused (three passes instead of five, its two 3s
+// as one radix 9, the last pair on the prime-factor map); 500 runs
 // its radix 4 first, its radix 5 at l = 4 on the half-register tile (with
 // the masked permutes, the radix 4 second measured faster). Single 1000 and
 // 1536 run a radix 8 or 16 first (their tiles move by unpacks and 128-bit
@@ -1587,7 +1589,7 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // in all, within its 2*n.
 template <class T> int altPasses(int64_t n, int* R) {
     if (n == 4095) {
-        R[0] = 5; R[1] = 9; R[2] = 7; R[3] = 13;
+        R[0] = 13; R[1] = 9; R[2] = 5; R[3] = 7;
         return 4;
     }
     if constexpr (sizeof(T) == 8) {
