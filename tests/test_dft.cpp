@@ -166,6 +166,18 @@ TEST(DftAccuracy, AllPaths) {
     }
 }
 
+// Lengths whose last two passes run fused as a prime-factor map (coprime
+// radices, no factors between them): a wrong input or output map leaves
+// bins in the wrong places. Double 135 (3 then 5), 220 (5 then 4), 768 (4
+// then 3), 315 (5 then 7) and 1536 (8 then 3; real 3072 on the same
+// passes), single 800 (5 then 8), both 1575 (5 then 7).
+TEST(DftAccuracy, FusedCoprimeLastPasses) {
+    for (int N : {135, 220, 315, 800, 768, 1536, 1575, 3072}) {
+        accuracy<float>(N, false);
+        accuracy<double>(N, false);
+    }
+}
+
 // Real forwards of even length whose recombination runs inside the half's
 // register body (100 double) or its last pass (250, 1000, 2808): every
 // form, offset and placement holds the same bins, and a scaling plan's bins

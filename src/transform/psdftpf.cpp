@@ -717,7 +717,21 @@ void stageQ(int Rr, int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* 
 // The last two stages in one pass: radix RA with l finished sub-transforms
 // and m = RB, then radix RB with l*RA, the RA x RB values of each register
 // of q kept in registers between them (the same operations as the two
-// passes, so the same bits).
+// passes, so the same bits). Together they are a DFT of N = RA*RB values
+// of stride l; for coprime radices it runs as a prime-factor map with no
+// factors between the two: input (RB*n1 + RA*n2) mod N, radix RA over n1,
+// radix RB over n2, output k1 + RA*k2 to the bin congruent to k1 mod RA
+// and k2 mod RB (the twiddle rows of the pair are not read).
+constexpr int gcdOf(int a, int b) { return b ? gcdOf(b, a % b) : a; }
+template <int RA, int RB> struct PfaMap {
+    static constexpr int N = RA * RB;
+    int in[RB][RA] = {}, out[RA][RB] = {};
+    constexpr PfaMap() {
+        for (int n2 = 0; n2 < RB; ++n2)
+            for (int n1 = 0; n1 < RA; ++n1) in[n2][n1] = (RB * n1 + RA * n2) % N;
+        for (int b = 0; b < N; ++b) out[b % RA][b % RB] = b;
+    }
+};
 template <class T, int RA, int RB, bool Il>
 void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm, T* bRe, T* bIm,
              bool neg) {
@@ -727,6 +741,27 @@ void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* 
     for (int64_t q = 0; q < l; q += NL) {
         const int cnt = l - q < NL ? static_cast<int>(l - q) : NL;
         const typename S::M mk = simd::tail<T>(cnt);
+        if constexpr (gcdOf(RA, RB) == 1) {
+            constexpr PfaMap<RA, RB> pm{};
+#pragma GCC unroll 8
+            for (int n2 = 0; n2 < RB; ++n2) {
+#pragma GCC unroll 8
+                for (int n1 = 0; n1 < RA; ++n1) {
+                    const int64_t i = q + l * pm.in[n2][n1];
+                    v[n1] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
+                }
+                dftR<T, VE<T>>(RA, WA, v, o);
+#pragma GCC unroll 8
+                for (int k1 = 0; k1 < RA; ++k1) y[k1][n2] = o[k1];
+            }
+#pragma GCC unroll 8
+            for (int k1 = 0; k1 < RA; ++k1) {
+                dftR<T, VE<T>>(RB, WB, y[k1], o);
+#pragma GCC unroll 8
+                for (int k2 = 0; k2 < RB; ++k2) putQ<T, Il>(o[k2], q + l * pm.out[k1][k2], cnt, mk, bRe, bIm, neg);
+            }
+            continue;
+        }
         for (int k = 0; k < RB; ++k) {
             loadQ<T>(RA, q, l, RB, k, mk, aRe, aIm, v);
             dftR<T, VE<T>>(RA, WA, v, o);
@@ -747,10 +782,10 @@ template <class T> bool q2Fits(int RA, int RB, int64_t l) {
     if (RA == 3 && RB == 6) return true;
     if (RA == 4 && RB == 6) return true;
     if (RA == 5 && RB == 4) return true;
-    if constexpr (sizeof(T) == 4) return RA == 5 && (RB == 8 || RB == 5);
+    if constexpr (sizeof(T) == 4) return RA == 5 && (RB == 8 || RB == 5 || RB == 7);
     // 5 x 8 in double would keep more registers than there are; 5 x 5 only
     // pays with every register of q full (measured slower for l = 20)
-    return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 5 && RB == 5 && l % NL == 0);
+    return (RA == 4 && RB == 3) || (RA == 3 && RB == 5) || (RA == 8 && RB == 3) || (RA == 5 && RB == 7) || (RA == 5 && RB == 5 && l % NL == 0);
 }
 template <class T, bool Il>
 void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* aRe, const T* aIm,
@@ -759,8 +794,10 @@ void runStageQ2(int RA, int RB, int64_t l, const T* tw, const Cx<T>* WA, const C
     else if (RA == 3) stageQ2<T, 3, 5, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RA == 4 && RB == 3) stageQ2<T, 4, 3, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RA == 4) stageQ2<T, 4, 6, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RA == 5 && RB == 7) stageQ2<T, 5, 7, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RB == 5) stageQ2<T, 5, 5, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else if (RB == 4) stageQ2<T, 5, 4, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
+    else if (RA == 8) stageQ2<T, 8, 3, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
     else stageQ2<T, 5, 8, Il>(l, tw, WA, WB, aRe, aIm, bRe, bIm, neg);
 }
 
@@ -1541,7 +1578,8 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // passes with fewer finished sub-transforms than a register's lanes run a
 // radix 8 first (its 8 x 8 tile moves by unpacks and 128-bit blocks), so
 // every later pass fills whole registers. 4095 (records 3, 3, 5, 7, 13)
-// runs four passes instead of five, its two 3s as one radix 9; 500 runs
+// runs 13, 9, then 5 and 7 fused (three passes instead of five, its two 3s
+// as one radix 9, the last pair on the prime-factor map); 500 runs
 // its radix 4 first, its radix 5 at l = 4 on the half-register tile (with
 // the masked permutes, the radix 4 second measured faster). Single 1000 and
 // 1536 run a radix 8 or 16 first (their tiles move by unpacks and 128-bit
@@ -1551,13 +1589,13 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
 // in all, within its 2*n.
 template <class T> int altPasses(int64_t n, int* R) {
     if (n == 4095) {
-        R[0] = 5; R[1] = 9; R[2] = 7; R[3] = 13;
+        R[0] = 13; R[1] = 9; R[2] = 5; R[3] = 7;
         return 4;
     }
     if constexpr (sizeof(T) == 8) {
         switch (n) {
             case 1000: R[0] = 8; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
-            case 1536: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 6; return 4;
+            case 1536: R[0] = 8; R[1] = 8; R[2] = 8; R[3] = 3; return 4;
             case 768: R[0] = 8; R[1] = 8; R[2] = 4; R[3] = 3; return 4;
             case 360: R[0] = 8; R[1] = 3; R[2] = 3; R[3] = 5; return 4;
             case 500: R[0] = 4; R[1] = 5; R[2] = 5; R[3] = 5; return 4;
