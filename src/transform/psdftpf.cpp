@@ -78,24 +78,24 @@ template <class T, class E, int R> VRX_INLINE void dftT(const Cx<E>* v, Cx<E>* y
     constexpr const Cx<T>* W = kRoots<T>.r[R];
     constexpr int h = R / 2;
     Cx<E> a[h], b[h];
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int j = 1; j <= h; ++j) {
         a[j - 1] = {v[j].re + v[R - j].re, v[j].im + v[R - j].im};
         b[j - 1] = {v[j].re - v[R - j].re, v[j].im - v[R - j].im};
     }
     E s0r = v[0].re, s0i = v[0].im;
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int j = 0; j < h; ++j) {
         s0r += a[j].re;
         s0i += a[j].im;
     }
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int m = 1; m <= h; ++m) {
         E ar = v[0].re, ai = v[0].im;
         E br = b[0].re * W[m].im, bi = b[0].im * W[m].im;
         ar += a[0].re * W[m].re;
         ai += a[0].im * W[m].re;
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int j = 2; j <= h; ++j) {
             const int q = kIdx.q[R][j][m];
             ar += a[j - 1].re * W[q].re;
@@ -184,15 +184,15 @@ template <class T, class E> VRX_INLINE void dftBase(int R, const Cx<T>* W, const
 template <class T, class E, int N1, int N2> VRX_INLINE void smallCt(const Cx<E>* x, Cx<E>* y) {
     constexpr int N = N1 * N2;
     Cx<E> a[N2][N1], v[N1 > N2 ? N1 : N2], o[N1 > N2 ? N1 : N2];
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int n2 = 0; n2 < N2; ++n2) {
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int n1 = 0; n1 < N1; ++n1) v[n1] = x[n2 + N2 * n1];
         dftBase<T, E>(N1, kRoots<T>.r[N1], v, a[n2]);
     }
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int k1 = 0; k1 < N1; ++k1) {
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int n2 = 0; n2 < N2; ++n2) {
             const int q = (n2 * k1) % N;
             const Cx<T> w = kRoots<T>.r[N][q];
@@ -205,7 +205,7 @@ template <class T, class E, int N1, int N2> VRX_INLINE void smallCt(const Cx<E>*
             else v[n2] = {z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
         }
         dftBase<T, E>(N2, kRoots<T>.r[N2], v, o);
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int k2 = 0; k2 < N2; ++k2) y[k1 + N1 * k2] = o[k2];
     }
 }
@@ -743,21 +743,21 @@ void stageQ2(int64_t l, const T* tw, const Cx<T>* WA, const Cx<T>* WB, const T* 
         const typename S::M mk = simd::tail<T>(cnt);
         if constexpr (gcdOf(RA, RB) == 1) {
             constexpr PfaMap<RA, RB> pm{};
-#pragma GCC unroll 8
+            VRX_UNROLL(8)
             for (int n2 = 0; n2 < RB; ++n2) {
-#pragma GCC unroll 8
+                VRX_UNROLL(8)
                 for (int n1 = 0; n1 < RA; ++n1) {
                     const int64_t i = q + l * pm.in[n2][n1];
                     v[n1] = {{S::loadm(mk, aRe + i)}, {S::loadm(mk, aIm + i)}};
                 }
                 dftR<T, VE<T>>(RA, WA, v, o);
-#pragma GCC unroll 8
+                VRX_UNROLL(8)
                 for (int k1 = 0; k1 < RA; ++k1) y[k1][n2] = o[k1];
             }
-#pragma GCC unroll 8
+            VRX_UNROLL(8)
             for (int k1 = 0; k1 < RA; ++k1) {
                 dftR<T, VE<T>>(RB, WB, y[k1], o);
-#pragma GCC unroll 8
+                VRX_UNROLL(8)
                 for (int k2 = 0; k2 < RB; ++k2) putQ<T, Il>(o[k2], q + l * pm.out[k1][k2], cnt, mk, bRe, bIm, neg);
             }
             continue;
@@ -867,7 +867,7 @@ void stageRec(int64_t l, const Cx<T>* W, const T* aRe, const T* aIm, T* z, const
         for (int j = 0; j < R; ++j)
             v[j] = {{simd::reverseLanes(S::load(aRe + qb + l * j))}, {simd::reverseLanes(S::load(aIm + qb + l * j))}};
         dftR<T, VE<T>>(R, W, v, yb);
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int r = 0; r < R; ++r) {
             const int64_t kA = q0 + l * r;
             if (kA + NL - 1 <= K) pair(ya[r], yb[R - 1 - r], kA, std::integral_constant<int, 0>{});
@@ -991,7 +991,7 @@ void stageT(int64_t l, int64_t m, const T* tw, const Cx<T>* W, const T* aRe, con
             // two groups of l a register: output register vo is run 2*vo
             // then run 2*vo + 1 of the sequence r + R*kk, each the half kk
             // of register r (one 128-bit block move per register)
-#pragma GCC unroll 16
+            VRX_UNROLL(16)
             for (int vo = 0; vo < R; ++vo) {
                 if (NL * vo >= valid) break;
                 const int s0 = 2 * vo, s1 = 2 * vo + 1;
@@ -1331,15 +1331,15 @@ template <class S, int R, int A, int B, class In> VRX_INLINE void dftCL2f(In x, 
     using C = CLs<S>;
     using Rg = typename S::R;
     Rg a[B][A], v[A > B ? A : B], o[A > B ? A : B];
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int n2 = 0; n2 < B; ++n2) {
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int n1 = 0; n1 < A; ++n1) v[n1] = x(n2 + B * n1);
         dftCL<S, A>(v, a[n2]);
     }
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int k1 = 0; k1 < A; ++k1) {
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int n2 = 0; n2 < B; ++n2) {
             const int q = (n2 * k1) % R;
             const Rg z = a[n2][k1];
@@ -1350,7 +1350,7 @@ template <class S, int R, int A, int B, class In> VRX_INLINE void dftCL2f(In x, 
             else v[n2] = C::mulC(z, kRootsOf<T, R>.r[q].re, kRootsOf<T, R>.r[q].im);
         }
         dftCL<S, B>(v, o);
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int k2 = 0; k2 < B; ++k2) y[k1 + A * k2] = o[k2];
     }
 }
@@ -1433,11 +1433,11 @@ VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T
     using Rg = typename S::R;
     constexpr int NL = S::N, CC = NL / 2, NB = (N2 + CC - 1) / CC, KB = (N1 + CC - 1) / CC;
     Rg z[N1][NB];
-#pragma GCC unroll 16
+    VRX_UNROLL(16)
     for (int b = 0; b < NB; ++b) {
         const int cnt = N2 - b * CC < CC ? N2 - b * CC : CC;
         Rg x[N1], y[N1];
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int n1 = 0; n1 < N1; ++n1) {
             const int64_t i = int64_t(n1) * N2 + b * CC;
             if constexpr (CC == 2) {
@@ -1454,7 +1454,7 @@ VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T
         }
         dftCL<S, N1>(x, y);
         z[0][b] = y[0];
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int k1 = 1; k1 < N1; ++k1) {
             const T* w = tw + 2 * ((k1 - 1) * N2 + b * CC);
             if constexpr (CC == 2) z[k1][b] = C::mulW(y[k1], S::loadc(w, cnt));
@@ -1463,7 +1463,7 @@ VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T
     }
     // register n2 of group g takes complex lane n2 % CC of rows
     // k1 = g*CC .. g*CC + CC-1 (a group of at most CC rows)
-#pragma GCC unroll 2
+    VRX_UNROLL(2)
     for (int g = 0; g < KB; ++g) {
         const int k0 = g * CC, rows = N1 - k0 < CC ? N1 - k0 : CC;
         const auto col = [&](int n2) {
@@ -1481,7 +1481,7 @@ VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T
             } else {
                 const TlIdx<T>& ti = kTlIdx<T>;
                 Rg t = S::permute2(z[k0][b], _mm512_load_si512(ti.idx[p][0]), z[rows > 1 ? k0 + 1 : k0][b]);
-#pragma GCC unroll 4
+                VRX_UNROLL(4)
                 for (int q = 1; 2 * q < rows; ++q) {
                     // complex lanes 2q and 2q+1
                     const Rg w = S::permute2(z[k0 + 2 * q][b], _mm512_load_si512(ti.idx[p][q]),
@@ -1497,7 +1497,7 @@ VRX_INLINE void tlCore(const T* sRe, const T* sIm, bool split, bool inv, const T
             dftCL2f<S, N2, tlSplit(N2), N2 / tlSplit(N2)>(col, o);
         } else {
             Rg u[N2];
-#pragma GCC unroll 32
+            VRX_UNROLL(32)
             for (int n2 = 0; n2 < N2; ++n2) u[n2] = col(n2);
             dftCL<S, N2>(u, o);
         }
@@ -1511,7 +1511,7 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
     using C = CLs<S>;
     using Rg = typename S::R;
     tlCore<T, N1, N2, S>(sRe, sIm, split, inv, tw, [&](int k0, int rows, const Rg* o) {
-#pragma GCC unroll 32
+        VRX_UNROLL(32)
         for (int k2 = 0; k2 < N2; ++k2) {
             Rg v = o[k2];
             if (inv) v = C::conj(v);
@@ -1977,7 +1977,7 @@ template <class T> bool pfRealFwdTl(const Plan* p, const T* s, T* d, fft::Form f
             const Rg sc = S::set1(scale), negRe = S::set2(T(-0.0), T(0));
             // one loop with the scale and one without (no test per register)
             const auto bins = [&](auto scaled) {
-#pragma GCC unroll 13
+                VRX_UNROLL(13)
                 for (int k2 = 0; k2 <= K / 2; ++k2) {
                     const Rg x = o[k2], y = C::conj(S::blendHalves(o[k2 ? 25 - k2 : 0], o[24 - k2]));
                     const Rg a = k2 ? S::loadDupPair(ab + 2 * k2 - 1) : S::set1(ab[0]);
@@ -2091,7 +2091,7 @@ template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T
     const R conjM = S::set2(T(0), T(-0.0));
     auto mulI = [&](R v) { return S::xorb(S::swapPair(v), S::set2(T(-0.0), T(0))); };  // i*v
     R a[R1], f[R1];
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int r = 0; r < R1; ++r) {
         a[r] = S::loadm(simd::tail<T>(6), s + 6 * r);
         if (Inv) a[r] = S::xorb(a[r], conjM);
@@ -2119,13 +2119,13 @@ template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T
         f[2] = S::add(a2, b2);
         f[3] = S::sub(a2, b2);
     }
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int k1 = 1; k1 < R1; ++k1)
         f[k1] = S::add(S::mul(f[k1], S::loada(k.cr[k1])), S::mul(S::swapPair(f[k1]), S::loada(k.ci[k1])));
     R g[3][G];
-#pragma GCC unroll 4
+    VRX_UNROLL(4)
     for (int n2 = 0; n2 < 3; ++n2)
-#pragma GCC unroll 2
+        VRX_UNROLL(2)
         for (int p = 0; p < G; ++p) {
             const int first = p * kC, cnt = R1 - first < kC ? R1 - first : kC;
             R t = S::zero();
@@ -2137,14 +2137,14 @@ template <class T, int N, bool Inv> VRX_INLINE void smallVec(const T* s, T* d, T
             g[n2][p] = t;
         }
     const T s3 = kRoots<T>.r[3][1].im;
-#pragma GCC unroll 2
+    VRX_UNROLL(2)
     for (int p = 0; p < G; ++p) {
         const int cnt = R1 - p * kC < kC ? R1 - p * kC : kC;
         const R t = S::add(g[1][p], g[2][p]), dd = S::sub(g[1][p], g[2][p]);
         const R am = S::sub(g[0][p], S::mul(S::set1(T(0.5)), t));
         const R sd = S::mul(S::swapPair(dd), S::set2(-s3, s3));
         R e[3] = {S::add(g[0][p], t), S::add(am, sd), S::sub(am, sd)};
-#pragma GCC unroll 4
+        VRX_UNROLL(4)
         for (int k2 = 0; k2 < 3; ++k2) {
             R v = e[k2];
             if (Inv) v = S::xorb(v, conjM);
@@ -2205,9 +2205,9 @@ template <bool Inv, class A> VRX_INLINE void pair12(const A& io, double scale) {
     const R sg = pair3Sign<Inv>();
     // group p holds b = 2p, 2p+1: after the radix 3, y[p][k1] is (y(k1, 2p), y(k1, 2p+1))
     R x[2][3], y[2][3];
-#pragma GCC unroll 2
+    VRX_UNROLL(2)
     for (int p = 0; p < 2; ++p)
-#pragma GCC unroll 3
+        VRX_UNROLL(3)
         for (int a = 0; a < 3; ++a)
             x[p][a] = io.load2((4 * a + 6 * p) % 12, (4 * a + 6 * p + 3) % 12);
     pair3(x[0], y[0], sg);
@@ -2215,7 +2215,7 @@ template <bool Inv, class A> VRX_INLINE void pair12(const A& io, double scale) {
     // radix 4 over b: (b0 +- b2, b1 +- b3) across the pair, then inside it;
     // the quarter turn -i (forward) or +i (inverse) on the high half of v
     const R qt = Inv ? P::setr(0.0, 0.0, -0.0, 0.0) : P::setr(0.0, 0.0, 0.0, -0.0);
-#pragma GCC unroll 3
+    VRX_UNROLL(3)
     for (int k1 = 0; k1 < 3; ++k1) {
         const R u = P::add(y[0][k1], y[1][k1]), v = P::sub(y[0][k1], y[1][k1]);
         const R vq = P::xorb(P::swapRIHigh(v), qt);
@@ -2232,7 +2232,7 @@ template <bool Inv, class A> VRX_INLINE void pair15(const A& io, double scale) {
     const R sg = pair3Sign<Inv>();
     // groups over b: (1, 2), (4, 3) and 0 in both halves
     R x[3][3], y[3][3];
-#pragma GCC unroll 3
+    VRX_UNROLL(3)
     for (int a = 0; a < 3; ++a) {
         x[0][a] = io.load2((5 * a + 3) % 15, (5 * a + 6) % 15);
         x[1][a] = io.load2((5 * a + 12) % 15, (5 * a + 9) % 15);
@@ -2245,7 +2245,7 @@ template <bool Inv, class A> VRX_INLINE void pair15(const A& io, double scale) {
     const R c1 = P::set1(W[1].re), c2 = P::set1(W[2].re), s2 = P::set1(W[2].im);
     const R s1 = P::setr(W[1].im, W[1].im, -W[1].im, -W[1].im);
     const R iSign = P::setr(-0.0, 0.0, -0.0, 0.0);
-#pragma GCC unroll 3
+    VRX_UNROLL(3)
     for (int k1 = 0; k1 < 3; ++k1) {
         // radix 5 over b: t = (y1 + y4, y2 + y3), e = (y1 - y4, y2 - y3)
         const R y0 = y[2][k1];
@@ -2304,17 +2304,17 @@ VRX_INLINE void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
         dIm = dRe + 1;
     }
     Cx<T> x[N], y[N];
-#pragma GCC unroll 16
+    VRX_UNROLL(16)
     for (int i = 0; i < N; ++i) x[i] = {sRe[i * ss], Inv ? -sIm[i * ss] : sIm[i * ss]};
     smallK<T, N>(x, y);
     if (scale != T(0)) {
-#pragma GCC unroll 16
+        VRX_UNROLL(16)
         for (int i = 0; i < N; ++i) {
             dRe[i * ds] = y[i].re * scale;
             dIm[i * ds] = (Inv ? -y[i].im : y[i].im) * scale;
         }
     } else {
-#pragma GCC unroll 16
+        VRX_UNROLL(16)
         for (int i = 0; i < N; ++i) {
             dRe[i * ds] = y[i].re;
             dIm[i * ds] = Inv ? -y[i].im : y[i].im;
@@ -2327,20 +2327,20 @@ VRX_INLINE void smallCN(const T* sRe, const T* sIm, T* dRe, T* dIm, T scale) {
 template <class T, int N> void smallRFwdN(const T* s, T* d, T scale, fft::Form f) {
     Cx<T> x[N], y[N];
     T o[N];
-#pragma GCC unroll 16
+    VRX_UNROLL(16)
     for (int i = 0; i < N; ++i) x[i] = {s[i], T(0)};
     smallK<T, N>(x, y);
     o[0] = y[0].re;
     if constexpr (N % 2 == 0) {
         o[1] = y[N / 2].re;
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int k = 1; 2 * k < N; ++k) { o[2 * k] = y[k].re; o[2 * k + 1] = y[k].im; }
     } else {
-#pragma GCC unroll 8
+        VRX_UNROLL(8)
         for (int k = 1; 2 * k < N; ++k) { o[2 * k - 1] = y[k].re; o[2 * k] = y[k].im; }
     }
     if (scale != T(0)) {
-#pragma GCC unroll 16
+        VRX_UNROLL(16)
         for (int i = 0; i < N; ++i) o[i] = o[i] * scale;
     }
     // o is Perm; Pack moves R(N/2) last (even N), CCS puts a zero after R(0)
@@ -2348,15 +2348,15 @@ template <class T, int N> void smallRFwdN(const T* s, T* d, T scale, fft::Form f
     d[0] = o[0];
     if constexpr (N % 2 == 0) {
         if (f == fft::Form::Perm) {
-#pragma GCC unroll 16
+            VRX_UNROLL(16)
             for (int i = 1; i < N; ++i) d[i] = o[i];
         } else if (f == fft::Form::Pack) {
-#pragma GCC unroll 16
+            VRX_UNROLL(16)
             for (int i = 2; i < N; ++i) d[i - 1] = o[i];
             d[N - 1] = o[1];
         } else {
             d[1] = T(0);
-#pragma GCC unroll 16
+            VRX_UNROLL(16)
             for (int i = 2; i < N; ++i) d[i] = o[i];
             d[N] = o[1];
             d[N + 1] = T(0);
@@ -2364,7 +2364,7 @@ template <class T, int N> void smallRFwdN(const T* s, T* d, T scale, fft::Form f
     } else {
         const int sh = f == fft::Form::CCS ? 1 : 0;
         if (sh) d[1] = T(0);
-#pragma GCC unroll 16
+        VRX_UNROLL(16)
         for (int i = 1; i < N; ++i) d[i + sh] = o[i];
     }
 }
@@ -2386,7 +2386,7 @@ template <class T, int N> void smallRInvN(const T* s, T* d, T scale, fft::Form f
     Cx<T> X[N], y[N];
     X[0] = {P(0), T(0)};
     if constexpr (N % 2 == 0) X[N / 2] = {P(1), T(0)};
-#pragma GCC unroll 8
+    VRX_UNROLL(8)
     for (int k = 1; 2 * k < N; ++k) {
         const T xr = N % 2 == 0 ? P(2 * k) : P(2 * k - 1), xi = N % 2 == 0 ? P(2 * k + 1) : P(2 * k);
         X[k] = {xr, -xi};
@@ -2394,10 +2394,10 @@ template <class T, int N> void smallRInvN(const T* s, T* d, T scale, fft::Form f
     }
     smallK<T, N>(X, y);
     if (scale != T(0)) {
-#pragma GCC unroll 16
+        VRX_UNROLL(16)
         for (int i = 0; i < N; ++i) d[i] = y[i].re * scale;
     } else {
-#pragma GCC unroll 16
+        VRX_UNROLL(16)
         for (int i = 0; i < N; ++i) d[i] = y[i].re;
     }
 }
