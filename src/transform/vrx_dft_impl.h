@@ -268,6 +268,179 @@ template <class T> struct RealSmall {
     }
 };
 
+// The single-precision forward kernels of 12 and 15 in one register of 16
+// lanes: the first stage holds the short transforms of every group in lanes
+// (quantity, group), the second computes each lane of the requested form
+// from lanes picked out of those, with signs and coefficients per lane.
+// Products by +-1 are exact and the signs are applied where the plain
+// formulas negate, so every output is the same sum, rounded the same way,
+// signed zeros included, as in RealSmall. (In double, two registers and
+// two-source permutes ran slower than the scalar kernels.)
+template <class T> struct RealSmallVec {
+    static_assert(sizeof(T) == 4, "single precision only");
+    using Idx = int32_t;
+    static constexpr T kS3 = RealSmall<T>::kS3, kC1 = RealSmall<T>::kC1, kC2 = RealSmall<T>::kC2;
+    static constexpr T kS1 = RealSmall<T>::kS1, kS2 = RealSmall<T>::kS2;
+    static constexpr int kZero = 15;  // a lane that holds +0 in both stages
+    struct alignas(64) Stage1 {
+        Idx a[5][16];          // x lane of a_j
+        T sg[16], al[16], be[16];
+        uint32_t addA0;        // lanes that add a_0
+    };
+    struct alignas(64) Stage2 {
+        Idx p[5][16];          // lanes of the first stage
+        T k[4][16];            // signs and coefficients
+        int count;             // values of the form
+    };
+    // output slot s of form f (0 CCS, 1 Pack, 2 Perm) -> bin index o (re k:
+    // 2k, im k: 2k + 1), or -1 for a lane that is not stored
+    static constexpr int slotBin(int N, int f, int s) {
+        const int nCcs = 2 * (N / 2 + 1);
+        if (f == 0) return s < nCcs ? s : -1;
+        if (s >= N) return -1;
+        if (f == 2 && N % 2 == 0) return s == 0 ? 0 : s == 1 ? N : s;
+        return s == 0 ? 0 : s + 1;
+    }
+
+    // 12 = 3 x 4: lanes 4q + b of the first stage, q = P (sum), u (real part
+    // of the first bin), w (its imaginary part); each bin is
+    // so·((Va + kb·Vb) + sy·(Vc + kd·Vd)), the signs applied where the plain
+    // formula negates (signed zeros alike)
+    enum : int8_t { qP = 0, qU = 1, qW = 2 };
+    struct Bin12 { int8_t q[4], b[4], kb, kd, sy, so; };
+    static constexpr Bin12 kBins12[14] = {
+        {{qP, qP, qP, qP}, {0, 2, 1, 3}, 1, 1, 1, 1},        // re0 = (P0 + P2) + (P1 + P3)
+        {{-1, -1, -1, -1}, {0, 0, 0, 0}, 1, 1, -1, 1},       // im0 = 0
+        {{qU, qU, qW, qW}, {0, 2, 1, 3}, -1, -1, 1, 1},      // re1 = (u0 - u2) + (w1 - w3)
+        {{qW, qW, qU, qU}, {0, 2, 1, 3}, -1, -1, -1, 1},     // im1 = (w0 - w2) - (u1 - u3)
+        {{qU, qU, qU, qU}, {0, 2, 1, 3}, 1, 1, -1, 1},       // re2 = (u0 + u2) - (u1 + u3)
+        {{qW, qW, qW, qW}, {1, 3, 0, 2}, 1, 1, -1, 1},       // im2 = (w1 + w3) - (w0 + w2)
+        {{qP, qP, -1, -1}, {0, 2, 0, 0}, -1, 1, -1, 1},      // re3 = P0 - P2
+        {{qP, qP, -1, -1}, {1, 3, 0, 0}, -1, 1, -1, 1},      // im3 = P1 - P3
+        {{qU, qU, qU, qU}, {0, 2, 1, 3}, 1, 1, 1, 1},        // re4 = (u0 + u2) + (u1 + u3)
+        {{qW, qW, qW, qW}, {0, 2, 1, 3}, 1, 1, 1, 1},        // im4 = (w0 + w2) + (w1 + w3)
+        {{qU, qU, qW, qW}, {0, 2, 1, 3}, -1, -1, -1, 1},     // re5 = (u0 - u2) - (w1 - w3)
+        {{qW, qW, qU, qU}, {0, 2, 1, 3}, -1, -1, 1, -1},     // im5 = -((w0 - w2) + (u1 - u3))
+        {{qP, qP, qP, qP}, {0, 2, 1, 3}, 1, 1, -1, 1},       // re6 = (P0 + P2) - (P1 + P3)
+        {{-1, -1, -1, -1}, {0, 0, 0, 0}, 1, 1, -1, 1},       // im6 = 0
+    };
+    static constexpr Stage1 stage1Of12() {
+        Stage1 t{};
+        for (int l = 0; l < 16; ++l) {
+            const int q = l / 4, b = l % 4;
+            for (int j = 0; j < 3; ++j) t.a[j][l] = q < 3 ? (4 * j + 3 * b) % 12 : kZero;
+            t.sg[l] = q == qW ? T(-1) : T(1);
+            t.al[l] = q == qU ? T(-0.5) : q == qW ? kS3 : T(1);
+            if (q < qW || q == 3) t.addA0 |= 1u << l;
+        }
+        return t;
+    }
+    static constexpr Stage2 stage2Of12(int f) {
+        Stage2 t{};
+        for (int s = 0; s < 16; ++s) {
+            const int o = slotBin(12, f, s);
+            const Bin12 z = o < 0 ? kBins12[1] : kBins12[o];
+            for (int i = 0; i < 4; ++i) t.p[i][s] = z.q[i] < 0 ? kZero : 4 * z.q[i] + z.b[i];
+            t.k[0][s] = T(z.kb);
+            t.k[1][s] = T(z.kd);
+            t.k[2][s] = T(z.sy);
+            t.k[3][s] = T(z.so);
+        }
+        t.count = f == 0 ? 14 : 12;
+        return t;
+    }
+    static constexpr Stage1 kS1of12 = stage1Of12();
+    static constexpr Stage2 kS2of12[3] = {stage2Of12(0), stage2Of12(1), stage2Of12(2)};
+
+    // 15 = 5 x 3: lanes 3q + b of the first stage, q = P (sum), Br, Cr (real
+    // parts of bins 1 and 2), Bi, Ci (their imaginary parts); each bin is
+    // so·((v0 + c·(v1 + v2)) + kR·(w1 - w2)), v of quantity qU, w of qW
+    // (c = 1 or -1/2, kR = +-sin(2pi/3); a missing part is -0)
+    enum : int8_t { q5P = 0, qBr = 1, qCr = 2, qBi = 3, qCi = 4 };
+    struct Bin15 { int8_t qU, z0, qW, sW, so; };
+    static constexpr Bin15 kBins15[16] = {
+        {q5P, 1, -1, 1, 1}, {-1, 1, -1, 1, 1},     // re0 = P0 + (P1 + P2), im0 = 0
+        {qBr, 0, qBi, 1, 1}, {qBi, 0, qBr, -1, 1},  // bin 1 = m + (rBi, -rBr)
+        {qCr, 0, qCi, -1, 1}, {qCi, 0, qCr, 1, 1},  // bin 2 = m + (-rCi, rCr)
+        {qCr, 1, -1, 1, 1}, {qCi, 1, -1, 1, -1},    // bin 3 = conj of C's z0
+        {qBr, 0, qBi, -1, 1}, {qBi, 0, qBr, 1, -1},  // bin 4 = conj of B's m + i·r
+        {q5P, 0, -1, 1, 1}, {-1, 1, q5P, 1, 1},     // bin 5 = P0 - (P1 + P2)/2, sin(2pi/3)(P1 - P2)
+        {qBr, 1, -1, 1, 1}, {qBi, 1, -1, 1, 1},     // bin 6 = B's z0
+        {qCr, 0, qCi, 1, 1}, {qCi, 0, qCr, -1, 1},  // bin 7 = conj of C's m - i·r
+    };
+    static constexpr Stage1 stage1Of15() {
+        Stage1 t{};
+        const T al[5] = {T(1), kC1, kC2, kS1, kS2}, be[5] = {T(1), kC2, kC1, kS2, -kS1};
+        for (int l = 0; l < 16; ++l) {
+            const int q = l / 3, b = l % 3;
+            for (int j = 0; j < 5; ++j) t.a[j][l] = q < 5 ? (3 * j + 5 * b) % 15 : kZero;
+            t.sg[l] = q == qBi || q == qCi ? T(-1) : T(1);
+            t.al[l] = q < 5 ? al[q] : T(1);
+            t.be[l] = q < 5 ? be[q] : T(1);
+            if (q < qBi) t.addA0 |= 1u << l;
+        }
+        return t;
+    }
+    static constexpr Stage2 stage2Of15(int f) {
+        Stage2 t{};
+        for (int s = 0; s < 16; ++s) {
+            const int o = slotBin(15, f, s);
+            const Bin15 z = o < 0 ? kBins15[1] : kBins15[o];
+            for (int i = 0; i < 3; ++i) t.p[i][s] = z.qU < 0 ? kZero : 3 * z.qU + i;
+            for (int i = 0; i < 2; ++i) t.p[3 + i][s] = z.qW < 0 ? kZero : 3 * z.qW + 1 + i;
+            // with no v part, v0 + c·0 is -0 (c, the sign of v0: -1) when w is there
+            const T sv = z.qU < 0 && z.qW >= 0 ? T(-1) : T(1);
+            t.k[0][s] = sv;
+            t.k[1][s] = z.qU < 0 ? sv : z.z0 ? T(1) : T(-0.5);
+            t.k[2][s] = z.qW < 0 ? T(-1) : z.sW * kS3;
+            t.k[3][s] = T(z.so);
+        }
+        t.count = f == 0 ? 16 : 15;
+        return t;
+    }
+    static constexpr Stage1 kS1of15 = stage1Of15();
+    static constexpr Stage2 kS2of15[3] = {stage2Of15(0), stage2Of15(1), stage2Of15(2)};
+
+    using S = simd::V<T>;
+    using R = typename S::R;
+    static VRX_INLINE R pick(const Idx* idx, R a) { return simd::pickLanes(idx, a); }
+    static VRX_INLINE void store(T* d, int n, R v, T scale) {
+        S::storem(d, simd::tail<T>(n), scale != T(0) ? S::mul(v, S::set1(scale)) : v);
+    }
+    static int formIndex(fft::Form f) { return f == fft::Form::CCS ? 0 : f == fft::Form::Pack ? 1 : 2; }
+
+    static void fwd12(const T* x, T* d, T scale, fft::Form f) {
+        const Stage1& a = kS1of12;
+        const Stage2& z = kS2of12[formIndex(f)];
+        const R v = S::loadm(simd::tail<T>(12), x);
+        // P = a0 + t, u = a0 - t/2 (t = a1 + a2), w = sin(2pi/3)(a2 - a1)
+        const R s = S::fma(S::load(a.sg), pick(a.a[1], v), pick(a.a[2], v));
+        const R m = S::mul(S::load(a.al), s);
+        const R q = S::addm(m, static_cast<typename S::M>(a.addA0), pick(a.a[0], v), m);
+        const R xs = S::fma(S::load(z.k[0]), pick(z.p[1], q), pick(z.p[0], q));
+        const R ys = S::mul(S::load(z.k[2]), S::fma(S::load(z.k[1]), pick(z.p[3], q), pick(z.p[2], q)));
+        store(d, z.count, S::mul(S::load(z.k[3]), S::add(xs, ys)), scale);
+    }
+
+    static void fwd15(const T* x, T* d, T scale, fft::Form f) {
+        const Stage1& a = kS1of15;
+        const Stage2& z = kS2of15[formIndex(f)];
+        const R v = S::loadm(simd::tail<T>(15), x);
+        // P = (a0 + t1) + t2, Br = (a0 + c1·t1) + c2·t2, Cr = (a0 + c2·t1) + c1·t2,
+        // Bi = s1·d1 + s2·d2, Ci = s2·d1 - s1·d2 (t1, d1 = a1 + a4, a4 - a1; t2, d2 alike)
+        const R sg = S::load(a.sg);
+        const R s1 = S::fma(sg, pick(a.a[1], v), pick(a.a[4], v));
+        const R s2 = S::fma(sg, pick(a.a[2], v), pick(a.a[3], v));
+        const R m1 = S::mul(S::load(a.al), s1);
+        const R q1 = S::addm(m1, static_cast<typename S::M>(a.addA0), pick(a.a[0], v), m1);
+        const R q = S::add(q1, S::mul(S::load(a.be), s2));
+        const R s = S::add(pick(z.p[1], q), pick(z.p[2], q));
+        const R u = S::fma(S::load(z.k[0]), pick(z.p[0], q), S::mul(S::load(z.k[1]), s));
+        const R w = S::mul(S::load(z.k[2]), S::sub(pick(z.p[3], q), pick(z.p[4], q)));
+        store(d, z.count, S::mul(S::load(z.k[3]), S::add(u, w)), scale);
+    }
+};
+
 template <class T, class Tr> struct Dft {
     static constexpr int e = 2 * sizeof(T);
     using C = Cx<T>;
@@ -961,9 +1134,15 @@ template <class T, class Tr> struct Dft {
         const int N = p->length;
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
-            if (N == 12) RealSmall<T>::fwd12(src, dst, scale, form);
-            else if (N == 15) RealSmall<T>::fwd15(src, dst, scale, form);
-            else smallRunRFwd<T>(N, src, dst, scale, form);
+            if constexpr (sizeof(T) == 4) {
+                if (N == 12) RealSmallVec<T>::fwd12(src, dst, scale, form);
+                else if (N == 15) RealSmallVec<T>::fwd15(src, dst, scale, form);
+                else smallRunRFwd<T>(N, src, dst, scale, form);
+            } else {
+                if (N == 12) RealSmall<T>::fwd12(src, dst, scale, form);
+                else if (N == 15) RealSmall<T>::fwd15(src, dst, scale, form);
+                else smallRunRFwd<T>(N, src, dst, scale, form);
+            }
             return vrxOk;
         }
         return runRFwdPath(p, src, dst, pBuf, form, scale);

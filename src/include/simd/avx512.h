@@ -1144,3 +1144,9 @@ VRX_INLINE void storeLanes128d(double* p0, double* p1, double* p2, double* p3, _
     _mm_store_ps(reinterpret_cast<float*>(p3), _mm512_extractf32x4_ps(_mm512_castpd_ps(v), 3));
 }
 }  // namespace n0::simd
+
+// ---- lanes picked by a table (the DFT's real kernels of 12 and 15 points)
+namespace n0::simd {
+// lane i of the result is lane idx[i] of a (idx: 16 entries, 64-byte aligned)
+VRX_INLINE __m512 pickLanes(const int32_t* idx, __m512 a) { return _mm512_permutexvar_ps(_mm512_load_si512(idx), a); }
+}  // namespace n0::simd
