@@ -355,18 +355,19 @@ template <class T> struct RealSmallVec {
     // 15 = 5 x 3: lanes 3q + b of the first stage, q = P (sum), Br, Cr (real
     // parts of bins 1 and 2), Bi, Ci (their imaginary parts); each bin is
     // so·((v0 + c·(v1 + v2)) + kR·(w1 - w2)), v of quantity qU, w of qW
-    // (c = 1 or -1/2, kR = +-sin(2pi/3); a missing part is -0)
+    // (c = 1 for z0, -1/2 for m; kR = +-sin(2pi/3), r = sin(2pi/3)(v1 - v2);
+    // a missing part is -0)
     enum : int8_t { q5P = 0, qBr = 1, qCr = 2, qBi = 3, qCi = 4 };
     struct Bin15 { int8_t qU, z0, qW, sW, so; };
     static constexpr Bin15 kBins15[16] = {
         {q5P, 1, -1, 1, 1}, {-1, 1, -1, 1, 1},     // re0 = P0 + (P1 + P2), im0 = 0
-        {qBr, 0, qBi, 1, 1}, {qBi, 0, qBr, -1, 1},  // bin 1 = m + (rBi, -rBr)
-        {qCr, 0, qCi, -1, 1}, {qCi, 0, qCr, 1, 1},  // bin 2 = m + (-rCi, rCr)
-        {qCr, 1, -1, 1, 1}, {qCi, 1, -1, 1, -1},    // bin 3 = conj of C's z0
-        {qBr, 0, qBi, -1, 1}, {qBi, 0, qBr, 1, -1},  // bin 4 = conj of B's m + i·r
+        {qBr, 0, qBi, 1, 1}, {qBi, 0, qBr, -1, 1},  // bin 1 = mB - i·rB
+        {qCr, 0, qCi, -1, 1}, {qCi, 0, qCr, 1, 1},  // bin 2 = mC + i·rC
+        {qCr, 1, -1, 1, 1}, {qCi, 1, -1, 1, -1},    // bin 3 = conj(z0C)
+        {qBr, 0, qBi, -1, 1}, {qBi, 0, qBr, 1, -1},  // bin 4 = conj(mB + i·rB)
         {q5P, 0, -1, 1, 1}, {-1, 1, q5P, 1, 1},     // bin 5 = P0 - (P1 + P2)/2, sin(2pi/3)(P1 - P2)
-        {qBr, 1, -1, 1, 1}, {qBi, 1, -1, 1, 1},     // bin 6 = B's z0
-        {qCr, 0, qCi, 1, 1}, {qCi, 0, qCr, -1, 1},  // bin 7 = conj of C's m - i·r
+        {qBr, 1, -1, 1, 1}, {qBi, 1, -1, 1, 1},     // bin 6 = z0B
+        {qCr, 0, qCi, 1, 1}, {qCi, 0, qCr, -1, 1},  // bin 7 = mC - i·rC
     };
     static constexpr Stage1 stage1Of15() {
         Stage1 t{};
