@@ -364,7 +364,7 @@ constexpr double kOdd8[4][4] = {{kO1, kO3, kO5, kO7},
                                 {kO5, -kO1, kO7, kO3},
                                 {kO7, -kO5, kO3, -kO1}};
 
-template <class T> void kernelFwd(int N, const T* x, T* y) {
+template <class T> VRX_INLINE void kernelFwd(int N, const T* x, T* y) {
     if (N == 1) {
         y[0] = x[0];
     } else if (N == 2) {
@@ -400,7 +400,7 @@ template <class T> void kernelFwd(int N, const T* x, T* y) {
     }
 }
 
-template <class T> void kernelInv(int N, const T* y, T* x) {
+template <class T> VRX_INLINE void kernelInv(int N, const T* y, T* x) {
     if (N == 1) {
         x[0] = y[0];
     } else if (N == 2) {
@@ -1167,20 +1167,13 @@ VrxStatus convInv(const Plan* p, const T* y, T* x, typename Width<T>::C* a, uint
 
 // ------------------------------------------------------------ dispatch
 
+// The paths past the kernels, with the frame they need (the kernels are
+// called before it is set up).
 template <class T, bool Inv>
-VrxStatus run(const T* src, T* dst, const void* planV, uint8_t* pBuf) {
+__attribute__((noinline)) VrxStatus runPath(const Plan* p, const T* src, T* dst, uint8_t* pBuf) {
     using W = Width<T>;
     using C = typename W::C;
-    if (anyNull(planV, src, dst)) return vrxErrNullPtr;
-    const Plan* p;
-    if (VrxStatus st = open(planV, Inv ? W::kInv : W::kFwd, &p)) return st;
-    if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
     const int64_t N = p->length;
-    if (p->useKernel) {
-        if (Inv) kernelInv<T>(static_cast<int>(N), src, dst);
-        else kernelFwd<T>(static_cast<int>(N), src, dst);
-        return vrxOk;
-    }
     uint8_t* buf = align64(pBuf);
     if (p->useFft) {
         T* t = reinterpret_cast<T*>(buf);
@@ -1206,6 +1199,21 @@ VrxStatus run(const T* src, T* dst, const void* planV, uint8_t* pBuf) {
     if (Inv) directInv<T>(p, src, dst);
     else directFwd<T>(p, src, dst);
     return vrxOk;
+}
+
+template <class T, bool Inv>
+VrxStatus run(const T* src, T* dst, const void* planV, uint8_t* pBuf) {
+    using W = Width<T>;
+    if (anyNull(planV, src, dst)) return vrxErrNullPtr;
+    const Plan* p;
+    if (VrxStatus st = open(planV, Inv ? W::kInv : W::kFwd, &p)) return st;
+    if (!pBuf && p->workSize > 0) return vrxErrNullPtr;
+    if (p->useKernel) {
+        if (Inv) kernelInv<T>(static_cast<int>(p->length), src, dst);
+        else kernelFwd<T>(static_cast<int>(p->length), src, dst);
+        return vrxOk;
+    }
+    return runPath<T, Inv>(p, src, dst, pBuf);
 }
 
 }  // namespace n0::dct
