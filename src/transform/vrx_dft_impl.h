@@ -659,6 +659,12 @@ template <class T, class Tr> struct Dft {
             smallRunC<T>(N, Inv, s.re, s.im, s.s, d.re, d.im, d.s, scale);
             return;
         }
+        // interleaved pairs go to the kernels as they are (a copy stored
+        // value by value kept the kernels' register loads waiting)
+        if (s.s == 2 && d.s == 2 && s.im == s.re + 1 && d.im == d.re + 1) {
+            fft::smallComplex<T, Inv>(log2i(N), reinterpret_cast<const C*>(s.re), reinterpret_cast<C*>(d.re), scale);
+            return;
+        }
         C x[16], y[16];
         for (int i = 0; i < N; ++i) x[i] = s.get(i);
         fft::smallComplex<T, Inv>(log2i(N), x, y, scale);
