@@ -153,8 +153,11 @@ template <class T> void accuracy(int N, bool allFlags) {
 // of single precision with a half register left. Real halves whose last
 // pass takes the recombination: 136 (radix 4), 140 (2), 162 and 486 (3, odd
 // halves), 250 and 1000 (5; 1000 has the middle bin in a register of q).
+// 21 to 78 with a factor 7, 11, 13, 17 or 19 (and the real lengths of
+// twice them): two levels in registers with the prime radix across them.
 TEST(DftAccuracy, AllPaths) {
     std::vector<int> lens = {20, 22, 24, 26, 27, 30, 31, 34, 36, 40, 45, 47, 48, 50, 53, 60, 66, 68, 70, 72, 89, 90, 96, 97, 100, 120, 121,
+                             21, 28, 33, 35, 38, 39, 42, 44, 52, 76, 78, 84, 104, 132, 156,
                              136, 140, 162, 169, 180, 200, 210, 250, 289, 298, 486,
                              302, 323, 360, 625, 1000, 1024, 1536, 2310, 4095, 4096, 3 * 5 * 7 * 11, 3 * 3 * 3 * 3 * 3 * 3 * 3,
                              5 * 5 * 13 * 3, 7 * 7 * 11, 10007, 65535};

@@ -1398,6 +1398,36 @@ template <class S, int R> VRX_INLINE void dftCL(const typename S::R* v, typename
         y[4] = C::subM(a1, b1);
         y[2] = C::addM(a2, b2);
         y[3] = C::subM(a2, b2);
+    } else if constexpr (R == 7 || R == 11 || R == 13 || R == 17 || R == 19) {
+        // inputs j and R-j paired, bins m and R-m from shared sums: with
+        // t_j = v_j + v_(R-j), d_j = i-swapped v_j - v_(R-j) and W^q = (c_q, -s_q),
+        // a_m = v_0 + sum t_j c_(jm), b_m = sum d_j (s_(jm), -s_(jm)) rotated:
+        // y_m = a_m + b_m, y_(R-m) = a_m - b_m (the radix 5's sums, longer)
+        constexpr int h = (R - 1) / 2;
+        const Cx<T>* W = kRootsOf<T, R>.r;
+        Rg t[h], d[h];
+        VRX_UNROLL(9)
+        for (int j = 1; j <= h; ++j) {
+            t[j - 1] = C::add(v[j], v[R - j]);
+            d[j - 1] = S::swapPair(C::sub(v[j], v[R - j]));
+        }
+        Rg s0 = v[0];
+        VRX_UNROLL(9)
+        for (int j = 0; j < h; ++j) s0 = C::add(s0, t[j]);
+        y[0] = s0;
+        VRX_UNROLL(9)
+        for (int m = 1; m <= h; ++m) {
+            Rg a = C::add(v[0], C::scale(t[0], W[m % R].re));
+            Rg b = S::mul(d[0], S::set2(-W[m % R].im, W[m % R].im));
+            VRX_UNROLL(9)
+            for (int j = 2; j <= h; ++j) {
+                const int q = (j * m) % R;
+                a = C::add(a, C::scale(t[j - 1], W[q].re));
+                b = C::add(b, S::mul(d[j - 1], S::set2(-W[q].im, W[q].im)));
+            }
+            y[m] = C::addM(a, b);
+            y[R - m] = C::subM(a, b);
+        }
     } else {
         constexpr int A = tlSplit(R);
         static_assert(A > 1, "a register kernel of this radix");
@@ -1535,6 +1565,14 @@ void tlRun(const T* sRe, const T* sIm, T* dRe, T* dIm, bool split, bool inv, con
 // of the complex lanes of a register (8 single, 4 double) as the length
 // allows.
 template <class T> int tlPick(int64_t n) {
+    switch (n) {  // both widths: the radices 7, 11 and 13 across the registers
+        case 22: case 26: case 34: case 38: return 2;
+        case 21: case 33: case 39: return 3;
+        case 28: case 44: case 52: return 4;
+        case 35: return 5;
+        case 42: case 66: case 78: return 6;
+        default: break;
+    }
     if constexpr (sizeof(T) == 4) {
         switch (n) {
             case 18: case 30: case 60: return 6;
@@ -1560,6 +1598,20 @@ template <class T> bool tlDispatch(int64_t n, const T* sRe, const T* sIm, T* dRe
     switch (n) {
         case 18: if constexpr (single) { VRX_TL(6, 3); } else { VRX_TL(3, 6); }
         case 20: VRX_TL(4, 5);
+        case 21: VRX_TL(3, 7);
+        case 22: VRX_TL(2, 11);
+        case 26: VRX_TL(2, 13);
+        case 28: VRX_TL(4, 7);
+        case 33: VRX_TL(3, 11);
+        case 34: VRX_TL(2, 17);
+        case 35: VRX_TL(5, 7);
+        case 38: VRX_TL(2, 19);
+        case 39: VRX_TL(3, 13);
+        case 42: VRX_TL(6, 7);
+        case 44: VRX_TL(4, 11);
+        case 52: VRX_TL(4, 13);
+        case 66: VRX_TL(6, 11);
+        case 78: VRX_TL(6, 13);
         case 30: if constexpr (single) { VRX_TL(6, 5); } else { VRX_TL(3, 10); }
         case 36: VRX_TL(4, 9);
         case 50: if constexpr (single) { VRX_TL(5, 10); } else { VRX_TL2(2, 25); }
