@@ -970,7 +970,7 @@ template <class T, bool Inv>
         }
         return;
     }
-    if (m > Limits<T>::kRadixLast) {
+    if (onLargePath<T>(m)) {
         largeRun<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
         return;
     }
