@@ -65,7 +65,7 @@ template <class T> void roundTrips(std::initializer_list<int> orders) {
 }
 TEST(FftRealRoundTrip, AroundTheSwitches) {
     roundTrips<float>({0, 1, 2, 3, 4, 5, 7, 8, 18, 19});
-    roundTrips<double>({0, 1, 2, 4, 5, 7, 8, 16, 17, 18});
+    roundTrips<double>({0, 1, 2, 4, 5, 7, 8, 16, 17});
 }
 
 // At order 22 single the spectrum of whole-period tones is known in closed

@@ -60,18 +60,23 @@ template <> struct Limits<double> {
     static constexpr int kMinWork = 32768;
     static constexpr int kChunk = 1024;
     static constexpr int kChunkLog = 10;
-    static constexpr int kLargeFirst = 17;     // the large path takes the engine's last order too
+    static constexpr int kLargeFirst = 17;     // complex plans: the engine's last order too
     static constexpr int kBlock8First = 22;
 };
 
-// Whether the whole transform of complex order m runs on the large path.
-// The radix engine's sizes stay in the size rules up to kRadixLast, which
-// exceed what the large path needs at the orders both cover.
-template <class T> constexpr bool onLargePath(int m) { return m >= Limits<T>::kLargeFirst; }
+// Whether the whole transform of complex order m runs on the large path:
+// above the engine's last order, and from kLargeFirst in complex plans
+// (double order 17, where an in-place call of the engine runs its passes
+// in the work buffer; real plans keep the engine, whose forward out of
+// place is faster there). The size rules keep the engine's sizes up to
+// kRadixLast: they exceed what the large path needs at those orders.
+template <class T> constexpr bool onLargePath(int m, bool real) {
+    return m > Limits<T>::kRadixLast || (!real && m >= Limits<T>::kLargeFirst);
+}
 
 // Large-path order tables: block order and buffer order by complex order.
 template <class T> constexpr int blockOrder(int m) {
-    return !onLargePath<T>(m) ? 0 : (m < Limits<T>::kBlock8First ? 4 : 8);
+    return m < Limits<T>::kLargeFirst ? 0 : (m < Limits<T>::kBlock8First ? 4 : 8);
 }
 template <class T> constexpr int bufferOrder(int m) {
     int b = blockOrder<T>(m);
