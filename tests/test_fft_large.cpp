@@ -98,7 +98,7 @@ TEST(FftLarge, PlacementsAndAlignmentsGiveTheSameBits) {
         {23, Layout::Split, Place::ReInPlace, 0},
     });
     samePlacementBits<double>({
-        {17, Layout::Interleaved, Place::InPlace, 0},    // the lowest order of the large path
+        {17, Layout::Interleaved, Place::InPlace, 0},    // the lowest order of the large path (complex plans)
         {17, Layout::Interleaved, Place::OutOfPlace, 24},
         {17, Layout::Split, Place::ReInPlace, 16},
         {18, Layout::Interleaved, Place::InPlace, 0},
