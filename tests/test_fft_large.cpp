@@ -98,6 +98,9 @@ TEST(FftLarge, PlacementsAndAlignmentsGiveTheSameBits) {
         {23, Layout::Split, Place::ReInPlace, 0},
     });
     samePlacementBits<double>({
+        {17, Layout::Interleaved, Place::InPlace, 0},    // the lowest order of the large path (complex plans)
+        {17, Layout::Interleaved, Place::OutOfPlace, 24},
+        {17, Layout::Split, Place::ReInPlace, 16},
         {18, Layout::Interleaved, Place::InPlace, 0},
         {18, Layout::Split, Place::ReInPlace, 8},
         {19, Layout::Interleaved, Place::OutOfPlace, 16},
@@ -147,6 +150,8 @@ TEST(FftLarge, ScaleFlagsScaleEveryRowOnce) {
         {23, Layout::Interleaved, vrxFftScaleInv, true},
     });
     scaledLikeUnscaled<double>({
+        {17, Layout::Interleaved, vrxFftScaleFwd, false},
+        {17, Layout::Split, vrxFftScaleSqrt, true},
         {18, Layout::Split, vrxFftScaleSqrt, false},
         {19, Layout::Interleaved, vrxFftScaleInv, false},
         {19, Layout::Interleaved, vrxFftScaleSqrt, true},

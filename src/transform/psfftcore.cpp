@@ -973,7 +973,8 @@ template <class T, bool Inv>
         }
         return;
     }
-    if (m > Limits<T>::kRadixLast) {
+    const bool realPlan = plan->idWord == idWord(ObjId::FftR32f) || plan->idWord == idWord(ObjId::FftR64f);
+    if (onLargePath<T>(m, realPlan)) {
         largeRun<T, Inv>(plan, m, srcRe, srcIm, dstRe, dstIm, split, scale, work);
         return;
     }

@@ -160,7 +160,7 @@ VrxStatus init(const Kind& k, void** ppPlan, int order, int flag, int hint, uint
     plan->recombInvTab = o.recombInv;
     const int m = k.real ? order - 1 : order;
     if (!k.real || order >= 8) {
-        if (m <= Limits<T>::kRadixLast) {
+        if (!onLargePath<T>(m, k.real)) {
             initTabBitRevNorm(m, o.bitRev);
             initTabTwdL1<T>(m, st, o.twiddle, pairedKind(k.id));
         } else {

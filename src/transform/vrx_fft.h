@@ -46,12 +46,13 @@ VRX_INLINE uint32_t revBits(uint32_t x, int bits) {
 // Per-width constants of the engine.
 template <class T> struct Limits;
 template <> struct Limits<float> {
-    static constexpr int kRadixLast = 18;      // highest order of the radix engine alone
+    static constexpr int kRadixLast = 18;      // highest order of the radix engine (rows, size rules)
     static constexpr int kTileOrder = 6;       // large path: 64 x 64 tiles
     static constexpr int kMinWork = 65536;     // two tiles
     static constexpr int kChunk = 2048;        // complex elements of a cache chunk
     static constexpr int kChunkLog = 11;
-    static constexpr int kLargeFirst = 19;
+    static constexpr int kLargeFirst = 19;     // lowest order of the large path
+    static constexpr int kBlock8First = 23;    // lowest order of block order 8
 };
 template <> struct Limits<double> {
     static constexpr int kRadixLast = 17;
@@ -59,12 +60,23 @@ template <> struct Limits<double> {
     static constexpr int kMinWork = 32768;
     static constexpr int kChunk = 1024;
     static constexpr int kChunkLog = 10;
-    static constexpr int kLargeFirst = 18;
+    static constexpr int kLargeFirst = 17;     // complex plans: the engine's last order too
+    static constexpr int kBlock8First = 22;
 };
+
+// Whether the whole transform of complex order m runs on the large path:
+// above the engine's last order, and from kLargeFirst in complex plans
+// (double order 17, where an in-place call of the engine runs its passes
+// in the work buffer; real plans keep the engine, whose forward out of
+// place is faster there). The size rules keep the engine's sizes up to
+// kRadixLast: they exceed what the large path needs at those orders.
+template <class T> constexpr bool onLargePath(int m, bool real) {
+    return m > Limits<T>::kRadixLast || (!real && m >= Limits<T>::kLargeFirst);
+}
 
 // Large-path order tables: block order and buffer order by complex order.
 template <class T> constexpr int blockOrder(int m) {
-    return (m < Limits<T>::kLargeFirst) ? 0 : (m <= Limits<T>::kLargeFirst + 3 ? 4 : 8);
+    return m < Limits<T>::kLargeFirst ? 0 : (m < Limits<T>::kBlock8First ? 4 : 8);
 }
 template <class T> constexpr int bufferOrder(int m) {
     int b = blockOrder<T>(m);

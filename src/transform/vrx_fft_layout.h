@@ -193,7 +193,7 @@ template <class T> constexpr PlanPieces<T> planLayout(Carver& c, const Kind& k, 
     if (order <= (k.real ? 4 : 6)) return o;
     const int m = k.real ? order - 1 : order;
     if (!k.real || order >= 8) {
-        if (m <= Limits<T>::kRadixLast) {
+        if (!onLargePath<T>(m, k.real)) {
             o.bitRev = c.take<int32_t>(radixBitRevCount(m), alignof(int32_t));
             o.twiddle = c.take<Cx<T>>(radixTwiddleCount<T>(m));
         } else {
