@@ -11,6 +11,8 @@
 #include <math.h>
 #include <string.h>
 
+#include <type_traits>
+
 namespace n0::dft {
 
 enum class Kind { C, Cs, R };
@@ -331,7 +333,7 @@ template <class T> struct RealSmallVec {
             for (int j = 0; j < 3; ++j) t.a[j][l] = q < 3 ? (4 * j + 3 * b) % 12 : kZero;
             t.sg[l] = q == qW ? T(-1) : T(1);
             t.al[l] = q == qU ? T(-0.5) : q == qW ? kS3 : T(1);
-            if (q < qW || q == 3) t.addA0 |= 1u << l;
+            if (q < qW) t.addA0 |= 1u << l;
         }
         return t;
     }
@@ -1141,15 +1143,11 @@ template <class T, class Tr> struct Dft {
         const int N = p->length;
         // the fixed-length kernels straight from here: no frame for the other paths
         if (p->path == kPathSmall && !isPow2(N)) {
-            if constexpr (sizeof(T) == 4) {
-                if (N == 12) RealSmallVec<T>::fwd12(src, dst, scale, form);
-                else if (N == 15) RealSmallVec<T>::fwd15(src, dst, scale, form);
-                else smallRunRFwd<T>(N, src, dst, scale, form);
-            } else {
-                if (N == 12) RealSmall<T>::fwd12(src, dst, scale, form);
-                else if (N == 15) RealSmall<T>::fwd15(src, dst, scale, form);
-                else smallRunRFwd<T>(N, src, dst, scale, form);
-            }
+            // single precision: the register kernels of 12 and 15
+            using Fwd = std::conditional_t<sizeof(T) == 4, RealSmallVec<T>, RealSmall<T>>;
+            if (N == 12) Fwd::fwd12(src, dst, scale, form);
+            else if (N == 15) Fwd::fwd15(src, dst, scale, form);
+            else smallRunRFwd<T>(N, src, dst, scale, form);
             return vrxOk;
         }
         return runRFwdPath(p, src, dst, pBuf, form, scale);
