@@ -7,10 +7,12 @@
 //
 //   bench_dft --benchmark_repetitions=3 --benchmark_report_aggregates_only=true
 // Names: <series>/<impl>/<N>, series c32 c64 r32 r64 hilbert, impl vrx, fft
-// (the bare vrxsFFTFwd call) or fftw.
+// (the bare vrxsFFTFwd call), pair (the two in turns, counter fft_over_dft)
+// or fftw.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <chrono>
 #include <stdlib.h>
 #include <string.h>
 
@@ -49,60 +51,71 @@ struct Mem {
     ~Mem() { for (void* p : v) free(p); }
 };
 
-template <class T, bool Real> void benchDft(benchmark::State& state, int N) {
-    Mem m;
-    int s, i, w;
-    VrxStatus st;
-    if constexpr (Real) st = sizeof(T) == 4 ? vrxsDFTGetSize_R_32f(N, 8, 0, &s, &i, &w) : vrxsDFTGetSize_R_64f(N, 8, 0, &s, &i, &w);
-    else st = sizeof(T) == 4 ? vrxsDFTGetSize_C_32fc(N, 8, 0, &s, &i, &w) : vrxsDFTGetSize_C_64fc(N, 8, 0, &s, &i, &w);
-    if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
-    T* src = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
-    T* dst = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
-    Vrx8u* spec = static_cast<Vrx8u*>(m.get(s));
-    Vrx8u* init = static_cast<Vrx8u*>(m.get(i));
-    Vrx8u* work = static_cast<Vrx8u*>(m.get(w));
-    if constexpr (Real) st = sizeof(T) == 4 ? vrxsDFTInit_R_32f(N, 8, 0, spec, init) : vrxsDFTInit_R_64f(N, 8, 0, spec, init);
-    else st = sizeof(T) == 4 ? vrxsDFTInit_C_32fc(N, 8, 0, spec, init) : vrxsDFTInit_C_64fc(N, 8, 0, spec, init);
-    if (st != vrxOk) { state.SkipWithError("Init"); return; }
-    fillRandom(src, 2 * N + 2);
-    for (auto _ : state) {
-        if constexpr (Real) {
-            if constexpr (sizeof(T) == 4) vrxsDFTFwd_RToCCS_32f(src, dst, reinterpret_cast<const VrxsDftPlan_R_32f*>(spec), work);
-            else vrxsDFTFwd_RToCCS_64f(src, dst, reinterpret_cast<const VrxsDftPlan_R_64f*>(spec), work);
-        } else {
-            if constexpr (sizeof(T) == 4) vrxsDFTFwd_CToC_32fc(reinterpret_cast<const Vrx32fc*>(src), reinterpret_cast<Vrx32fc*>(dst), reinterpret_cast<const VrxsDftPlan_C_32fc*>(spec), work);
-            else vrxsDFTFwd_CToC_64fc(reinterpret_cast<const Vrx64fc*>(src), reinterpret_cast<Vrx64fc*>(dst), reinterpret_cast<const VrxsDftPlan_C_64fc*>(spec), work);
-        }
-        benchmark::DoNotOptimize(dst);
-        benchmark::ClobberMemory();
-    }
+template <class T, bool Real> VrxStatus dftSizes(int N, int* s, int* i, int* w) {
+    if constexpr (Real) return sizeof(T) == 4 ? vrxsDFTGetSize_R_32f(N, 8, 0, s, i, w) : vrxsDFTGetSize_R_64f(N, 8, 0, s, i, w);
+    else return sizeof(T) == 4 ? vrxsDFTGetSize_C_32fc(N, 8, 0, s, i, w) : vrxsDFTGetSize_C_64fc(N, 8, 0, s, i, w);
+}
+template <class T, bool Real> VrxStatus fftSizes(int order, int* s, int* i, int* w) {
+    if constexpr (Real) return sizeof(T) == 4 ? vrxsFFTGetSize_R_32f(order, 8, 0, s, i, w) : vrxsFFTGetSize_R_64f(order, 8, 0, s, i, w);
+    else return sizeof(T) == 4 ? vrxsFFTGetSize_C_32fc(order, 8, 0, s, i, w) : vrxsFFTGetSize_C_64fc(order, 8, 0, s, i, w);
 }
 
-// The bare FFT call of the same length (powers of two).
-template <class T, bool Real> void benchFft(benchmark::State& state, int N) {
-    Mem m;
-    const int order = __builtin_ctz(N);
-    int s, i, w;
-    VrxStatus st;
-    if constexpr (Real) st = sizeof(T) == 4 ? vrxsFFTGetSize_R_32f(order, 8, 0, &s, &i, &w) : vrxsFFTGetSize_R_64f(order, 8, 0, &s, &i, &w);
-    else st = sizeof(T) == 4 ? vrxsFFTGetSize_C_32fc(order, 8, 0, &s, &i, &w) : vrxsFFTGetSize_C_64fc(order, 8, 0, &s, &i, &w);
-    if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
-    T* src = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
-    T* dst = static_cast<T*>(m.get((2 * N + 2) * sizeof(T)));
-    Vrx8u* spec = static_cast<Vrx8u*>(m.get(s));
-    Vrx8u* init = static_cast<Vrx8u*>(m.get(i));
-    Vrx8u* work = static_cast<Vrx8u*>(m.get(w));
-    void* plan = nullptr;
-    if constexpr (Real) {
-        if constexpr (sizeof(T) == 4) st = vrxsFFTInit_R_32f(reinterpret_cast<VrxsFftPlan_R_32f**>(&plan), order, 8, 0, spec, init);
-        else st = vrxsFFTInit_R_64f(reinterpret_cast<VrxsFftPlan_R_64f**>(&plan), order, 8, 0, spec, init);
-    } else {
-        if constexpr (sizeof(T) == 4) st = vrxsFFTInit_C_32fc(reinterpret_cast<VrxsFftPlan_C_32fc**>(&plan), order, 8, 0, spec, init);
-        else st = vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(&plan), order, 8, 0, spec, init);
+// Source, destination, plan memory and work of one benchmark. At the powers
+// of two the DFT and the bare FFT share one set, made once: the L2 cache is
+// indexed by physical address, and sets of their own put the two on
+// different pages, which moved one against the other by up to 10% from run
+// to run at 65536 points.
+struct Bufs {
+    void *src, *dst, *spec, *init, *work;
+};
+Bufs makeBufs(Mem& m, size_t data, int s, int i, int w) {
+    return {m.get(data), m.get(data), m.get(s), m.get(i), m.get(w)};
+}
+template <class T, bool Real> Bufs* sharedBufs(int N) {
+    static Mem keep;  // lives as long as the process
+    int s, i, w, s2, i2, w2;
+    if (dftSizes<T, Real>(N, &s, &i, &w) != vrxOk || fftSizes<T, Real>(__builtin_ctz(N), &s2, &i2, &w2) != vrxOk)
+        return nullptr;
+    return new Bufs(makeBufs(keep, (2 * N + 2) * sizeof(T), std::max(s, s2), std::max(i, i2), std::max(w, w2)));
+}
+
+// One DFT plan and one bare FFT plan of the same length, each made in the
+// memory given and run on a source and destination.
+template <class T, bool Real> struct DftCall {
+    static constexpr bool kFft = false;
+    const void* spec = nullptr;
+    Vrx8u* work = nullptr;
+    VrxStatus init(int N, Vrx8u* specMem, Vrx8u* initMem, Vrx8u* workMem) {
+        spec = specMem, work = workMem;
+        if constexpr (Real) return sizeof(T) == 4 ? vrxsDFTInit_R_32f(N, 8, 0, specMem, initMem) : vrxsDFTInit_R_64f(N, 8, 0, specMem, initMem);
+        else return sizeof(T) == 4 ? vrxsDFTInit_C_32fc(N, 8, 0, specMem, initMem) : vrxsDFTInit_C_64fc(N, 8, 0, specMem, initMem);
     }
-    if (st != vrxOk) { state.SkipWithError("Init"); return; }
-    fillRandom(src, 2 * N + 2);
-    for (auto _ : state) {
+    void operator()(const T* src, T* dst) const {
+        if constexpr (Real) {
+            if constexpr (sizeof(T) == 4) vrxsDFTFwd_RToCCS_32f(src, dst, static_cast<const VrxsDftPlan_R_32f*>(spec), work);
+            else vrxsDFTFwd_RToCCS_64f(src, dst, static_cast<const VrxsDftPlan_R_64f*>(spec), work);
+        } else {
+            if constexpr (sizeof(T) == 4) vrxsDFTFwd_CToC_32fc(reinterpret_cast<const Vrx32fc*>(src), reinterpret_cast<Vrx32fc*>(dst), static_cast<const VrxsDftPlan_C_32fc*>(spec), work);
+            else vrxsDFTFwd_CToC_64fc(reinterpret_cast<const Vrx64fc*>(src), reinterpret_cast<Vrx64fc*>(dst), static_cast<const VrxsDftPlan_C_64fc*>(spec), work);
+        }
+    }
+};
+template <class T, bool Real> struct FftCall {
+    static constexpr bool kFft = true;
+    void* plan = nullptr;
+    Vrx8u* work = nullptr;
+    VrxStatus init(int N, Vrx8u* specMem, Vrx8u* initMem, Vrx8u* workMem) {
+        const int order = __builtin_ctz(N);
+        work = workMem;
+        if constexpr (Real) {
+            if constexpr (sizeof(T) == 4) return vrxsFFTInit_R_32f(reinterpret_cast<VrxsFftPlan_R_32f**>(&plan), order, 8, 0, specMem, initMem);
+            else return vrxsFFTInit_R_64f(reinterpret_cast<VrxsFftPlan_R_64f**>(&plan), order, 8, 0, specMem, initMem);
+        } else {
+            if constexpr (sizeof(T) == 4) return vrxsFFTInit_C_32fc(reinterpret_cast<VrxsFftPlan_C_32fc**>(&plan), order, 8, 0, specMem, initMem);
+            else return vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(&plan), order, 8, 0, specMem, initMem);
+        }
+    }
+    void operator()(const T* src, T* dst) const {
         if constexpr (Real) {
             if constexpr (sizeof(T) == 4) vrxsFFTFwd_RToCCS_32f(src, dst, static_cast<const VrxsFftPlan_R_32f*>(plan), work);
             else vrxsFFTFwd_RToCCS_64f(src, dst, static_cast<const VrxsFftPlan_R_64f*>(plan), work);
@@ -110,9 +123,75 @@ template <class T, bool Real> void benchFft(benchmark::State& state, int N) {
             if constexpr (sizeof(T) == 4) vrxsFFTFwd_CToC_32fc(reinterpret_cast<const Vrx32fc*>(src), reinterpret_cast<Vrx32fc*>(dst), static_cast<const VrxsFftPlan_C_32fc*>(plan), work);
             else vrxsFFTFwd_CToC_64fc(reinterpret_cast<const Vrx64fc*>(src), reinterpret_cast<Vrx64fc*>(dst), static_cast<const VrxsFftPlan_C_64fc*>(plan), work);
         }
+    }
+};
+
+// The DFT (vrx) or the bare FFT call (fft), alone in the buffers given or
+// its own.
+template <class T, bool Real, class Call> void benchOne(benchmark::State& state, int N, Bufs* sh) {
+    Mem m;
+    int s, i, w;
+    VrxStatus st = Call::kFft ? fftSizes<T, Real>(__builtin_ctz(N), &s, &i, &w) : dftSizes<T, Real>(N, &s, &i, &w);
+    if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
+    const Bufs b = sh ? *sh : makeBufs(m, (2 * N + 2) * sizeof(T), s, i, w);
+    Call call;
+    if (call.init(N, static_cast<Vrx8u*>(b.spec), static_cast<Vrx8u*>(b.init), static_cast<Vrx8u*>(b.work)) != vrxOk) {
+        state.SkipWithError("Init");
+        return;
+    }
+    T* src = static_cast<T*>(b.src);
+    T* dst = static_cast<T*>(b.dst);
+    fillRandom(src, 2 * N + 2);
+    for (auto _ : state) {
+        call(src, dst);
         benchmark::DoNotOptimize(dst);
         benchmark::ClobberMemory();
     }
+}
+
+// The DFT and the bare FFT of a power of two in turns, blocks of calls
+// timed one after the other, so that slow phases of the machine fall on
+// both alike: counters dft_ns, fft_ns (per call) and fft_over_dft.
+template <class T, bool Real> void benchPair(benchmark::State& state, int N) {
+    Mem m;
+    int s, i, w, s2, i2, w2;
+    if (dftSizes<T, Real>(N, &s, &i, &w) != vrxOk || fftSizes<T, Real>(__builtin_ctz(N), &s2, &i2, &w2) != vrxOk) {
+        state.SkipWithError("GetSize");
+        return;
+    }
+    const size_t data = (2 * N + 2) * sizeof(T);
+    T* src = static_cast<T*>(m.get(data));
+    T* dst = static_cast<T*>(m.get(data));
+    Vrx8u* work = static_cast<Vrx8u*>(m.get(std::max(w, w2)));
+    DftCall<T, Real> dft;
+    FftCall<T, Real> fft;
+    if (dft.init(N, static_cast<Vrx8u*>(m.get(s)), static_cast<Vrx8u*>(m.get(i)), work) != vrxOk ||
+        fft.init(N, static_cast<Vrx8u*>(m.get(s2)), static_cast<Vrx8u*>(m.get(i2)), work) != vrxOk) {
+        state.SkipWithError("Init");
+        return;
+    }
+    fillRandom(src, 2 * N + 2);
+    const int block = std::max(1, 65536 / N);
+    double tDft = 0, tFft = 0;
+    for (auto _ : state) {
+        const auto t0 = std::chrono::steady_clock::now();
+        for (int k = 0; k < block; ++k) {
+            dft(src, dst);
+            benchmark::ClobberMemory();
+        }
+        const auto t1 = std::chrono::steady_clock::now();
+        for (int k = 0; k < block; ++k) {
+            fft(src, dst);
+            benchmark::ClobberMemory();
+        }
+        const auto t2 = std::chrono::steady_clock::now();
+        tDft += std::chrono::duration<double, std::nano>(t1 - t0).count();
+        tFft += std::chrono::duration<double, std::nano>(t2 - t1).count();
+    }
+    const double calls = double(state.iterations()) * block;
+    state.counters["dft_ns"] = tDft / calls;
+    state.counters["fft_ns"] = tFft / calls;
+    state.counters["fft_over_dft"] = tFft / tDft;
 }
 
 void benchHilbert(benchmark::State& state, int N) {
@@ -195,11 +274,15 @@ double minOf(const std::vector<double>& v) { return *std::min_element(v.begin(),
 template <class T, bool Real> void series(const char* name, std::vector<int> lengths) {
     for (int N : lengths) {
         const std::string n = std::to_string(N);
-        benchmark::RegisterBenchmark((std::string(name) + "/vrx/" + n).c_str(), [N](benchmark::State& s) { benchDft<T, Real>(s, N); })
+        const bool pow2 = (N & (N - 1)) == 0;
+        Bufs* sh = pow2 ? sharedBufs<T, Real>(N) : nullptr;
+        benchmark::RegisterBenchmark((std::string(name) + "/vrx/" + n).c_str(), [N, sh](benchmark::State& s) { benchOne<T, Real, DftCall<T, Real>>(s, N, sh); })
             ->ComputeStatistics("min", minOf);
-        if ((N & (N - 1)) == 0)
-            benchmark::RegisterBenchmark((std::string(name) + "/fft/" + n).c_str(), [N](benchmark::State& s) { benchFft<T, Real>(s, N); })
+        if (pow2)
+            benchmark::RegisterBenchmark((std::string(name) + "/fft/" + n).c_str(), [N, sh](benchmark::State& s) { benchOne<T, Real, FftCall<T, Real>>(s, N, sh); })
                 ->ComputeStatistics("min", minOf);
+        if (pow2)
+            benchmark::RegisterBenchmark((std::string(name) + "/pair/" + n).c_str(), [N](benchmark::State& s) { benchPair<T, Real>(s, N); });
 #ifdef VRX_HAVE_FFTW
         benchmark::RegisterBenchmark((std::string(name) + "/fftw/" + n).c_str(), [N](benchmark::State& s) { benchFftw<T, Real>(s, N); });
 #endif
