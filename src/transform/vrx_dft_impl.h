@@ -86,6 +86,7 @@ template <class T> struct RealSmall {
         if constexpr (F == fft::Form::CCS) {
             d[0] = r[0];
             d[1] = T(0);
+            VRX_UNROLL(8)
             for (int k = 1; k <= h; ++k) {
                 d[2 * k] = r[k];
                 d[2 * k + 1] = (N % 2 == 0 && k == h) ? T(0) : q[k];
@@ -96,6 +97,7 @@ template <class T> struct RealSmall {
             constexpr int top = N % 2 == 0 ? h - 1 : h;
             d[0] = r[0];
             if constexpr (o) d[1] = r[h];
+            VRX_UNROLL(8)
             for (int k = 1; k <= top; ++k) {
                 d[2 * k - 1 + o] = r[k];
                 d[2 * k + o] = q[k];
@@ -105,6 +107,7 @@ template <class T> struct RealSmall {
     }
     template <int N> static VRX_INLINE void put(T* re, T* im, T* d, T scale, fft::Form f) {
         if (scale != T(0))
+            VRX_UNROLL(8)
             for (int k = 0; k <= N / 2; ++k) {
                 re[k] *= scale;
                 im[k] *= scale;
