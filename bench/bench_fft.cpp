@@ -7,10 +7,12 @@
 // -DVRX_BENCH_FFTW_PREFIX=<prefix> it runs against the FFTW of
 // scripts/anchors.sh instead of Debian's; the context names the version.
 // Names: <series>/<impl>/<order>, series c32ip c32op c64ip c64op r32 r64,
-// impl vrx or fftw.
+// impl vrx, fftw or pair (the two in turns, counter fftw_over_vrx).
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 #include <string.h>
+
+#include <chrono>
 
 #include <string>
 #include <vector>
@@ -34,36 +36,39 @@ template <class T> void fillRandom(T* p, size_t n) {
     }
 }
 
-// Our side: a plan of the kind, then one transform per iteration.
-template <class T, bool Real>
-void benchVrx(benchmark::State& state, int order, bool inPlace) {
-    const size_t n = size_t(1) << order;
-    int specSize, initSize, workSize;
-    VrxStatus st;
-    if constexpr (Real) st = sizeof(T) == 4 ? vrxsFFTGetSize_R_32f(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize)
-                                            : vrxsFFTGetSize_R_64f(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize);
-    else st = sizeof(T) == 4 ? vrxsFFTGetSize_C_32fc(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize)
-                             : vrxsFFTGetSize_C_64fc(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize);
-    if (st != vrxOk) { state.SkipWithError("GetSize"); return; }
-    Vrx8u* spec = static_cast<Vrx8u*>(allocBytes(specSize));
-    Vrx8u* init = initSize ? static_cast<Vrx8u*>(allocBytes(initSize)) : nullptr;
-    Vrx8u* work = workSize ? static_cast<Vrx8u*>(allocBytes(workSize)) : nullptr;
-    const size_t reals = Real ? n + 2 : 2 * n;
-    T* src = static_cast<T*>(allocBytes(reals * sizeof(T)));
-    T* dst = static_cast<T*>(allocBytes(reals * sizeof(T)));
-    fillRandom(src, reals);
-    memcpy(dst, src, reals * sizeof(T));
+// Our side: a plan of the kind in memory of its own, and the transform.
+template <class T, bool Real> struct VrxSide {
+    Vrx8u *spec = nullptr, *init = nullptr, *work = nullptr;
+    T *src = nullptr, *dst = nullptr, *out = nullptr;
     void* plan = nullptr;
-    if constexpr (Real) {
-        if constexpr (sizeof(T) == 4) st = vrxsFFTInit_R_32f(reinterpret_cast<VrxsFftPlan_R_32f**>(&plan), order, vrxFftScaleNone, 0, spec, init);
-        else st = vrxsFFTInit_R_64f(reinterpret_cast<VrxsFftPlan_R_64f**>(&plan), order, vrxFftScaleNone, 0, spec, init);
-    } else {
-        if constexpr (sizeof(T) == 4) st = vrxsFFTInit_C_32fc(reinterpret_cast<VrxsFftPlan_C_32fc**>(&plan), order, vrxFftScaleNone, 0, spec, init);
-        else st = vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+    bool setup(int order, bool inPlace) {
+        const size_t n = size_t(1) << order;
+        int specSize, initSize, workSize;
+        VrxStatus st;
+        if constexpr (Real) st = sizeof(T) == 4 ? vrxsFFTGetSize_R_32f(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize)
+                                                : vrxsFFTGetSize_R_64f(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize);
+        else st = sizeof(T) == 4 ? vrxsFFTGetSize_C_32fc(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize)
+                                 : vrxsFFTGetSize_C_64fc(order, vrxFftScaleNone, 0, &specSize, &initSize, &workSize);
+        if (st != vrxOk) return false;
+        spec = static_cast<Vrx8u*>(allocBytes(specSize));
+        init = initSize ? static_cast<Vrx8u*>(allocBytes(initSize)) : nullptr;
+        work = workSize ? static_cast<Vrx8u*>(allocBytes(workSize)) : nullptr;
+        const size_t reals = Real ? n + 2 : 2 * n;
+        src = static_cast<T*>(allocBytes(reals * sizeof(T)));
+        dst = static_cast<T*>(allocBytes(reals * sizeof(T)));
+        fillRandom(src, reals);
+        memcpy(dst, src, reals * sizeof(T));
+        out = inPlace ? src : dst;
+        if constexpr (Real) {
+            if constexpr (sizeof(T) == 4) st = vrxsFFTInit_R_32f(reinterpret_cast<VrxsFftPlan_R_32f**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+            else st = vrxsFFTInit_R_64f(reinterpret_cast<VrxsFftPlan_R_64f**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+        } else {
+            if constexpr (sizeof(T) == 4) st = vrxsFFTInit_C_32fc(reinterpret_cast<VrxsFftPlan_C_32fc**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+            else st = vrxsFFTInit_C_64fc(reinterpret_cast<VrxsFftPlan_C_64fc**>(&plan), order, vrxFftScaleNone, 0, spec, init);
+        }
+        return st == vrxOk;
     }
-    if (st != vrxOk) { state.SkipWithError("Init"); return; }
-    T* out = inPlace ? src : dst;
-    for (auto _ : state) {
+    void run() const {
         if constexpr (Real) {
             if constexpr (sizeof(T) == 4) vrxsFFTFwd_RToCCS_32f(src, out, static_cast<VrxsFftPlan_R_32f*>(plan), work);
             else vrxsFFTFwd_RToCCS_64f(src, out, static_cast<VrxsFftPlan_R_64f*>(plan), work);
@@ -73,46 +78,108 @@ void benchVrx(benchmark::State& state, int order, bool inPlace) {
             else
                 vrxsFFTFwd_CToC_64fc(reinterpret_cast<Vrx64fc*>(src), reinterpret_cast<Vrx64fc*>(out), static_cast<VrxsFftPlan_C_64fc*>(plan), work);
         }
-        benchmark::DoNotOptimize(out);
+    }
+    ~VrxSide() { free(spec); free(init); free(work); free(src); free(dst); }
+};
+
+// One transform per iteration.
+template <class T, bool Real>
+void benchVrx(benchmark::State& state, int order, bool inPlace) {
+    VrxSide<T, Real> v;
+    if (!v.setup(order, inPlace)) { state.SkipWithError("GetSize or Init"); return; }
+    for (auto _ : state) {
+        v.run();
+        benchmark::DoNotOptimize(v.out);
         benchmark::ClobberMemory();
     }
     state.counters["ns_per_fft"] = benchmark::Counter(static_cast<double>(state.iterations()),
                                                       benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-    free(spec); free(init); free(work); free(src); free(dst);
 }
 
 #ifdef VRX_HAVE_FFTW
+template <class T> struct FftwApi;
+template <> struct FftwApi<float> {
+    using Plan = fftwf_plan;
+    using Cx = fftwf_complex;
+    static Plan c2c(int n, float* s, float* d) { return fftwf_plan_dft_1d(n, reinterpret_cast<Cx*>(s), reinterpret_cast<Cx*>(d), FFTW_FORWARD, FFTW_MEASURE); }
+    static Plan r2c(int n, float* s, float* d) { return fftwf_plan_dft_r2c_1d(n, s, reinterpret_cast<Cx*>(d), FFTW_MEASURE); }
+    static void execute(Plan p) { fftwf_execute(p); }
+    static void destroy(Plan p) { fftwf_destroy_plan(p); }
+};
+template <> struct FftwApi<double> {
+    using Plan = fftw_plan;
+    using Cx = fftw_complex;
+    static Plan c2c(int n, double* s, double* d) { return fftw_plan_dft_1d(n, reinterpret_cast<Cx*>(s), reinterpret_cast<Cx*>(d), FFTW_FORWARD, FFTW_MEASURE); }
+    static Plan r2c(int n, double* s, double* d) { return fftw_plan_dft_r2c_1d(n, s, reinterpret_cast<Cx*>(d), FFTW_MEASURE); }
+    static void execute(Plan p) { fftw_execute(p); }
+    static void destroy(Plan p) { fftw_destroy_plan(p); }
+};
+
+// FFTW's side: a plan made with FFTW_MEASURE (which overwrites its arrays),
+// then the source filled.
+template <class T, bool Real> struct FftwSide {
+    using A = FftwApi<T>;
+    T *src = nullptr, *dst = nullptr;
+    typename A::Plan plan = nullptr;
+    bool setup(int order, bool inPlace) {
+        const int n = 1 << order;
+        const size_t reals = Real ? size_t(n) + 2 : 2 * size_t(n);
+        src = static_cast<T*>(allocBytes(reals * sizeof(T)));
+        dst = static_cast<T*>(allocBytes(reals * sizeof(T)));
+        T* out = inPlace ? src : dst;
+        plan = Real ? A::r2c(n, src, out) : A::c2c(n, src, out);
+        fillRandom(src, reals);
+        return plan != nullptr;
+    }
+    void run() const { A::execute(plan); }
+    ~FftwSide() {
+        if (plan) A::destroy(plan);
+        free(src); free(dst);
+    }
+};
+
 template <class T, bool Real>
 void benchFftw(benchmark::State& state, int order, bool inPlace) {
-    const int n = 1 << order;
-    const size_t reals = Real ? size_t(n) + 2 : 2 * size_t(n);
-    T* src = static_cast<T*>(allocBytes(reals * sizeof(T)));
-    T* dst = static_cast<T*>(allocBytes(reals * sizeof(T)));
-    T* out = inPlace ? src : dst;
-    if constexpr (sizeof(T) == 4) {
-        fftwf_plan p = Real ? fftwf_plan_dft_r2c_1d(n, src, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE)
-                            : fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(src), reinterpret_cast<fftwf_complex*>(out),
-                                                FFTW_FORWARD, FFTW_MEASURE);
-        fillRandom(src, reals);
-        for (auto _ : state) {
-            fftwf_execute(p);
-            benchmark::ClobberMemory();
-        }
-        fftwf_destroy_plan(p);
-    } else {
-        fftw_plan p = Real ? fftw_plan_dft_r2c_1d(n, src, reinterpret_cast<fftw_complex*>(out), FFTW_MEASURE)
-                           : fftw_plan_dft_1d(n, reinterpret_cast<fftw_complex*>(src), reinterpret_cast<fftw_complex*>(out),
-                                              FFTW_FORWARD, FFTW_MEASURE);
-        fillRandom(src, reals);
-        for (auto _ : state) {
-            fftw_execute(p);
-            benchmark::ClobberMemory();
-        }
-        fftw_destroy_plan(p);
+    FftwSide<T, Real> f;
+    if (!f.setup(order, inPlace)) { state.SkipWithError("plan"); return; }
+    for (auto _ : state) {
+        f.run();
+        benchmark::ClobberMemory();
     }
     state.counters["ns_per_fft"] = benchmark::Counter(static_cast<double>(state.iterations()),
                                                       benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-    free(src); free(dst);
+}
+
+// Both in turns: a block of our calls, then a block of FFTW's, each about
+// 2^16 points' worth (at least one call), timed one after the other, so
+// that the slow phases of a shared machine fall on both alike. Counters:
+// vrx_ns and fftw_ns per call, fftw_over_vrx.
+template <class T, bool Real>
+void benchPair(benchmark::State& state, int order, bool inPlace) {
+    VrxSide<T, Real> v;
+    FftwSide<T, Real> f;
+    if (!v.setup(order, inPlace) || !f.setup(order, inPlace)) { state.SkipWithError("setup"); return; }
+    const int block = order >= 16 ? 1 : 1 << (16 - order);
+    double tv = 0, tf = 0;
+    for (auto _ : state) {
+        const auto t0 = std::chrono::steady_clock::now();
+        for (int k = 0; k < block; ++k) {
+            v.run();
+            benchmark::ClobberMemory();
+        }
+        const auto t1 = std::chrono::steady_clock::now();
+        for (int k = 0; k < block; ++k) {
+            f.run();
+            benchmark::ClobberMemory();
+        }
+        const auto t2 = std::chrono::steady_clock::now();
+        tv += std::chrono::duration<double, std::nano>(t1 - t0).count();
+        tf += std::chrono::duration<double, std::nano>(t2 - t1).count();
+    }
+    const double calls = double(state.iterations()) * block;
+    state.counters["vrx_ns"] = tv / calls;
+    state.counters["fftw_ns"] = tf / calls;
+    state.counters["fftw_over_vrx"] = tf / tv;
 }
 #endif
 
@@ -127,6 +194,9 @@ void addSeries(const char* name, bool inPlace) {
         benchmark::RegisterBenchmark((base + "fftw/" + std::to_string(order)).c_str(),
                                      [order, inPlace](benchmark::State& s) { benchFftw<T, Real>(s, order, inPlace); })
             ->Unit(benchmark::kNanosecond);
+        benchmark::RegisterBenchmark((base + "pair/" + std::to_string(order)).c_str(),
+                                     [order, inPlace](benchmark::State& s) { benchPair<T, Real>(s, order, inPlace); })
+            ->Unit(benchmark::kNanosecond);
 #endif
     }
 }
@@ -134,7 +204,7 @@ void addSeries(const char* name, bool inPlace) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // a short default minimum time: 228 cases
+    // a short default minimum time: 342 cases
     std::vector<char*> args(argv, argv + argc);
     static char minTime[] = "--benchmark_min_time=0.05";
     bool hasMin = false;
