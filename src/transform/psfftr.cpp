@@ -434,16 +434,25 @@ VRX_INLINE VrxStatus openReal(const void* planV, const void* s, const void* d, c
     return vrxOk;
 }
 
+template <class T> VrxStatus fwdRealPath(const Plan* plan, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f, T scale);
+
+// Orders up to 4 run their kernel straight from the entry, without the
+// frame of the other paths (six saved registers).
 template <class T>
 VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
     const Plan* plan;
     if (VrxStatus st = openReal<T>(planV, pSrc, pDst, pBuf, &plan)) return st;
+    const T scale = plan->fwdNorm ? planScale<T>(plan) : T(0);
+    if (plan->order > 4) return fwdRealPath<T>(plan, pSrc, pDst, pBuf, f, scale);
+    smallReal<T, false>(plan->order, pSrc, pDst, scale);
+    permToForm<T>(pDst, int64_t(1) << plan->order, f);
+    return vrxOk;
+}
+template <class T>
+[[gnu::noinline]] VrxStatus fwdRealPath(const Plan* plan, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f, T scale) {
     const int order = plan->order;
     const int64_t N = int64_t(1) << order;
-    const T scale = plan->fwdNorm ? planScale<T>(plan) : T(0);
-    if (order <= 4) {
-        smallReal<T, false>(order, pSrc, pDst, scale);
-    } else {
+    {
         // N reals as N/2 complex values; the scale goes with the (linear)
         // recombination, on its outputs
         uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
