@@ -452,37 +452,35 @@ template <class T>
 [[gnu::noinline]] VrxStatus fwdRealPath(const Plan* plan, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f, T scale) {
     const int order = plan->order;
     const int64_t N = int64_t(1) << order;
-    {
-        // N reals as N/2 complex values; the scale goes with the (linear)
-        // recombination, on its outputs
-        uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
-        const T* tab = static_cast<const T*>(plan->recombFwdTab);
-        if constexpr (sizeof(T) == 8) {
-            if (recombGroupsFwd<T>(order)) {
-                // the half-length transform leaves its result in the group
-                // form in the destination (out of place, 64-byte aligned:
-                // the recombination then runs in place) or in work
-                const bool inDst = pSrc != pDst && (reinterpret_cast<uintptr_t>(pDst) & 63) == 0;
-                Cx<T>* w = reinterpret_cast<Cx<T>*>(inDst ? reinterpret_cast<uint8_t*>(pDst) : work);
-                radixToGroups<T, false>(plan, order - 1, reinterpret_cast<const Cx<T>*>(pSrc), w);
-                const T* wv = reinterpret_cast<const T*>(w);
-                if (scale != T(0)) recombineGroups<true>(wv, pDst, N / 2, tab, scale);
-                else recombineGroups<false>(wv, pDst, N / 2, tab, scale);
-                permToForm<T>(pDst, N, f);
-                return vrxOk;
-            }
+    // N reals as N/2 complex values; the scale goes with the (linear)
+    // recombination, on its outputs
+    uint8_t* work = plan->workSize > 0 ? align64(pBuf) : nullptr;
+    const T* tab = static_cast<const T*>(plan->recombFwdTab);
+    if constexpr (sizeof(T) == 8) {
+        if (recombGroupsFwd<T>(order)) {
+            // the half-length transform leaves its result in the group
+            // form in the destination (out of place, 64-byte aligned:
+            // the recombination then runs in place) or in work
+            const bool inDst = pSrc != pDst && (reinterpret_cast<uintptr_t>(pDst) & 63) == 0;
+            Cx<T>* w = reinterpret_cast<Cx<T>*>(inDst ? reinterpret_cast<uint8_t*>(pDst) : work);
+            radixToGroups<T, false>(plan, order - 1, reinterpret_cast<const Cx<T>*>(pSrc), w);
+            const T* wv = reinterpret_cast<const T*>(w);
+            if (scale != T(0)) recombineGroups<true>(wv, pDst, N / 2, tab, scale);
+            else recombineGroups<false>(wv, pDst, N / 2, tab, scale);
+            permToForm<T>(pDst, N, f);
+            return vrxOk;
         }
-        complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, T(0), work);
-        const T p = pDst[0], q = pDst[1];
-        if (scale != T(0)) {
-            pDst[0] = (p + q) * scale;
-            pDst[1] = (p - q) * scale;
-            recombineFwd<T, true>(pDst, order, tab, scale);
-        } else {
-            pDst[0] = p + q;
-            pDst[1] = p - q;
-            recombineFwd<T, false>(pDst, order, tab, scale);
-        }
+    }
+    complexTransform<T, false>(plan, order - 1, pSrc, nullptr, pDst, nullptr, false, T(0), work);
+    const T p = pDst[0], q = pDst[1];
+    if (scale != T(0)) {
+        pDst[0] = (p + q) * scale;
+        pDst[1] = (p - q) * scale;
+        recombineFwd<T, true>(pDst, order, tab, scale);
+    } else {
+        pDst[0] = p + q;
+        pDst[1] = p - q;
+        recombineFwd<T, false>(pDst, order, tab, scale);
     }
     permToForm<T>(pDst, N, f);
     return vrxOk;
