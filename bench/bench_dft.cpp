@@ -12,13 +12,13 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <stdlib.h>
 #include <string.h>
 
 #include <string>
 #include <vector>
 
+#include "bench_pair.h"
 #include "vrxs.h"
 #ifdef VRX_HAVE_FFTW
 #include <fftw3.h>
@@ -149,9 +149,8 @@ template <class T, bool Real, class Call> void benchOne(benchmark::State& state,
     }
 }
 
-// The DFT and the bare FFT of a power of two in turns, blocks of calls
-// timed one after the other, so that slow phases of the machine fall on
-// both alike: counters dft_ns, fft_ns (per call) and fft_over_dft.
+// The DFT and the bare FFT of a power of two in turns (bench_pair.h):
+// counters dft_ns, fft_ns (per call) and fft_over_dft.
 template <class T, bool Real> void benchPair(benchmark::State& state, int N) {
     Mem m;
     int s, i, w, s2, i2, w2;
@@ -171,27 +170,7 @@ template <class T, bool Real> void benchPair(benchmark::State& state, int N) {
         return;
     }
     fillRandom(src, 2 * N + 2);
-    const int block = std::max(1, 65536 / N);
-    double tDft = 0, tFft = 0;
-    for (auto _ : state) {
-        const auto t0 = std::chrono::steady_clock::now();
-        for (int k = 0; k < block; ++k) {
-            dft(src, dst);
-            benchmark::ClobberMemory();
-        }
-        const auto t1 = std::chrono::steady_clock::now();
-        for (int k = 0; k < block; ++k) {
-            fft(src, dst);
-            benchmark::ClobberMemory();
-        }
-        const auto t2 = std::chrono::steady_clock::now();
-        tDft += std::chrono::duration<double, std::nano>(t1 - t0).count();
-        tFft += std::chrono::duration<double, std::nano>(t2 - t1).count();
-    }
-    const double calls = double(state.iterations()) * block;
-    state.counters["dft_ns"] = tDft / calls;
-    state.counters["fft_ns"] = tFft / calls;
-    state.counters["fft_over_dft"] = tFft / tDft;
+    timePair(state, std::max(1, 65536 / N), [&] { dft(src, dst); }, [&] { fft(src, dst); }, "dft", "fft");
 }
 
 void benchHilbert(benchmark::State& state, int N) {

@@ -12,11 +12,11 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include <chrono>
 
 #include <string>
 #include <vector>
 
+#include "bench_pair.h"
 #include "vrxs.h"
 #ifdef VRX_HAVE_FFTW
 #include <fftw3.h>
@@ -150,36 +150,14 @@ void benchFftw(benchmark::State& state, int order, bool inPlace) {
                                                       benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
-// Both in turns: a block of our calls, then a block of FFTW's, each about
-// 2^16 points' worth (at least one call), timed one after the other, so
-// that the slow phases of a shared machine fall on both alike. Counters:
-// vrx_ns and fftw_ns per call, fftw_over_vrx.
+// Both in turns (bench_pair.h), blocks of about 2^16 points' worth (at
+// least one call). Counters: vrx_ns and fftw_ns per call, fftw_over_vrx.
 template <class T, bool Real>
 void benchPair(benchmark::State& state, int order, bool inPlace) {
     VrxSide<T, Real> v;
     FftwSide<T, Real> f;
     if (!v.setup(order, inPlace) || !f.setup(order, inPlace)) { state.SkipWithError("setup"); return; }
-    const int block = order >= 16 ? 1 : 1 << (16 - order);
-    double tv = 0, tf = 0;
-    for (auto _ : state) {
-        const auto t0 = std::chrono::steady_clock::now();
-        for (int k = 0; k < block; ++k) {
-            v.run();
-            benchmark::ClobberMemory();
-        }
-        const auto t1 = std::chrono::steady_clock::now();
-        for (int k = 0; k < block; ++k) {
-            f.run();
-            benchmark::ClobberMemory();
-        }
-        const auto t2 = std::chrono::steady_clock::now();
-        tv += std::chrono::duration<double, std::nano>(t1 - t0).count();
-        tf += std::chrono::duration<double, std::nano>(t2 - t1).count();
-    }
-    const double calls = double(state.iterations()) * block;
-    state.counters["vrx_ns"] = tv / calls;
-    state.counters["fftw_ns"] = tf / calls;
-    state.counters["fftw_over_vrx"] = tf / tv;
+    timePair(state, order >= 16 ? 1 : 1 << (16 - order), [&] { v.run(); }, [&] { f.run(); }, "vrx", "fftw");
 }
 #endif
 
