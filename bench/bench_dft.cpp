@@ -61,10 +61,10 @@ template <class T, bool Real> VrxStatus fftSizes(int order, int* s, int* i, int*
 }
 
 // Source, destination, plan memory and work of one benchmark. At the powers
-// of two the DFT and the bare FFT share one set, made once: the L2 cache is
-// indexed by physical address, and sets of their own put the two on
-// different pages, which moved one against the other by up to 10% from run
-// to run at 65536 points.
+// of two the DFT and the bare FFT share one set, made once, so that both
+// run on the same pages (the L2 cache is indexed by physical address); the
+// two series still swing against each other from run to run, which the
+// pair series does not.
 struct Bufs {
     void *src, *dst, *spec, *init, *work;
 };

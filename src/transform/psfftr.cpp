@@ -434,20 +434,7 @@ VRX_INLINE VrxStatus openReal(const void* planV, const void* s, const void* d, c
     return vrxOk;
 }
 
-template <class T> VrxStatus fwdRealPath(const Plan* plan, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f, T scale);
-
-// Orders up to 4 run their kernel straight from the entry, without the
-// frame of the other paths (six saved registers).
-template <class T>
-VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
-    const Plan* plan;
-    if (VrxStatus st = openReal<T>(planV, pSrc, pDst, pBuf, &plan)) return st;
-    const T scale = plan->fwdNorm ? planScale<T>(plan) : T(0);
-    if (plan->order > 4) return fwdRealPath<T>(plan, pSrc, pDst, pBuf, f, scale);
-    smallReal<T, false>(plan->order, pSrc, pDst, scale);
-    permToForm<T>(pDst, int64_t(1) << plan->order, f);
-    return vrxOk;
-}
+// The paths of orders above 4, with the frame they need.
 template <class T>
 [[gnu::noinline]] VrxStatus fwdRealPath(const Plan* plan, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f, T scale) {
     const int order = plan->order;
@@ -483,6 +470,19 @@ template <class T>
         recombineFwd<T, false>(pDst, order, tab, scale);
     }
     permToForm<T>(pDst, N, f);
+    return vrxOk;
+}
+
+// Orders up to 4 run their kernel straight from the entry, without the
+// frame of the other paths (six saved registers).
+template <class T>
+VrxStatus fwdReal(const void* planV, const T* pSrc, T* pDst, Vrx8u* pBuf, Form f) {
+    const Plan* plan;
+    if (VrxStatus st = openReal<T>(planV, pSrc, pDst, pBuf, &plan)) return st;
+    const T scale = plan->fwdNorm ? planScale<T>(plan) : T(0);
+    if (plan->order > 4) return fwdRealPath<T>(plan, pSrc, pDst, pBuf, f, scale);
+    smallReal<T, false>(plan->order, pSrc, pDst, scale);
+    permToForm<T>(pDst, int64_t(1) << plan->order, f);
     return vrxOk;
 }
 
