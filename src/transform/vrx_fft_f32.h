@@ -116,8 +116,20 @@ template <int M, int Q, bool Inv, bool SplitIn, Out O>
     constexpr int V = 16, C = 16 * Q, N = 1 << M, R = N / C, L = R / 4;
     static_assert((R == 32 && (Q == 1 || Q == 4)) || ((R == 16 || R == 64) && Q == 1), "32 rows of 16 or 64 columns, or 16 or 64 rows of 16");
     constexpr bool Halves = Q == 1;
-    alignas(64) float y[2 * N];
-    alignas(64) float z[2 * V * (L == 16 ? 4 : 3) * L];
+    // At 64 columns the rows of y and of the source both lie 512 bytes
+    // apart, and a load whose address matches an older store's in bits 0
+    // to 11 waits for that store: y (and z after it) starts 256 bytes past
+    // the source modulo 1 KiB (to 64 bytes), so that the stores of a group
+    // of columns land half a row away from the loads of the same group.
+    // Slack: 256 floats, room for any such start.
+    constexpr int Zn = 2 * V * (L == 16 ? 4 : 3) * L, Slack = Halves ? 0 : 256;
+    alignas(64) float buf[2 * N + Zn + Slack];
+    float* y = buf;
+    if constexpr (Slack > 0) {
+        const uintptr_t from = addr(SplitIn ? static_cast<const void*>(src.re) : static_cast<const void*>(src.cx));
+        y += ((from + 256 - addr(buf)) & 1023 & ~uintptr_t(63)) / sizeof(float);
+    }
+    float* z = y + 2 * N;
     const float* ftw = kLaneTwF<M, !SplitIn, C>.f;
     const float* fold = kLaneFoldTw<C, !SplitIn>.f;
     auto row = [&](int64_t e) __attribute__((always_inline)) {
